@@ -1,0 +1,21 @@
+# Everything but the library itself is built only when Velmora is the top-level project.
+option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_DEVELOPER_BUILD
+    "Let the environment replace the deployment values at run time" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+
+set(VELMORA_AD_SERVER_URL "https://ads.velmora.example" CACHE STRING
+    "Base URL of the ad server, https, without a trailing slash")
+set(VELMORA_STORE_HOST "apps.velmora-store.example" CACHE STRING
+    "Host name of the app store's pages in the links that the framework builds itself")
+set(VELMORA_STORE_WEB_LABEL "apps" CACHE STRING
+    "First label of the store's web host, as it stands in the ad server's banner links")
+set(VELMORA_STORE_CLASSIC_LABEL "classic" CACHE STRING
+    "First label of the store's classic host, which replaces the web label in banner links")
+set(VELMORA_STORE_LOOKUP_URL "https://lookup.velmora-store.example" CACHE STRING
+    "Base URL of the store's look-up service, https, without a trailing slash")
+set(VELMORA_REACHABILITY_PROBE "0.0.0.0" CACHE STRING
+    "IPv4 address whose reachability stands for the internet; 0.0.0.0 asks for a default route")
