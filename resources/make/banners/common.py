@@ -1,0 +1,42 @@
+"""What several banners share."""
+
+from contextlib import contextmanager
+
+from canvas import ease_in, ease_out, rounded, saved, span, squircle, text, text_width
+
+
+def swap(ctx, old, new, t, x, y, font, size, colour, new_colour=None, rise=None, anchor=0.0):
+    """One line of text leaves upwards while the next arrives from below."""
+    rise = rise or size * 0.4
+    leave, arrive = ease_in(span(t, 0, 0.45), 2), ease_out(span(t, 0.45, 1), 2)
+    if leave < 1:
+        text(ctx, old, x, y - rise * leave, font, size, colour, anchor, alpha=1 - leave)
+    if arrive > 0:
+        text(ctx, new, x, y + rise * (1 - arrive), font, size, new_colour or colour, anchor, alpha=arrive)
+
+
+def brand(ctx, draw_icon, name, x, y, icon, font, size, colour, tracking=0.0):
+    """A small icon and the product's name beside it, centred on y."""
+    draw_icon(ctx, x, y - icon / 2, icon)
+    text(ctx, name, x + icon + size * 0.55, y + size * 0.35, font, size, colour, tracking=tracking)
+    return x + icon + size * 0.55 + text_width(ctx, name, font, size, tracking)
+
+
+@contextmanager
+def tile(ctx, x, y, size):
+    """Clips to an icon's shape and scales its contents to a 100-unit square."""
+    with saved(ctx):
+        squircle(ctx, x, y, size)
+        ctx.clip()
+        ctx.translate(x, y)
+        ctx.scale(size / 100, size / 100)
+        yield ctx
+
+
+@contextmanager
+def clipped(ctx, x, y, w, h, r=0):
+    """Drawing stays inside a rounded rectangle."""
+    with saved(ctx):
+        rounded(ctx, x, y, w, h, r)
+        ctx.clip()
+        yield ctx

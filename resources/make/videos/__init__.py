@@ -1,0 +1,1 @@
+"""One module per film, and what films share."""
