@@ -1,0 +1,73 @@
+#include "Support/StandardNames.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QLocale>
+#include <QtCore/QStringDecoder>
+
+#include <optional>
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+using Entry = std::pair<QString, QString>;
+
+std::optional<Entry> entryFromLine(const QString &line) {
+    const QStringList pieces = line.split(QStringLiteral("= \""));
+    if (pieces.size() != 2)
+        return {};
+    const QString &left = pieces.at(0);
+    const QString &right = pieces.at(1);
+    const qsizetype closingQuote = left.lastIndexOf(QLatin1Char('"'));
+    // Without a quote there is no key; a quote in first place only opens one.
+    if (closingQuote < 1 || right.size() < 2)
+        return {};
+    return Entry{left.mid(1, closingQuote - 1), right.chopped(2)};
+}
+
+QString decoded(const QByteArray &bytes) {
+    if (bytes.size() % 2 != 0)
+        return {};
+    QStringDecoder decoder(QStringDecoder::Utf16);
+    QString text = decoder(bytes);
+    return decoder.hasError() ? QString() : text;
+}
+
+} // namespace
+
+QString StandardNames::curentLocaleIdentifier() {
+    return localeIdentifier(QLocale::system().uiLanguages());
+}
+
+QString StandardNames::localeIdentifier(const QStringList &preferredLanguages) {
+    for (const QString &language : preferredLanguages) {
+        const QString code = language.section(QLatin1Char('-'), 0, 0);
+        if (!VLMAllowLocale().contains(code))
+            continue;
+        if (code == QLatin1String("pt"))
+            return QStringLiteral("pt-PT");
+        if (code == QLatin1String("zh"))
+            return QStringLiteral("zh-Hans");
+        return code;
+    }
+    return QStringLiteral("en");
+}
+
+QHash<QString, QString> StandardNames::getInfoFromURL(const QUrl &url) {
+    QFile file(url.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + url.path()
+                                                    : url.toLocalFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QHash<QString, QString> info;
+    const QStringList lines = decoded(file.readAll()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        if (const auto entry = entryFromLine(line))
+            info.insert(entry->first, entry->second);
+    }
+    return info;
+}
+
+} // namespace velmora

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QMap>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+
+namespace velmora {
+
+/// Names that ship with the framework: its languages and string tables, and its house banners.
+class StandardNames {
+public:
+    /// The language folder to use, chosen anew at each call from the user's preferred
+    /// languages: the first whose primary code is among VLMAllowLocale(), "pt" as "pt-PT" and
+    /// "zh" as "zh-Hans"; "en" when none is.
+    static QString curentLocaleIdentifier();
+    static QString localeIdentifier(const QStringList &preferredLanguages);
+
+    /// Parses a strings file: UTF-16 text (a byte-order mark decides the order, without one the
+    /// machine's own), one `"key" = "value";` a line, no escapes. Lines of any other shape are
+    /// skipped; a missing or undecodable file gives an empty table.
+    static QHash<QString, QString> getInfoFromURL(const QUrl &url);
+
+    /// The house banners: ad identifier to store link, built anew at each call.
+    static QMap<QString, QString> standardBanners();
+
+    /// The animated picture of a house banner: the path of its GIF, empty when there is none.
+    static QString bannerFromName(const QString &identifier);
+};
+
+} // namespace velmora

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "content/AdsDownloader.h"
+#include "content/DownloadDelegate.h"
+#include "platform/ConstraintLayout.h"
+#include "platform/LayoutConstraint.h"
+#include "platform/Timer.h"
+
+#include <Velmora/ViewController.h>
+
+#include <QtCore/QMap>
+#include <QtCore/QPointer>
+
+#include <memory>
+
+namespace velmora {
+
+class AdsEventLogger;
+class BannerImageView;
+class BannerShadowView;
+class CloseButtonCell;
+
+/// One animated banner at the bottom of one host window or view: shows the downloader's current
+/// banner or a house banner, swaps it every 15 seconds while the window is visible, opens its
+/// link on a click and tells the host of a click on its close button. Main thread only, except
+/// where an operation says that it moves itself there.
+class BannerController : public ViewController,
+                         public DownloadDelegate,
+                         public std::enable_shared_from_this<BannerController> {
+public:
+    static constexpr double SwapSeconds = 15;
+
+    /// Makes a banner and attaches it to a window.
+    static std::shared_ptr<BannerController> addBannerToWindow(QWidget *window);
+    /// Makes a banner and attaches it to a host's view; the controller's own when null.
+    static std::shared_ptr<BannerController> addBannerToViewController(ViewController *controller,
+                                                                       QWidget *view);
+
+    ~BannerController() override;
+
+    QWidget *window() const { return m_window; }
+    /// Any thread.
+    void setWindow(QWidget *window);
+    /// Any thread.
+    void setViewController(ViewController *controller, QWidget *view);
+
+    // Placement, in points.
+    double height() const;
+    void setHeight(double height);
+    /// Distance from the superview's bottom, above the room for the shadow; positive is up.
+    /// Without effect until the banner is in a superview, as is the centre inset.
+    double bottomInset() const;
+    void setBottomInset(double inset);
+    /// Distance from the centre; positive is to the right.
+    double centerXInset() const;
+    void setCenterXInset(double inset);
+
+    // Content.
+    /// Ad data is ready; moves itself to the main thread.
+    void endDownloadСonfiguration() override;
+    /// Prepares the next banner and starts the next 15 seconds; rests while the window is not
+    /// visible.
+    void swapBanners();
+    void displayBanner();
+    void setBannerGifImageWithURL(const QUrl &file);
+    void setBannerGifImageWithName(const QString &identifier);
+    /// Hides or shows the view without a fade.
+    void setBannerHidden(bool hidden);
+    /// Takes the banner away for good, with a fade.
+    void removeADS();
+
+    /// The banner's image was clicked.
+    void goToBannerURL();
+    /// The close button was clicked.
+    void removeBannerAction();
+
+    /// Name of the banner on screen: the ad's, "Web Banner", or a house banner's identifier.
+    const QString &selectBanner() const { return m_selectBanner; }
+    const QUrl &currentURL() const { return m_currentURL; }
+    const QMap<QString, QString> &standardBanners() const { return m_standardBanners; }
+    const TimerPtr &bannerSwapTimer() const { return m_bannerSwapTimer; }
+    BannerImageView *bannerImage() const;
+    CloseButtonCell *closeButton() const;
+
+    /// True once the banner was removed or its view was destroyed with the host's window.
+    bool isGone() const override;
+
+protected:
+    QWidget *loadView() override;
+    void viewDidLoad() override;
+
+private:
+    BannerController();
+    void initBanners();
+    bool refusedBecauseAdsAreRemoved();
+    void attachTo(QWidget *superview);
+    void setBannerConstraints();
+    void updateBannerConstraint();
+    void showImage(const QString &path);
+    void cancelSwap();
+
+    QPointer<QWidget> m_window;
+    QPointer<BannerImageView> m_bannerImage;
+    QPointer<CloseButtonCell> m_closeButton;
+    QPointer<BannerShadowView> m_shadow;
+
+    LayoutConstraintPtr m_heightConstraint;
+    LayoutConstraintPtr m_aspectConstraint;
+    LayoutConstraintPtr m_bottomConstraint;
+    LayoutConstraintPtr m_centerXConstraint;
+    LayoutConstraintPtr m_shadowBotOfset;
+    QPointer<ConstraintLayout> m_layout;
+
+    QString m_selectBanner;
+    QUrl m_currentURL;
+    TimerPtr m_bannerSwapTimer;
+    std::shared_ptr<AdsDownloader> m_downloader;
+    AdsEventLogger *m_logger = nullptr;
+    QMap<QString, QString> m_standardBanners;
+    QJsonObject m_bannerInfo;
+    bool m_removed = false;
+    bool m_viewWasLoaded = false;
+};
+
+} // namespace velmora

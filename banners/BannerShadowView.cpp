@@ -1,0 +1,56 @@
+#include "banners/BannerShadowView.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPainter>
+
+namespace velmora {
+
+namespace {
+constexpr int Darkest = 60;
+constexpr int SideInset = 3;
+} // namespace
+
+BannerShadowView::BannerShadowView(QWidget *banner)
+    : QWidget(banner->parentWidget()), m_banner(banner) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    banner->installEventFilter(this);
+    connect(banner, &QObject::destroyed, this, &QObject::deleteLater);
+    hide();
+}
+
+void BannerShadowView::follow(const QRect &banner, int depth) {
+    setGeometry(banner.x(), banner.y() + banner.height(), banner.width(), depth);
+    if (m_banner)
+        stackUnder(m_banner);
+}
+
+bool BannerShadowView::eventFilter(QObject *, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Hide:
+        setVisible(event->type() == QEvent::Show);
+        break;
+    case QEvent::ParentChange:
+        hide();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void BannerShadowView::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    QLinearGradient fading(0, 0, 0, height());
+    fading.setColorAt(0, QColor(0, 0, 0, Darkest));
+    fading.setColorAt(1, QColor(0, 0, 0, 0));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fading);
+    const double radius = height();
+    painter.drawRoundedRect(QRectF(SideInset, -radius, width() - 2 * SideInset, 2 * radius),
+                            radius, radius);
+}
+
+} // namespace velmora

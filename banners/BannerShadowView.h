@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+namespace velmora {
+
+/// The soft shadow below a banner: a strip of its own beside the banner's view, so that the
+/// banner's frames never repaint it. Takes no clicks; appears and goes with the banner.
+class BannerShadowView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// A shadow for a banner's view, in the same superview. Owned by the superview.
+    explicit BannerShadowView(QWidget *banner);
+
+    /// Lies below a banner of the given frame.
+    void follow(const QRect &banner, int depth);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QPointer<QWidget> m_banner;
+};
+
+} // namespace velmora

@@ -1,0 +1,206 @@
+#include "content/Reachability.h"
+
+#include "Support/Deployment.h"
+#include "platform/MainQueue.h"
+
+#include <Velmora/NotificationCenter.h>
+#include <Velmora/Notifications.h>
+#include <Velmora/Support.h>
+
+#include <QtCore/QCoreApplication>
+
+#include <arpa/inet.h>
+
+namespace velmora {
+
+namespace {
+
+// Lets a host that has no use for the class read the notification's object as text.
+void registerDescription() {
+    static const bool registered =
+        QMetaType::registerConverter<std::shared_ptr<Reachability>, QString>(
+            [](const std::shared_ptr<Reachability> &monitor) {
+                return monitor ? monitor->description() : QString();
+            });
+    Q_UNUSED(registered)
+}
+
+} // namespace
+
+std::shared_ptr<Reachability> Reachability::make(const RouteTarget &target) {
+    std::unique_ptr<RouteMonitor> monitor = RouteMonitor::create(target);
+    if (!monitor)
+        return nullptr;
+    registerDescription();
+    return std::shared_ptr<Reachability>(new Reachability(std::move(monitor)));
+}
+
+Reachability::Reachability(std::unique_ptr<RouteMonitor> reachabilityRef)
+    : m_reachabilityRef(std::move(reachabilityRef)) {}
+
+Reachability::~Reachability() = default;
+
+std::shared_ptr<Reachability> Reachability::reachabilityWithHostname(const QString &hostname) {
+    return make({{}, 0, hostname});
+}
+
+std::shared_ptr<Reachability> Reachability::reachabilityWithHostName(const QString &hostname) {
+    return reachabilityWithHostname(hostname);
+}
+
+std::shared_ptr<Reachability> Reachability::reachabilityWithAddress(const QHostAddress &address,
+                                                                    quint16 port) {
+    return make({address, port, {}});
+}
+
+std::shared_ptr<Reachability> Reachability::reachabilityForInternetConnection() {
+    return reachabilityWithAddress(QHostAddress(Deployment::current().reachabilityProbe));
+}
+
+std::shared_ptr<Reachability> Reachability::reachabilityForLocalWiFi() {
+    return reachabilityWithAddress(QHostAddress(QStringLiteral("169.254.0.0")));
+}
+
+std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url) {
+    const QString host = url.host();
+    if (!isIpAddress(host))
+        return reachabilityWithHostname(host);
+    const int usual = url.scheme() == QLatin1String("https") ? 443 : 80;
+    return reachabilityWithAddress(QHostAddress(host), static_cast<quint16>(url.port(usual)));
+}
+
+bool Reachability::isIpAddress(const QString &host) {
+    in_addr parsed{};
+    return !host.contains(QChar::Null) && // which would end the text for the parser
+           inet_pton(AF_INET, host.toUtf8().constData(), &parsed) == 1;
+}
+
+bool Reachability::startNotifier() {
+    const std::lock_guard lock(m_notifierMutex);
+    if (m_reachabilityObject)
+        return true;
+    const auto changed = [weak = weak_from_this()](RouteFlags flags) {
+        if (const auto self = weak.lock())
+            self->reachabilityChanged(flags);
+    };
+    QString error;
+    switch (m_reachabilityRef->start(changed, &error)) {
+    case RouteMonitor::StartResult::CallbackRefused:
+        LOG(QStringLiteral("SCNetworkReachabilitySetCallback() failed: %1").arg(error));
+        return false;
+    case RouteMonitor::StartResult::QueueRefused:
+        LOG(QStringLiteral("SCNetworkReachabilitySetDispatchQueue() failed: %1").arg(error));
+        return false;
+    case RouteMonitor::StartResult::Started:
+        break;
+    }
+    m_reachabilityObject = shared_from_this();
+    return true;
+}
+
+void Reachability::stopNotifier() {
+    std::shared_ptr<Reachability> last; // goes after the lock, perhaps with this object
+    const std::lock_guard lock(m_notifierMutex);
+    m_reachabilityRef->stop();
+    last.swap(m_reachabilityObject);
+}
+
+void Reachability::reachabilityChanged(ReachabilityFlags flags) {
+    if (isReachableWithFlags(flags))
+        reachableBlock(this);
+    else
+        unreachableBlock(this);
+    reachabilityBlock(this, flags);
+    MainQueue::post([self = shared_from_this()] {
+        NotificationCenter::defaultCenter().post(kReachabilityChangedNotification,
+                                                 QVariant::fromValue(self));
+    });
+}
+
+bool Reachability::isReachableWithFlags(ReachabilityFlags flags) {
+    constexpr ReachabilityFlags notYet = RouteConnectionRequired | RouteTransientConnection;
+    return flags & RouteReachable && (flags & notYet) != notYet;
+}
+
+bool Reachability::isConnectionOnDemand(ReachabilityFlags flags) {
+    return flags & RouteConnectionRequired &&
+           flags & (RouteConnectionOnTraffic | RouteConnectionOnDemand);
+}
+
+bool Reachability::isInterventionRequired(ReachabilityFlags flags) {
+    return flags & RouteConnectionRequired && flags & RouteInterventionRequired;
+}
+
+QString Reachability::currentReachabilityFlags(ReachabilityFlags flags) {
+    const auto mark = [flags](RouteFlag bit, char letter) {
+        return QLatin1Char(flags & bit ? letter : '-');
+    };
+    return QStringLiteral("X") + mark(RouteReachable, 'R') + QLatin1Char(' ') +
+           mark(RouteConnectionRequired, 'c') + mark(RouteTransientConnection, 't') +
+           mark(RouteInterventionRequired, 'i') + mark(RouteConnectionOnTraffic, 'C') +
+           mark(RouteConnectionOnDemand, 'D') + mark(RouteIsLocalAddress, 'l') +
+           mark(RouteIsDirect, 'd');
+}
+
+bool Reachability::isReachable() const {
+    return isReachableWithFlags(reachabilityFlags());
+}
+
+bool Reachability::isReachableViaWWAN() const {
+    return false;
+}
+
+bool Reachability::isReachableViaWiFi() const {
+    return reachabilityFlags() & RouteReachable;
+}
+
+bool Reachability::connectionRequired() const {
+    return reachabilityFlags() & RouteConnectionRequired;
+}
+
+bool Reachability::isConnectionRequired() const {
+    return connectionRequired();
+}
+
+bool Reachability::isConnectionOnDemand() const {
+    return isConnectionOnDemand(reachabilityFlags());
+}
+
+bool Reachability::isInterventionRequired() const {
+    return isInterventionRequired(reachabilityFlags());
+}
+
+NetworkStatus Reachability::currentReachabilityStatus() const {
+    return isReachable() && isReachableViaWiFi() ? NetworkStatusWiFi : NetworkStatusNone;
+}
+
+QString Reachability::currentReachabilityString() const {
+    switch (currentReachabilityStatus()) {
+    case NetworkStatusCellular:
+        return QCoreApplication::translate("Velmora", "Cellular");
+    case NetworkStatusWiFi:
+        return QCoreApplication::translate("Velmora", "WiFi");
+    default:
+        return QCoreApplication::translate("Velmora", "No Connection");
+    }
+}
+
+ReachabilityFlags Reachability::reachabilityFlags() const {
+    return m_reachabilityRef->flags();
+}
+
+QString Reachability::currentReachabilityFlags() const {
+    return currentReachabilityFlags(reachabilityFlags());
+}
+
+QString Reachability::description() const {
+    return QStringLiteral("<Reachability: 0x%1 (%2)>")
+        .arg(reinterpret_cast<quintptr>(this), 0, 16)
+        .arg(currentReachabilityFlags());
+}
+
+const RouteTarget &Reachability::target() const {
+    return m_reachabilityRef->target();
+}
+
+} // namespace velmora

@@ -1,0 +1,68 @@
+#include "content/WeightedSelection.h"
+
+#include "platform/RandomSource.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace velmora {
+
+namespace {
+
+// Rounds half away from zero. Clamped far inside the range of the integer, so that sums of
+// absurd weights stay defined.
+qint64 rounded(double value) {
+    constexpr double Limit = 1e15;
+    return static_cast<qint64>(std::round(std::clamp(value, -Limit, Limit)));
+}
+
+void removeAll(QJsonArray &ads, const QJsonObject &ad) {
+    for (qsizetype i = ads.size() - 1; i >= 0; --i) {
+        if (ads.at(i) == QJsonValue(ad))
+            ads.removeAt(i);
+    }
+}
+
+} // namespace
+
+double WeightedSelection::weight(const QJsonValue &value) {
+    double number = value.isBool() ? double(value.toBool()) : value.toDouble();
+    if (value.isString())
+        number = value.toString().trimmed().toDouble();
+    return std::isfinite(number) ? number : 0;
+}
+
+std::optional<QJsonObject> WeightedSelection::draw(QJsonArray candidates,
+                                                   const QJsonObject &excluded,
+                                                   const QString &weightKey) {
+    if (candidates.size() > 1 && !excluded.isEmpty() && candidates.contains(excluded))
+        removeAll(candidates, excluded);
+
+    // Weights are matched to candidates by position, and a candidate without a weight leaves no
+    // gap in the list of weights.
+    std::vector<double> weights;
+    double sum = 0;
+    for (const QJsonValue &ad : std::as_const(candidates)) {
+        const QJsonValue value = ad.toObject().value(weightKey);
+        if (value.isUndefined())
+            continue;
+        weights.push_back(weight(value));
+        sum += weights.back();
+    }
+
+    const qint64 total = rounded(sum);
+    if (weights.empty() || total <= 0)
+        return {};
+    const qint64 drawn = qint64(RandomSource::current().next()) % total;
+    qint64 lower = 0;
+    for (size_t i = 0; i < weights.size(); ++i) {
+        const qint64 upper = lower + rounded(weights[i]);
+        if (lower <= drawn && drawn < upper)
+            return candidates.at(qsizetype(i)).toObject();
+        lower = upper;
+    }
+    return {};
+}
+
+} // namespace velmora

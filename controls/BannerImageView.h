@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtGui/QMovie>
+#include <QtWidgets/QAbstractButton>
+
+#include <memory>
+
+namespace velmora {
+
+/// Shows an animated banner picture with rounded corners; a click anywhere on it is a click on
+/// the ad. Frames are decoded only while somebody can see them: each is followed by a redraw,
+/// and when that redraw does not come (the view is hidden, covered, scrolled away, its window
+/// minimised), decoding rests until the view is drawn again. Main thread only.
+class BannerImageView : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit BannerImageView(QWidget *parent = nullptr);
+    ~BannerImageView() override;
+
+    /// Shows a picture file, looked at now and decoded when first drawn. An empty path, an
+    /// unreadable file and one with absurd dimensions leave the view without an image.
+    void setImage(const QString &path);
+
+    /// The picture's size in pixels; empty when there is none.
+    QSize imageSize() const { return m_imageSize; }
+    bool hasImage() const { return !m_imageSize.isEmpty(); }
+
+    /// Frames decoded since the picture was set.
+    int decodedFrames() const { return m_decodedFrames; }
+
+    /// Corner radius at a height, points: 4, or 2 where 4 is more than a tenth of the height.
+    static double cornerRadius(double height);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void frameDecoded();
+    void fitFrames();
+
+    std::unique_ptr<QMovie> m_movie;
+    QSize m_imageSize;
+    int m_decodedFrames = 0;
+    bool m_drawnSinceFrame = false;
+};
+
+} // namespace velmora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtWidgets/QAbstractButton>
+
+namespace velmora {
+
+/// A button that draws its icon in a circle; its whole rectangle takes clicks. Main thread only.
+class CloseButtonCell : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit CloseButtonCell(QWidget *parent = nullptr);
+
+    QSize sizeHint() const override { return {24, 24}; }
+
+    /// Where the image goes in a frame: one point lower on systems whose minor version number
+    /// is below 11.
+    static QRectF imageFrame(QRectF frame);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    void drawImage(const QRectF &frame, QPainter &painter) const;
+};
+
+} // namespace velmora

@@ -1,0 +1,152 @@
+#include <Velmora/Velmora.h>
+
+#include "banners/BannerController.h"
+#include "facade/FacadeState.h"
+#include "facade/Switches.h"
+#include "platform/MainQueue.h"
+
+using velmora::BannerController;
+using velmora::FacadeState;
+using velmora::MainQueue;
+using velmora::Switches;
+using velmora::ViewController;
+
+namespace {
+
+constexpr double LargeHeight = 100;
+constexpr double SmallHeight = 60;
+
+using Setter = void (BannerController::*)(double);
+
+void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
+    const FacadeState &state = FacadeState::current();
+    banner->setHeight(state.bannerHeight);
+    banner->setBottomInset(state.bannerBottomInset);
+    banner->setCenterXInset(state.bannerCenterXInset);
+    Velmora::BControllers().push_back(banner);
+}
+
+void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
+    FacadeState::current().*defaultValue = value;
+    if (Velmora::isInitializedBannerLOG_ERROR())
+        return;
+    // A copy: laying a banner out may wake the host, who may add another.
+    const Velmora::BannerList banners = Velmora::BControllers();
+    for (const auto &banner : banners)
+        (banner.get()->*setter)(value);
+}
+
+void setForWindow(QWidget *window, Setter setter, double value) {
+    if (Velmora::isInitializedBannerLOG_ERROR())
+        return;
+    if (BannerController *banner = Velmora::BControllFromWindow(window))
+        (banner->*setter)(value);
+}
+
+template<class Matches>
+BannerController *lastMatch(Matches matches) {
+    BannerController *found = nullptr;
+    for (const auto &banner : Velmora::BControllers()) {
+        if (matches(*banner))
+            found = banner.get();
+    }
+    if (!found)
+        Velmora::LOG(QStringLiteral("ERROR"), QStringLiteral("Window is Empty!"));
+    return found;
+}
+
+} // namespace
+
+void Velmora::addBannerForWindow(QWidget *window) {
+    if (!MainQueue::isMainThread()) {
+        MainQueue::post([target = QPointer<QWidget>(window)] { addBannerForWindow(target); });
+        return;
+    }
+    if (Switches::isADSRemoved())
+        return;
+    if (!window) {
+        LOG(QStringLiteral("ERROR"), QStringLiteral("no window was given for a banner"));
+        return;
+    }
+    if (!BControllFromWindow(window))
+        addWithDefaults(BannerController::addBannerToWindow(window));
+}
+
+void Velmora::addBannerForViewController(ViewController *controller, QWidget *view) {
+    if (Switches::isADSRemoved())
+        return;
+    if (!controller) {
+        LOG(QStringLiteral("ERROR"), QStringLiteral("no view controller was given for a banner"));
+        return;
+    }
+    if (!BControllFromViewController(controller))
+        addWithDefaults(BannerController::addBannerToViewController(controller, view));
+}
+
+BannerController *Velmora::BControllFromWindow(QWidget *window) {
+    return lastMatch([window](const BannerController &banner) { return banner.window() == window; });
+}
+
+BannerController *Velmora::BControllFromViewController(ViewController *controller) {
+    return lastMatch([controller](const BannerController &banner) {
+        return static_cast<const ViewController *>(&banner) == controller;
+    });
+}
+
+Velmora::BannerList &Velmora::BControllers() {
+    auto &list = FacadeState::current().bannerControllers;
+    if (!list)
+        list.emplace();
+    std::erase_if(*list, [](const auto &banner) { return banner->isGone(); });
+    return *list;
+}
+
+void Velmora::setBannersHeight(double height) {
+    setForAll(&FacadeState::bannerHeight, &BannerController::setHeight, height);
+}
+
+void Velmora::setBannersLargeImage() {
+    setBannersHeight(LargeHeight);
+}
+
+void Velmora::setBannersSmallImage() {
+    setBannersHeight(SmallHeight);
+}
+
+void Velmora::setBannersBottomInset(double inset) {
+    setForAll(&FacadeState::bannerBottomInset, &BannerController::setBottomInset, inset);
+}
+
+void Velmora::setBannersCenterXInset(double inset) {
+    setForAll(&FacadeState::bannerCenterXInset, &BannerController::setCenterXInset, inset);
+}
+
+void Velmora::setBannerHeight(double height, QWidget *window) {
+    setForWindow(window, &BannerController::setHeight, height);
+}
+
+void Velmora::setBannerLargeImageToWindow(QWidget *window) {
+    setBannerHeight(LargeHeight, window);
+}
+
+void Velmora::setBannerSmallImageToWindow(QWidget *window) {
+    setBannerHeight(SmallHeight, window);
+}
+
+void Velmora::setBannerBottomInset(double inset, QWidget *window) {
+    setForWindow(window, &BannerController::setBottomInset, inset);
+}
+
+void Velmora::setBannerCenterXInset(double inset, QWidget *window) {
+    setForWindow(window, &BannerController::setCenterXInset, inset);
+}
+
+void Velmora::setBannerHidden(bool hidden, ViewController *controller) {
+    if (!controller)
+        return;
+    BannerController *banner = BControllFromViewController(controller);
+    if (!banner)
+        banner = BControllFromWindow(controller->viewWindow());
+    if (banner)
+        banner->setBannerHidden(hidden);
+}

@@ -1,0 +1,72 @@
+#include <Velmora/Velmora.h>
+
+#include "banners/BannerController.h"
+#include "facade/FacadeState.h"
+#include "facade/Switches.h"
+#include "platform/MainQueue.h"
+#include "platform/ProcessRoot.h"
+
+using velmora::FacadeState;
+using velmora::MainQueue;
+using velmora::ProcessRoot;
+using velmora::Switches;
+
+FacadeState &FacadeState::current() {
+    return ProcessRoot::get<FacadeState>();
+}
+
+void Velmora::activateDebugMode() {
+    Switches::activateDebugMode();
+}
+
+bool Velmora::isDebugModeActivate() {
+    return Switches::isDebugModeActivate();
+}
+
+void Velmora::setARCToWindows(bool on) {
+    Switches::setARCToWindows(on);
+}
+
+bool Velmora::isARCActivate() {
+    return Switches::isARCActivate();
+}
+
+bool Velmora::isADSRemoved() {
+    return Switches::isADSRemoved();
+}
+
+void Velmora::resetAds() {
+    Switches::setADSRemoved(false);
+}
+
+void Velmora::removeAdsNow() {
+    if (!MainQueue::isMainThread()) {
+        MainQueue::post(&Velmora::removeAdsNow);
+        return;
+    }
+    Switches::setADSRemoved(true);
+    // Taken out first: a banner that goes may wake the host, who may call back.
+    const BannerList banners = std::exchange(BControllers(), {});
+    for (const auto &banner : banners)
+        banner->removeADS();
+}
+
+bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
+    return true;
+}
+
+bool Velmora::isInitializedSplashScreenWithLOG_ERROR() {
+    return true;
+}
+
+bool Velmora::isInitializedBannerLOG_ERROR() {
+    if (!FacadeState::current().bannerControllers)
+        return true;
+    // The message says the opposite of what was found. Hosts know it this way round.
+    LOG(QStringLiteral("ERROR"), QStringLiteral("Banner controller not initialized!"));
+    return false;
+}
+
+void Velmora::LOG(const QString &level, const QString &message) {
+    ::LOG(QStringLiteral("VELMORA :: %1 :: %2").arg(level, message));
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <Velmora/Export.h>
+
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtCore/QVariantMap>
+
+namespace velmora {
+
+/// A place that holds resources and, for an application, its Info.plist.
+///
+/// The host's bundle is the folder of its executable, or the "Contents" folder above it in an
+/// application bundle. The framework's bundle is compiled into the library.
+class VELMORA_EXPORT Bundle {
+public:
+    /// The host application's bundle.
+    static const Bundle &mainBundle();
+
+    /// The bundle that contains a class of the framework: the framework's own.
+    template<class FrameworkClass>
+    static const Bundle &resourseBundleForClass() {
+        return frameworkBundle();
+    }
+
+    /// The value under a key of the bundle's Info.plist; invalid when there is none. The file
+    /// is looked for beside the executable, in the folder above it, and compiled in as
+    /// ":/Info.plist"; it is read once.
+    QVariant objectForInfoDictionaryKey(const QString &key) const;
+
+    /// The folder that holds the resources: a file path or a ":/" resource path.
+    QString resourcePath() const { return m_resources; }
+
+    /// The URL of a resource; empty when there is no such file.
+    /// @param name      the file's name without its extension
+    /// @param extension the extension without a dot; may be empty
+    QUrl urlForResource(const QString &name, const QString &extension) const;
+
+    /// Path of an interface image by its bare name, for QIcon and QImage (which find the
+    /// "@2x" and "@3x" files beside it).
+    QString pathForImage(const QString &name) const;
+
+private:
+    friend struct BundleSet;
+    static const Bundle &frameworkBundle();
+
+    QString m_resources;
+    QVariantMap m_info;
+};
+
+} // namespace velmora

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+/// Marks what the shared library shows to a host; everything else is hidden.
+#if defined(VELMORA_BUILDING_LIBRARY)
+#define VELMORA_EXPORT Q_DECL_EXPORT
+#else
+#define VELMORA_EXPORT Q_DECL_IMPORT
+#endif

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace velmora {
+
+/// One relation that holds a view in place, with a constant that can be changed at any time.
+/// Only the relations that the framework lays its views out with. Main thread only.
+class LayoutConstraint {
+public:
+    enum class Relation {
+        Height,          ///< height = constant
+        Aspect,          ///< width = height x multiplier
+        CenterX,         ///< horizontal centre = superview's centre + constant
+        Bottom,          ///< superview's bottom = view's bottom + constant
+        TrailingInside,  ///< superview's trailing edge >= view's trailing edge
+        Spacing          ///< a distance that others refer to
+    };
+
+    LayoutConstraint(Relation relation, double multiplier, double constant)
+        : m_relation(relation), m_multiplier(multiplier), m_constant(constant) {}
+
+    Relation relation() const { return m_relation; }
+    double multiplier() const { return m_multiplier; }
+    double constant() const { return m_constant; }
+    void setConstant(double constant) {
+        m_constant = constant;
+        if (m_changed)
+            m_changed();
+    }
+
+    /// For the layout that the constraint is added to: called after a change.
+    void setChangeHandler(std::function<void()> changed) { m_changed = std::move(changed); }
+
+private:
+    Relation m_relation;
+    double m_multiplier;
+    double m_constant;
+    std::function<void()> m_changed;
+};
+
+using LayoutConstraintPtr = std::shared_ptr<LayoutConstraint>;
+
+} // namespace velmora

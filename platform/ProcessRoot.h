@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <typeindex>
+
+namespace velmora {
+
+/// Owns every object that lives as long as the process: each is made on first use and all are
+/// destroyed together, last made first, when the application object goes or a test asks for a
+/// fresh process state. Any thread may ask; an object is made on the thread that asks first.
+class ProcessRoot {
+public:
+    /// The process's one T, made now if there is none yet.
+    template<class T>
+    static T &get() {
+        return *static_cast<T *>(
+            find(typeid(T), []() -> std::shared_ptr<void> { return std::make_shared<T>(); }));
+    }
+
+    /// The process's one T, or null when none was made.
+    template<class T>
+    static T *existing() {
+        return static_cast<T *>(find(typeid(T), nullptr));
+    }
+
+    /// True while there is an application object whose main loop can serve the framework.
+    static bool isUsable();
+
+    /// Destroys everything; the next get() starts a fresh process state.
+    static void drop();
+
+private:
+    using Factory = std::shared_ptr<void> (*)();
+    static void *find(std::type_index type, Factory factory);
+};
+
+} // namespace velmora

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtNetwork/QHostAddress>
+
+#include <functional>
+#include <memory>
+
+namespace velmora {
+
+/// What the system's routes say about a target; a set of RouteFlag bits.
+using RouteFlags = quint32;
+
+enum RouteFlag : RouteFlags {
+    RouteTransientConnection = 1u << 0,  ///< through a point-to-point link such as a tunnel
+    RouteReachable = 1u << 1,            ///< the present configuration leads there
+    RouteConnectionRequired = 1u << 2,   ///< but a connection must be established first
+    RouteConnectionOnTraffic = 1u << 3,  ///< any traffic establishes it
+    RouteInterventionRequired = 1u << 4, ///< the user must help to establish it
+    RouteConnectionOnDemand = 1u << 5,   ///< certain interfaces establish it
+    RouteIsLocalAddress = 1u << 16,      ///< an address of this machine
+    RouteIsDirect = 1u << 17,            ///< on a link of this machine, without a gateway
+};
+
+/// What is watched: a host name, or an address when the name is empty.
+struct RouteTarget {
+    /// 0.0.0.0 and :: stand for the internet in general, 169.254.0.0 for the local network.
+    QHostAddress address;
+    /// Kept for the host's information; routes do not depend on it.
+    quint16 port = 0;
+    QString hostName;
+};
+
+/// Reads and watches how one target is routed. Routes are the system's own opinion: nothing is
+/// sent to the target, except that a host name is looked up. Every operation may be called from
+/// any thread and none waits for the network.
+class RouteMonitor {
+public:
+    using Callback = std::function<void(RouteFlags)>;
+
+    enum class StartResult {
+        Started,
+        CallbackRefused, ///< the system does not tell about changes
+        QueueRefused,    ///< there is no thread to tell them on
+    };
+
+    /// The flags of an address now, 0 when they cannot be read. Below a millisecond.
+    static RouteFlags query(const QHostAddress &target);
+
+    /// A monitor at rest, or nothing when the target can never be one: no address, or a name
+    /// that is empty or too long. The look-up of a name begins here.
+    static std::unique_ptr<RouteMonitor> create(const RouteTarget &target);
+
+    ~RouteMonitor();
+    RouteMonitor(const RouteMonitor &) = delete;
+    RouteMonitor &operator=(const RouteMonitor &) = delete;
+
+    const RouteTarget &target() const;
+
+    /// The target's flags now; 0 for a host name that is not known, or not known yet.
+    RouteFlags flags() const;
+
+    /// Begins to report every change of the flags, on a serial queue of the monitor's own. The
+    /// state at start is not reported, unless it is a host name's that becomes known later.
+    /// Replaces an earlier start.
+    /// @param error receives the system's reason when the result is not Started
+    StartResult start(Callback callback, QString *error);
+
+    /// Ends the reports. A callback that is due at this very moment may still run to its end
+    /// afterwards: stopping or destroying the monitor, also from the callback, waits for none.
+    void stop();
+
+private:
+    struct Private;
+    explicit RouteMonitor(std::unique_ptr<Private> state);
+
+    std::unique_ptr<Private> m_d;
+};
+
+} // namespace velmora

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QPair>
+#include <QtCore/QString>
+#include <QtCore/QThread>
+#include <QtCore/QUrl>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace velmora {
+
+class UrlSessionWorker;
+
+/// What to ask for, and where the answer's body goes.
+struct UrlRequest {
+    QUrl url;
+    QByteArray method = "GET";
+    QByteArray body;
+    QList<QPair<QByteArray, QByteArray>> headers;
+    /// Where the body is written, atomically and only when it arrived whole; empty keeps the
+    /// body in memory.
+    QString destination;
+    /// A longer body counts as an error.
+    qint64 largestBody = 16 * 1024 * 1024;
+};
+
+/// How a task ended. The HTTP status is told but never judged: any reply is a success.
+struct UrlResponse {
+    /// Empty unless the transport failed, the body was torn or too long, or could not be
+    /// written.
+    QString error;
+    int status = 0;
+    QByteArray body;
+    qint64 bodySize = 0;
+};
+
+/// A request under way. Main thread only.
+class UrlTask {
+public:
+    /// True until the completion is called.
+    bool isRunning() const { return m_running; }
+
+private:
+    friend class UrlSession;
+    bool m_running = true;
+};
+
+using UrlTaskPtr = std::shared_ptr<UrlTask>;
+
+/// Requests over HTTP and HTTPS, carried by one worker thread that starts with the first of
+/// them. Completions are called on the main thread in the order in which the requests ended,
+/// never from inside start(). Redirects are followed when no less safe; certificates are always
+/// verified; a transfer that stays silent for the idle timeout fails. Main thread only, but for
+/// fetch().
+class UrlSession {
+public:
+    struct Configuration {
+        /// PEM text of certificate authorities trusted beside the system's.
+        QByteArray additionalAuthorities;
+        int idleTimeoutMs = 60'000;
+        /// Further requests wait, in order, while so many are under way.
+        int mostAtOnce = 6;
+    };
+
+    using Completion = std::function<void(const UrlResponse &)>;
+
+    explicit UrlSession(Configuration configuration);
+    /// Aborts what is under way without calling its completions.
+    ~UrlSession();
+
+    UrlTaskPtr start(const UrlRequest &request, Completion completion);
+
+    /// Waits for the answer. Any thread but the main one; nothing when the session ends first.
+    std::optional<UrlResponse> fetch(const UrlRequest &request);
+
+private:
+    void ensureRunning();
+
+    std::once_flag m_started;
+    QThread m_thread;
+    UrlSessionWorker *m_worker;
+};
+
+} // namespace velmora

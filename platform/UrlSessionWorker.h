@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/UrlSession.h"
+
+#include <QtCore/QObject>
+#include <QtNetwork/QSslConfiguration>
+
+#include <atomic>
+#include <deque>
+#include <mutex>
+
+class QNetworkAccessManager;
+
+namespace velmora {
+
+class UrlTransfer;
+
+/// The session's side on its worker thread: takes requests in order, keeps at most so many
+/// under way and hands their answers back.
+class UrlSessionWorker : public QObject {
+    Q_OBJECT
+
+public:
+    struct Job {
+        UrlRequest request;
+        std::function<void(UrlResponse)> done;
+    };
+
+    explicit UrlSessionWorker(UrlSession::Configuration configuration);
+    ~UrlSessionWorker() override;
+
+    /// Takes a request. Any thread.
+    void enqueue(Job job);
+
+    /// Aborts everything on the worker thread; nothing is answered any more. Any thread.
+    void stop();
+
+    bool event(QEvent *event) override;
+
+private:
+    void startNext();
+    void abortAll();
+    QNetworkAccessManager &manager();
+
+    const UrlSession::Configuration m_configuration;
+    std::mutex m_mutex;
+    std::deque<Job> m_pending;
+    std::atomic<bool> m_stopped = false;
+    QNetworkAccessManager *m_manager = nullptr;
+    QSslConfiguration m_tls;
+    std::vector<UrlTransfer *> m_active;
+};
+
+} // namespace velmora

@@ -1,0 +1,498 @@
+#include "adserver/AdServer.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtNetwork/QNetworkAccessManager>
+#include <QtNetwork/QNetworkReply>
+#include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslSocket>
+#include <QtNetwork/QTcpServer>
+
+#include <gtest/gtest.h>
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+using namespace velmora::adserver;
+
+namespace {
+
+constexpr int patienceMs = 10000;
+
+const QString adPath = QStringLiteral("/api/v1/banners");
+
+struct Result {
+    QNetworkReply::NetworkError error = QNetworkReply::NoError;
+    int status = 0;
+    QByteArray body;
+};
+
+void writeFile(const QString &path, const QByteArray &bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+// A TLS client that sends bytes as they are given, where the access manager would tidy them up.
+class RawClient {
+public:
+    explicit RawClient(const AdServer &server) {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(QSslCertificate::fromData(server.caPem()));
+        m_socket.setSslConfiguration(configuration);
+        m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port(server));
+        EXPECT_TRUE(m_socket.waitForEncrypted(patienceMs)) << qPrintable(m_socket.errorString());
+    }
+
+    static quint16 port(const AdServer &server) {
+        return static_cast<quint16>(QUrl(server.baseUrl()).port());
+    }
+
+    void send(const QByteArray &bytes) {
+        m_socket.write(bytes);
+        while (m_socket.encryptedBytesToWrite() > 0 && m_socket.waitForBytesWritten(patienceMs)) {
+        }
+    }
+
+    // The head of the next answer; its body too when it declares a length.
+    QByteArray receive() {
+        QByteArray bytes;
+        qsizetype wanted = -1;
+        while (wanted < 0 || bytes.size() < wanted) {
+            if (m_socket.bytesAvailable() == 0 && !m_socket.waitForReadyRead(patienceMs)) {
+                break;
+            }
+            bytes += m_socket.readAll();
+            const qsizetype head = bytes.indexOf("\r\n\r\n");
+            if (wanted < 0 && head >= 0) {
+                wanted =
+                    head + 4 + RecordedRequest::fromWire(bytes).header("Content-Length").toInt();
+            }
+        }
+        return bytes;
+    }
+
+    // How the connection ends, below TLS: 0 for an orderly close, otherwise the error.
+    int waitForEnd() {
+        const int descriptor = static_cast<int>(m_socket.socketDescriptor());
+        char rest[4096];
+        for (;;) {
+            pollfd entry{descriptor, POLLIN, 0};
+            if (::poll(&entry, 1, patienceMs) <= 0) {
+                return ETIMEDOUT;
+            }
+            const ssize_t got = ::recv(descriptor, rest, sizeof rest, 0);
+            if (got <= 0) {
+                return got == 0 ? 0 : errno;
+            }
+        }
+    }
+
+private:
+    QSslSocket m_socket;
+};
+
+class AdServerTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_folder.isValid());
+        ASSERT_FALSE(m_server.start().isEmpty()) << qPrintable(m_server.errorString());
+    }
+
+    QNetworkRequest requestFor(const QString &path) const {
+        QNetworkRequest request{QUrl(m_server.baseUrl() + path)};
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(QSslCertificate::fromData(m_trusted));
+        request.setSslConfiguration(configuration);
+        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArray("text/plain"));
+        request.setTransferTimeout(patienceMs);
+        return request;
+    }
+
+    static Result finish(QNetworkReply *reply) {
+        const std::unique_ptr<QNetworkReply> owner(reply);
+        QEventLoop loop;
+        QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+        if (!reply->isFinished()) {
+            loop.exec();
+        }
+        return {reply->error(), reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
+                reply->isOpen() ? reply->readAll() : QByteArray()};
+    }
+
+    Result get(const QString &path) { return finish(m_client.get(requestFor(path))); }
+    Result post(const QString &path, const QByteArray &body = "{}") {
+        return finish(m_client.post(requestFor(path), body));
+    }
+
+    // Runs the event loop until the condition holds.
+    static bool waitUntil(const std::function<bool()> &condition) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!condition() && timer.elapsed() < patienceMs) {
+            QEventLoop loop;
+            QTimer::singleShot(5, &loop, &QEventLoop::quit);
+            loop.exec();
+        }
+        return condition();
+    }
+
+    AdServer m_server;
+    QByteArray m_trusted = m_server.caPem();
+    QTemporaryDir m_folder;
+    QNetworkAccessManager m_client;
+};
+
+} // namespace
+
+TEST_F(AdServerTest, RecordsWhatArrivesByteForByte) {
+    QByteArray body = QByteArray::fromRawData("\0\r\n\r\nGET /fake HTTP/1.1\r\n\xff", 26);
+    body += QByteArray(40000, 'b');
+    const QByteArray first = "POST /api/v1/banners?x=%20y HTTP/1.1\r\nhOsT:  127.0.0.1 \r\n"
+                             "X-B: 2\r\nx-a: 1\r\nX-B: 3\r\n"
+                             "Content-Type: application/x-www-form-urlencoded\r\n"
+                             "Content-Length: " +
+                             QByteArray::number(body.size()) + "\r\n\r\n" + body;
+    const QByteArray second = "GET /event/seen HTTP/1.1\r\nHost: x\r\n\r\n";
+    RawClient client(m_server);
+    client.send(first + second); // the second right behind, on the same connection
+    EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 200"));
+
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), 1, patienceMs));
+    const QList<RecordedRequest> requests = m_server.log().requests();
+    ASSERT_EQ(requests.size(), 2);
+    EXPECT_EQ(requests[0].raw, first);
+    EXPECT_EQ(requests[0].body, body);
+    EXPECT_EQ(requests[0].target, "/api/v1/banners?x=%20y");
+    EXPECT_EQ(requests[0].path(), adPath);
+    EXPECT_EQ(requests[0].header("host"), "127.0.0.1");
+    EXPECT_EQ(requests[0].headers[1], std::pair(QByteArray("X-B"), QByteArray("2")));
+    EXPECT_EQ(requests[0].headers[3], std::pair(QByteArray("X-B"), QByteArray("3")));
+    EXPECT_EQ(requests[1].raw, second);
+
+    m_server.log().clear();
+    EXPECT_EQ(m_server.log().count(), 0);
+    EXPECT_FALSE(m_server.log().waitForCount(adPath, 1, 1));
+}
+
+TEST_F(AdServerTest, RefusesAndRecordsWhatItCannotRead) {
+    const std::pair<QByteArray, QByteArray> cases[] = {
+        {"GARBAGE\r\n\r\n", "HTTP/1.1 400"},
+        {"POST /event HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n", "HTTP/1.1 411"},
+        {"POST /event HTTP/1.1\r\nContent-Length: -1\r\n\r\n", "HTTP/1.1 400"},
+        {"POST /event HTTP/1.1\r\nContent-Length: 999999999999\r\n\r\n", "HTTP/1.1 413"}};
+    for (const auto &[sent, answer] : cases) {
+        m_server.log().clear();
+        RawClient client(m_server);
+        client.send(sent);
+        EXPECT_TRUE(client.receive().startsWith(answer)) << sent.constData();
+        ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("*"), 1, patienceMs));
+        EXPECT_EQ(m_server.log().requests().constFirst().raw, sent);
+    }
+}
+
+TEST_F(AdServerTest, ServesTheCampaignFolderAsItChanges) {
+    EXPECT_EQ(post(adPath).body, R"({"standard":[],"video":[]})");
+
+    const QString file = m_folder.filePath(QStringLiteral("campaign.json"));
+    const QByteArray video(300000, 'v');
+    const QByteArray one = R"({ "standard": [ {"name": "one"} ], "video": [], "other": 1e2 })";
+    const QByteArray two = R"({ "standard": [ {"name": "two"} ], "video": [], "other": 1e2 })";
+    writeFile(file, one);
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("media")));
+    writeFile(m_folder.filePath(QStringLiteral("media/a clip.mp4")), video);
+    m_server.campaign().setFolder(m_folder.path());
+
+    EXPECT_EQ(post(adPath).body, one);
+    EXPECT_EQ(get(QStringLiteral("/media/a%20clip.mp4")).body, video);
+    writeFile(file, two); // same length, possibly the same time stamp
+    EXPECT_EQ(post(adPath).body, two);
+
+    for (const QByteArray &broken :
+         {QByteArray("{ \"standard\": ["), QByteArray("[]"), QByteArray()}) {
+        writeFile(file, broken);
+        EXPECT_EQ(post(adPath).body, two) << broken.constData();
+        EXPECT_FALSE(m_server.campaign().errorString().isEmpty()) << broken.constData();
+    }
+    ASSERT_TRUE(QFile::remove(file));
+    EXPECT_EQ(post(adPath).body, two);
+    writeFile(file, one);
+    EXPECT_EQ(post(adPath).body, one);
+    EXPECT_TRUE(m_server.campaign().errorString().isEmpty());
+
+    m_server.campaign().setReply("not json");
+    m_server.campaign().setMedia(QStringLiteral("/media/a clip.mp4"), "short");
+    EXPECT_EQ(post(adPath).body, "not json");
+    EXPECT_EQ(get(QStringLiteral("/media/a%20clip.mp4")).body, "short");
+    EXPECT_EQ(get(adPath).status, 404);
+    EXPECT_EQ(post(QStringLiteral("/elsewhere")).status, 404);
+}
+
+TEST_F(AdServerTest, NothingOutsideTheFolderIsServed) {
+    const QDir root(m_folder.path());
+    ASSERT_TRUE(root.mkpath(QStringLiteral("campaign/sub")));
+    ASSERT_TRUE(root.mkpath(QStringLiteral("campaign-other")));
+    for (const char *name :
+         {"secret", "campaign-other/secret", "campaign/.hidden", "campaign/a.gif"}) {
+        writeFile(root.filePath(QLatin1String(name)), "bytes");
+    }
+    const QDir campaign(root.filePath(QStringLiteral("campaign")));
+    ASSERT_TRUE(QFile::link(root.filePath(QStringLiteral("secret")),
+                            campaign.filePath(QStringLiteral("out.gif"))));
+    ASSERT_TRUE(QFile::link(root.filePath(QStringLiteral("campaign-other")),
+                            campaign.filePath(QStringLiteral("dir"))));
+    ASSERT_TRUE(QFile::link(QStringLiteral("a.gif"), campaign.filePath(QStringLiteral("in.gif"))));
+    m_server.campaign().setFolder(campaign.path());
+
+    for (const char *target :
+         {"/../secret", "/sub/../../secret", "/%2e%2e/secret", "/..%2fsecret",
+          "/%2e%2e%2fcampaign-other/secret", "/..\\secret", "//secret", "/out.gif", "/dir/secret",
+          "/.hidden", "/sub", "/", "/a.gif%00.png", "secret"}) {
+        RawClient client(m_server);
+        client.send(QByteArray("GET ") + target + " HTTP/1.1\r\nHost: x\r\n\r\n");
+        EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 404")) << target;
+    }
+    EXPECT_EQ(get(QStringLiteral("/in.gif")).body, "bytes"); // a link that stays inside
+}
+
+TEST_F(AdServerTest, LooksUpAppNames) {
+    writeFile(m_folder.filePath(QStringLiteral("campaign.json")),
+              R"({"lookup": {"1": "From file", "2": "Überschrieben"}})");
+    m_server.campaign().setFolder(m_folder.path());
+    m_server.campaign().setLookupName(QStringLiteral("2"),
+                                      QStringLiteral("Photo Editor - Filters"));
+
+    EXPECT_EQ(get(QStringLiteral("/lookup?id=1")).body,
+              R"({"resultCount":1,"results":[{"trackName":"From file"}]})");
+    EXPECT_EQ(get(QStringLiteral("/lookup?country=de&id=2")).body,
+              R"({"resultCount":1,"results":[{"trackName":"Photo Editor - Filters"}]})");
+    for (const char *path : {"/lookup?id=3", "/lookup?id=", "/lookup"}) {
+        EXPECT_EQ(get(QLatin1String(path)).body, R"({"resultCount":0,"results":[]})") << path;
+    }
+}
+
+TEST_F(AdServerTest, CountsEventsArrivingTogether) {
+    const int clients = 4;
+    const int each = 25;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < clients; ++i) {
+        threads.emplace_back([this] {
+            RawClient client(m_server);
+            for (int n = 0; n < each; ++n) {
+                client.send("POST /events/click HTTP/1.1\r\nContent-Length: 2\r\n\r\nhi");
+                EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 204"));
+            }
+        });
+    }
+    EXPECT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), clients * each, patienceMs));
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(m_server.log().count(), clients * each);
+}
+
+TEST_F(AdServerTest, FaultsReachTheClient) {
+    const QString path = QStringLiteral("/clip.mp4");
+    const QByteArray clip(200001, 'c');
+    m_server.campaign().setMedia(path, clip);
+    Faults &faults = m_server.faults();
+
+    faults.set(path, Fault::statusCode(503, "later"));
+    Result result = get(path);
+    EXPECT_EQ(result.status, 503);
+    EXPECT_EQ(result.body, "later");
+    faults.set(path, Fault::statusCode(500)); // without a body the connection must not stall
+    EXPECT_EQ(get(path).status, 500);
+
+    faults.set(path, Fault::wrongBody("<html>"));
+    result = get(path);
+    EXPECT_EQ(result.status, 200);
+    EXPECT_EQ(result.body, "<html>");
+
+    faults.set(path, Fault::truncated());
+    result = get(path);
+    EXPECT_EQ(result.error, QNetworkReply::RemoteHostClosedError);
+    EXPECT_EQ(result.body, clip.left(100000));
+
+    faults.set(path, Fault::delay(150));
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(get(path).body, clip);
+    EXPECT_GE(timer.elapsed(), 150);
+
+    m_server.campaign().setMedia(QStringLiteral("/target"), "moved here");
+    faults.set(path, Fault::redirect(m_server.baseUrl() + QStringLiteral("/target")));
+    EXPECT_EQ(get(path).body, "moved here");
+
+    faults.clear();
+    EXPECT_EQ(get(path).body, clip);
+}
+
+TEST_F(AdServerTest, TheMostParticularFaultAppliesAndRunsOut) {
+    m_server.campaign().setMedia(QStringLiteral("/m/a"), "good");
+    Faults &faults = m_server.faults();
+    faults.set(QStringLiteral("/m/a"), Fault::statusCode(501).times(2));
+    faults.set(QStringLiteral("/m/*"), Fault::statusCode(502).times(1));
+    faults.set(QStringLiteral("*"), Fault::statusCode(503).times(1));
+    QList<int> statuses;
+    for (int i = 0; i < 5; ++i) {
+        statuses << get(QStringLiteral("/m/a?query")).status;
+    }
+    EXPECT_EQ(statuses, (QList<int>{501, 501, 502, 503, 200}));
+}
+
+TEST_F(AdServerTest, ResetsWithoutAnAnswer) {
+    m_server.faults().set(adPath, Fault::reset());
+    RawClient reset(m_server);
+    reset.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_EQ(reset.waitForEnd(), ECONNRESET);
+
+    m_server.faults().set(adPath, Fault::truncated());
+    RawClient truncated(m_server);
+    truncated.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_EQ(truncated.waitForEnd(), 0);
+    EXPECT_EQ(m_server.log().count(adPath), 2);
+}
+
+TEST_F(AdServerTest, StreamsAHugeBodyUntilTheClientHasEnough) {
+    const qint64 size = Q_INT64_C(1) << 40;
+    m_server.faults().set(QStringLiteral("/huge"), Fault::huge(size));
+    const std::unique_ptr<QNetworkReply> reply(m_client.get(requestFor(QStringLiteral("/huge"))));
+    reply->setReadBufferSize(1 << 20);
+    qint64 received = 0;
+    EXPECT_TRUE(waitUntil([&] { return (received += reply->readAll().size()) > (4 << 20); }));
+    EXPECT_EQ(reply->header(QNetworkRequest::ContentLengthHeader).toLongLong(), size);
+    reply->abort();
+    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
+}
+
+TEST_F(AdServerTest, AHangEndsWithItsFault) {
+    m_server.campaign().setReply("answer");
+    m_server.faults().set(adPath, Fault::hang().times(1));
+    const std::unique_ptr<QNetworkReply> reply(m_client.post(requestFor(adPath), QByteArray("{}")));
+    ASSERT_TRUE(waitUntil([this] { return m_server.log().count(adPath) == 1; }));
+    EXPECT_EQ(post(adPath).body, "answer"); // the second request is not affected
+    EXPECT_FALSE(reply->isFinished());
+    m_server.faults().clear(adPath);
+    EXPECT_TRUE(waitUntil([&] { return reply->isFinished(); }));
+    EXPECT_EQ(reply->readAll(), "answer");
+}
+
+TEST_F(AdServerTest, StopsAtOnceWhateverTheClientsDo) {
+    m_server.faults().set(QStringLiteral("/hang"), Fault::hang());
+    m_server.faults().set(QStringLiteral("/slow"), Fault::delay(60000));
+    m_server.faults().set(QStringLiteral("/huge"), Fault::huge(Q_INT64_C(1) << 40));
+    std::vector<std::unique_ptr<RawClient>> clients;
+    for (const char *start :
+         {"GET /hang HTTP/1.1\r\n\r\n", "GET /slow HTTP/1.1\r\n\r\n", "GET /huge HTTP/1.1\r\n\r\n",
+          "POST /event HTTP/1.1\r\nContent-Length: 9\r\n\r\nhalf", "GET /unfin", ""}) {
+        clients.push_back(std::make_unique<RawClient>(m_server));
+        clients.back()->send(start);
+    }
+    QTcpSocket speaksNoTls;
+    speaksNoTls.connectToHost(QStringLiteral("127.0.0.1"), RawClient::port(m_server));
+    ASSERT_TRUE(speaksNoTls.waitForConnected(patienceMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/h*"), 2, patienceMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/slow"), 1, patienceMs));
+
+    const QString url = m_server.baseUrl();
+    const quint16 port = RawClient::port(m_server);
+    QElapsedTimer timer;
+    timer.start();
+    m_server.stop();
+    EXPECT_LT(timer.elapsed(), 1000);
+    m_server.stop();
+    EXPECT_FALSE(m_server.isRunning());
+
+    EXPECT_EQ(m_server.start(port), url);
+    m_client.clearConnectionCache();
+    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
+}
+
+TEST_F(AdServerTest, SaysWhyItDoesNotStart) {
+    AdServer other;
+    EXPECT_TRUE(other.start(RawClient::port(m_server)).isEmpty()); // never a shared port
+    EXPECT_FALSE(other.errorString().isEmpty());
+    other.setIdentity({"no certificate", "no key"});
+    EXPECT_TRUE(other.start().isEmpty());
+    EXPECT_FALSE(other.errorString().isEmpty());
+    EXPECT_FALSE(other.isRunning());
+    other.setIdentity(other.authority().validLeaf());
+    EXPECT_FALSE(other.start().isEmpty());
+    EXPECT_TRUE(other.errorString().isEmpty());
+}
+
+TEST_F(AdServerTest, ClientsRefuseBadCertificates) {
+    const CertificateAuthority stranger;
+    const CertificateAuthority &own = m_server.authority();
+    const std::pair<Identity, const char *> cases[] = {{own.expiredLeaf(), "expired"},
+                                                       {own.wrongHostLeaf(), "wrong host"},
+                                                       {stranger.validLeaf(), "unknown authority"}};
+    const auto restartWith = [this](const Identity &identity) {
+        m_server.stop();
+        m_server.setIdentity(identity);
+        ASSERT_FALSE(m_server.start().isEmpty());
+        m_client.clearConnectionCache(); // it remembers how a host and port was trusted
+    };
+    for (const auto &[identity, name] : cases) {
+        restartWith(identity);
+        EXPECT_EQ(get(QStringLiteral("/lookup")).error, QNetworkReply::SslHandshakeFailedError)
+            << name;
+        EXPECT_EQ(m_server.log().count(), 0) << name;
+    }
+    m_trusted += stranger.caPem(); // still the stranger's leaf, now trusted
+    m_client.clearConnectionCache();
+    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
+    restartWith(own.validLeaf());
+    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
+}
+
+TEST_F(AdServerTest, ReportsEachOutcome) {
+    m_server.stop();
+    std::mutex mutex;
+    QStringList seen;
+    m_server.setObserver([&](const RecordedRequest &request, const QString &outcome) {
+        const std::lock_guard lock(mutex);
+        seen << request.path() + QLatin1Char(' ') + outcome;
+    });
+    ASSERT_FALSE(m_server.start().isEmpty());
+    m_server.faults().set(QStringLiteral("/bad"), Fault::statusCode(500));
+    get(QStringLiteral("/lookup"));
+    get(QStringLiteral("/bad"));
+    m_server.stop();
+    EXPECT_EQ(seen, (QStringList{QStringLiteral("/lookup 200"),
+                                 QStringLiteral("/bad 500 instead of 404")}));
+}
+
+TEST(FaultsTest, ReadsTheCommandLineForm) {
+    Faults faults;
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/a*=status:503:try: later")));
+    const Fault status = faults.take(QStringLiteral("/abc")).fault;
+    EXPECT_EQ(status.kind, Fault::Kind::Status);
+    EXPECT_EQ(status.status, 503);
+    EXPECT_EQ(status.body, "try: later");
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/r=redirect:https://x/?a=b")));
+    EXPECT_EQ(faults.take(QStringLiteral("/r")).fault.location, QStringLiteral("https://x/?a=b"));
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/h=huge:5000000000")));
+    EXPECT_EQ(faults.take(QStringLiteral("/h")).fault.size, Q_INT64_C(5000000000));
+    for (const char *good :
+         {"*=hang", "/=reset", "/=truncated", "/=delay:0", "/=body:", "/=status:204"}) {
+        EXPECT_TRUE(faults.setFromText(QLatin1String(good))) << good;
+    }
+    for (const char *bad :
+         {"", "/", "/x", "x=hang", "=hang", "/=", "/=hangs", "/=hang:1", "/=delay", "/=delay:-1",
+          "/=delay:1s", "/=status:99", "/=status:", "/=huge:-1", "/=huge", "/=redirect:"}) {
+        EXPECT_FALSE(faults.setFromText(QLatin1String(bad))) << bad;
+    }
+}

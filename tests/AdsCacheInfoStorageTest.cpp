@@ -1,0 +1,132 @@
+#include "content/AdKeys.h"
+#include "content/AdsCacheInfoStorage.h"
+#include "platform/Archive.h"
+#include "platform/ProcessRoot.h"
+#include "platform/SerialQueue.h"
+#include "tests/support/FreshProcess.h"
+
+#include <QtCore/QCborMap>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QProcess>
+
+namespace velmora::test {
+
+class AdsCacheInfoStorageTest : public FreshProcess {
+protected:
+    static QJsonObject ad(int id) {
+        return {{QStringLiteral("banner_id"), id}, {QStringLiteral("priority"), 1.5}};
+    }
+
+    static QJsonArray onDisk(const QString &key = kMainBannerKey) {
+        EXPECT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+        return AdsCacheInfoStorage::cacheInfo().value_or(QJsonObject()).value(key).toArray();
+    }
+
+    static void putTable(const QJsonObject &table) {
+        putInCaches(QStringLiteral("savedAds"),
+                    Archive::encode(QStringLiteral("savedAds"), QCborValue::fromJsonValue(table)));
+    }
+};
+
+TEST_F(AdsCacheInfoStorageTest, EachNewDistinctAdIsOnDiskForTheNextRun) {
+    QJsonObject rich = QJsonDocument::fromJson(
+                           R"({"banner_id": 9007199254740993, "priority": 2.5, "big": 1e300,
+                               "updated": "\u044f", "nested": [null, true, {"a": -1}]})")
+                           .object();
+    {
+        AdsCacheInfoStorage storage;
+        EXPECT_TRUE(storage.infoDictionary().isEmpty());
+        storage.addBannerInfo(ad(1));
+        storage.addBannerInfo(rich);
+        storage.addVideoInfo(ad(3));
+    }
+    restartProcess();
+    AdsCacheInfoStorage storage;
+    EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), (QJsonArray{ad(1), rich}));
+    EXPECT_EQ(storage.infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{ad(3)});
+}
+
+TEST_F(AdsCacheInfoStorageTest, AKnownAdIsNotWrittenAgain) {
+    AdsCacheInfoStorage storage;
+    storage.addBannerInfo(ad(1));
+    ASSERT_EQ(onDisk().size(), 1);
+    QFile::remove(AdsCacheInfoStorage::storageURL().toLocalFile());
+    storage.addBannerInfo(ad(1));
+    storage.addBannerInfo({});
+    storage.addInfo(ad(2), {});
+    EXPECT_TRUE(onDisk().isEmpty());
+    storage.addBannerInfo(ad(2));
+    EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
+}
+
+TEST_F(AdsCacheInfoStorageTest, OtherKeysOfTheFileAreKept) {
+    putTable({{QStringLiteral("later"), QJsonObject{{QStringLiteral("x"), 1}}},
+              {kMainBannerKey, QJsonArray{ad(1)}}});
+    AdsCacheInfoStorage storage;
+    storage.addVideoInfo(ad(2));
+    EXPECT_EQ(onDisk().size(), 1);
+    EXPECT_EQ(AdsCacheInfoStorage::cacheInfo()->value(QStringLiteral("later")).toObject(),
+              (QJsonObject{{QStringLiteral("x"), 1}}));
+}
+
+TEST_F(AdsCacheInfoStorageTest, ATornOrForeignFileStartsEmptyAndIsReplaced) {
+    const QByteArray whole = Archive::encode(
+        QStringLiteral("savedAds"),
+        QCborMap{{kMainBannerKey, QCborValue::fromJsonValue(QJsonArray{ad(1)})}});
+    const QList<QByteArray> files{{},
+                                  whole.left(whole.size() / 2),
+                                  "bplist00 something foreign",
+                                  QByteArray(1000, '\0'),
+                                  Archive::encode(QStringLiteral("savedAds"), QStringLiteral("text")),
+                                  Archive::encode(QStringLiteral("events"), QCborMap())};
+    for (const QByteArray &file : files) {
+        putInCaches(QStringLiteral("savedAds"), file);
+        AdsCacheInfoStorage storage;
+        EXPECT_TRUE(storage.infoDictionary().isEmpty());
+        storage.addBannerInfo(ad(7));
+        EXPECT_EQ(onDisk(), QJsonArray{ad(7)});
+    }
+}
+
+TEST_F(AdsCacheInfoStorageTest, AFolderWithTheFilesNameCostsOnlyTheMemoryOfTheAds) {
+    QDir().mkpath(cachesFolder() + QStringLiteral("/savedAds/inside"));
+    AdsCacheInfoStorage storage;
+    storage.addBannerInfo(ad(1));
+    EXPECT_TRUE(onDisk().isEmpty());
+    EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray().size(), 1);
+    EXPECT_TRUE(QFileInfo(cachesFolder() + QStringLiteral("/savedAds/inside")).isDir());
+}
+
+// Several stores at once on one file, as several processes of one host have them.
+TEST_F(AdsCacheInfoStorageTest, AnotherProcessOnTheSameFolderLosesNothing) {
+    if (qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
+        const int first = qEnvironmentVariableIntValue("VELMORA_TEST_CHILD");
+        AdsCacheInfoStorage storage;
+        for (int i = 0; i < 20; ++i)
+            storage.addBannerInfo(ad(first + i));
+        return;
+    }
+    std::vector<std::unique_ptr<QProcess>> writers;
+    for (const int first : {100, 200, 300}) {
+        auto writer = std::make_unique<QProcess>();
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), QString::number(first));
+        writer->setProcessEnvironment(environment);
+        writer->start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("--gtest_filter=*AnotherProcessOnTheSameFolderLosesNothing")});
+        writers.push_back(std::move(writer));
+    }
+    for (const auto &writer : writers) {
+        ASSERT_TRUE(writer->waitForFinished(60'000));
+        EXPECT_EQ(writer->exitCode(), 0) << writer->readAllStandardOutput().constData();
+    }
+    const QJsonArray ads = onDisk();
+    EXPECT_EQ(ads.size(), 60);
+    for (const int first : {100, 200, 300})
+        EXPECT_TRUE(ads.contains(ad(first)) && ads.contains(ad(first + 19))) << first;
+}
+
+} // namespace velmora::test

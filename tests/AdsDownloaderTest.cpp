@@ -1,0 +1,322 @@
+#include "content/AdKeys.h"
+#include "content/AdsDownloader.h"
+#include "facade/Switches.h"
+#include "platform/ProcessRoot.h"
+#include "platform/SerialQueue.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/TestRandom.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+
+#include <thread>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+namespace {
+
+/// Notes when it is told that ad data is ready.
+class Listener : public DownloadDelegate {
+public:
+    Listener(QStringList &notes, const QString &name) : m_notes(notes), m_name(name) {}
+    void endDownloadСonfiguration() override {
+        m_notes.append(m_name);
+        if (action)
+            action();
+    }
+    bool isGone() const override { return gone; }
+
+    std::function<void()> action;
+    bool gone = false;
+
+private:
+    QStringList &m_notes;
+    QString m_name;
+};
+
+} // namespace
+
+class AdsDownloaderTest : public LocalAdServer {
+protected:
+    static AdsDownloader &downloader() { return *AdsDownloader::sharedInstance(); }
+
+    /// Points the framework to an unreachable network.
+    void goOffline() {
+        Deployment values = deployment();
+        // No address: nothing is reachable.
+        values.reachabilityProbe = QStringLiteral("none");
+        useDeployment(values);
+    }
+
+    static int runCycle() {
+        int called = 0;
+        downloader().downloadJSONWithComplitionBlock([&] { ++called; });
+        eventually([] { return downloader().isUpdateAdsCurrentSession(); });
+        return called;
+    }
+
+    /// Fills the caches as one online run with these ads does.
+    void fillCache(const QJsonArray &banners, const QJsonArray &videos) {
+        serve(banners, videos);
+        runCycle();
+        for (const QJsonValue &ad : banners)
+            downloader().cacheStorage().addBannerInfo(ad.toObject());
+        for (const QJsonValue &ad : videos)
+            downloader().cacheStorage().addVideoInfo(ad.toObject());
+        restartProcess();
+        server.log().clear();
+    }
+
+    static bool pullBanner() {
+        bool called = false;
+        downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+        return eventually([&] { return called; }, 3000);
+    }
+
+    QStringList notes;
+    SeededRandom random{11};
+};
+
+TEST_F(AdsDownloaderTest, AsksOncePerRunWithExactlyThisBody) {
+    serve({banner(QStringLiteral("one"))});
+    EXPECT_EQ(runCycle(), 1);
+    const auto received = server.log().requests(TablePath);
+    ASSERT_EQ(received.size(), 1);
+    const QByteArray body = "{\"inner_id\" : \"mac.000000.mac-store\",\"language\" : \"EN\","
+                            "\"placements\" : [ \"standard\",\"video\" ]}";
+    EXPECT_EQ(received.first().body, body);
+    EXPECT_EQ(received.first().header("Content-Length"), QByteArray::number(body.size()));
+    EXPECT_TRUE(received.first().header("Content-Type").isEmpty());
+
+    int called = 0;
+    downloader().downloadJSONWithComplitionBlock([&] { ++called; });
+    quietly(50);
+    EXPECT_EQ(called, 0);
+    EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
+TEST_F(AdsDownloaderTest, ASecondCallWhileTheRequestRunsDoesNothing) {
+    server.faults().set(TablePath, Fault::delay(150));
+    int first = 0;
+    int second = 0;
+    downloader().downloadJSONWithComplitionBlock([&] { ++first; });
+    downloader().downloadJSONWithComplitionBlock([&] { ++second; });
+    ASSERT_TRUE(eventually([&] { return first == 1; }));
+    quietly(50);
+    EXPECT_EQ(second, 0);
+    EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
+TEST_F(AdsDownloaderTest, ACompleteCacheCallsAtOnceAndTheReplyOnlyReplacesTheTable) {
+    fillCache({banner(QStringLiteral("old"))}, {video(QStringLiteral("v"))});
+    serve({banner(QStringLiteral("new"))}, {});
+    int called = 0;
+    downloader().downloadJSONWithComplitionBlock([&] { ++called; });
+    EXPECT_EQ(called, 1);
+    EXPECT_TRUE(downloader().isShowBannersFromCache());
+    EXPECT_EQ(downloader().replyJSON()->value(kMainBannerKey).toArray().first().toObject(),
+              banner(QStringLiteral("old")));
+    ASSERT_TRUE(eventually([&] { return downloader().isUpdateAdsCurrentSession(); }));
+    EXPECT_EQ(called, 1);
+    EXPECT_EQ(downloader().replyJSON()->value(kMainBannerKey).toArray().first().toObject(),
+              banner(QStringLiteral("new")));
+}
+
+TEST_F(AdsDownloaderTest, AnIncompleteCacheWaitsForTheReplyUnlessOffline) {
+    fillCache({banner(QStringLiteral("old"))}, {});
+    int called = 0;
+    downloader().downloadJSONWithComplitionBlock([&] { ++called; });
+    EXPECT_EQ(called, 0);
+    ASSERT_TRUE(eventually([&] { return called == 1; }));
+
+    restartProcess();
+    server.log().clear();
+    goOffline();
+    called = 0;
+    downloader().downloadJSONWithComplitionBlock([&] { ++called; });
+    EXPECT_EQ(called, 1);
+    EXPECT_TRUE(pullBanner());
+    EXPECT_EQ(downloader().bannerInfo().value(kBannerName).toString(), QStringLiteral("old"));
+    quietly(50);
+    EXPECT_EQ(server.log().count(TablePath), 0);
+}
+
+TEST_F(AdsDownloaderTest, GoingOfflineAndBackSwitchesTheTableInForce) {
+    fillCache({banner(QStringLiteral("cached"))}, {});
+    serve({banner(QStringLiteral("served"))});
+    runCycle();
+    const auto inForce = [] {
+        return downloader().replyJSON()->value(kMainBannerKey).toArray().first().toObject().value(kBannerName).toString();
+    };
+    EXPECT_EQ(inForce(), QStringLiteral("served"));
+    goOffline();
+    EXPECT_EQ(inForce(), QStringLiteral("cached"));
+    useDeployment(deployment());
+    EXPECT_EQ(inForce(), QStringLiteral("served"));
+}
+
+TEST_F(AdsDownloaderTest, ABannerIsDownloadedCachedAndThenServedFromDiskInsideTheCall) {
+    const QJsonObject ad = banner(QStringLiteral("one"));
+    serve({ad});
+    runCycle();
+    ASSERT_TRUE(pullBanner());
+    EXPECT_EQ(downloader().bannerURL().toLocalFile(), cachesFolder() + QStringLiteral("/one.gif"));
+    EXPECT_EQ(downloader().linkBannerURL(),
+              QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone")));
+    EXPECT_EQ(downloader().bannerInfo(), ad);
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainBannerKey).toArray(), QJsonArray{ad});
+
+    bool inside = false;
+    downloader().downloadBannerWithComplitionBlock([&] { inside = true; });
+    EXPECT_TRUE(inside);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/one.gif")), 1);
+}
+
+TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneAndCallsNobody) {
+    serve({banner(QStringLiteral("good"))});
+    runCycle();
+    ASSERT_TRUE(pullBanner());
+    const QUrl ready = downloader().bannerURL();
+
+    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("bad"))}}});
+    for (const Fault &fault : {Fault::truncated(), Fault::reset(), Fault::wrongBody({})}) {
+        server.faults().set(QStringLiteral("/media/bad.gif"), fault);
+        const int before = server.log().count(QStringLiteral("/media/bad.gif"));
+        bool called = false;
+        downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+        ASSERT_TRUE(eventually([&] { return server.log().count(QStringLiteral("/media/bad.gif")) > before; }));
+        quietly(60);
+        EXPECT_FALSE(called);
+        EXPECT_EQ(downloader().bannerURL(), ready);
+        EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/bad.gif")));
+    }
+    // Nothing is remembered of the failure: the next pull succeeds.
+    server.faults().clear();
+    EXPECT_TRUE(pullBanner());
+    EXPECT_NE(downloader().bannerURL(), ready);
+}
+
+TEST_F(AdsDownloaderTest, WithoutAnAdTheCallbackComesAtOnceAndOnlyOneDownloadRuns) {
+    int called = 0;
+    downloader().downloadBannerWithComplitionBlock([&] { ++called; });
+    EXPECT_EQ(called, 1);
+    serve({banner(QStringLiteral("slow"))});
+    runCycle();
+    server.faults().set(QStringLiteral("/media/slow.gif"), Fault::delay(150));
+    int first = 0;
+    int second = 0;
+    downloader().downloadBannerWithComplitionBlock([&] { ++first; });
+    downloader().downloadBannerWithComplitionBlock([&] { ++second; });
+    ASSERT_TRUE(eventually([&] { return first == 1; }));
+    EXPECT_EQ(second, 0);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 1);
+}
+
+TEST_F(AdsDownloaderTest, AMissingPathEndsInTheNullName) {
+    QJsonObject nameless = banner(QStringLiteral("nameless"));
+    nameless.remove(kBannerImgURL);
+    serve({nameless});
+    runCycle();
+    bool called = false;
+    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+    EXPECT_FALSE(called);
+    EXPECT_TRUE(downloader().bannerURL().isEmpty());
+
+    putInCaches(QStringLiteral("(null)"), "left over");
+    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+    EXPECT_TRUE(called);
+    EXPECT_TRUE(downloader().bannerURL().path().contains(MissingNameMark));
+}
+
+TEST_F(AdsDownloaderTest, AVideoNeedsItsStillAndEachReadPreparesTheNext) {
+    const QJsonObject first = video(QStringLiteral("first"));
+    serve({}, {first});
+    runCycle();
+    EXPECT_TRUE(downloader().videoURL().isEmpty());
+    ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
+    EXPECT_EQ(downloader().linkVideoURL(),
+              QUrl(QStringLiteral("macappstores://apps.velmora-store.example/app/idfirst")));
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{first});
+
+    // The still of the next one fails: the first video stays, but its still has been let go.
+    const QJsonObject second = video(QStringLiteral("second"));
+    downloader().setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{second}}});
+    server.faults().set(QStringLiteral("/media/second.png"), Fault::reset());
+    const QUrl ready = downloader().videoURL();
+    EXPECT_TRUE(ready.path().endsWith(QStringLiteral("/first.mp4")));
+    ASSERT_TRUE(eventually([] { return downloader().interstitialVideoURL().isEmpty(); }));
+    quietly(60);
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray().size(), 1);
+
+    // Once everything is cached, a read returns the new video itself.
+    server.faults().clear();
+    downloader().downloadVideo();
+    ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
+    EXPECT_TRUE(downloader().videoURL().path().endsWith(QStringLiteral("/second.mp4")));
+    EXPECT_EQ(downloader().videoInfo(), second);
+}
+
+TEST_F(AdsDownloaderTest, DelegatesAreToldInOrderUntilTheyAreGone) {
+    serve({banner(QStringLiteral("one"))}, {video(QStringLiteral("v"))});
+    std::vector<std::shared_ptr<Listener>> listeners;
+    for (const char *name : {"a", "b", "c"})
+        listeners.push_back(std::make_shared<Listener>(notes, QLatin1String(name)));
+    listeners[1]->action = [&] { listeners[2]->gone = true; };
+    for (const auto &listener : listeners)
+        downloader().addDelegate(listener);
+    downloader().startUpdateAllAds();
+    ASSERT_TRUE(eventually([&] { return notes.size() >= 2; }));
+    EXPECT_EQ(notes.mid(0, 2), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    notes.clear();
+    downloader().downloadBanner();
+    EXPECT_EQ(notes, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(downloader().delegateCount(), 2u);
+    // The cycle has prepared a video, too.
+    EXPECT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
+}
+
+TEST_F(AdsDownloaderTest, WhileAdsAreRemovedNobodyIsAsked) {
+    Switches::setADSRemoved(true);
+    downloader().startUpdateAllAds();
+    quietly(100);
+    EXPECT_EQ(server.log().count(), 0);
+}
+
+TEST_F(AdsDownloaderTest, LooksUpNamesInTheStoreOffTheMainThread) {
+    server.campaign().setLookupName(QStringLiteral("42"), QStringLiteral("Photo Editor - Filters"));
+    const auto nameOf = [](const char *link, bool isWeb) {
+        QString name;
+        std::thread([&] { name = AdsDownloader::appNameFromMarketLink(QLatin1String(link), isWeb); }).join();
+        return name;
+    };
+    downloader();
+    EXPECT_EQ(nameOf("/app/ID42", false), QStringLiteral("PhotoEditor"));
+    EXPECT_EQ(nameOf("/app/id42", true), QStringLiteral("Web PhotoEditor"));
+    EXPECT_EQ(nameOf("/app/id99", false), QStringLiteral("null"));
+    EXPECT_EQ(nameOf("/app/", true), QStringLiteral("Web null"));
+    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).first().target, QByteArray("/lookup?id=42"));
+    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).last().target, QByteArray("/lookup?id="));
+    EXPECT_FALSE(AdsDownloader::JSONSearchByQuery(baseUrl + QStringLiteral("/lookup?id=42")));
+}
+
+TEST_F(AdsDownloaderTest, TheProcessEndsAtOnceWithAHungServerAndEverythingInFlight) {
+    server.faults().set(QStringLiteral("*"), Fault::hang());
+    downloader().startUpdateAllAds();
+    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("b"))}},
+                                          {kMainVideoKey, QJsonArray{video(QStringLiteral("v"))}}});
+    bool called = false;
+    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+    downloader().downloadVideo();
+    ASSERT_TRUE(eventually([&] { return server.log().count() >= 3; }));
+    QElapsedTimer clock;
+    clock.start();
+    restartProcess();
+    EXPECT_LT(clock.elapsed(), 1000);
+    EXPECT_FALSE(called);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,135 @@
+#include "content/AdsEventLogger.h"
+#include "facade/Switches.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/VirtualTime.h"
+#include "tests/support/Waiting.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QElapsedTimer>
+
+#include <thread>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class AdsEventLoggerTest : public LocalAdServer {
+protected:
+    static AdsEventLogger &logger() { return AdsEventLogger::sharedInstance(); }
+
+    QUrl event(int number) const { return QUrl(baseUrl + QStringLiteral("/event/%1").arg(number)); }
+
+    static QList<QUrl> stored() {
+        return AdsEventLogger::unarchived(VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
+    }
+
+    QStringList received() {
+        QStringList paths;
+        for (const auto &request : server.log().requests(QStringLiteral("/event/*")))
+            paths.append(request.path());
+        return paths;
+    }
+};
+
+TEST_F(AdsEventLoggerTest, AFailedEventIsQueuedAndSurvivesTheRun) {
+    server.faults().set(QStringLiteral("/event/1"), Fault::reset());
+    logger().logEventWithURL(event(1));
+    ASSERT_TRUE(eventually([&] { return logger().eventStack() == QList<QUrl>{event(1)}; }));
+    EXPECT_EQ(stored(), QList<QUrl>{event(1)});
+    restartProcess();
+    EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
+    quietly(50);
+    // Nothing is sent before the first success of the run.
+    const int attempts = server.log().count(QStringLiteral("/event/1"));
+    quietly(50);
+    EXPECT_EQ(server.log().count(QStringLiteral("/event/1")), attempts);
+}
+
+TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
+    for (int i : {1, 2, 3})
+        logger().addEventURL(event(i));
+    ASSERT_TRUE(eventually([&] { return logger().eventStack().size() == 3; }));
+    server.log().clear();
+    server.faults().set(QStringLiteral("/event/0"), Fault::statusCode(500, "no"));
+    logger().logEventWithURL(event(0));
+    ASSERT_TRUE(eventually([&] { return received().size() == 4; }));
+    QStringList paths = received();
+    EXPECT_EQ(paths.takeFirst(), QStringLiteral("/event/0"));
+    // Under way at once, the three may arrive in any order.
+    paths.sort();
+    EXPECT_EQ(paths, (QStringList{QStringLiteral("/event/1"), QStringLiteral("/event/2"),
+                                  QStringLiteral("/event/3")}));
+    ASSERT_TRUE(eventually([] { return stored().isEmpty(); }));
+    EXPECT_EQ(server.log().requests(QStringLiteral("/event/1")).first().method, QByteArray("GET"));
+}
+
+TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingGoesToTheEndAndIsTriedOncePerSuccess) {
+    server.faults().set(QStringLiteral("/event/1"), Fault::reset());
+    logger().addEventURL(event(1));
+    logger().addEventURL(event(2));
+    handleEvents();
+    logger().logEventWithURL(event(0));
+    // Successes: 0 and 2, each flushes the queue once.
+    ASSERT_TRUE(eventually([&] {
+        return logger().eventStack() == QList<QUrl>{event(1)} && server.log().count(QStringLiteral("/event/2")) == 1;
+    }));
+    quietly(100);
+    const int tries = server.log().count(QStringLiteral("/event/1"));
+    quietly(100);
+    EXPECT_EQ(server.log().count(QStringLiteral("/event/1")), tries);
+    EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
+}
+
+TEST_F(AdsEventLoggerTest, TheQueueIsStoredEvenWhenNothingIsAdded) {
+    EXPECT_FALSE(VLMObjForKey(QStringLiteral("eventStackData")).isValid());
+    logger().addEventURL({});
+    handleEvents();
+    EXPECT_TRUE(VLMObjForKey(QStringLiteral("eventStackData")).isValid());
+    EXPECT_TRUE(logger().eventStack().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, ForeignQueuesStartEmptyAndWhatIsNotOnTheWebIsNeverSent) {
+    for (const QVariant &value : {QVariant(QByteArray("bplist00foreign")), QVariant(QStringLiteral("text")),
+                                  QVariant(5), QVariant(AdsEventLogger::archived({event(1)}).chopped(3))}) {
+        restartProcess();
+        VLMSetObjForKey(value, QStringLiteral("eventStackData"));
+        EXPECT_TRUE(logger().eventStack().isEmpty());
+    }
+    restartProcess();
+    VLMSetObjForKey(AdsEventLogger::archived({QUrl(QStringLiteral("file:///etc/passwd")), event(1)}),
+                    QStringLiteral("eventStackData"));
+    EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
+    Switches::activateDebugMode();
+    logger().logEventWithURL(QUrl(QStringLiteral("file:///etc/passwd")));
+    EXPECT_TRUE(hasLogged(QStringLiteral("event refused")));
+}
+
+TEST_F(AdsEventLoggerTest, EventsMayComeFromAnyThread) {
+    logger();
+    std::thread worker([this] {
+        for (int i = 0; i < 10; ++i)
+            AdsEventLogger::sharedInstance().logEventWithURL(event(i));
+    });
+    worker.join();
+    EXPECT_TRUE(eventually([&] { return received().size() == 10; }));
+}
+
+TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
+    QList<QUrl> many;
+    for (int i = 0; i < 10'000; ++i)
+        many.append(QUrl(QStringLiteral("https://127.0.0.1:1/event/%1").arg(i)));
+    VLMSetObjForKey(AdsEventLogger::archived(many), QStringLiteral("eventStackData"));
+    restartProcess();
+    ASSERT_EQ(logger().eventStack().size(), 10'000);
+    QElapsedTimer clock;
+    clock.start();
+    logger().logEventWithURL(event(0));
+    // Each of them is refused by a closed port and comes back.
+    ASSERT_TRUE(eventually([] { return logger().eventStack().size() < 5'000; }, 60'000));
+    ASSERT_TRUE(eventually([] { return logger().eventStack().size() == 10'000; }, 60'000));
+    RecordProperty("milliseconds", int(clock.elapsed()));
+    ASSERT_TRUE(eventually([] { return stored().size() == 10'000; }));
+}
+
+} // namespace velmora::test

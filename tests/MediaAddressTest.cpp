@@ -1,0 +1,77 @@
+#include "content/MediaAddress.h"
+#include "content/StoreLink.h"
+#include "platform/WebLink.h"
+#include "tests/support/FreshProcess.h"
+
+namespace velmora::test {
+
+namespace {
+const QString Server = QStringLiteral("https://ads.example:8443");
+
+MediaAddress from(const QString &path) {
+    return MediaAddress::from(Server, path);
+}
+} // namespace
+
+TEST(MediaAddressTest, PlainPathsNameTheirFile) {
+    const struct {
+        const char *path;
+        const char *name;
+    } cases[] = {{"/a.gif", "a.gif"},
+                 {"/deep/er/Ad 1.gif", "Ad 1.gif"},
+                 {"/m/b%20c.mp4?v=2#x", "b c.mp4"},
+                 {"/x/../y/z.gif", "z.gif"},
+                 {"/.hidden", ".hidden"},
+                 {"/%D1%8F.gif", "я.gif"}};
+    for (const auto &test : cases) {
+        const MediaAddress address = from(QString::fromUtf8(test.path));
+        EXPECT_EQ(address.refusal, QString()) << test.path;
+        EXPECT_EQ(address.remote.authority(), QStringLiteral("ads.example:8443")) << test.path;
+        EXPECT_EQ(MediaAddress::cachedName(address.remote), QString::fromUtf8(test.name));
+    }
+}
+
+TEST(MediaAddressTest, AnAbsentPathIsTheNullName) {
+    const MediaAddress address = MediaAddress::from(Server, QJsonValue::Undefined);
+    EXPECT_TRUE(address.remote.isEmpty());
+    EXPECT_EQ(address.refusal, QString());
+    EXPECT_EQ(MediaAddress::cachedName(address.remote), QStringLiteral("(null)"));
+}
+
+TEST(MediaAddressTest, HostilePathsAreRefused) {
+    for (const char *path :
+         {"", "a.gif", "@evil.example/a.gif", ".evil.example/a.gif", ":99/a.gif", "//", "/", "/dir/",
+          "/..", "/.", "/a/..", "/a/.", "/%2e%2e", "/..%2F..%2Fevil.gif", "/a%2Fb.gif",
+          "/b%5C..%5Cc.gif", "/b.gif%3Aads", "/%00x.gif", "/a%0A.gif", "/savedAds", "/SavedAds.lock",
+          "/savedads", "/m/savedAds.gif", "https://evil.example/a.gif"}) {
+        const MediaAddress address = from(QLatin1String(path));
+        EXPECT_FALSE(address.refusal.isEmpty()) << path << " -> " << qPrintable(address.remote.toString());
+        EXPECT_TRUE(address.remote.isEmpty()) << path;
+    }
+    EXPECT_FALSE(from(QLatin1Char('/') + QString(300, QLatin1Char('a'))).refusal.isEmpty());
+    for (const QJsonValue &value : {QJsonValue(5), QJsonValue(true), QJsonValue(QJsonArray())})
+        EXPECT_FALSE(MediaAddress::from(Server, value).refusal.isEmpty());
+}
+
+TEST(StoreLinkTest, BannersAndVideosAreRewrittenDifferently) {
+    const QString store = QStringLiteral("https://apps.velmora-store.example/app/id7?at=https://a");
+    EXPECT_EQ(StoreLink::bannerLink(store),
+              QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/id7?at=https://a")));
+    EXPECT_EQ(StoreLink::videoLink(store),
+              QUrl(QStringLiteral("macappstores://apps.velmora-store.example/app/id7?at=macappstores://a")));
+    const QString other = QStringLiteral("https://shop.example/x");
+    EXPECT_EQ(StoreLink::bannerLink(other), QUrl(other));
+    EXPECT_EQ(StoreLink::videoLink(other), QUrl(QStringLiteral("macappstores://shop.example/x")));
+    EXPECT_TRUE(StoreLink::bannerLink({}).isEmpty());
+}
+
+TEST(WebLinkTest, OnlyWebAndStorePagesMayBeOpened) {
+    for (const char *link : {"https://a.example/x", "http://a.example", "macappstores://a.example/id1"})
+        EXPECT_TRUE(WebLink::mayOpen(QUrl(QLatin1String(link)))) << link;
+    for (const char *link : {"", "file:///etc/passwd", "smb://a/b", "javascript:alert(1)", "ssh://a",
+                             "https:", "//a.example/x", "mailto:a@b.example", "data:text/html,x",
+                             "x-apple:run", "https://"})
+        EXPECT_FALSE(WebLink::mayOpen(QUrl(QLatin1String(link)))) << link;
+}
+
+} // namespace velmora::test

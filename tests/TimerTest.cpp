@@ -1,0 +1,141 @@
+#include "platform/MainQueue.h"
+#include "platform/ProcessRoot.h"
+#include "platform/Timer.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/VirtualTime.h"
+#include "tests/support/Waiting.h"
+
+#include <thread>
+
+namespace velmora::test {
+
+using Kind = Timer::Kind;
+
+class VirtualTimerTest : public FreshProcess {
+protected:
+    VirtualTime time;
+};
+
+TEST_F(VirtualTimerTest, OneShotFiresOnceThoughNobodyKeepsIt) {
+    int fired = 0;
+    const std::weak_ptr<Timer> timer =
+        Timer::scheduled(15, Kind::OneShot, [&] { ++fired; });
+    time.advance(14.999);
+    EXPECT_EQ(fired, 0);
+    EXPECT_TRUE(timer.lock()->isValid());
+    time.advance(0.001);
+    EXPECT_EQ(fired, 1);
+    EXPECT_TRUE(timer.expired());
+    time.advance(100);
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(VirtualTimerTest, ReplacingAFieldDoesNotCancelTheOldTimer) {
+    int first = 0;
+    int second = 0;
+    TimerPtr field = Timer::scheduled(5, Kind::OneShot, [&] { ++first; });
+    field = Timer::scheduled(7, Kind::OneShot, [&] { ++second; });
+    time.advance(7);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
+}
+
+TEST_F(VirtualTimerTest, RepeatsUntilInvalidatedFromItsOwnCallback) {
+    int fired = 0;
+    TimerPtr timer;
+    timer = Timer::scheduled(0.1, Kind::Repeating, [&] {
+        if (++fired == 10)
+            timer->invalidate();
+    });
+    time.advance(60);
+    EXPECT_EQ(fired, 10);
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(VirtualTimerTest, IntervalsOfZeroAreNextTurnOrOnceAFrame) {
+    int once = 0;
+    int frames = 0;
+    Timer::scheduled(-3, Kind::OneShot, [&] { ++once; });
+    const TimerPtr ring = Timer::scheduled(0, Kind::Repeating, [&] { ++frames; });
+    const TimerPtr odd = Timer::scheduled(0.0 / 0.0, Kind::Repeating, [] {});
+    time.advance(1);
+    EXPECT_EQ(once, 1);
+    EXPECT_EQ(frames, 60);
+    EXPECT_GT(odd->interval().count(), 0);
+    ring->invalidate();
+    odd->invalidate();
+}
+
+TEST_F(VirtualTimerTest, ATimerMayDestroyItsOwnerWhenItFires) {
+    struct Owner {
+        TimerPtr timer;
+        std::shared_ptr<Owner> self;
+    };
+    auto owner = std::make_shared<Owner>();
+    owner->self = owner;
+    const std::weak_ptr<Owner> weak = owner;
+    owner->timer = Timer::scheduled(1, Kind::Repeating, [held = owner] {
+        held->self.reset();
+        held->timer->invalidate();
+    });
+    owner.reset();
+    time.advance(1);
+    EXPECT_TRUE(weak.expired());
+}
+
+class SystemTimerTest : public FreshProcess {};
+
+TEST_F(SystemTimerTest, RealTimersFireInOrderAndStopWithTheProcess) {
+    QList<int> order;
+    Timer::scheduled(0.03, Kind::OneShot, [&] { order.append(2); });
+    Timer::scheduled(0, Kind::OneShot, [&] { order.append(1); });
+    TimerPtr tick;
+    tick = Timer::scheduled(0.02, Kind::Repeating, [&] {
+        if (order.size() >= 5)
+            tick->invalidate();
+        else if (order.size() >= 2)
+            order.append(3);
+    });
+    ASSERT_TRUE(eventually([&] { return order.size() >= 5; }));
+    EXPECT_EQ(order.mid(0, 3), (QList<int>{1, 2, 3}));
+    const TimerPtr left = Timer::scheduled(0.01, Kind::OneShot, [&] { order.append(9); });
+    restartProcess();
+    EXPECT_FALSE(left->isValid());
+    quietly(40);
+    EXPECT_FALSE(order.contains(9));
+}
+
+class MainQueueTest : public FreshProcess {};
+
+TEST_F(MainQueueTest, RunsPostedWorkLaterInOrderOnTheMainThread) {
+    QList<int> order;
+    MainQueue::post([&] {
+        order.append(1);
+        MainQueue::post([&] { order.append(3); });
+    });
+    MainQueue::post([&] { order.append(2); });
+    EXPECT_TRUE(order.isEmpty());
+    ASSERT_TRUE(eventually([&] { return order.size() == 3; }));
+    EXPECT_EQ(order, (QList<int>{1, 2, 3}));
+
+    bool wasMain = false;
+    bool postedFromMain = true;
+    std::thread worker([&] {
+        postedFromMain = MainQueue::isMainThread();
+        MainQueue::post([&] { wasMain = MainQueue::isMainThread(); });
+    });
+    worker.join();
+    EXPECT_TRUE(eventually([&] { return wasMain; }));
+    EXPECT_FALSE(postedFromMain);
+}
+
+TEST_F(MainQueueTest, PostedWorkGoesWithTheProcessState) {
+    bool ran = false;
+    MainQueue::post([&] { ran = true; });
+    ProcessRoot::drop();
+    handleEvents();
+    EXPECT_FALSE(ran);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,203 @@
+#include "platform/MainQueue.h"
+#include "platform/UrlSession.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+
+#include <optional>
+#include <thread>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class UrlSessionTest : public LocalAdServer {
+protected:
+    UrlSessionTest() { server.campaign().setMedia(QStringLiteral("/file"), QByteArray(300'000, 'v')); }
+
+    UrlSession::Configuration trusting(int idleTimeoutMs = 20'000) const {
+        return {server.caPem(), idleTimeoutMs, 6};
+    }
+
+    UrlRequest toFile(const QString &path = QStringLiteral("/file")) const {
+        UrlRequest request;
+        request.url = QUrl(baseUrl + path);
+        request.destination = folder.filePath(QStringLiteral("media"));
+        return request;
+    }
+
+    /// What came back; nothing when no completion was called in time.
+    static std::optional<UrlResponse> answer(UrlSession &session, const UrlRequest &request) {
+        std::optional<UrlResponse> response;
+        const UrlTaskPtr task =
+            session.start(request, [&](const UrlResponse &r) { response = r; });
+        EXPECT_TRUE(task->isRunning());
+        EXPECT_TRUE(eventually([&] { return response.has_value(); }));
+        EXPECT_FALSE(task->isRunning());
+        return response;
+    }
+
+    /// Names left in the download folder.
+    QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(UrlSessionTest, PostsExactlyTheBodyWithoutAContentType) {
+    UrlSession session(trusting());
+    UrlRequest request;
+    request.url = QUrl(baseUrl + TablePath);
+    request.method = "POST";
+    request.body = "{\"a\" : \"?\"}";
+    ASSERT_TRUE(answer(session, request));
+    const auto received = server.log().requests(TablePath);
+    ASSERT_EQ(received.size(), 1);
+    EXPECT_EQ(received.first().method, QByteArray("POST"));
+    EXPECT_EQ(received.first().body, request.body);
+    EXPECT_EQ(received.first().header("Content-Length"), QByteArray::number(request.body.size()));
+    EXPECT_TRUE(received.first().header("Content-Type").isEmpty());
+}
+
+TEST_F(UrlSessionTest, AFileTakesItsNameOnlyWhenTheBodyArrivedWhole) {
+    UrlSession session(trusting());
+    ASSERT_EQ(answer(session, toFile())->error, QString());
+    EXPECT_EQ(QFile(toFile().destination).size(), 300'000);
+    QFile::remove(toFile().destination);
+
+    for (const char *fault : {"truncated", "reset"}) {
+        server.faults().setFromText(QStringLiteral("/file=") + QLatin1String(fault));
+        EXPECT_FALSE(answer(session, toFile())->error.isEmpty()) << fault;
+        EXPECT_TRUE(files().isEmpty()) << fault;
+    }
+    server.faults().set(QStringLiteral("/file"), Fault::huge(40'000'000));
+    EXPECT_TRUE(answer(session, toFile())->error.contains(QStringLiteral("longer than")));
+    EXPECT_TRUE(files().isEmpty());
+
+    UrlRequest nowhere = toFile();
+    server.faults().clear();
+    nowhere.destination = folder.filePath(QStringLiteral("missing/media"));
+    EXPECT_FALSE(answer(session, nowhere)->error.isEmpty());
+    EXPECT_EQ(answer(session, toFile())->error, QString());
+}
+
+TEST_F(UrlSessionTest, ABodyLargerThanTheReadAheadArrivesWhole) {
+    UrlSession session(trusting());
+    server.faults().set(QStringLiteral("/file"), Fault::huge(12'345'678));
+    const auto response = answer(session, toFile());
+    EXPECT_EQ(response->error, QString());
+    EXPECT_EQ(QFile(toFile().destination).size(), 12'345'678);
+}
+
+TEST_F(UrlSessionTest, AnyReplyIsASuccessWhateverItsStatus) {
+    UrlSession session(trusting());
+    for (const int status : {404, 401, 500, 503}) {
+        server.faults().set(QStringLiteral("/file"), Fault::statusCode(status, "<html>sorry"));
+        const auto response = answer(session, toFile());
+        EXPECT_EQ(response->error, QString()) << status;
+        EXPECT_EQ(response->status, status);
+        EXPECT_EQ(QFile(toFile().destination).size(), 11) << status;
+    }
+}
+
+TEST_F(UrlSessionTest, ALinkInTheFolderIsNotWrittenThrough) {
+    UrlSession session(trusting());
+    QTemporaryDir elsewhere;
+    const QString target = elsewhere.filePath(QStringLiteral("precious"));
+    ASSERT_TRUE(QFile::link(target, toFile().destination));
+    EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
+    EXPECT_FALSE(QFile::exists(target));
+}
+
+TEST_F(UrlSessionTest, OnlyTrustedServersAreBelieved) {
+    adserver::CertificateAuthority stranger;
+    const struct {
+        const char *what;
+        adserver::Identity identity;
+    } cases[] = {{"unknown authority", stranger.validLeaf()},
+                 {"expired", server.authority().expiredLeaf()},
+                 {"another host's", server.authority().wrongHostLeaf()}};
+    for (const auto &test : cases) {
+        server.stop();
+        server.setIdentity(test.identity);
+        baseUrl = server.start();
+        server.log().clear();
+        UrlSession session(trusting());
+        EXPECT_FALSE(answer(session, toFile())->error.isEmpty()) << test.what;
+        EXPECT_TRUE(files().isEmpty()) << test.what;
+        EXPECT_EQ(server.log().count(), 0) << test.what;
+    }
+}
+
+TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
+    UrlSession session(trusting());
+    for (const char *address : {"", "file:///etc/passwd", "ftp://127.0.0.1/x", "https://", "data:,x",
+                                "https:///x", "127.0.0.1/x"}) {
+        UrlRequest request = toFile();
+        request.url = QUrl(QLatin1String(address));
+        EXPECT_FALSE(answer(session, request)->error.isEmpty()) << address;
+    }
+    server.faults().set(QStringLiteral("/file"), Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
+    EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
+    EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(UrlSessionTest, ASilentServerTimesOut) {
+    UrlSession session(trusting(300));
+    server.faults().set(QStringLiteral("/file"), Fault::hang());
+    EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
+}
+
+TEST_F(UrlSessionTest, ManyRequestsAreCarriedInOrderAFewAtATime) {
+    UrlSession session({server.caPem(), 20'000, 1});
+    QList<int> finished;
+    for (int i = 0; i < 30; ++i) {
+        UrlRequest request;
+        request.url = QUrl(baseUrl + QStringLiteral("/event/%1").arg(i));
+        session.start(request, [&finished, i](const UrlResponse &) { finished.append(i); });
+    }
+    EXPECT_TRUE(finished.isEmpty());
+    ASSERT_TRUE(eventually([&] { return finished.size() == 30; }));
+    EXPECT_TRUE(std::is_sorted(finished.begin(), finished.end()));
+}
+
+TEST_F(UrlSessionTest, EndsAtOnceWithAHungServerAndCallsNobody) {
+    server.faults().set(QStringLiteral("*"), Fault::hang());
+    bool called = false;
+    QElapsedTimer clock;
+    {
+        UrlSession session(trusting());
+        for (int i = 0; i < 10; ++i)
+            session.start(toFile(), [&](const UrlResponse &) { called = true; });
+        ASSERT_TRUE(eventually([&] { return server.log().count() > 0; }));
+        clock.start();
+    }
+    EXPECT_LT(clock.elapsed(), 1000);
+    handleEvents();
+    EXPECT_FALSE(called);
+    EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(UrlSessionTest, AWorkerMayWaitForAnAnswerAndIsFreedWhenTheSessionGoes) {
+    auto session = std::make_unique<UrlSession>(trusting());
+    UrlRequest request;
+    request.url = QUrl(baseUrl + QStringLiteral("/file"));
+    std::optional<UrlResponse> first;
+    std::thread([&] { first = session->fetch(request); }).join();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->body.size(), 300'000);
+
+    server.faults().set(QStringLiteral("/file"), Fault::hang());
+    server.log().clear();
+    std::optional<UrlResponse> second = UrlResponse();
+    std::thread waiting([&] { second = session->fetch(request); });
+    ASSERT_TRUE(eventually([&] { return server.log().count() > 0; }));
+    session.reset();
+    waiting.join();
+    EXPECT_FALSE(second);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,103 @@
+#include "content/WeightedSelection.h"
+#include "tests/support/TestRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+
+namespace velmora::test {
+
+namespace {
+
+const QString Weight = QStringLiteral("priority");
+const QString Name = QStringLiteral("name");
+
+QJsonObject ad(const char *name, const QJsonValue &weight = QJsonValue::Undefined) {
+    QJsonObject object{{Name, QLatin1String(name)}};
+    if (!weight.isUndefined())
+        object.insert(Weight, weight);
+    return object;
+}
+
+std::string drawn(const QJsonArray &ads, const QJsonObject &excluded = {}) {
+    const auto result = WeightedSelection::draw(ads, excluded, Weight);
+    return result ? result->value(Name).toString().toStdString() : "nothing";
+}
+
+} // namespace
+
+TEST(WeightedSelectionTest, FrequenciesFollowTheWeights) {
+    SeededRandom random(20);
+    const QJsonArray ads{ad("a", 1), ad("b", QStringLiteral("2")), ad("c", 3), ad("never", 0)};
+    constexpr int Draws = 60'000;
+    std::map<std::string, int> counts;
+    for (int i = 0; i < Draws; ++i)
+        ++counts[drawn(ads)];
+    for (const auto &[name, share] : {std::pair{"a", 1 / 6.0}, {"b", 2 / 6.0}, {"c", 3 / 6.0}}) {
+        // Five standard deviations: one run in a million would be further off.
+        const double allowed = 5 * std::sqrt(Draws * share * (1 - share));
+        EXPECT_NEAR(counts[name], Draws * share, allowed) << name;
+    }
+    EXPECT_EQ(counts.count("never"), 0u);
+    EXPECT_EQ(counts.count("nothing"), 0u);
+}
+
+TEST(WeightedSelectionTest, IntervalsAreHalfOpenInOrder) {
+    const QJsonArray ads{ad("a", 2), ad("zero", 0), ad("b", 3)};
+    const char *expected[] = {"a", "a", "b", "b", "b", "a"};
+    for (quint32 number = 0; number < 6; ++number) {
+        FixedRandom random(number);
+        EXPECT_EQ(drawn(ads), expected[number]) << number;
+    }
+    FixedRandom largest(0xffffffffu);
+    EXPECT_EQ(drawn(ads), expected[0xffffffffu % 5]);
+}
+
+TEST(WeightedSelectionTest, TheAdOnScreenIsOutWhileThereIsAnother) {
+    FixedRandom random(0);
+    const QJsonObject current = ad("a", 1);
+    EXPECT_EQ(drawn({current, ad("b", 1)}, current), "b");
+    EXPECT_EQ(drawn({current, current, ad("b", 1)}, current), "b");
+    EXPECT_EQ(drawn({current}, current), "a");
+    EXPECT_EQ(drawn({current, ad("b", 1)}, ad("a", 2)), "a");
+    // Nothing is left when every candidate is the one on screen.
+    EXPECT_EQ(drawn({current, current}, current), "nothing");
+}
+
+TEST(WeightedSelectionTest, WeightsPairWithAdsByPosition) {
+    FixedRandom random(4);
+    EXPECT_EQ(drawn({ad("unweighted"), ad("five", 5)}), "unweighted");
+    random.set(5);
+    EXPECT_EQ(drawn({ad("a", 3), ad("unweighted"), ad("c", 4)}), "unweighted");
+}
+
+TEST(WeightedSelectionTest, FractionsRoundHalfAwayFromZero) {
+    // The total of two halves is 1 and the first interval is already full with it.
+    FixedRandom random(0);
+    EXPECT_EQ(drawn({ad("a", 0.5), ad("b", 0.5)}), "a");
+    // 2.5 + 2.5 = 5 in total, but each interval is 3 long.
+    for (quint32 number = 0; number < 5; ++number) {
+        random.set(number);
+        EXPECT_EQ(drawn({ad("a", 2.5), ad("b", 2.5)}), number < 3 ? "a" : "b") << number;
+    }
+    // 3 x 1.4 = 4.2 makes 4 in total with intervals of 1: the draw may fall past the last.
+    random.set(3);
+    EXPECT_EQ(drawn({ad("a", 1.4), ad("b", 1.4), ad("c", 1.4)}), "nothing");
+}
+
+TEST(WeightedSelectionTest, NothingComesOfATotalOfZeroOrLess) {
+    FixedRandom random(7);
+    for (const QJsonArray &ads :
+         {QJsonArray{}, QJsonArray{ad("a")}, QJsonArray{ad("a", 0), ad("b", 0)},
+          QJsonArray{ad("a", 0.2), ad("b", 0.2)}, QJsonArray{ad("a", -3), ad("b", 1)},
+          QJsonArray{ad("a", QStringLiteral("heavy"))}, QJsonArray{ad("a", QStringLiteral("inf"))},
+          QJsonArray{ad("a", QStringLiteral("nan"))}})
+        EXPECT_EQ(drawn(ads), "nothing");
+    // A negative weight pulls the later intervals down: [0,-2), [-2,3) of a total of 3.
+    EXPECT_EQ(drawn({ad("a", -2), ad("b", 5)}), "b");
+    // Absurd weights stay defined.
+    EXPECT_EQ(drawn({ad("a", 1e300), ad("b", 1e300)}), "a");
+}
+
+} // namespace velmora::test

@@ -1,0 +1,93 @@
+#include "tests/support/FreshProcess.h"
+
+#include "platform/ProcessRoot.h"
+#include "tests/support/Waiting.h"
+
+#include <Velmora/UserDefaults.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QStandardPaths>
+
+#include <cstring>
+#include <mutex>
+
+namespace velmora::test {
+
+namespace {
+
+std::mutex s_logMutex;
+QStringList s_log;
+QtMessageHandler s_previous = nullptr;
+
+void collect(QtMsgType type, const QMessageLogContext &context, const QString &message) {
+    if (context.category && std::strcmp(context.category, "velmora") == 0) {
+        const std::lock_guard lock(s_logMutex);
+        s_log.append(message);
+        return;
+    }
+    s_previous(type, context, message);
+}
+
+} // namespace
+
+QString cachesFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+}
+
+void putInCaches(const QString &name, const QByteArray &bytes) {
+    QDir().mkpath(cachesFolder());
+    QFile file(cachesFolder() + QLatin1Char('/') + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+FreshProcess::FreshProcess() {
+    restartProcess();
+    if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD"))
+        clearDisk();
+    Deployment deployment = Deployment::builtIn();
+    deployment.acsURL = QStringLiteral("https://127.0.0.1:1");
+    deployment.storeLookupURL = deployment.acsURL;
+    deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
+    useDeployment(deployment);
+    const std::lock_guard lock(s_logMutex);
+    s_log.clear();
+    s_previous = qInstallMessageHandler(collect);
+}
+
+FreshProcess::~FreshProcess() {
+    restartProcess();
+    qInstallMessageHandler(s_previous);
+    Deployment::replace({});
+}
+
+void FreshProcess::restartProcess() {
+    handleEvents();
+    ProcessRoot::drop();
+    handleEvents();
+    ProcessRoot::drop();
+}
+
+void FreshProcess::clearDisk() {
+    UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
+    UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
+    ProcessRoot::drop();
+    QDir(cachesFolder()).removeRecursively();
+}
+
+void FreshProcess::useDeployment(const Deployment &deployment) {
+    Deployment::replace(deployment);
+}
+
+QStringList FreshProcess::logged() {
+    const std::lock_guard lock(s_logMutex);
+    return s_log;
+}
+
+bool FreshProcess::hasLogged(const QString &part) {
+    return !logged().filter(part).isEmpty();
+}
+
+} // namespace velmora::test

@@ -1,0 +1,54 @@
+#include "tests/support/LocalAdServer.h"
+
+#include "tests/support/TestGif.h"
+
+#include <QtCore/QJsonDocument>
+
+namespace velmora::test {
+
+LocalAdServer::LocalAdServer() : baseUrl(server.start()) {
+    EXPECT_FALSE(baseUrl.isEmpty()) << qPrintable(server.errorString());
+    useDeployment(deployment());
+}
+
+Deployment LocalAdServer::deployment() const {
+    Deployment values = Deployment::builtIn();
+    values.acsURL = baseUrl;
+    values.storeLookupURL = baseUrl;
+    values.reachabilityProbe = QStringLiteral("127.0.0.1");
+    values.additionalAuthorities = server.caPem();
+    return values;
+}
+
+QJsonObject LocalAdServer::banner(const QString &name, double priority) {
+    const QString path = QStringLiteral("/media/%1.gif").arg(name);
+    server.campaign().setMedia(path, gif({Qt::red, Qt::blue}));
+    return {{QStringLiteral("name"), name},
+            {QStringLiteral("image_728x90"), path},
+            {QStringLiteral("priority"), priority},
+            {QStringLiteral("market_url"),
+             QStringLiteral("https://apps.velmora-store.example/app/id%1").arg(name)}};
+}
+
+QJsonObject LocalAdServer::video(const QString &name, double priority) {
+    const QString file = QStringLiteral("/media/%1.mp4").arg(name);
+    const QString still = QStringLiteral("/media/%1.png").arg(name);
+    server.campaign().setMedia(file, "not a film");
+    server.campaign().setMedia(still, "not a picture");
+    return {{QStringLiteral("VLMAppName"), name},
+            {QStringLiteral("video_file_landscape"), file},
+            {QStringLiteral("image"), still},
+            {QStringLiteral("priority"), priority},
+            {QStringLiteral("market_url"),
+             QStringLiteral("https://apps.velmora-store.example/app/id%1").arg(name)}};
+}
+
+void LocalAdServer::serve(const QJsonArray &banners, const QJsonArray &videos) {
+    serveTable(QJsonObject{{QStringLiteral("standard"), banners}, {QStringLiteral("video"), videos}});
+}
+
+void LocalAdServer::serveTable(const QJsonObject &table) {
+    server.campaign().setReply(QJsonDocument(table).toJson(QJsonDocument::Compact));
+}
+
+} // namespace velmora::test

@@ -1,0 +1,29 @@
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryDir>
+
+#ifdef VELMORA_TEST_WIDGETS
+#include <QtWidgets/QApplication>
+using Application = QApplication;
+#else
+#include <QtCore/QCoreApplication>
+using Application = QCoreApplication;
+#endif
+
+#include <gtest/gtest.h>
+
+int main(int argc, char **argv) {
+    // Nothing of the person who runs the tests is read or written. A test's own child process
+    // shares its parent's place.
+    const QTemporaryDir home;
+    if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
+        for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
+            qputenv(variable, home.filePath(QLatin1String(variable)).toUtf8());
+    }
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleTest(&argc, argv);
+    Application::setOrganizationName(QStringLiteral("Velmora Tests"));
+    Application::setApplicationName(QStringLiteral("host"));
+    Application application(argc, argv);
+    return RUN_ALL_TESTS();
+}

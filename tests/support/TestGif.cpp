@@ -1,0 +1,79 @@
+#include "tests/support/TestGif.h"
+
+namespace velmora::test {
+
+namespace {
+
+void appendWord(QByteArray &bytes, int word) {
+    bytes += char(word & 0xff);
+    bytes += char(word >> 8 & 0xff);
+}
+
+QByteArray header(QSize size) {
+    QByteArray bytes("GIF89a");
+    appendWord(bytes, size.width());
+    appendWord(bytes, size.height());
+    bytes += QByteArray::fromHex("000000"); // no global colours
+    return bytes;
+}
+
+// Writes the pixels of one flat frame as LZW codes of 3 bits, cleared before they would grow.
+QByteArray flatPixels(int count) {
+    QByteArray packed;
+    int held = 0;
+    int heldBits = 0;
+    const auto code = [&](int value) {
+        held |= value << heldBits;
+        for (heldBits += 3; heldBits >= 8; heldBits -= 8, held >>= 8)
+            packed += char(held & 0xff);
+    };
+    constexpr int Clear = 4;
+    constexpr int End = 5;
+    for (int i = 0; i < count; ++i) {
+        if (i % 2 == 0)
+            code(Clear);
+        code(0);
+    }
+    code(End);
+    packed += char(held & 0xff);
+
+    QByteArray blocks(1, 2);
+    for (qsizetype at = 0; at < packed.size(); at += 255) {
+        const QByteArray block = packed.mid(at, 255);
+        blocks += char(block.size());
+        blocks += block;
+    }
+    return blocks + '\0';
+}
+
+} // namespace
+
+QByteArray gif(const QList<QColor> &frames, QSize size, int delay) {
+    QByteArray bytes = header(size);
+    bytes += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
+    const QByteArray pixels = flatPixels(size.width() * size.height());
+    for (const QColor &color : frames) {
+        bytes += QByteArray::fromHex("21f90404");
+        appendWord(bytes, delay);
+        bytes += QByteArray::fromHex("0000");
+        bytes += ',';
+        appendWord(bytes, 0);
+        appendWord(bytes, 0);
+        appendWord(bytes, size.width());
+        appendWord(bytes, size.height());
+        bytes += char(0x81); // four colours of its own
+        for (int i = 0; i < 4; ++i) {
+            bytes += char(color.red());
+            bytes += char(color.green());
+            bytes += char(color.blue());
+        }
+        bytes += pixels;
+    }
+    return bytes + ';';
+}
+
+QByteArray gifHeaderOnly(QSize size) {
+    return header(size) + ';';
+}
+
+} // namespace velmora::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/RandomSource.h"
+
+#include <random>
+
+namespace velmora::test {
+
+/// Random numbers from a seed. In force from construction to destruction.
+class SeededRandom final : public RandomSource {
+public:
+    explicit SeededRandom(quint32 seed) : m_engine(seed) { setCurrent(this); }
+    ~SeededRandom() override { setCurrent(nullptr); }
+    quint32 next() override { return quint32(m_engine()); }
+
+private:
+    std::mt19937 m_engine;
+};
+
+/// The one number that a test wants drawn.
+class FixedRandom final : public RandomSource {
+public:
+    explicit FixedRandom(quint32 value) : m_value(value) { setCurrent(this); }
+    ~FixedRandom() override { setCurrent(nullptr); }
+    quint32 next() override { return m_value; }
+    void set(quint32 value) { m_value = value; }
+
+private:
+    quint32 m_value;
+};
+
+} // namespace velmora::test
