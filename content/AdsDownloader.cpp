@@ -21,6 +21,9 @@ struct DownloaderHolder {
         downloader.reset(new AdsDownloader);
         downloader->checkInternetConnection();
     }
+    // Delegates keep their downloader, as it keeps them.
+    ~DownloaderHolder() { downloader->m_delegates.clear(); }
+
     std::shared_ptr<AdsDownloader> downloader;
 };
 

@@ -11,7 +11,7 @@
 namespace velmora {
 
 Fade *Fade::of(const QWidget *view) {
-    return view->findChild<Fade *>(Qt::FindDirectChildrenOnly);
+    return view->findChild<Fade *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 Fade::Fade(QWidget *view)

@@ -25,7 +25,7 @@ Window *Window::of(QWidget *widget) {
     if (!widget)
         return nullptr;
     QWidget *window = widget->window();
-    if (auto *known = window->findChild<Window *>(Qt::FindDirectChildrenOnly))
+    if (auto *known = window->findChild<Window *>(QString(), Qt::FindDirectChildrenOnly))
         return known;
     return new Window(window);
 }

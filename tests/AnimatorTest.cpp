@@ -1,0 +1,92 @@
+#include "platform/Animator.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/VirtualTime.h"
+#include "tests/support/Waiting.h"
+
+#include <QtWidgets/QGraphicsOpacityEffect>
+
+namespace velmora::test {
+
+class AnimatorTest : public FreshProcess {
+protected:
+    AnimatorTest() {
+        window.resize(200, 100);
+        view = new QWidget(&window);
+        window.show();
+        handleEvents();
+    }
+
+    double opacity() const {
+        const auto *effect = qobject_cast<QGraphicsOpacityEffect *>(view->graphicsEffect());
+        return effect ? effect->opacity() : 1;
+    }
+
+    VirtualTime time;
+    QWidget window;
+    QPointer<QWidget> view;
+};
+
+TEST_F(AnimatorTest, TheStateChangesAtOnceAndTheFadeFollows) {
+    Animator::setHidden(view, true);
+    EXPECT_TRUE(Animator::isHidden(view));
+    EXPECT_TRUE(view->isVisible());
+    EXPECT_TRUE(view->testAttribute(Qt::WA_TransparentForMouseEvents));
+    time.advance(0.125);
+    EXPECT_NEAR(opacity(), 0.5, 0.1);
+    time.advance(0.2);
+    EXPECT_FALSE(view->isVisible());
+    EXPECT_FALSE(view->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_EQ(view->graphicsEffect(), nullptr);
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(AnimatorTest, AFadeTurnsRoundFromWhereItIs) {
+    Animator::setHidden(view, true);
+    time.advance(0.1);
+    const double reached = opacity();
+    Animator::setHidden(view, false);
+    EXPECT_FALSE(Animator::isHidden(view));
+    time.advance(0.017);
+    EXPECT_GT(opacity(), reached);
+    EXPECT_LT(opacity(), reached + 0.2);
+    time.advance(1);
+    EXPECT_TRUE(view->isVisible());
+    EXPECT_EQ(time.timerCount(), 0u);
+
+    Animator::setHidden(view, true);
+    Animator::setHiddenNow(view, false);
+    EXPECT_TRUE(view->isVisible());
+    time.advance(1);
+    EXPECT_TRUE(view->isVisible());
+}
+
+TEST_F(AnimatorTest, NobodyFadesOffScreen) {
+    window.hide();
+    Animator::setHidden(view, true);
+    EXPECT_TRUE(view->isHidden());
+    EXPECT_EQ(time.timerCount(), 0u);
+    window.show();
+    handleEvents();
+    Animator::setHidden(view, false);
+    window.hide();
+    time.advance(0.1);
+    EXPECT_FALSE(view->isHidden());
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(AnimatorTest, ARemovedViewIsDestroyedAfterItsFadeAndTimersGoWithAView) {
+    Animator::remove(view);
+    ASSERT_TRUE(view);
+    time.advance(1);
+    EXPECT_FALSE(view);
+    EXPECT_EQ(time.timerCount(), 0u);
+
+    auto *second = new QWidget(&window);
+    second->show();
+    Animator::setHidden(second, true);
+    EXPECT_EQ(time.timerCount(), 1u);
+    delete second;
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,249 @@
+#include "content/AdKeys.h"
+#include "controls/BannerImageView.h"
+#include "controls/CloseButtonCell.h"
+#include "facade/Switches.h"
+#include "platform/Animator.h"
+#include "tests/support/BannerHost.h"
+#include "tests/support/TestGif.h"
+#include "tests/support/TestRandom.h"
+#include "tests/support/Waiting.h"
+
+#include <QtTest/QTest>
+
+#include <thread>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class BannerControllerTest : public BannerHost {
+protected:
+    /// A real click: the toolkit decides which widget is under it.
+    void click(QWidget *target) {
+        const QPoint point = target->mapTo(window.get(), target->rect().center());
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, point);
+        handleEvents();
+    }
+};
+
+TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    BannerController *controller = addBanner();
+    EXPECT_TRUE(Animator::isHidden(controller->view()));
+    ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
+    EXPECT_FALSE(Animator::isHidden(controller->view()));
+    for (int swap = 0; swap < 4; ++swap) {
+        const QString before = controller->selectBanner();
+        time.advance(14.9);
+        EXPECT_EQ(controller->selectBanner(), before);
+        time.advance(0.1);
+        // Of two banners the one on screen is never drawn again.
+        ASSERT_TRUE(shows(before == QStringLiteral("one") ? QStringLiteral("two") : QStringLiteral("one")));
+    }
+    EXPECT_EQ(server.log().count(TablePath), 1);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 2);
+}
+
+TEST_F(BannerControllerTest, RotationRestsWhileTheWindowCannotBeSeen) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
+    window->hide();
+    time.advance(20);
+    const QString resting = controller->selectBanner();
+    window->show();
+    time.advance(100);
+    EXPECT_EQ(controller->selectBanner(), resting);
+    EXPECT_FALSE(controller->bannerSwapTimer());
+    EXPECT_EQ(time.timerCount(), 0u);
+
+    AdsDownloader::sharedInstance()->downloadBanner();
+    EXPECT_TRUE(eventually([&] { return controller->selectBanner() != resting; }));
+    EXPECT_TRUE(controller->bannerSwapTimer());
+}
+
+TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
+    serve({banner(QStringLiteral("one"))});
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    time.advance(1);
+    click(controller->bannerImage());
+    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone"))});
+    EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:one")});
+
+    click(controller->closeButton());
+    EXPECT_EQ(notifications.last(), QStringLiteral("tryremoveads:"));
+    EXPECT_EQ(opened.size(), 1);
+    EXPECT_FALSE(Animator::isHidden(controller->view()));
+}
+
+TEST_F(BannerControllerTest, ABannerWithoutNameOrLinkSaysSo) {
+    QJsonObject ad = banner(QStringLiteral("x"));
+    ad.remove(kBannerName);
+    ad.remove(kBannerURL);
+    serve({ad});
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("Web Banner")));
+    controller->goToBannerURL();
+    EXPECT_TRUE(opened.isEmpty());
+    EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:Web Banner")});
+}
+
+TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
+    server.stop();
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(showsHouseBanner());
+    const QString shown = controller->selectBanner();
+    EXPECT_TRUE(controller->bannerImage()->hasImage());
+    controller->goToBannerURL();
+    EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:") + shown});
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.first().toString().startsWith(QStringLiteral("macappstores://apps.velmora-store.example/app/id")));
+
+    FixedRandom random(0);
+    std::set<QString> seen;
+    for (quint32 i = 0; i < 8; ++i) {
+        random.set(i);
+        time.advance(15);
+        seen.insert(controller->selectBanner());
+    }
+    EXPECT_EQ(seen.size(), 4u);
+}
+
+TEST_F(BannerControllerTest, AnUnusablePictureHidesTheBannerUntilTheNext) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("broken"))});
+    server.campaign().setMedia(QStringLiteral("/media/broken.gif"), "<html>");
+    BannerController *controller = addBanner();
+    bool sawHidden = false;
+    bool sawShown = false;
+    for (int i = 0; i < 6 && !(sawHidden && sawShown); ++i) {
+        eventually([&] { return !controller->selectBanner().isEmpty(); });
+        handleEvents();
+        const bool broken = controller->selectBanner() == QStringLiteral("broken");
+        EXPECT_EQ(Animator::isHidden(controller->view()), broken);
+        (broken ? sawHidden : sawShown) = true;
+        const QString before = controller->selectBanner();
+        time.advance(15);
+        eventually([&] { return controller->selectBanner() != before; });
+    }
+    EXPECT_TRUE(sawHidden && sawShown);
+}
+
+TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    addBanner();
+    ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
+    server.faults().set(QStringLiteral("/media/*"), Fault::delay(60));
+    time.advance(15);
+    const QPointer<QWidget> view = current()->view();
+    // From a worker, as a purchase may report itself.
+    std::thread([] { Velmora::removeAdsNow(); }).join();
+    EXPECT_FALSE(Velmora::isADSRemoved());
+    ASSERT_TRUE(eventually([] { return Velmora::isADSRemoved(); }));
+    time.advance(1);
+    EXPECT_TRUE(Velmora::BControllers().empty());
+    EXPECT_FALSE(view);
+    const int requests = server.log().count();
+    quietly(120);
+    time.advance(300);
+    EXPECT_EQ(server.log().count(), requests);
+    EXPECT_EQ(time.timerCount(), 0u);
+    EXPECT_EQ(window->findChildren<BannerImageView *>().size(), 0);
+
+    Velmora::addBannerForWindow(window.get());
+    EXPECT_TRUE(Velmora::BControllers().empty());
+    Velmora::resetAds();
+    addBanner();
+    EXPECT_EQ(Velmora::BControllers().size(), 1u);
+}
+
+TEST_F(BannerControllerTest, TheHostMayRemoveAdsOrItsWindowFromInsideANotification) {
+    serve({banner(QStringLiteral("one"))});
+    addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    time.advance(1);
+    auto remove = NotificationCenter::defaultCenter().addObserver(
+        VLMtryRemoveAds, [](const Notification &) { Velmora::removeAdsNow(); });
+    click(current()->closeButton());
+    time.advance(1);
+    EXPECT_EQ(window->findChildren<BannerImageView *>().size(), 0);
+
+    remove.reset();
+    Velmora::resetAds();
+    restartProcess();
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    const auto destroy = NotificationCenter::defaultCenter().addObserver(
+        VLMclickForBanner, [this](const Notification &) { window.release()->deleteLater(); });
+    controller->goToBannerURL();
+    handleEvents();
+    time.advance(60);
+    EXPECT_TRUE(Velmora::BControllers().empty());
+}
+
+TEST_F(BannerControllerTest, WindowsThatComeAndGoLeaveNothingBehind) {
+    serve({banner(QStringLiteral("one"))});
+    window.reset();
+    for (int i = 0; i < 60; ++i) {
+        QWidget transient;
+        transient.resize(600, 400);
+        transient.show();
+        Velmora::addBannerForWindow(&transient);
+        time.advance(i % 3);
+        if (i % 2)
+            transient.close();
+    }
+    time.advance(60);
+    EXPECT_TRUE(Velmora::BControllers().empty());
+    EXPECT_EQ(time.timerCount(), 0u);
+    QWidget last;
+    Velmora::addBannerForWindow(&last);
+    EXPECT_EQ(AdsDownloader::sharedInstance()->delegateCount(), 1u);
+}
+
+TEST_F(BannerControllerTest, TheProcessMayEndAtAnyMomentOfABannersLife) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    server.faults().set(QStringLiteral("/media/two.gif"), Fault::delay(40));
+    for (int i = 0; i < 12; ++i) {
+        addBanner();
+        eventually([] { return false; }, i * 12);
+        time.advance(i);
+        restartProcess();
+    }
+    EXPECT_EQ(time.timerCount(), 0u);
+    EXPECT_EQ(window->findChildren<BannerImageView *>().size(), 0);
+}
+
+TEST_F(BannerControllerTest, ThousandsOfSwapsDoNotGrow) {
+    QJsonArray ads;
+    for (int i = 0; i < 4; ++i)
+        ads.append(banner(QStringLiteral("ad%1").arg(i)));
+    serve(ads);
+    addBanner();
+    ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
+    for (int i = 0; i < 40; ++i) {
+        time.advance(15);
+        quietly(2);
+    }
+    const auto objects = [this] { return window->findChildren<QObject *>().size(); };
+    const auto before = objects();
+    time.advance(15 * 2000);
+    EXPECT_EQ(objects(), before);
+    EXPECT_EQ(time.timerCount(), 1u);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 4);
+}
+
+TEST_F(BannerControllerTest, AnOfflineStartRecoversWithoutARestart) {
+    serve({banner(QStringLiteral("one"))});
+    Deployment offline = deployment();
+    offline.reachabilityProbe = QStringLiteral("none");
+    useDeployment(offline);
+    addBanner();
+    ASSERT_TRUE(showsHouseBanner());
+    useDeployment(deployment());
+    // What the network's return sets off.
+    AdsDownloader::sharedInstance()->startUpdateAllAds();
+    EXPECT_TRUE(shows(QStringLiteral("one")));
+}
+
+} // namespace velmora::test

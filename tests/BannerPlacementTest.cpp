@@ -1,0 +1,172 @@
+#include "controls/BannerImageView.h"
+#include "controls/CloseButtonCell.h"
+#include "facade/Switches.h"
+#include "platform/Window.h"
+#include "tests/support/BannerHost.h"
+#include "tests/support/TestGif.h"
+#include "tests/support/Waiting.h"
+
+#include <QtGui/QScreen>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStatusBar>
+
+namespace velmora::test {
+
+/// Where a banner of a 728x90 picture lies in a window of 1000x600.
+class BannerPlacementTest : public BannerHost {
+protected:
+    BannerController *placed() {
+        const QJsonObject ad = banner(QStringLiteral("wide"));
+        server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
+        serve({ad});
+        BannerController *controller = addBanner();
+        EXPECT_TRUE(shows(QStringLiteral("wide")));
+        time.advance(1);
+        return controller;
+    }
+
+    QColor pixelAt(QPoint point) {
+        handleEvents();
+        const QImage image = window->grab().toImage();
+        return image.pixelColor(point * image.devicePixelRatio());
+    }
+};
+
+TEST_F(BannerPlacementTest, LiesAtTheBottomAtItsHeightAboveItsShadow) {
+    BannerController *controller = placed();
+    EXPECT_EQ(controller->height(), 100);
+    // 728:90 at a height of 100 is 808.9 wide; the shadow is 4 deep.
+    EXPECT_EQ(controller->view()->geometry(), QRect(96, 496, 809, 100));
+    EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
+    EXPECT_EQ(pixelAt({90, 540}), window->palette().color(QPalette::Window));
+    EXPECT_EQ(pixelAt({500, 494}), window->palette().color(QPalette::Window));
+    // The corner is rounded away, and the picture begins right beside it.
+    EXPECT_NE(pixelAt({96, 496}), QColor(Qt::red));
+    EXPECT_EQ(pixelAt({101, 501}), QColor(Qt::red));
+
+    controller->setHeight(60);
+    EXPECT_EQ(controller->view()->geometry(), QRect(257, 536, 486, 60));
+}
+
+TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
+    BannerController *controller = placed();
+    controller->setBottomInset(10);
+    controller->setCenterXInset(40);
+    EXPECT_EQ(controller->bottomInset(), 10);
+    EXPECT_EQ(controller->centerXInset(), 40);
+    EXPECT_EQ(controller->view()->geometry(), QRect(136, 486, 809, 100));
+    // Never past the trailing edge; towards the leading one it may go.
+    controller->setCenterXInset(400);
+    EXPECT_EQ(controller->view()->geometry().right(), 999);
+    EXPECT_EQ(controller->centerXInset(), 400);
+    controller->setCenterXInset(-200);
+    EXPECT_EQ(controller->view()->x(), -104);
+}
+
+TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
+    BannerController *controller = placed();
+    window->resize(1400, 900);
+    handleEvents();
+    EXPECT_EQ(controller->view()->geometry(), QRect(296, 796, 809, 100));
+    window->resize(400, 300);
+    handleEvents();
+    const QRect narrow = controller->view()->geometry();
+    EXPECT_EQ(narrow.width(), 400);
+    EXPECT_NEAR(narrow.height(), 400 * 90 / 728.0, 1);
+    EXPECT_EQ(narrow.bottom(), 295);
+    EXPECT_EQ(controller->height(), 100);
+    // The close button keeps its size and its place inside.
+    const QWidget *close = controller->closeButton();
+    EXPECT_EQ(close->size(), QSize(24, 24));
+    EXPECT_TRUE(QRect(QPoint(), narrow.size()).contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
+}
+
+TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
+    auto *field = new QPushButton(QStringLiteral("host"), window.get());
+    field->setGeometry(0, 400, 1000, 200);
+    field->show();
+    field->setFocus();
+    BannerController *controller = placed();
+    EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
+    auto *late = new QPushButton(QStringLiteral("late"), window.get());
+    late->setGeometry(0, 400, 1000, 200);
+    late->show();
+    EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
+    EXPECT_TRUE(field->hasFocus());
+    for (const QWidget *part : controller->view()->findChildren<QWidget *>())
+        EXPECT_EQ(part->focusPolicy(), Qt::NoFocus) << qPrintable(part->objectName());
+}
+
+TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
+    QMainWindow host;
+    host.resize(1000, 600);
+    host.setCentralWidget(new QWidget);
+    host.statusBar()->showMessage(QStringLiteral("ready"));
+    host.show();
+    placed();
+    Velmora::addBannerForWindow(&host);
+    BannerController *controller = Velmora::BControllFromWindow(&host);
+    EXPECT_EQ(controller->view()->parentWidget(), host.centralWidget());
+    // Content that goes takes its banner along; the window may then get another.
+    host.setCentralWidget(new QWidget);
+    handleEvents();
+    EXPECT_EQ(Velmora::BControllFromWindow(&host), nullptr);
+    Velmora::addBannerForWindow(&host);
+    EXPECT_NE(Velmora::BControllFromWindow(&host), nullptr);
+}
+
+TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {
+    QWidget content(window.get());
+    content.setGeometry(0, 0, 1000, 500);
+    ViewController host(&content);
+    Window::of(window.get())->setContentViewController(&host);
+    BannerController *controller = addBanner();
+    EXPECT_EQ(controller->view()->parentWidget(), &content);
+    EXPECT_EQ(controller->parentViewController(), &host);
+    Window::of(window.get())->setContentViewController(nullptr);
+}
+
+TEST_F(BannerPlacementTest, InsetsBeforePlacementAreLostAndTheHeightIsNot) {
+    ViewController nowhere(nullptr);
+    const auto controller = BannerController::addBannerToViewController(&nowhere, nullptr);
+    controller->setHeight(60);
+    controller->setBottomInset(10);
+    controller->setCenterXInset(10);
+    EXPECT_EQ(controller->height(), 60);
+    EXPECT_EQ(controller->bottomInset(), 0);
+    EXPECT_EQ(controller->centerXInset(), 0);
+    EXPECT_EQ(controller->window(), nullptr);
+
+    Switches::setADSRemoved(true);
+    const auto refused = BannerController::addBannerToWindow(window.get());
+    EXPECT_EQ(refused->viewIfLoaded() ? refused->viewIfLoaded()->parentWidget() : nullptr, nullptr);
+}
+
+TEST(ConstraintLayoutTest, SolvesWithAnyNumbers) {
+    using Relation = LayoutConstraint::Relation;
+    const auto constraints = [](double height, double aspect, double center, double bottom) {
+        return std::vector<LayoutConstraintPtr>{
+            std::make_shared<LayoutConstraint>(Relation::Height, 1, height),
+            std::make_shared<LayoutConstraint>(Relation::Aspect, aspect, 0),
+            std::make_shared<LayoutConstraint>(Relation::CenterX, 1, center),
+            std::make_shared<LayoutConstraint>(Relation::Bottom, 1, bottom),
+            std::make_shared<LayoutConstraint>(Relation::TrailingInside, 1, 0)};
+    };
+    for (const double height : {-5.0, 0.0, 60.0, 1e6}) {
+        for (const double aspect : {0.001, 8.09, 4096.0}) {
+            for (const double center : {-1e5, 0.0, 1e5}) {
+                const QRectF frame = ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
+                EXPECT_GE(frame.height(), 0);
+                EXPECT_LE(frame.width(), 800);
+                EXPECT_LE(frame.right(), 800 + 1e-6);
+                EXPECT_NEAR(frame.bottom(), 596, 1e-6);
+                if (frame.height() > 0) {
+                    EXPECT_NEAR(frame.width() / frame.height(), aspect, aspect * 1e-9);
+                }
+            }
+        }
+    }
+}
+
+} // namespace velmora::test

@@ -436,7 +436,7 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
     const auto shared =
         Reachability::reachabilityWithAddress(QHostAddress(QStringLiteral("192.0.2.1")));
     for (int i = 0; i < 3; ++i) {
-        threads.emplace_back([&] {
+        threads.emplace_back([&, life = std::chrono::milliseconds(10 + 40 * i)] {
             while (!done) {
                 shared->reachabilityBlock = [&reports](Reachability *, ReachabilityFlags) {
                     ++reports;
@@ -446,7 +446,7 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
                     QHostAddress(QStringLiteral("192.0.2.2")));
                 own->reachableBlock = [&reports](Reachability *) { ++reports; };
                 own->startNotifier();
-                std::this_thread::sleep_for(std::chrono::milliseconds(25));
+                std::this_thread::sleep_for(life);
                 own->isReachable();
                 own->stopNotifier();
                 shared->stopNotifier();
@@ -454,9 +454,11 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
         });
     }
     EXPECT_TRUE(eventually([&] {
-        tryIp("route add default via 10.9.0.2");
-        tryIp("route del default via 10.9.0.2");
-        return reports > 20;
+        for (const char *change : {"route add default via 10.9.0.2", "route del default"}) {
+            tryIp(change);
+            std::this_thread::sleep_for(std::chrono::milliseconds(40)); // longer than the settling
+        }
+        return reports > 10;
     }));
     done = true;
     for (std::thread &thread : threads)

@@ -1,0 +1,47 @@
+#include "tests/support/BannerHost.h"
+
+#include "platform/Workspace.h"
+#include "tests/support/Waiting.h"
+
+namespace velmora::test {
+
+BannerHost::BannerHost() : window(std::make_unique<QWidget>()) {
+    window->resize(1000, 600);
+    window->show();
+    window->activateWindow();
+    handleEvents();
+    Workspace::setOpener([this](const QUrl &link) {
+        opened.append(link);
+        return true;
+    });
+    for (const QString &name : {VLMclickForBanner, VLMtryRemoveAds}) {
+        m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
+            name, [this](const Notification &n) {
+                notifications.append(n.name.section(QLatin1Char('.'), -1) + QLatin1Char(':') +
+                                     n.object.toString());
+            }));
+    }
+}
+
+BannerHost::~BannerHost() {
+    Workspace::setOpener(nullptr);
+    window.reset();
+    restartProcess();
+}
+
+BannerController *BannerHost::addBanner() {
+    Velmora::addBannerForWindow(window.get());
+    return current();
+}
+
+bool BannerHost::shows(const QString &name) {
+    return eventually([&] { return current() && current()->selectBanner() == name; });
+}
+
+bool BannerHost::showsHouseBanner() {
+    return eventually([&] {
+        return current() && current()->standardBanners().contains(current()->selectBanner());
+    });
+}
+
+} // namespace velmora::test
