@@ -18,7 +18,7 @@ Deployment withEnvironment(Deployment values) {
     take("VELMORA_REACHABILITY_PROBE", values.reachabilityProbe);
     QFile authority(qEnvironmentVariable("VELMORA_AD_SERVER_CA"));
     if (!authority.fileName().isEmpty() && authority.open(QIODevice::ReadOnly))
-        values.additionalAuthorities = authority.readAll();
+        values.adServerAuthorities = authority.readAll();
 #endif
     return values;
 }

@@ -27,8 +27,9 @@ struct Deployment {
 
     /// IPv4 address that stands for the internet; 0.0.0.0 asks for a default route.
     QString reachabilityProbe;
-    /// PEM text of authorities trusted beside the system's; verification is never switched off.
-    QByteArray additionalAuthorities;
+    /// PEM text of the authorities that the ad server's host is verified against, in place of the
+    /// system's; empty for the system's. Verification is never switched off.
+    QByteArray adServerAuthorities;
 
     static const Deployment &current();
 

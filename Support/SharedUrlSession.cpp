@@ -8,7 +8,9 @@ namespace velmora {
 SharedUrlSession::SharedUrlSession()
     : UrlSession([] {
           Configuration configuration;
-          configuration.additionalAuthorities = Deployment::current().additionalAuthorities;
+          const Deployment &deployment = Deployment::current();
+          configuration.privateHost = QUrl(deployment.acsURL).host();
+          configuration.privateAuthorities = deployment.adServerAuthorities;
           return configuration;
       }()) {}
 

@@ -107,6 +107,8 @@ double BannerController::height() const {
 
 void BannerController::setHeight(double height) {
     view();
+    if (m_bannerImage)
+        m_bannerImage->setNominalHeight(height);
     if (m_heightConstraint)
         m_heightConstraint->setConstant(height);
 }

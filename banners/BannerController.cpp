@@ -8,6 +8,7 @@
 #include "controls/CloseButtonCell.h"
 #include "facade/Switches.h"
 #include "platform/Animator.h"
+#include "platform/InterfaceImage.h"
 #include "platform/InterfaceLoader.h"
 #include "platform/MainQueue.h"
 #include "platform/NotificationCenter.h"
@@ -64,6 +65,9 @@ void BannerController::initBanners() {
     m_downloader = AdsDownloader::sharedInstance();
     m_downloader->addDelegate(shared_from_this());
     m_downloader->startUpdateAllAds();
+    // The server answers once a run. A banner that comes later finds the table ready.
+    if (m_downloader->isUpdateAdsCurrentSession())
+        endDownloadСonfiguration();
     m_logger = &AdsEventLogger::sharedInstance();
 
     const auto weak = weak_from_this();
@@ -77,8 +81,7 @@ void BannerController::initBanners() {
         QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage,
                          action(&BannerController::goToBannerURL));
     if (m_closeButton) {
-        m_closeButton->setIcon(QIcon(Bundle::resourseBundleForClass<BannerController>().pathForImage(
-            QStringLiteral("ads_close_button"))));
+        m_closeButton->setIcon(InterfaceImage::named(QStringLiteral("ads_close_button")));
         m_closeButton->setAccessibleName(VLMStringFromKey(QStringLiteral("RemoveAdsText")));
         QObject::connect(m_closeButton, &QAbstractButton::clicked, m_closeButton,
                          action(&BannerController::removeBannerAction));

@@ -5,6 +5,9 @@
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace velmora {
 
 namespace {
@@ -15,8 +18,8 @@ constexpr int LargestSide = 4096;
 QSize usableSize(const QString &path) {
     if (path.isEmpty())
         return {};
+    // By suffix first: to look at the content, the toolkit would load every image plugin.
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
     const QSize size = reader.canRead() ? reader.size() : QSize();
     const bool usable = size.width() >= 1 && size.height() >= 1 && size.width() <= LargestSide &&
                         size.height() <= LargestSide;
@@ -37,6 +40,9 @@ BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
 BannerImageView::~BannerImageView() = default;
 
 void BannerImageView::setImage(const QString &path) {
+    // The banner on screen drawn again just plays on.
+    if (hasImage() && m_movie->fileName() == path)
+        return;
     m_imageSize = usableSize(path);
     m_decodedFrames = 0;
     m_drawnSinceFrame = false;
@@ -44,7 +50,6 @@ void BannerImageView::setImage(const QString &path) {
     if (hasImage()) {
         m_movie = std::make_unique<QMovie>(path);
         m_movie->setCacheMode(QMovie::CacheNone);
-        fitFrames();
         connect(m_movie.get(), &QMovie::frameChanged, this, &BannerImageView::frameDecoded);
     }
     update();
@@ -63,39 +68,67 @@ void BannerImageView::frameDecoded() {
     update();
 }
 
-void BannerImageView::fitFrames() {
-    if (!m_movie || size().isEmpty())
-        return;
-    // Frames are scaled while they are decoded, to the very pixels of the screen.
-    m_movie->setScaledSize((QSizeF(size()) * devicePixelRatioF()).toSize());
+void BannerImageView::setNominalHeight(double height) {
+    m_nominalHeight = height;
+    update();
 }
 
-void BannerImageView::resizeEvent(QResizeEvent *event) {
-    QAbstractButton::resizeEvent(event);
-    fitFrames();
+// Frames are scaled while they are decoded, to the very pixels that they have on this screen.
+QSize BannerImageView::wantedFrameSize() const {
+    const double pixels = std::max(m_nominalHeight, double(height())) * devicePixelRatioF();
+    const double width = pixels * m_imageSize.width() / m_imageSize.height();
+    return QSize(int(std::lround(width)), int(std::lround(pixels)))
+        .boundedTo({LargestSide, LargestSide})
+        .expandedTo({1, 1});
+}
+
+void BannerImageView::fitFrames() {
+    const QSize wanted = wantedFrameSize();
+    const QSize present = m_movie->scaledSize();
+    if (wanted == present)
+        return;
+    m_movie->setScaledSize(wanted);
+    // The frame on screen is too small now, and the next one may be seconds away.
+    if (m_movie->state() != QMovie::NotRunning && wanted.height() > present.height()) {
+        m_movie->stop();
+        m_movie->start();
+    }
 }
 
 void BannerImageView::paintEvent(QPaintEvent *) {
     if (!m_movie)
         return;
     m_drawnSinceFrame = true;
-    if (m_movie->state() == QMovie::NotRunning && m_decodedFrames == 0) {
-        fitFrames();
+    fitFrames();
+    if (m_decodedFrames == 0)
         m_movie->start();
-    } else if (m_movie->state() == QMovie::Paused) {
+    else if (m_movie->state() == QMovie::Paused)
         m_movie->setPaused(false);
-    }
     const QPixmap frame = m_movie->currentPixmap();
     if (frame.isNull())
         return;
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    drawFrame(painter, frame);
+}
+
+void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const double radius = cornerRadius(height());
+    const int corner = int(std::ceil(radius));
+    const QRect inner = rect().adjusted(corner, 0, -corner, 0);
+    const QRegion straight = QRegion(inner) + rect().adjusted(0, corner, 0, -corner);
+
+    // Nearly all of the picture is copied; only the corners pay for smooth edges.
+    painter.setClipRegion(straight);
+    painter.drawPixmap(rect(), frame);
+
+    painter.setClipRegion(QRegion(rect()) - straight);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     QBrush picture(frame);
     picture.setTransform(QTransform::fromScale(double(width()) / frame.width(),
                                                double(height()) / frame.height()));
     painter.setBrush(picture);
-    const double radius = cornerRadius(height());
     painter.drawRoundedRect(rect(), radius, radius);
 }
 

@@ -19,13 +19,19 @@ public:
     explicit BannerImageView(QWidget *parent = nullptr);
     ~BannerImageView() override;
 
-    /// Shows a picture file, looked at now and decoded when first drawn. An empty path, an
-    /// unreadable file and one with absurd dimensions leave the view without an image.
+    /// Shows a picture file, looked at now and decoded when first drawn; the file that is shown
+    /// already plays on. An empty path, an unreadable file and one with absurd dimensions leave
+    /// the view without an image.
     void setImage(const QString &path);
 
     /// The picture's size in pixels; empty when there is none.
     QSize imageSize() const { return m_imageSize; }
     bool hasImage() const { return !m_imageSize.isEmpty(); }
+
+    /// The height, in points, that the view has where there is room for it. Frames are decoded
+    /// for that height, so that a view squeezed by a narrow window is sharp at once when the
+    /// window grows.
+    void setNominalHeight(double height);
 
     /// Frames decoded since the picture was set.
     int decodedFrames() const { return m_decodedFrames; }
@@ -35,14 +41,16 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void frameDecoded();
+    QSize wantedFrameSize() const;
     void fitFrames();
+    void drawFrame(QPainter &painter, const QPixmap &frame) const;
 
     std::unique_ptr<QMovie> m_movie;
     QSize m_imageSize;
+    double m_nominalHeight = 0;
     int m_decodedFrames = 0;
     bool m_drawnSinceFrame = false;
 };

@@ -22,12 +22,20 @@ QRectF CloseButtonCell::imageFrame(QRectF frame) {
 
 void CloseButtonCell::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    // Room for the lowered image, so that the circle is never cut by the edge.
-    const double side = std::min(width(), height()) - 2.0;
-    const QRectF square((width() - side) / 2, (height() - side) / 2, side, side);
+    // Drawn once and kept, since the button lies over pictures that move.
+    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (m_face.size() != pixels || m_faceKey != icon().cacheKey()) {
+        m_faceKey = icon().cacheKey();
+        m_face = QPixmap(pixels);
+        m_face.setDevicePixelRatio(devicePixelRatioF());
+        m_face.fill(Qt::transparent);
+        // Room for the lowered image, so that the circle is never cut by the edge.
+        const double side = std::min(width(), height()) - 2.0;
+        QPainter face(&m_face);
+        drawImage({(width() - side) / 2, (height() - side) / 2, side, side}, face);
+    }
     painter.setOpacity(isDown() ? 0.75 : underMouse() ? 1.0 : 0.9);
-    drawImage(square, painter);
+    painter.drawPixmap(0, 0, m_face);
     painter.setOpacity(1);
     FocusRing::draw(*this, painter, width() / 2.0);
 }
@@ -36,11 +44,11 @@ void CloseButtonCell::drawImage(const QRectF &frame, QPainter &painter) const {
     const QRectF place = imageFrame(frame);
     QPainterPath circle;
     circle.addEllipse(place.adjusted(0.5, 0.5, -0.5, -0.5));
-    painter.save();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setClipPath(circle);
-    const QPixmap image = icon().pixmap(place.size().toSize(), devicePixelRatioF());
+    // The largest image, so that it is never enlarged.
+    const QPixmap image = icon().pixmap(QSize(256, 256));
     painter.drawPixmap(place, image, QRectF(image.rect()));
-    painter.restore();
 }
 
 void CloseButtonCell::enterEvent(QEnterEvent *event) {

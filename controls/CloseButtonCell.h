@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGui/QPixmap>
 #include <QtWidgets/QAbstractButton>
 
 namespace velmora {
@@ -24,6 +25,9 @@ protected:
 
 private:
     void drawImage(const QRectF &frame, QPainter &painter) const;
+
+    QPixmap m_face;
+    qint64 m_faceKey = 0;
 };
 
 } // namespace velmora

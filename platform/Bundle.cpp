@@ -71,8 +71,4 @@ QUrl Bundle::urlForResource(const QString &name, const QString &extension) const
                                              : QUrl::fromLocalFile(path);
 }
 
-QString Bundle::pathForImage(const QString &name) const {
-    return m_resources + QStringLiteral("/images/") + name + QStringLiteral(".png");
-}
-
 } // namespace velmora

@@ -5,46 +5,39 @@
 namespace velmora {
 
 SerialQueue::~SerialQueue() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_stopping = true;
-    }
-    m_changed.notify_all();
     if (m_thread.joinable())
         m_thread.join();
 }
 
 void SerialQueue::run(std::function<void()> work) {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_pending.push_back(std::move(work));
-        if (!m_thread.joinable())
-            m_thread = std::thread([this] { loop(); });
-    }
-    m_changed.notify_all();
+    const std::lock_guard lock(m_mutex);
+    m_pending.push_back(std::move(work));
+    if (m_running)
+        return;
+    // The thread before this one has nothing left to do but return.
+    if (m_thread.joinable())
+        m_thread.join();
+    m_running = true;
+    m_thread = std::thread([this] { loop(); });
 }
 
 bool SerialQueue::drain(std::chrono::milliseconds longest) {
     std::unique_lock lock(m_mutex);
-    return m_changed.wait_for(lock, longest, [this] { return m_pending.empty() && !m_busy; });
+    return m_idle.wait_for(lock, longest, [this] { return !m_running; });
 }
 
 void SerialQueue::loop() {
     std::unique_lock lock(m_mutex);
-    for (;;) {
-        m_changed.wait(lock, [this] { return m_stopping || !m_pending.empty(); });
-        if (m_pending.empty())
-            return;
+    while (!m_pending.empty()) {
         std::function<void()> work = std::move(m_pending.front());
         m_pending.pop_front();
-        m_busy = true;
         lock.unlock();
         work();
         work = nullptr;
         lock.lock();
-        m_busy = false;
-        m_changed.notify_all();
     }
+    m_running = false;
+    m_idle.notify_all();
 }
 
 } // namespace velmora

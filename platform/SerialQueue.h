@@ -9,8 +9,8 @@
 
 namespace velmora {
 
-/// One worker thread that runs pieces of work in order. The thread starts with the first piece
-/// and sleeps without waking while there is none. The destructor finishes what is queued.
+/// Runs pieces of work in order on a worker thread, which is there only while there is work. The
+/// destructor finishes what is queued.
 class SerialQueue {
 public:
     SerialQueue() = default;
@@ -28,10 +28,9 @@ private:
     void loop();
 
     std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable m_idle;
     std::deque<std::function<void()>> m_pending;
-    bool m_busy = false;
-    bool m_stopping = false;
+    bool m_running = false;
     std::thread m_thread;
 };
 

@@ -8,6 +8,10 @@
 
 namespace velmora {
 
+namespace {
+constexpr double IdleSeconds = 5;
+}
+
 UrlSession::UrlSession(Configuration configuration)
     : m_worker(new UrlSessionWorker(std::move(configuration))) {
     m_thread.setObjectName(QStringLiteral("velmora-network"));
@@ -15,6 +19,8 @@ UrlSession::UrlSession(Configuration configuration)
 }
 
 UrlSession::~UrlSession() {
+    if (m_idleTimer)
+        m_idleTimer->invalidate();
     if (m_thread.isRunning()) {
         m_worker->stop();
         m_thread.quit();
@@ -25,15 +31,28 @@ UrlSession::~UrlSession() {
 
 UrlTaskPtr UrlSession::start(const UrlRequest &request, Completion completion) {
     auto task = std::make_shared<UrlTask>();
+    if (m_idleTimer)
+        m_idleTimer->invalidate();
+    ++m_underWay;
     ensureRunning();
-    m_worker->enqueue(
-        {request, [task, completion = std::move(completion)](UrlResponse response) {
-             MainQueue::post([task, completion, response = std::move(response)] {
-                 task->m_running = false;
-                 completion(response);
-             });
-         }});
+    m_worker->enqueue({request, [this, alive = std::weak_ptr(m_alive), task,
+                                 completion = std::move(completion)](UrlResponse response) {
+                           MainQueue::post([this, alive, task, completion,
+                                            response = std::move(response)] {
+                               if (alive.expired())
+                                   return;
+                               task->m_running = false;
+                               taskEnded();
+                               completion(response);
+                           });
+                       }});
     return task;
+}
+
+void UrlSession::taskEnded() {
+    if (--m_underWay == 0)
+        m_idleTimer = Timer::scheduled(IdleSeconds, Timer::Kind::OneShot,
+                                       [this] { m_worker->rest(); });
 }
 
 std::optional<UrlResponse> UrlSession::fetch(const UrlRequest &request) {

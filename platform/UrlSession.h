@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Timer.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QPair>
@@ -55,13 +57,16 @@ using UrlTaskPtr = std::shared_ptr<UrlTask>;
 /// Requests over HTTP and HTTPS, carried by one worker thread that starts with the first of
 /// them. Completions are called on the main thread in the order in which the requests ended,
 /// never from inside start(). Redirects are followed when no less safe; certificates are always
-/// verified; a transfer that stays silent for the idle timeout fails. Main thread only, but for
-/// fetch().
+/// verified; a transfer that stays silent for the idle timeout fails. When there has been
+/// nothing to carry for a while, connections and what belongs to them are let go until the next
+/// request. Main thread only, but for fetch().
 class UrlSession {
 public:
     struct Configuration {
-        /// PEM text of certificate authorities trusted beside the system's.
-        QByteArray additionalAuthorities;
+        /// A host that is verified against authorities of its own, and against no others; PEM
+        /// text. All other hosts are verified against the system's authorities.
+        QString privateHost;
+        QByteArray privateAuthorities;
         int idleTimeoutMs = 60'000;
         /// Further requests wait, in order, while so many are under way.
         int mostAtOnce = 6;
@@ -80,8 +85,13 @@ public:
 
 private:
     void ensureRunning();
+    void taskEnded();
 
     std::once_flag m_started;
+    int m_underWay = 0;
+    TimerPtr m_idleTimer;
+    // Expires with the session, for completions that are still posted then.
+    std::shared_ptr<int> m_alive = std::make_shared<int>();
     QThread m_thread;
     UrlSessionWorker *m_worker;
 };

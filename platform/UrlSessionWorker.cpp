@@ -11,6 +11,11 @@
 
 namespace velmora {
 
+namespace {
+const QEvent::Type WorkEvent = QEvent::User;
+const QEvent::Type RestEvent = QEvent::Type(QEvent::User + 1);
+} // namespace
+
 UrlSessionWorker::UrlSessionWorker(UrlSession::Configuration configuration)
     : m_configuration(std::move(configuration)) {}
 
@@ -21,18 +26,24 @@ void UrlSessionWorker::enqueue(Job job) {
         const std::lock_guard lock(m_mutex);
         m_pending.push_back(std::move(job));
     }
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    QCoreApplication::postEvent(this, new QEvent(WorkEvent));
 }
 
 void UrlSessionWorker::stop() {
     m_stopped = true;
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    QCoreApplication::postEvent(this, new QEvent(WorkEvent));
+}
+
+void UrlSessionWorker::rest() {
+    QCoreApplication::postEvent(this, new QEvent(RestEvent));
 }
 
 bool UrlSessionWorker::event(QEvent *event) {
-    if (event->type() != QEvent::User)
+    if (event->type() == RestEvent)
+        letGo();
+    else if (event->type() != WorkEvent)
         return QObject::event(event);
-    if (m_stopped)
+    else if (m_stopped)
         abortAll();
     else
         startNext();
@@ -60,7 +71,8 @@ void UrlSessionWorker::startNext() {
                     done(transfer->takeResponse());
                     startNext();
                 });
-        transfer->start(manager(), m_tls);
+        QNetworkAccessManager &network = manager();
+        transfer->start(network, tlsFor(transfer->url()));
     }
 }
 
@@ -73,19 +85,29 @@ void UrlSessionWorker::abortAll() {
     delete std::exchange(m_manager, nullptr);
 }
 
+void UrlSessionWorker::letGo() {
+    const std::lock_guard lock(m_mutex);
+    if (m_active.empty() && m_pending.empty())
+        delete std::exchange(m_manager, nullptr);
+}
+
 QNetworkAccessManager &UrlSessionWorker::manager() {
     if (m_manager)
         return *m_manager;
-    // Made here, on the worker thread: reading the authorities takes a tenth of a second.
-    m_tls = QSslConfiguration::defaultConfiguration();
-    if (!m_configuration.additionalAuthorities.isEmpty()) {
-        m_tls.setCaCertificates(
-            QSslConfiguration::systemCaCertificates() +
-            QSslCertificate::fromData(m_configuration.additionalAuthorities, QSsl::Pem));
-    }
+    m_privateAuthorities =
+        QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
     m_manager = new QNetworkAccessManager(this);
     m_manager->setTransferTimeout(m_configuration.idleTimeoutMs);
     return *m_manager;
+}
+
+QSslConfiguration UrlSessionWorker::tlsFor(const QUrl &url) const {
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    const bool isPrivate = !m_configuration.privateHost.isEmpty() &&
+                           url.host() == m_configuration.privateHost;
+    if (isPrivate && !m_privateAuthorities.isEmpty())
+        tls.setCaCertificates(m_privateAuthorities);
+    return tls;
 }
 
 } // namespace velmora

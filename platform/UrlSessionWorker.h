@@ -3,6 +3,7 @@
 #include "platform/UrlSession.h"
 
 #include <QtCore/QObject>
+#include <QtNetwork/QSslCertificate>
 #include <QtNetwork/QSslConfiguration>
 
 #include <atomic>
@@ -35,19 +36,24 @@ public:
     /// Aborts everything on the worker thread; nothing is answered any more. Any thread.
     void stop();
 
+    /// Lets connections go when there is nothing to carry. Any thread.
+    void rest();
+
     bool event(QEvent *event) override;
 
 private:
     void startNext();
     void abortAll();
+    void letGo();
     QNetworkAccessManager &manager();
+    QSslConfiguration tlsFor(const QUrl &url) const;
 
     const UrlSession::Configuration m_configuration;
     std::mutex m_mutex;
     std::deque<Job> m_pending;
     std::atomic<bool> m_stopped = false;
     QNetworkAccessManager *m_manager = nullptr;
-    QSslConfiguration m_tls;
+    QList<QSslCertificate> m_privateAuthorities;
     std::vector<UrlTransfer *> m_active;
 };
 

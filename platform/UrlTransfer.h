@@ -21,6 +21,8 @@ public:
     /// Aborts the request if it is still under way.
     ~UrlTransfer() override;
 
+    const QUrl &url() const { return m_request.url; }
+
     void start(QNetworkAccessManager &manager, const QSslConfiguration &tls);
     UrlResponse takeResponse() { return std::move(m_response); }
 

@@ -44,6 +44,20 @@ TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
     EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 2);
 }
 
+TEST_F(BannerControllerTest, ABannerAddedAfterTheReplyShowsWithoutAskingAgain) {
+    serve({banner(QStringLiteral("one"))});
+    addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    QWidget late;
+    late.resize(900, 400);
+    late.show();
+    Velmora::addBannerForWindow(&late);
+    EXPECT_TRUE(eventually([&] {
+        return Velmora::BControllFromWindow(&late)->selectBanner() == QStringLiteral("one");
+    }));
+    EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
 TEST_F(BannerControllerTest, RotationRestsWhileTheWindowCannotBeSeen) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
     BannerController *controller = addBanner();

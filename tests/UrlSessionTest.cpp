@@ -1,6 +1,7 @@
 #include "platform/MainQueue.h"
 #include "platform/UrlSession.h"
 #include "tests/support/LocalAdServer.h"
+#include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
@@ -20,7 +21,7 @@ protected:
     UrlSessionTest() { server.campaign().setMedia(QStringLiteral("/file"), QByteArray(300'000, 'v')); }
 
     UrlSession::Configuration trusting(int idleTimeoutMs = 20'000) const {
-        return {server.caPem(), idleTimeoutMs, 6};
+        return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6};
     }
 
     UrlRequest toFile(const QString &path = QStringLiteral("/file")) const {
@@ -130,6 +131,35 @@ TEST_F(UrlSessionTest, OnlyTrustedServersAreBelieved) {
         EXPECT_TRUE(files().isEmpty()) << test.what;
         EXPECT_EQ(server.log().count(), 0) << test.what;
     }
+    // The private authority is good for its own host alone.
+    server.stop();
+    server.setIdentity(server.authority().validLeaf());
+    baseUrl = server.start();
+    UrlSession::Configuration elsewhere = trusting();
+    elsewhere.privateHost = QStringLiteral("localhost");
+    UrlSession session(elsewhere);
+    EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
+    UrlRequest byName = toFile();
+    byName.url.setHost(QStringLiteral("localhost"));
+    EXPECT_EQ(answer(session, byName)->error, QString());
+}
+
+TEST_F(UrlSessionTest, ConnectionsAreLetGoWhenThereIsNothingToCarry) {
+    VirtualTime time;
+    UrlSession session(trusting());
+    const auto threads = [] {
+        return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+    EXPECT_EQ(answer(session, toFile())->error, QString());
+    const auto busy = threads();
+    time.advance(4);
+    EXPECT_EQ(answer(session, toFile())->error, QString());
+    time.advance(4);
+    EXPECT_EQ(threads(), busy);
+    time.advance(2);
+    EXPECT_TRUE(eventually([&] { return threads() < busy; }));
+    EXPECT_EQ(time.timerCount(), 0u);
+    EXPECT_EQ(answer(session, toFile())->error, QString());
 }
 
 TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
@@ -152,7 +182,9 @@ TEST_F(UrlSessionTest, ASilentServerTimesOut) {
 }
 
 TEST_F(UrlSessionTest, ManyRequestsAreCarriedInOrderAFewAtATime) {
-    UrlSession session({server.caPem(), 20'000, 1});
+    UrlSession::Configuration configuration = trusting();
+    configuration.mostAtOnce = 1;
+    UrlSession session(configuration);
     QList<int> finished;
     for (int i = 0; i < 30; ++i) {
         UrlRequest request;

@@ -36,10 +36,6 @@ public:
     /// @param extension the extension without a dot; may be empty
     QUrl urlForResource(const QString &name, const QString &extension) const;
 
-    /// Path of an interface image by its bare name, for QIcon and QImage (which find the
-    /// "@2x" and "@3x" files beside it).
-    QString pathForImage(const QString &name) const;
-
 private:
     friend struct BundleSet;
     static const Bundle &frameworkBundle();

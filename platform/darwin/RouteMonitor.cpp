@@ -56,7 +56,7 @@ QString lastError() {
 // One service handle and what was last known through it. Shared with the queues, so that it
 // outlives a monitor that is destroyed meanwhile.
 struct Service {
-    explicit Service(SCNetworkReachabilityRef handle) : handle(handle) {}
+    explicit Service(SCNetworkReachabilityRef reference) : handle(reference) {}
     ~Service() { CFRelease(handle); }
     Service(const Service &) = delete;
     Service &operator=(const Service &) = delete;

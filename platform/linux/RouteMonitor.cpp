@@ -52,7 +52,8 @@ public:
     bool prepare() {
         if (!m_routes.isOpen() || !m_events.isOpen() ||
             !m_events.join({RTNLGRP_LINK, RTNLGRP_IPV4_IFADDR, RTNLGRP_IPV6_IFADDR,
-                            RTNLGRP_IPV4_ROUTE, RTNLGRP_IPV6_ROUTE}))
+                            RTNLGRP_IPV4_ROUTE, RTNLGRP_IPV6_ROUTE, RTNLGRP_IPV4_RULE,
+                            RTNLGRP_IPV6_RULE}))
             return false;
         m_last = flagsOf(m_routes, m_target, m_lookup.get());
         return true;

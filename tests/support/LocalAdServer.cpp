@@ -16,7 +16,7 @@ Deployment LocalAdServer::deployment() const {
     values.acsURL = baseUrl;
     values.storeLookupURL = baseUrl;
     values.reachabilityProbe = QStringLiteral("127.0.0.1");
-    values.additionalAuthorities = server.caPem();
+    values.adServerAuthorities = server.caPem();
     return values;
 }
 

@@ -1,0 +1,138 @@
+// Prints what a banner costs beside a bare movie label that shows the same picture at the same
+// size, each in a process of its own, measured by the kernel's counters in the same run.
+
+#include "adserver/AdServer.h"
+#include "benchmarks/BannerSubject.h"
+#include "benchmarks/ProcessFigures.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <vector>
+
+#include <unistd.h>
+
+using velmora::bench::BannerSubject;
+using velmora::bench::ProcessFigures;
+
+namespace {
+
+// Long enough for what is done once, and for idle connections to be let go.
+constexpr int WarmUpMs = 8000;
+
+struct Sample {
+    double cpuPercent = 0;
+    double privateMegabytes = 0;
+};
+
+void serveOneBanner(velmora::adserver::AdServer &server) {
+    QFile picture(QStringLiteral(VELMORA_SAMPLE_BANNER));
+    if (!picture.open(QIODevice::ReadOnly))
+        qFatal("the sample banner is missing");
+    server.campaign().setMedia(QStringLiteral("/banner.gif"), picture.readAll());
+    const QJsonObject ad{{QStringLiteral("name"), QStringLiteral("sample")},
+                         {QStringLiteral("priority"), 1},
+                         {QStringLiteral("image_728x90"), QStringLiteral("/banner.gif")},
+                         {QStringLiteral("market_url"), QStringLiteral("https://apps.example/app/id1")}};
+    server.campaign().setReply(
+        QJsonDocument(QJsonObject{{QStringLiteral("standard"), QJsonArray{ad}},
+                                  {QStringLiteral("video"), QJsonArray()}})
+            .toJson());
+}
+
+Sample measure(const QString &subject, const QProcessEnvironment &environment, int seconds) {
+    QProcess child;
+    child.setProcessEnvironment(environment);
+    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--subject"), subject});
+    while (child.waitForReadyRead(30'000) && !child.canReadLine()) {
+    }
+    if (!child.canReadLine())
+        qFatal("%s did not start", qPrintable(subject));
+    QThread::msleep(WarmUpMs);
+    const ProcessFigures before = ProcessFigures::of(child.processId());
+    QThread::sleep(static_cast<unsigned long>(seconds));
+    const ProcessFigures after = ProcessFigures::of(child.processId());
+    child.kill();
+    child.waitForFinished();
+    return {(after.cpuSeconds - before.cpuSeconds) / seconds * 100, after.privateMegabytes};
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    // A subject makes its own application object, with windows.
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (qstrcmp(argv[i], "--subject") == 0)
+            return BannerSubject::run(QString::fromLocal8Bit(argv[i + 1]), argc, argv);
+    }
+
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const QCommandLineOption secondsOption(QStringLiteral("seconds"), QStringLiteral("length of one measurement"),
+                                           QStringLiteral("n"), QStringLiteral("9"));
+    const QCommandLineOption roundsOption(QStringLiteral("rounds"), QStringLiteral("measurements of each subject"),
+                                          QStringLiteral("n"), QStringLiteral("3"));
+    parser.addOptions({secondsOption, roundsOption});
+    parser.process(application);
+
+    velmora::adserver::AdServer server;
+    const QString url = server.start();
+    serveOneBanner(server);
+    const QTemporaryDir folder;
+    QFile authority(folder.filePath(QStringLiteral("ca.pem")));
+    if (url.isEmpty() || !authority.open(QIODevice::WriteOnly))
+        qFatal("the ad server did not start");
+    authority.write(server.caPem());
+    authority.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("VELMORA_AD_SERVER_URL"), url);
+    environment.insert(QStringLiteral("VELMORA_AD_SERVER_CA"), authority.fileName());
+    environment.insert(QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1"));
+    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
+        environment.insert(QLatin1String(place), folder.filePath(QLatin1String(place)));
+
+    // Pages of a file that was just built count as a process's own until they are written.
+    sync();
+
+    // Rounds in turn, so that whatever else the machine does falls on all of them.
+    std::map<QString, std::vector<double>> cpu;
+    std::map<QString, std::vector<double>> memory;
+    for (int round = 0; round < parser.value(roundsOption).toInt(); ++round) {
+        for (const QString &subject : BannerSubject::names()) {
+            const Sample sample = measure(subject, environment, parser.value(secondsOption).toInt());
+            cpu[subject].push_back(sample.cpuPercent);
+            memory[subject].push_back(sample.privateMegabytes);
+        }
+    }
+
+    std::printf("%-14s %10s %14s %16s\n", "", "CPU, %", "private, MB", "above window, MB");
+    const double window = median(memory[QStringLiteral("window")]);
+    for (const QString &subject : BannerSubject::names())
+        std::printf("%-14s %10.2f %14.2f %16.2f\n", qPrintable(subject), median(cpu[subject]),
+                    median(memory[subject]), median(memory[subject]) - window);
+    std::printf("\n");
+    for (const char *peer : {"label-https", "label"}) {
+        const auto ratio = [peer](std::map<QString, std::vector<double>> &figures) {
+            return median(figures[QStringLiteral("banner")]) / median(figures[QLatin1String(peer)]);
+        };
+        std::printf("banner : %-12s  CPU %.2f, private memory %.2f\n", peer, ratio(cpu), ratio(memory));
+    }
+    return 0;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtWidgets/QStyledItemDelegate>
+
+namespace demo {
+
+/// Draws one event: when, what, and below it what about.
+class EventDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+};
+
+} // namespace demo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtCore/QAbstractListModel>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+namespace demo {
+
+/// What has happened in this run, oldest first: the framework's notifications, opened links and
+/// what the host did itself.
+class EventLog : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    enum Role { NameRole = Qt::DisplayRole, ObjectRole = Qt::UserRole, TimeRole };
+
+    explicit EventLog(QObject *parent = nullptr);
+
+    void record(const QString &name, const QString &object = {});
+
+    /// How often an event was recorded.
+    int count(const QString &name) const;
+    /// The object of the last such event; null when there was none.
+    QString lastObject(const QString &name) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+Q_SIGNALS:
+    void recorded(const QString &name, const QString &object);
+
+private:
+    struct Event {
+        qint64 milliseconds;
+        QString name;
+        QString object;
+    };
+
+    QElapsedTimer m_clock;
+    QList<Event> m_events;
+};
+
+} // namespace demo

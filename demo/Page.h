@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+class QVBoxLayout;
+
+namespace demo {
+
+/// The window's content area. The framework lays its banner over the bottom of it, so the page
+/// keeps its own content clear of the place where a banner is.
+class Page : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Page(QWidget *parent = nullptr);
+
+    QVBoxLayout *column() const { return m_column; }
+
+    /// The banner's view while there is one, else null.
+    QWidget *banner() const { return m_banner; }
+
+Q_SIGNALS:
+    void bannerChanged();
+
+protected:
+    void childEvent(QChildEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void makeRoom();
+
+    QVBoxLayout *m_column;
+    QPointer<QWidget> m_banner;
+};
+
+} // namespace demo

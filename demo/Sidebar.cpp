@@ -1,0 +1,81 @@
+#include "demo/Sidebar.h"
+
+#include "demo/EntryDelegate.h"
+#include "demo/JournalEntry.h"
+#include "demo/Theme.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QVBoxLayout>
+
+namespace demo {
+
+namespace {
+
+constexpr int HeaderHeight = 84;
+constexpr int FooterHeight = 44;
+
+void paintMark(QPainter &painter, const QRectF &frame) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme::Accent);
+    painter.drawEllipse(frame);
+    QPainterPath clip;
+    clip.addEllipse(frame);
+    painter.setClipPath(clip);
+    painter.setBrush(QColor(0xf4, 0xc9, 0x7a));
+    painter.drawEllipse(frame.center() + QPointF(5, -5), 6, 6);
+    for (int i = 0; i < 2; ++i) {
+        const double y = frame.center().y() + 2 + i * 6.5;
+        QPainterPath swell(QPointF(frame.left(), y));
+        swell.cubicTo(frame.left() + frame.width() * 0.35, y - 8 + i * 10,
+                      frame.left() + frame.width() * 0.6, y + 8 - i * 10, frame.right(), y - 1);
+        swell.lineTo(frame.bottomRight());
+        swell.lineTo(frame.bottomLeft());
+        painter.fillPath(swell, i ? theme::Deep.lighter(150) : theme::OnDeep);
+    }
+    painter.setClipping(false);
+}
+
+} // namespace
+
+Sidebar::Sidebar(QWidget *parent) : QWidget(parent), m_list(new QListWidget(this)) {
+    setFixedWidth(Width);
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->viewport()->setAutoFillBackground(false);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->setMouseTracking(true);
+    m_list->setAccessibleName(QStringLiteral("Journal entries"));
+    m_list->setItemDelegate(new EntryDelegate(m_list));
+    for (const JournalEntry &entry : JournalEntry::all())
+        new QListWidgetItem(entry.title, m_list);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, HeaderHeight, 0, FooterHeight);
+    layout->addWidget(m_list);
+    connect(m_list, &QListWidget::currentRowChanged, this, &Sidebar::entryChosen);
+}
+
+void Sidebar::setCurrent(int entry) {
+    m_list->setCurrentRow(entry);
+}
+
+void Sidebar::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), theme::Deep);
+    paintMark(painter, QRectF(20, 22, 36, 36));
+    painter.setPen(theme::OnDeep);
+    painter.setFont(theme::heading(20));
+    painter.drawText(QRectF(68, 20, width() - 80, 24), Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("Tidewick"));
+    painter.setPen(theme::OnDeepSoft);
+    painter.setFont(theme::text(12));
+    painter.drawText(QRectF(68, 43, width() - 80, 18), Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("Travel journal"));
+    painter.drawText(QRectF(20, height() - FooterHeight, width() - 40, FooterHeight),
+                     Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("%1 entries this year").arg(JournalEntry::all().size()));
+}
+
+} // namespace demo

@@ -1,0 +1,14 @@
+#include "demo/tour/CachedBannerScene.h"
+
+#include "demo/DemoApplication.h"
+
+namespace demo {
+
+void CachedBannerScene::play() {
+    m_demo.server().setRunning(false);
+    if (openWindow() && awaitBanner(QStringLiteral("a stored banner"),
+                                    [this](const QString &name) { return isCampaignBanner(name); }))
+        picture(QStringLiteral("cached-banner"));
+}
+
+} // namespace demo

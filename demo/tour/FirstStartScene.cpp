@@ -1,0 +1,158 @@
+#include "demo/tour/FirstStartScene.h"
+
+#include "demo/ControlPanel.h"
+#include "demo/DemoApplication.h"
+#include "demo/JournalWindow.h"
+#include "demo/Page.h"
+#include "demo/tour/ScreenRobot.h"
+
+#include <Velmora/Velmora.h>
+
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+
+namespace demo {
+
+namespace {
+
+constexpr int LargeHeight = 100;
+constexpr int SmallHeight = 60;
+constexpr int ShadowDepth = 4;
+constexpr double Aspect = 728.0 / 90;
+constexpr int SwapWithinMs = 25000;
+constexpr QSize NarrowSize(480, 640);
+
+} // namespace
+
+void FirstStartScene::play() {
+    const auto isFromCampaign = [this](const QString &name) { return isCampaignBanner(name); };
+    if (!openWindow() || !awaitBanner(QStringLiteral("a banner of the campaign"), isFromCampaign))
+        return;
+    expect(m_demo.server().requests(QStringLiteral("/api/v1/banners")) == 1,
+           QStringLiteral("exactly one request for the ad table"));
+    placement();
+    clickBanner();
+    swap();
+    narrowWindow();
+    panel();
+    awaitVideo();
+    removal();
+}
+
+QRect FirstStartScene::bannerFrame(int height, int bottomInset, int centreInset) const {
+    const QRect page = m_window->page()->rect();
+    const double width = qMin(height * Aspect, double(page.width()));
+    const double shown = width / Aspect;
+    return QRectF((page.width() - width) / 2 + centreInset,
+                  page.height() - ShadowDepth - bottomInset - shown, width, shown)
+        .toRect();
+}
+
+void FirstStartScene::awaitPlace(int height, int bottomInset, int centreInset) {
+    const auto near = [](int a, int b) { return qAbs(a - b) <= 1; };
+    await(QStringLiteral("the banner at its place (height %1, insets %2 and %3)")
+              .arg(height)
+              .arg(bottomInset)
+              .arg(centreInset),
+          [&] {
+              if (!bannerImage())
+                  return false;
+              const QRect is = banner()->geometry();
+              const QRect due = bannerFrame(height, bottomInset, centreInset);
+              return near(is.x(), due.x()) && near(is.y(), due.y()) &&
+                     near(is.width(), due.width()) && near(is.height(), due.height()) &&
+                     ScreenRobot::shows(bannerImage());
+          });
+}
+
+void FirstStartScene::placement() {
+    awaitPlace(LargeHeight);
+    picture(QStringLiteral("banner-large"));
+    Velmora::setBannersSmallImage();
+    awaitPlace(SmallHeight);
+    picture(QStringLiteral("banner-small"));
+    Velmora::setBannersLargeImage();
+    Velmora::setBannersBottomInset(18);
+    Velmora::setBannersCenterXInset(-48);
+    awaitPlace(LargeHeight, 18, -48);
+    picture(QStringLiteral("banner-with-insets"));
+    Velmora::setBannersBottomInset(0);
+    Velmora::setBannersCenterXInset(0);
+    awaitPlace(LargeHeight);
+}
+
+void FirstStartScene::swap() {
+    const QString before = bannerName();
+    awaitBanner(
+        QStringLiteral("another banner of the campaign"),
+        [&](const QString &name) { return name != before && isCampaignBanner(name); },
+        SwapWithinMs);
+    picture(QStringLiteral("banner-swapped"));
+}
+
+void FirstStartScene::narrowWindow() {
+    resizeWindow(NarrowSize);
+    await(QStringLiteral("the page as wide as the narrow window"),
+          [this] { return m_window->page()->width() == NarrowSize.width(); });
+    awaitPlace(LargeHeight);
+    expect(banner() && banner()->width() == m_window->page()->width(),
+           QStringLiteral("a banner as wide as the narrow window"));
+    picture(QStringLiteral("narrow-window"));
+    resizeWindow(m_window->minimumSize());
+    awaitPlace(LargeHeight);
+    picture(QStringLiteral("smallest-window"));
+    resizeWindow(JournalWindow::DefaultSize);
+    awaitPlace(LargeHeight);
+}
+
+void FirstStartScene::panel() {
+    auto *button = m_window->findChild<QWidget *>(QStringLiteral("panelButton"));
+    click(button);
+    await(QStringLiteral("the advertising panel"),
+          [this] { return m_window->panel()->isVisible(); });
+    awaitPlace(LargeHeight);
+    click(m_window->findChild<QWidget *>(QStringLiteral("hideButton")));
+    await(QStringLiteral("a hidden banner"), [this] { return !banner(); });
+    click(m_window->findChild<QWidget *>(QStringLiteral("showButton")));
+    awaitPlace(LargeHeight);
+    parkPointer();
+    picture(QStringLiteral("panel"));
+}
+
+// A later start shows stored ads only when a video is among them.
+void FirstStartScene::awaitVideo() {
+    const QStringList stills =
+        m_demo.server().campaignValues(QStringLiteral("video"), QStringLiteral("image"));
+    await(QStringLiteral("a video stored for later"), [&] {
+        return std::any_of(stills.begin(), stills.end(), [this](const QString &still) {
+            return m_demo.server().requests(still) > 0;
+        });
+    });
+}
+
+void FirstStartScene::removal() {
+    click(banner()->findChild<QWidget *>(QStringLiteral("closeButton")));
+    await(QStringLiteral("a notification about the close button"),
+          [this] { return m_demo.log().count(VLMtryRemoveAds) == 1; });
+    expect(banner() != nullptr, QStringLiteral("the banner still there after its close button"));
+    QWidget *buy = nullptr;
+    const bool offered = await(QStringLiteral("the offer to remove ads"), [&buy] {
+        const QWidget *sheet = QApplication::activeModalWidget();
+        buy = sheet ? sheet->findChild<QWidget *>(QStringLiteral("buyButton")) : nullptr;
+        return buy && ScreenRobot::shows(buy);
+    });
+    if (!offered)
+        return;
+    parkPointer();
+    picture(QStringLiteral("offer-to-remove-ads"));
+    click(buy);
+    await(QStringLiteral("the banner gone"), [this] { return !m_window->page()->banner(); });
+    expect(Velmora::isADSRemoved(), QStringLiteral("ads switched off"));
+    await(QStringLiteral("the page without its banner on the screen"),
+          [this] { return ScreenRobot::shows(m_window->page()); });
+    m_timeline.add(QStringLiteral("banner-gone"));
+    picture(QStringLiteral("ads-removed"));
+}
+
+} // namespace demo

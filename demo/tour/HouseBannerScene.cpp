@@ -1,0 +1,20 @@
+#include "demo/tour/HouseBannerScene.h"
+
+#include "demo/DemoApplication.h"
+
+#include <QtCore/QRegularExpression>
+
+namespace demo {
+
+void HouseBannerScene::play() {
+    m_demo.server().setRunning(false);
+    static const QRegularExpression houseName(QStringLiteral("^mac\\.\\d{6}\\.mac-store$"));
+    if (!openWindow() || !awaitBanner(QStringLiteral("a house banner"), [](const QString &name) {
+            return houseName.match(name).hasMatch();
+        }))
+        return;
+    picture(QStringLiteral("house-banner"));
+    clickBanner();
+}
+
+} // namespace demo

@@ -1,0 +1,103 @@
+#include "demo/tour/ScreenRobot.h"
+
+#include <QtCore/QProcess>
+#include <QtCore/QStandardPaths>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <cmath>
+
+namespace demo {
+
+namespace {
+
+QImage grab(const QScreen *screen, const QRect &frame) {
+    const QRect place = frame.translated(-screen->geometry().topLeft());
+    return const_cast<QScreen *>(screen)
+        ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
+        .toImage();
+}
+
+// Mean difference of two pictures of the same thing, 0 to 255. Made small first, so that neither
+// a pixel's shift nor smoothed edges count.
+double difference(const QImage &first, const QImage &second) {
+    const QSize small(64, 16);
+    const auto reduced = [&](const QImage &image) {
+        return image.convertToFormat(QImage::Format_RGB32)
+            .scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QImage a = reduced(first);
+    const QImage b = reduced(second);
+    double sum = 0;
+    for (int y = 0; y < small.height(); ++y) {
+        for (int x = 0; x < small.width(); ++x) {
+            const QColor p = a.pixelColor(x, y);
+            const QColor q = b.pixelColor(x, y);
+            sum += std::abs(p.red() - q.red()) + std::abs(p.green() - q.green()) +
+                   std::abs(p.blue() - q.blue());
+        }
+    }
+    return sum / (3.0 * small.width() * small.height());
+}
+
+bool xdotool(const QStringList &arguments) {
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("xdotool"));
+    return !program.isEmpty() && QGuiApplication::platformName() == QLatin1String("xcb") &&
+           QProcess::execute(program, arguments) == 0;
+}
+
+QStringList moveTo(const QPoint &global, double ratio) {
+    return {QStringLiteral("mousemove"), QString::number(std::lround(global.x() * ratio)),
+            QString::number(std::lround(global.y() * ratio))};
+}
+
+} // namespace
+
+QImage ScreenRobot::pictureOf(const QWidget *window) {
+    return grab(window->screen(), window->frameGeometry());
+}
+
+QImage ScreenRobot::pictureAt(const QWidget *widget) {
+    return grab(widget->screen(), {widget->mapToGlobal(QPoint()), widget->size()});
+}
+
+bool ScreenRobot::shows(QWidget *widget) {
+    constexpr double Tolerance = 12; // it may be moving
+    return widget->isVisible() && !widget->size().isEmpty() &&
+           difference(widget->grab().toImage(), pictureAt(widget)) < Tolerance;
+}
+
+void ScreenRobot::click(QWidget *widget, const QPoint &point) {
+    QWidget *window = widget->window();
+    if (!pressOnScreen(widget->mapToGlobal(point), widget->devicePixelRatioF()))
+        pressInWindow(window, widget->mapTo(window, point));
+}
+
+bool ScreenRobot::pressOnScreen(const QPoint &global, double ratio) {
+    return xdotool(moveTo(global, ratio) +
+                   QStringList{QStringLiteral("click"), QStringLiteral("1")});
+}
+
+// The window itself finds the widget under the pointer, as with events of the window system.
+void ScreenRobot::pressInWindow(QWidget *window, const QPoint &point) {
+    QWindow *handle = window->windowHandle();
+    if (!handle)
+        return;
+    const QPointF global = window->mapToGlobal(point);
+    for (const bool down : {true, false}) {
+        QMouseEvent event(down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, point,
+                          global, Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(handle, &event);
+    }
+}
+
+bool ScreenRobot::parkPointer(const QWidget *window) {
+    const QRect whole = window->screen()->geometry();
+    return xdotool(moveTo(whole.bottomRight(), window->devicePixelRatioF()));
+}
+
+} // namespace demo

@@ -1,0 +1,27 @@
+#include "demo/tour/Timeline.h"
+
+#include <QtCore/QElapsedTimer>
+
+namespace demo {
+
+const QString Timeline::FileName = QStringLiteral("timeline.txt");
+
+Timeline::Timeline(const QString &folder, qint64 started)
+    : m_file(folder + QLatin1Char('/') + FileName), m_started(started) {
+    m_file.open(QIODevice::WriteOnly | QIODevice::Append);
+}
+
+qint64 Timeline::now() {
+    QElapsedTimer clock;
+    clock.start();
+    return clock.msecsSinceReference();
+}
+
+void Timeline::add(const QString &name, const QString &object) {
+    QString line = QStringLiteral("%1\t%2\t%3").arg(now() - m_started).arg(name, object);
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    m_file.write(line.toUtf8() + '\n');
+    m_file.flush();
+}
+
+} // namespace demo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtCore/QFile>
+#include <QtCore/QString>
+
+namespace demo {
+
+/// The tour's record: a line for each event with its time, name and object, tabs between.
+/// Several processes may write to it one after the other.
+class Timeline {
+public:
+    static const QString FileName;
+
+    /// @param started beginning of the tour on the system's steady clock, milliseconds
+    Timeline(const QString &folder, qint64 started);
+
+    bool isOpen() const { return m_file.isOpen(); }
+    void add(const QString &name, const QString &object = {});
+
+    /// The system's steady clock, milliseconds.
+    static qint64 now();
+
+private:
+    QFile m_file;
+    qint64 m_started;
+};
+
+} // namespace demo
