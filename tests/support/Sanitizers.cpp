@@ -1,0 +1,24 @@
+// What the sanitizers are told of the libraries that are not ours. Without a sanitizer nobody
+// calls these.
+
+extern "C" {
+
+__attribute__((visibility("default"))) const char *__lsan_default_suppressions();
+__attribute__((visibility("default"))) const char *__tsan_default_suppressions();
+
+// Caches that the font and desktop libraries keep until the process ends.
+const char *__lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n"
+           "leak:libQt6XcbQpa.so\n"
+           "leak:libglib-2.0.so\n";
+}
+
+// Qt and GLib are not instrumented: their own locks are invisible to the sanitizer.
+const char *__tsan_default_suppressions() {
+    return "called_from_lib:libQt6Core.so\n"
+           "called_from_lib:libQt6Network.so\n"
+           "race:libQt6Core.so\n"
+           "race:libQt6Network.so\n"
+           "race:libglib-2.0.so\n";
+}
+}
