@@ -225,7 +225,7 @@ TEST_F(UrlSessionTest, AWorkerMayWaitForAnAnswerAndIsFreedWhenTheSessionGoes) {
     server.faults().set(QStringLiteral("/file"), Fault::hang());
     server.log().clear();
     std::optional<UrlResponse> second = UrlResponse();
-    std::thread waiting([&] { second = session->fetch(request); });
+    std::thread waiting([&, waited = session.get()] { second = waited->fetch(request); });
     ASSERT_TRUE(eventually([&] { return server.log().count() > 0; }));
     session.reset();
     waiting.join();
