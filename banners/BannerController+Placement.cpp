@@ -8,7 +8,15 @@
 
 #include <Velmora/Support.h>
 
+#include <algorithm>
+
 namespace velmora {
+
+namespace {
+constexpr double CircleShare = 0.26;
+constexpr double SmallestCircle = 15;
+constexpr double LargestCircle = 22;
+} // namespace
 
 std::shared_ptr<BannerController> BannerController::addBannerToWindow(QWidget *window) {
     const std::shared_ptr<BannerController> banner(new BannerController);
@@ -80,9 +88,14 @@ void BannerController::setBannerConstraints() {
         std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
     m_layout = new ConstraintLayout(own);
     m_shadow = new BannerShadowView(own);
-    m_layout->setPlacedHandler([shadow = m_shadow, depth = m_shadowBotOfset](const QRect &frame) {
+    m_layout->setPlacedHandler([shadow = m_shadow, close = m_closeButton,
+                                depth = m_shadowBotOfset](const QRect &frame) {
         if (shadow)
             shadow->follow(frame, qRound(depth->constant()));
+        // On a small banner a small circle, so that it hides little; as easy to hit as ever.
+        if (close)
+            close->setImageDiameter(std::clamp(frame.height() * CircleShare, SmallestCircle,
+                                               LargestCircle));
     });
     m_layout->add(m_heightConstraint);
     m_layout->add(m_centerXConstraint);

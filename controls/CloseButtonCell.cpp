@@ -20,6 +20,14 @@ QRectF CloseButtonCell::imageFrame(QRectF frame) {
     return frame;
 }
 
+void CloseButtonCell::setImageDiameter(double diameter) {
+    if (m_imageDiameter == diameter)
+        return;
+    m_imageDiameter = diameter;
+    m_face = {};
+    update();
+}
+
 void CloseButtonCell::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     // Drawn once and kept, since the button lies over pictures that move.
@@ -30,7 +38,8 @@ void CloseButtonCell::paintEvent(QPaintEvent *) {
         m_face.setDevicePixelRatio(devicePixelRatioF());
         m_face.fill(Qt::transparent);
         // Room for the lowered image, so that the circle is never cut by the edge.
-        const double side = std::min(width(), height()) - 2.0;
+        const double room = std::min(width(), height()) - 2.0;
+        const double side = m_imageDiameter > 0 ? std::min(room, m_imageDiameter) : room;
         QPainter face(&m_face);
         drawImage({(width() - side) / 2, (height() - side) / 2, side, side}, face);
     }

@@ -14,6 +14,10 @@ public:
 
     QSize sizeHint() const override { return {24, 24}; }
 
+    /// Diameter of the circle, in points; the button's rectangle stays as it is. Default: as
+    /// large as fits.
+    void setImageDiameter(double diameter);
+
     /// Where the image goes in a frame: one point lower on systems whose minor version number
     /// is below 11.
     static QRectF imageFrame(QRectF frame);
@@ -28,6 +32,7 @@ private:
 
     QPixmap m_face;
     qint64 m_faceKey = 0;
+    double m_imageDiameter = 0;
 };
 
 } // namespace velmora
