@@ -1,0 +1,164 @@
+#include "platform/VideoSession.h"
+
+#include "platform/VideoModule.h"
+#include "platform/linux/BackgroundThread.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+
+#include <utility>
+
+namespace velmora {
+
+VideoSession::VideoSession(QObject *receiver, VideoSource source)
+    : m_source(std::move(source)), m_receiver(receiver) {}
+
+void VideoSession::begin() {
+    QString error;
+    if (!startBackgroundThread("velmora-video", [self = shared_from_this()] { self->serve(); },
+                               &error))
+        failed(error, false);
+}
+
+void VideoSession::run(Order order) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_orders.push_back(std::move(order));
+    }
+    m_wake.notify_one();
+}
+
+void VideoSession::seek(double seconds) {
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_seeksUnderWay;
+        m_news.ended = false;
+    }
+    run([this, seconds](VideoEngine &engine) {
+        engine.seek(seconds);
+        const std::lock_guard lock(m_mutex);
+        --m_seeksUnderWay;
+    });
+}
+
+void VideoSession::close() {
+    std::deque<Order> dropped;
+    VideoNews untold;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_closed = true;
+        m_receiver = nullptr;
+        dropped.swap(m_orders);
+        std::swap(untold, m_news);
+    }
+    m_wake.notify_one();
+}
+
+VideoNews VideoSession::takeNews() {
+    const std::lock_guard lock(m_mutex);
+    m_newsPosted = false;
+    return std::exchange(m_news, {});
+}
+
+VideoProgress VideoSession::progress() const {
+    const std::lock_guard lock(m_mutex);
+    return m_progress;
+}
+
+// On the session's thread from here.
+
+void VideoSession::serve() {
+    QString error = faultOfSource();
+    std::unique_ptr<VideoEngine> engine;
+    if (error.isEmpty()) {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_closed)
+                return;
+        }
+        engine = VideoModule::createEngine(this, &error);
+    }
+    if (!engine)
+        return failed(error, false);
+    engine->load(m_source);
+    serveOrders(*engine);
+}
+
+void VideoSession::serveOrders(VideoEngine &engine) {
+    std::unique_lock lock(m_mutex);
+    for (;;) {
+        m_wake.wait(lock, [this] { return m_closed || !m_orders.empty(); });
+        if (m_closed)
+            return;
+        const Order order = std::move(m_orders.front());
+        m_orders.pop_front();
+        lock.unlock();
+        order(engine);
+        lock.lock();
+    }
+}
+
+// What is no ordinary file could keep the thread waiting for ever.
+QString VideoSession::faultOfSource() const {
+    const QFileInfo file(m_source.path);
+    if (!file.exists())
+        return QStringLiteral("there is no such file");
+    if (!file.isFile())
+        return QStringLiteral("it is not a file");
+    return file.size() > 0 ? QString() : QStringLiteral("the file is empty");
+}
+
+// On any thread from here.
+
+void VideoSession::tell(const std::function<void(VideoNews &)> &change) {
+    const std::lock_guard lock(m_mutex);
+    if (m_closed)
+        return;
+    change(m_news);
+    // Under the lock: the receiver is there until close() has returned.
+    if (!std::exchange(m_newsPosted, true))
+        QCoreApplication::postEvent(m_receiver, new QEvent(QEvent::User));
+}
+
+void VideoSession::prepared() {
+    // The engine can be asked on its own thread only.
+    run([this](VideoEngine &engine) {
+        const double duration = engine.durationSeconds();
+        tell([duration](VideoNews &news) { news.duration = duration; });
+    });
+}
+
+void VideoSession::frame(const QImage &picture) {
+    // The picture that is replaced goes without the lock: that may mean work for the engine.
+    QImage latest = picture;
+    tell([&latest](VideoNews &news) { news.frame.swap(latest); });
+}
+
+void VideoSession::moved(double position, double quietFor) {
+    const std::lock_guard lock(m_mutex);
+    ++m_progress.moves;
+    m_progress.position = position;
+    m_progress.quietFor = quietFor;
+}
+
+void VideoSession::ended() {
+    tell([this](VideoNews &news) { news.ended = m_seeksUnderWay == 0; });
+}
+
+void VideoSession::failed(const QString &reason, bool soundIsAtFault) {
+    tell([&](VideoNews &news) {
+        if (!news.failure.isEmpty())
+            return;
+        news.failure = reason;
+        news.soundIsAtFault = soundIsAtFault;
+    });
+}
+
+void VideoSession::remark(const QString &text) {
+    LOG(QStringLiteral("video %1: %2").arg(m_source.path, text));
+}
+
+} // namespace velmora

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtGui/QImage>
+
+#include <gst/gst.h>
+
+namespace velmora {
+
+/// The format that GstFrame::image() takes, as it stands in capabilities: 32 bits a pixel in
+/// the machine's own byte order.
+const char *gstFrameFormat();
+
+/// The picture of a sample as an image that keeps the sample and shares its pixels. Takes the
+/// sample over; a null image when it is not in the format.
+QImage gstFrameImage(GstSample *sample);
+
+} // namespace velmora
