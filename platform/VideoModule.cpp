@@ -42,10 +42,14 @@ VideoEngineFactory load(QString *error) {
 
 QStringList VideoModule::candidates() {
     QStringList paths;
+#ifdef VELMORA_DEVELOPER_BUILD
+    if (qEnvironmentVariableIsSet("VELMORA_VIDEO_MODULE"))
+        return {qEnvironmentVariable("VELMORA_VIDEO_MODULE")};
+#endif
     if (const QString folder = ownFolder(); !folder.isEmpty())
         paths << folder + QLatin1Char('/') + FileName
               << folder + QStringLiteral("/velmora/") + FileName;
-#ifdef VELMORA_VIDEO_MODULE_BUILT
+#ifdef VELMORA_DEVELOPER_BUILD
     paths << QStringLiteral(VELMORA_VIDEO_MODULE_BUILT);
 #endif
     return paths;

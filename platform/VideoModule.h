@@ -19,7 +19,8 @@ public:
                                                      QString *error);
 
     /// Where the module is looked for, in this order: beside the library, in "velmora" beside
-    /// it, and (in a developer's build) where it was built. Any thread.
+    /// it, and in a developer's build where it was built; there the environment's
+    /// VELMORA_VIDEO_MODULE names the file instead. Any thread.
     static QStringList candidates();
 };
 

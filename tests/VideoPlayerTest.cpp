@@ -1,0 +1,370 @@
+#include "platform/VideoPlayer.h"
+
+#include "facade/Switches.h"
+#include "platform/VideoModule.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
+#include <QtNetwork/QLocalServer>
+
+#include <algorithm>
+
+namespace velmora::test {
+
+namespace {
+
+QString clip(const char *name) {
+    return QStringLiteral(VELMORA_TEST_CLIPS "/") + QLatin1String(name);
+}
+
+QByteArray contents(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A player and what it has told.
+struct Played {
+    int firstFrames = 0;
+    int frames = 0;
+    int ends = 0;
+    int failures = 0;
+    VideoPlayer player{{[this] { ++firstFrames; }, [this] { ++frames; }, [this] { ++ends; },
+                        [this] { ++failures; }}};
+
+    explicit Played(const QString &path) { player.load(QUrl::fromLocalFile(path)); }
+
+    bool isOver() const { return ends > 0 || failures > 0; }
+};
+
+// Threads of the process but those that wait in the media framework's own pool for more to do.
+int busyThreads() {
+    int count = 0;
+    for (const QString &task : QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        count += !contents(QStringLiteral("/proc/self/task/%1/comm").arg(task)).startsWith("pool-");
+    return count;
+}
+
+int openFiles() {
+    return int(QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size());
+}
+
+bool isModuleLoaded() {
+    return contents(QStringLiteral("/proc/self/maps")).contains("velmora_video.so");
+}
+
+} // namespace
+
+class VideoPlayerTest : public FreshProcess {
+protected:
+    VideoPlayerTest() { Switches::activateDebugMode(); }
+
+    QString file(const char *name, const QByteArray &bytes) const {
+        QFile made(folder.filePath(QLatin1String(name)));
+        if (made.open(QIODevice::WriteOnly))
+            made.write(bytes);
+        return made.fileName();
+    }
+
+    QTemporaryDir folder;
+};
+
+// First, since a module that is loaded stays.
+TEST_F(VideoPlayerTest, WithoutItsModuleAVideoFailsAndTheLogSaysWhy) {
+    if (isModuleLoaded())
+        GTEST_SKIP() << "the module is loaded already";
+    qputenv("VELMORA_VIDEO_MODULE", QFile::encodeName(folder.filePath(QStringLiteral("none.so"))));
+    Played missing(clip("short.mp4"));
+    EXPECT_EQ(missing.player.status(), VideoPlayer::Status::Unknown);
+    EXPECT_TRUE(eventually([&] { return missing.failures == 1; }));
+    EXPECT_TRUE(hasLogged(QStringLiteral("velmora_video.so is not installed")));
+
+    const QString broken = file("broken.so", "no library");
+    qputenv("VELMORA_VIDEO_MODULE", QFile::encodeName(broken));
+    Played unloadable(clip("short.mp4"));
+    EXPECT_TRUE(eventually([&] { return unloadable.failures == 1; }));
+    EXPECT_TRUE(hasLogged(broken));
+    EXPECT_EQ(unloadable.player.status(), VideoPlayer::Status::Failed);
+
+    // Installed meanwhile.
+    qunsetenv("VELMORA_VIDEO_MODULE");
+    Played present(clip("short.mp4"));
+    EXPECT_TRUE(eventually([&] { return present.firstFrames == 1; }));
+}
+
+TEST_F(VideoPlayerTest, PlaysToItsEndOnceAndAgainFromTheStart) {
+    Played video(clip("short.mp4"));
+    video.player.setMuted(true);
+    video.player.seekToStart();
+    video.player.play();
+    QElapsedTimer clock;
+    clock.start();
+    ASSERT_TRUE(eventually([&] { return video.firstFrames == 1; }));
+    ASSERT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_GT(clock.elapsed(), 1100);
+    EXPECT_EQ(video.ends, 1);
+    EXPECT_EQ(video.player.status(), VideoPlayer::Status::Ready);
+    EXPECT_NEAR(video.player.durationSeconds(), 1.3, 0.1);
+    EXPECT_EQ(video.player.frame().size(), QSize(960, 540));
+    EXPECT_GT(video.frames, 15);
+
+    // At the end, play() leads nowhere.
+    const int frames = video.frames;
+    video.player.play();
+    quietly(200);
+    EXPECT_EQ(video.frames, frames);
+    EXPECT_FALSE(video.player.isPlaying());
+
+    video.player.seekToStart();
+    video.player.play();
+    ASSERT_TRUE(eventually([&] { return video.ends == 2; }));
+    EXPECT_GT(video.frames, frames + 15);
+    EXPECT_EQ(video.firstFrames, 1);
+    EXPECT_EQ(video.failures, 0);
+}
+
+TEST_F(VideoPlayerTest, RestsWhilePausedAndGoesOn) {
+    Played video(clip("short.mp4"));
+    ASSERT_TRUE(eventually([&] { return video.firstFrames == 1; })) << "at rest, the start shows";
+    quietly(100);
+    EXPECT_EQ(video.frames, 1);
+    video.player.play();
+    ASSERT_TRUE(eventually([&] { return video.frames > 8; }));
+    video.player.setMuted(true);
+    video.player.pause();
+    quietly(100); // a picture may have been on its way
+    const int frames = video.frames;
+    quietly(1500);
+    EXPECT_EQ(video.frames, frames);
+    EXPECT_EQ(video.ends, 0);
+    video.player.setMuted(false);
+    video.player.play();
+    EXPECT_TRUE(eventually([&] { return video.ends == 1; }));
+    EXPECT_GT(video.frames, frames + 8);
+    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+}
+
+TEST_F(VideoPlayerTest, SentBackWhilePlayingItPlaysOnFromTheStart) {
+    Played video(clip("short.mp4"));
+    video.player.play();
+    QElapsedTimer clock;
+    for (int i = 0; i < 3; ++i) {
+        const int frames = video.frames;
+        ASSERT_TRUE(eventually([&] { return video.frames > frames + 10; }));
+        clock.start();
+        video.player.seekToStart();
+    }
+    ASSERT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_EQ(video.ends, 1);
+    EXPECT_GT(clock.elapsed(), 1000);
+}
+
+TEST_F(VideoPlayerTest, AMainThreadThatIsBusyMissesPicturesAndNothingElse) {
+    Played video(clip("longer.mp4"));
+    video.player.play();
+    QElapsedTimer clock;
+    clock.start();
+    QThread::msleep(700); // before the first picture
+    ASSERT_TRUE(eventually([&] { return video.frames > 2; }));
+    const int frames = video.frames;
+    QThread::msleep(2000);
+    handleEvents();
+    EXPECT_LE(video.frames, frames + 3) << "what is late is not shown late";
+    ASSERT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_EQ(video.ends, 1);
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+}
+
+TEST_F(VideoPlayerTest, AStallOverTheEndHidesNothing) {
+    Played video(clip("short.mp4"));
+    video.player.play();
+    ASSERT_TRUE(eventually([&] { return video.frames > 5; }));
+    QThread::msleep(3000);
+    EXPECT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_EQ(video.ends, 1);
+    // An end that was not heard of yet is forgotten when the video is sent back.
+    video.player.seekToStart();
+    video.player.play();
+    ASSERT_TRUE(eventually([&] { return video.frames > 15; }));
+    QThread::msleep(2000);
+    video.player.seekToStart();
+    handleEvents();
+    EXPECT_EQ(video.ends, 1);
+    EXPECT_TRUE(eventually([&] { return video.ends == 2; }));
+    EXPECT_EQ(video.failures, 0);
+}
+
+TEST_F(VideoPlayerTest, AVideoLacksAnyOneOfItsStreams) {
+    Played noSound(clip("without-sound.mp4"));
+    Played noPictures(clip("without-pictures.mp4"));
+    noSound.player.play();
+    noPictures.player.play();
+    EXPECT_TRUE(eventually([&] { return noSound.isOver() && noPictures.isOver(); }));
+    EXPECT_EQ(noSound.ends, 1);
+    EXPECT_GT(noSound.frames, 15);
+    EXPECT_EQ(noPictures.ends, 1);
+    EXPECT_EQ(noPictures.frames, 0);
+    EXPECT_NEAR(noPictures.player.durationSeconds(), 1.2, 0.1);
+}
+
+TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
+    const QByteArray whole = contents(clip("index-last.mp4"));
+    QByteArray strange = contents(clip("without-sound.mp4"));
+    strange.replace("avc1", "zz9q");
+    const struct {
+        QString path;
+        const char *logged;
+    } cases[] = {
+        {folder.filePath(QStringLiteral("none.mp4")), "no such file"},
+        {folder.path(), "not a file"},
+        {QStringLiteral("/dev/zero"), "not a file"},
+        {file("empty.mp4", {}), "is empty"},
+        {file("text.mp4", QByteArray("no video at all\n").repeated(400)), "text.mp4 cannot be played"},
+        {file("noise.mp4", QByteArray("\x07\xf3\x91\x00\xa5", 5).repeated(4000)), "noise.mp4 cannot be played"},
+        {file("torn.mp4", whole.left(whole.size() / 2)), "torn.mp4 cannot be played"},
+        {file("list.mp4", "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n"),
+         "list.mp4 cannot be played"},
+        {file("strange.mp4", strange), "missing; try the package"},
+    };
+    for (const auto &[path, logged] : cases) {
+        SCOPED_TRACE(path.toStdString());
+        Played video(path);
+        video.player.play();
+        EXPECT_EQ(video.failures, 0) << "never from inside a call";
+        EXPECT_TRUE(eventually([&] { return video.isOver(); }));
+        EXPECT_EQ(video.player.status(), VideoPlayer::Status::Failed);
+        EXPECT_TRUE(hasLogged(QLatin1String(logged)));
+        EXPECT_FALSE(video.player.isPlaying());
+        video.player.seekToStart();
+        video.player.play();
+        handleEvents();
+        EXPECT_EQ(video.failures, 1);
+        EXPECT_EQ(video.ends, 0);
+    }
+    Played remote(QString{});
+    remote.player.load(QUrl(QStringLiteral("https://127.0.0.1:9/a.mp4")));
+    EXPECT_TRUE(eventually([&] { return remote.failures == 1; }));
+}
+
+TEST_F(VideoPlayerTest, ATornVideoIsPlayedAsFarAsItGoes) {
+    const QByteArray whole = contents(clip("short.mp4"));
+    Played video(file("torn.mp4", whole.left(whole.size() * 3 / 4)));
+    video.player.play();
+    EXPECT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_GT(video.frames, 5);
+    EXPECT_EQ(video.ends + video.failures, 1);
+}
+
+TEST_F(VideoPlayerTest, AnEngineThatFallsSilentIsGivenUpAfterNewAttempts) {
+    Played video(clip("silence.webm"));
+    video.player.play();
+    EXPECT_TRUE(eventually([&] { return video.isOver(); }, 20'000));
+    EXPECT_EQ(video.failures, 1);
+    EXPECT_EQ(video.firstFrames, 1);
+    EXPECT_EQ(logged().filter(QStringLiteral("taken up again")).size(), 2);
+}
+
+TEST_F(VideoPlayerTest, ASoundServerThatHangsDoesNotHoldPicturesUp) {
+    QLocalServer server;
+    ASSERT_TRUE(server.listen(folder.filePath(QStringLiteral("sound"))));
+    qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(server.fullServerName()));
+    Played video(clip("short.mp4"));
+    video.player.play();
+    EXPECT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_EQ(video.ends, 1);
+    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    qunsetenv("PULSE_SERVER");
+}
+
+TEST_F(VideoPlayerTest, AHandlerMayDestroyThePlayer) {
+    for (const int which : {0, 1, 2, 3}) {
+        std::unique_ptr<VideoPlayer> player;
+        bool isGone = false;
+        const auto destroy = [&] {
+            player.reset();
+            isGone = true;
+        };
+        VideoPlayer::Handlers handlers;
+        (which == 0   ? handlers.firstFrame
+         : which == 1 ? handlers.frameAvailable
+         : which == 2 ? handlers.ended
+                      : handlers.failed) = destroy;
+        player = std::make_unique<VideoPlayer>(handlers);
+        player->load(QUrl::fromLocalFile(which == 3 ? folder.path() : clip("short.mp4")));
+        player->play();
+        EXPECT_TRUE(eventually([&] { return isGone; })) << which;
+    }
+}
+
+TEST_F(VideoPlayerTest, DestroyedInAnyStateItWaitsForNothingAndLeavesNothing) {
+    {
+        Played warm(clip("longer.mp4"));
+        warm.player.play();
+        ASSERT_TRUE(eventually([&] { return warm.frames > 2; }));
+    }
+    // Threads that the media framework keeps for the process's life are there by now.
+    quietly(500);
+    const int threads = busyThreads();
+    const int files = openFiles();
+    qint64 longest = 0;
+    const auto destroyed = [&](const std::function<bool(Played &)> &reach) {
+        auto video = std::make_unique<Played>(clip("longer.mp4"));
+        EXPECT_TRUE(reach(*video));
+        QElapsedTimer clock;
+        clock.start();
+        video.reset();
+        longest = std::max(longest, clock.nsecsElapsed() / 1000);
+    };
+    for (int i = 0; i < 100; ++i)
+        destroyed([i](Played &video) {
+            if (i % 3)
+                video.player.play();
+            if (i % 5 == 0)
+                QThread::msleep(static_cast<unsigned long>(i % 17));
+            return true;
+        });
+    for (int i = 0; i < 10; ++i) {
+        destroyed([](Played &video) {
+            return eventually([&] { return video.player.status() == VideoPlayer::Status::Ready; });
+        });
+        destroyed([i](Played &video) {
+            video.player.play();
+            return eventually([&] { return video.frames > i; });
+        });
+        destroyed([](Played &video) {
+            video.player.play();
+            const bool playing = eventually([&] { return video.frames > 2; });
+            video.player.seekToStart();
+            return playing;
+        });
+        destroyed([](Played &video) {
+            video.player.play();
+            const bool playing = eventually([&] { return video.frames > 2; });
+            video.player.pause();
+            return playing;
+        });
+    }
+    RecordProperty("longest_us", int(longest));
+    EXPECT_LT(longest, 10'000);
+    EXPECT_TRUE(eventually([&] { return busyThreads() <= threads && openFiles() <= files; }))
+        << busyThreads() << " threads after " << threads << ", " << openFiles() << " files after "
+        << files;
+}
+
+TEST_F(VideoPlayerTest, SeveralPlayAtOnce) {
+    std::vector<std::unique_ptr<Played>> videos;
+    for (int i = 0; i < 4; ++i) {
+        videos.push_back(std::make_unique<Played>(clip("short.mp4")));
+        videos.back()->player.play();
+    }
+    for (const auto &video : videos) {
+        EXPECT_TRUE(eventually([&] { return video->isOver(); }));
+        EXPECT_EQ(video->ends, 1);
+    }
+}
+
+} // namespace velmora::test
