@@ -37,7 +37,7 @@ VideoPlayer::~VideoPlayer() {
 
 void VideoPlayer::load(const QUrl &url) {
     close();
-    m_path = url.toLocalFile();
+    m_url = url;
     m_status = Status::Unknown;
     m_playing = false;
     m_atEnd = false;
@@ -45,16 +45,12 @@ void VideoPlayer::load(const QUrl &url) {
     m_frame = {};
     m_resumeAt = 0;
     m_restarts = 0;
-    if (!m_path.isEmpty())
-        return open(true);
-    m_path = url.toString();
-    const auto refuse = [this] { fail(QStringLiteral("it is not a local file")); };
-    QMetaObject::invokeMethod(this, refuse, Qt::QueuedConnection);
+    open(true);
 }
 
 void VideoPlayer::open(bool sound) {
     m_engineReady = false;
-    m_session = std::make_shared<VideoSession>(this, VideoSource{m_path, sound});
+    m_session = std::make_shared<VideoSession>(this, VideoSource{m_url.toLocalFile(), sound});
     m_session->begin();
     m_session->run([muted = m_muted](VideoEngine &engine) { engine.setMuted(muted); });
     m_movesSeen = 0;
@@ -186,7 +182,7 @@ bool VideoPlayer::takeUpAgain(const QString &reason) {
         return false;
     ++m_restarts;
     const double position = m_engineReady ? m_session->progress().position : m_resumeAt;
-    LOG(QStringLiteral("video %1: taken up again at %2 s: %3").arg(m_path).arg(position).arg(reason));
+    log(QStringLiteral("taken up again at %1 s: %2").arg(position).arg(reason));
     m_session->close();
     // At the end there is nothing to take up but the start, once it is asked for.
     m_resumeAt = m_atEnd ? 0 : position;
@@ -197,11 +193,15 @@ bool VideoPlayer::takeUpAgain(const QString &reason) {
 }
 
 void VideoPlayer::fail(const QString &reason) {
-    LOG(QStringLiteral("video %1 cannot be played: %2").arg(m_path, reason));
+    log(QStringLiteral("cannot be played: %1").arg(reason));
     m_status = Status::Failed;
     m_playing = false;
     close();
     call(m_handlers.failed);
+}
+
+void VideoPlayer::log(const QString &text) const {
+    LOG(QStringLiteral("video %1: %2").arg(m_url.toDisplayString(QUrl::PreferLocalFile), text));
 }
 
 } // namespace velmora

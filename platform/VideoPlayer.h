@@ -83,9 +83,10 @@ private:
     void watchTick();
     bool takeUpAgain(const QString &reason);
     void fail(const QString &reason);
+    void log(const QString &text) const;
 
     const Handlers m_handlers;
-    QString m_path;
+    QUrl m_url;
     std::shared_ptr<VideoSession> m_session;
     Status m_status = Status::Unknown;
     bool m_playing = false;

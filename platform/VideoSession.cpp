@@ -103,6 +103,8 @@ void VideoSession::serveOrders(VideoEngine &engine) {
 
 // What is no ordinary file could keep the thread waiting for ever.
 QString VideoSession::faultOfSource() const {
+    if (m_source.path.isEmpty())
+        return QStringLiteral("it is not a local file");
     const QFileInfo file(m_source.path);
     if (!file.exists())
         return QStringLiteral("there is no such file");

@@ -183,14 +183,14 @@ TEST_F(VideoPlayerTest, AStallOverTheEndHidesNothing) {
     Played video(clip("short.mp4"));
     video.player.play();
     ASSERT_TRUE(eventually([&] { return video.frames > 5; }));
-    QThread::msleep(3000);
+    QThread::msleep(1500);
     EXPECT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
     // An end that was not heard of yet is forgotten when the video is sent back.
     video.player.seekToStart();
     video.player.play();
     ASSERT_TRUE(eventually([&] { return video.frames > 15; }));
-    QThread::msleep(2000);
+    QThread::msleep(1300);
     video.player.seekToStart();
     handleEvents();
     EXPECT_EQ(video.ends, 1);
@@ -223,11 +223,11 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
         {folder.path(), "not a file"},
         {QStringLiteral("/dev/zero"), "not a file"},
         {file("empty.mp4", {}), "is empty"},
-        {file("text.mp4", QByteArray("no video at all\n").repeated(400)), "text.mp4 cannot be played"},
-        {file("noise.mp4", QByteArray("\x07\xf3\x91\x00\xa5", 5).repeated(4000)), "noise.mp4 cannot be played"},
-        {file("torn.mp4", whole.left(whole.size() / 2)), "torn.mp4 cannot be played"},
+        {file("text.mp4", QByteArray("no video at all\n").repeated(400)), "text.mp4: cannot be played"},
+        {file("noise.mp4", QByteArray("\x07\xf3\x91\x00\xa5", 5).repeated(4000)), "noise.mp4: cannot be played"},
+        {file("torn.mp4", whole.left(whole.size() / 2)), "torn.mp4: cannot be played"},
         {file("list.mp4", "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n"),
-         "list.mp4 cannot be played"},
+         "list.mp4: cannot be played"},
         {file("strange.mp4", strange), "missing; try the package"},
     };
     for (const auto &[path, logged] : cases) {
@@ -245,9 +245,14 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
         EXPECT_EQ(video.failures, 1);
         EXPECT_EQ(video.ends, 0);
     }
-    Played remote(QString{});
-    remote.player.load(QUrl(QStringLiteral("https://127.0.0.1:9/a.mp4")));
-    EXPECT_TRUE(eventually([&] { return remote.failures == 1; }));
+    Played video(folder.path());
+    video.player.load(QUrl(QStringLiteral("https://127.0.0.1:9/a.mp4")));
+    EXPECT_TRUE(eventually([&] { return video.failures == 1; }));
+    EXPECT_TRUE(hasLogged(QStringLiteral("not a local file")));
+    video.player.load(QUrl());
+    video.player.load(QUrl::fromLocalFile(clip("short.mp4")));
+    EXPECT_TRUE(eventually([&] { return video.firstFrames == 1; }));
+    EXPECT_EQ(video.failures, 1) << "what was loaded before is forgotten";
 }
 
 TEST_F(VideoPlayerTest, ATornVideoIsPlayedAsFarAsItGoes) {

@@ -66,8 +66,9 @@ TEST(VideoViewTest, ThePictureIsAsLargeAsFitsAndTheRestIsBlack) {
         EXPECT_EQ(at(place.topLeft() + QPointF(2, 2)), 0xffff0000);
         for (const QPointF bar : {QPointF(place.left() - 3, 30), QPointF(place.right() + 3, 30),
                                   QPointF(30, place.top() - 3), QPointF(30, place.bottom() + 3)}) {
-            if (QRectF(QPointF(), QSizeF(size)).contains(bar))
+            if (QRectF(QPointF(), QSizeF(size)).contains(bar)) {
                 EXPECT_EQ(at(bar), 0xff000000);
+            }
         }
         // Whatever was there before, nothing of it shines through between picture and bars.
         for (int y = 0; y < image.height(); ++y)

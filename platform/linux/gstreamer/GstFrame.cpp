@@ -8,20 +8,19 @@ namespace velmora {
 
 namespace {
 
-struct MappedSample {
-    GstSample *sample = nullptr;
+// Keeps its buffer. The sample is not kept: the sink uses it again for what comes next.
+struct MappedFrame {
     GstVideoFrame frame{};
     bool isMapped = false;
 
-    ~MappedSample() {
+    ~MappedFrame() {
         if (isMapped)
             gst_video_frame_unmap(&frame);
-        gst_sample_unref(sample);
     }
 };
 
 void release(void *mapped) {
-    delete static_cast<MappedSample *>(mapped);
+    delete static_cast<MappedFrame *>(mapped);
 }
 
 constexpr GstVideoFormat Format =
@@ -34,14 +33,13 @@ const char *gstFrameFormat() {
 }
 
 QImage gstFrameImage(GstSample *sample) {
-    auto mapped = std::make_unique<MappedSample>();
-    mapped->sample = sample;
     const GstCaps *caps = gst_sample_get_caps(sample);
     GstBuffer *buffer = gst_sample_get_buffer(sample);
     GstVideoInfo info;
     if (!caps || !buffer || !gst_video_info_from_caps(&info, caps) ||
         GST_VIDEO_INFO_FORMAT(&info) != Format)
         return {};
+    auto mapped = std::make_unique<MappedFrame>();
     mapped->isMapped = gst_video_frame_map(&mapped->frame, &info, buffer, GST_MAP_READ);
     if (!mapped->isMapped)
         return {};

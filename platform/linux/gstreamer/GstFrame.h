@@ -10,8 +10,8 @@ namespace velmora {
 /// the machine's own byte order.
 const char *gstFrameFormat();
 
-/// The picture of a sample as an image that keeps the sample and shares its pixels. Takes the
-/// sample over; a null image when it is not in the format.
+/// The picture of a sample as an image that shares the pixels and keeps them. A null image when
+/// it is not in the format.
 QImage gstFrameImage(GstSample *sample);
 
 } // namespace velmora

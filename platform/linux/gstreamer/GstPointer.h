@@ -12,6 +12,9 @@ struct GstObjectRelease {
 struct GstCapsRelease {
     void operator()(GstCaps *caps) const { gst_caps_unref(caps); }
 };
+struct GstSampleRelease {
+    void operator()(GstSample *sample) const { gst_sample_unref(sample); }
+};
 struct GlibRelease {
     void operator()(void *memory) const { g_free(memory); }
 };
@@ -24,6 +27,7 @@ template<class T>
 using GstPointer = std::unique_ptr<T, GstObjectRelease>;
 
 using GstCapsPointer = std::unique_ptr<GstCaps, GstCapsRelease>;
+using GstSamplePointer = std::unique_ptr<GstSample, GstSampleRelease>;
 using GlibString = std::unique_ptr<char, GlibRelease>;
 using GlibError = std::unique_ptr<GError, GlibErrorRelease>;
 

@@ -68,12 +68,16 @@ struct GstVideoEngine::Callbacks {
     static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->decoded(pad); }
 
     static GstFlowReturn newPreroll(GstAppSink *sink, gpointer data) {
-        engine(data)->showSample(gst_app_sink_try_pull_preroll(sink, 0));
+        const GstSamplePointer sample(gst_app_sink_try_pull_preroll(sink, 0));
+        if (sample)
+            engine(data)->showSample(sample.get());
         return GST_FLOW_OK;
     }
 
     static GstFlowReturn newSample(GstAppSink *sink, gpointer data) {
-        engine(data)->showSample(gst_app_sink_try_pull_sample(sink, 0));
+        const GstSamplePointer sample(gst_app_sink_try_pull_sample(sink, 0));
+        if (sample)
+            engine(data)->showSample(sample.get());
         return GST_FLOW_OK;
     }
 
@@ -238,8 +242,6 @@ void GstVideoEngine::playSound(GstPad *pad) {
 }
 
 void GstVideoEngine::showSample(GstSample *sample) {
-    if (!sample)
-        return;
     const GstBuffer *buffer = gst_sample_get_buffer(sample);
     const GstClockTime shown = gst_segment_to_stream_time(gst_sample_get_segment(sample),
                                                           GST_FORMAT_TIME, GST_BUFFER_PTS(buffer));
