@@ -19,9 +19,9 @@ struct StringTable {
         const QString path = bundle.resourcePath() + QLatin1Char('/') +
                              StandardNames::curentLocaleIdentifier() +
                              QStringLiteral(".lproj/Localizable.strings");
-        strings = StandardNames::getInfoFromURL(
-            path.startsWith(QLatin1Char(':')) ? QUrl(QStringLiteral("qrc") + path)
-                                              : QUrl::fromLocalFile(path));
+        strings = StandardNames::getInfoFromURL(path.startsWith(QLatin1Char(':'))
+                                                    ? QUrl(QStringLiteral("qrc") + path)
+                                                    : QUrl::fromLocalFile(path));
     }
 
     QHash<QString, QString> strings;
@@ -48,10 +48,10 @@ const velmora::Bundle &VLMMainAppBundle() {
 }
 
 const QStringList &VLMAllowLocale() {
-    static const QStringList codes{
-        QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"), QStringLiteral("es"),
-        QStringLiteral("fr"), QStringLiteral("it"), QStringLiteral("ko"), QStringLiteral("pt"),
-        QStringLiteral("ru"), QStringLiteral("ja"), QStringLiteral("zh")};
+    static const QStringList codes{QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"),
+                                   QStringLiteral("es"), QStringLiteral("fr"), QStringLiteral("it"),
+                                   QStringLiteral("ko"), QStringLiteral("pt"), QStringLiteral("ru"),
+                                   QStringLiteral("ja"), QStringLiteral("zh")};
     return codes;
 }
 

@@ -54,8 +54,8 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
     if (!controller)
         return;
     if (!MainQueue::isMainThread()) {
-        MainQueue::post([self = shared_from_this(), controller,
-                         target = QPointer<QWidget>(view), given = view != nullptr] {
+        MainQueue::post([self = shared_from_this(), controller, target = QPointer<QWidget>(view),
+                         given = view != nullptr] {
             if (!given || target)
                 self->setViewController(controller, target);
         });
@@ -88,15 +88,15 @@ void BannerController::setBannerConstraints() {
         std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
     m_layout = new ConstraintLayout(own);
     m_shadow = new BannerShadowView(own);
-    m_layout->setPlacedHandler([shadow = m_shadow, close = m_closeButton,
-                                depth = m_shadowBotOfset](const QRect &frame) {
-        if (shadow)
-            shadow->follow(frame, qRound(depth->constant()));
-        // On a small banner a small circle, so that it hides little; as easy to hit as ever.
-        if (close)
-            close->setImageDiameter(std::clamp(frame.height() * CircleShare, SmallestCircle,
-                                               LargestCircle));
-    });
+    m_layout->setPlacedHandler(
+        [shadow = m_shadow, close = m_closeButton, depth = m_shadowBotOfset](const QRect &frame) {
+            if (shadow)
+                shadow->follow(frame, qRound(depth->constant()));
+            // On a small banner a small circle, so that it hides little; as easy to hit as ever.
+            if (close)
+                close->setImageDiameter(
+                    std::clamp(frame.height() * CircleShare, SmallestCircle, LargestCircle));
+        });
     m_layout->add(m_heightConstraint);
     m_layout->add(m_centerXConstraint);
     m_layout->add(m_bottomConstraint);

@@ -47,8 +47,8 @@ QWidget *BannerController::loadView() {
     m_bannerImage = InterfaceLoader::outlet<BannerImageView>(root, QStringLiteral("bannerImage"));
     m_closeButton = InterfaceLoader::outlet<CloseButtonCell>(root, QStringLiteral("closeButton"));
     using Relation = LayoutConstraint::Relation;
-    m_heightConstraint = InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"),
-                                                     Relation::Height);
+    m_heightConstraint =
+        InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"), Relation::Height);
     m_shadowBotOfset =
         InterfaceLoader::constraint(root, QStringLiteral("shadowBotOfset"), Relation::Spacing);
     return root;

@@ -49,8 +49,8 @@ void BannerShadowView::paintEvent(QPaintEvent *) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(fading);
     const double radius = height();
-    painter.drawRoundedRect(QRectF(SideInset, -radius, width() - 2 * SideInset, 2 * radius),
-                            radius, radius);
+    painter.drawRoundedRect(QRectF(SideInset, -radius, width() - 2 * SideInset, 2 * radius), radius,
+                            radius);
 }
 
 } // namespace velmora

@@ -40,10 +40,11 @@ void serveOneBanner(velmora::adserver::AdServer &server) {
     if (!picture.open(QIODevice::ReadOnly))
         qFatal("the sample banner is missing");
     server.campaign().setMedia(QStringLiteral("/banner.gif"), picture.readAll());
-    const QJsonObject ad{{QStringLiteral("name"), QStringLiteral("sample")},
-                         {QStringLiteral("priority"), 1},
-                         {QStringLiteral("image_728x90"), QStringLiteral("/banner.gif")},
-                         {QStringLiteral("market_url"), QStringLiteral("https://apps.example/app/id1")}};
+    const QJsonObject ad{
+        {QStringLiteral("name"), QStringLiteral("sample")},
+        {QStringLiteral("priority"), 1},
+        {QStringLiteral("image_728x90"), QStringLiteral("/banner.gif")},
+        {QStringLiteral("market_url"), QStringLiteral("https://apps.example/app/id1")}};
     server.campaign().setReply(
         QJsonDocument(QJsonObject{{QStringLiteral("standard"), QJsonArray{ad}},
                                   {QStringLiteral("video"), QJsonArray()}})
@@ -85,9 +86,11 @@ int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    const QCommandLineOption secondsOption(QStringLiteral("seconds"), QStringLiteral("length of one measurement"),
+    const QCommandLineOption secondsOption(QStringLiteral("seconds"),
+                                           QStringLiteral("length of one measurement"),
                                            QStringLiteral("n"), QStringLiteral("9"));
-    const QCommandLineOption roundsOption(QStringLiteral("rounds"), QStringLiteral("measurements of each subject"),
+    const QCommandLineOption roundsOption(QStringLiteral("rounds"),
+                                          QStringLiteral("measurements of each subject"),
                                           QStringLiteral("n"), QStringLiteral("3"));
     parser.addOptions({secondsOption, roundsOption});
     parser.process(application);
@@ -116,7 +119,8 @@ int main(int argc, char **argv) {
     std::map<QString, std::vector<double>> memory;
     for (int round = 0; round < parser.value(roundsOption).toInt(); ++round) {
         for (const QString &subject : BannerSubject::names()) {
-            const Sample sample = measure(subject, environment, parser.value(secondsOption).toInt());
+            const Sample sample =
+                measure(subject, environment, parser.value(secondsOption).toInt());
             cpu[subject].push_back(sample.cpuPercent);
             memory[subject].push_back(sample.privateMegabytes);
         }
@@ -132,7 +136,8 @@ int main(int argc, char **argv) {
         const auto ratio = [peer](std::map<QString, std::vector<double>> &figures) {
             return median(figures[QStringLiteral("banner")]) / median(figures[QLatin1String(peer)]);
         };
-        std::printf("banner : %-12s  CPU %.2f, private memory %.2f\n", peer, ratio(cpu), ratio(memory));
+        std::printf("banner : %-12s  CPU %.2f, private memory %.2f\n", peer, ratio(cpu),
+                    ratio(memory));
     }
     return 0;
 }

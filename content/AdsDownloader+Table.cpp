@@ -29,8 +29,7 @@ QByteArray lossyAscii(const QString &text) {
 } // namespace
 
 QString AdsDownloader::generateRequestAcs() {
-    QString identifier =
-        VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString();
+    QString identifier = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString();
     if (identifier.isEmpty())
         identifier = DefaultAppId;
     return QStringLiteral("{") + QStringLiteral("\"inner_id\" : \"") + identifier +
@@ -106,8 +105,11 @@ std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query
     const auto response = SharedUrlSession::shared().fetch(request);
     if (!response || !response->error.isEmpty())
         return {};
-    const QJsonValue first =
-        QJsonDocument::fromJson(response->body).object().value(QLatin1String("results")).toArray().first();
+    const QJsonValue first = QJsonDocument::fromJson(response->body)
+                                 .object()
+                                 .value(QLatin1String("results"))
+                                 .toArray()
+                                 .first();
     return first.isObject() ? std::optional(first.toObject()) : std::nullopt;
 }
 

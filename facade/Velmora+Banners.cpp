@@ -84,7 +84,8 @@ void Velmora::addBannerForViewController(ViewController *controller, QWidget *vi
 }
 
 BannerController *Velmora::BControllFromWindow(QWidget *window) {
-    return lastMatch([window](const BannerController &banner) { return banner.window() == window; });
+    return lastMatch(
+        [window](const BannerController &banner) { return banner.window() == window; });
 }
 
 BannerController *Velmora::BControllFromViewController(ViewController *controller) {

@@ -18,8 +18,7 @@ QHash<QString, std::function<QWidget *(QWidget *)>> &factories() {
 
 class Loader : public QUiLoader {
 public:
-    QWidget *createWidget(const QString &className, QWidget *parent,
-                          const QString &name) override {
+    QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override {
         const auto factory = factories().value(className);
         QWidget *widget =
             factory ? factory(parent) : QUiLoader::createWidget(className, parent, name);

@@ -10,12 +10,12 @@ namespace velmora {
 class LayoutConstraint {
 public:
     enum class Relation {
-        Height,          ///< height = constant
-        Aspect,          ///< width = height x multiplier
-        CenterX,         ///< horizontal centre = superview's centre + constant
-        Bottom,          ///< superview's bottom = view's bottom + constant
-        TrailingInside,  ///< superview's trailing edge >= view's trailing edge
-        Spacing          ///< a distance that others refer to
+        Height,         ///< height = constant
+        Aspect,         ///< width = height x multiplier
+        CenterX,        ///< horizontal centre = superview's centre + constant
+        Bottom,         ///< superview's bottom = view's bottom + constant
+        TrailingInside, ///< superview's trailing edge >= view's trailing edge
+        Spacing         ///< a distance that others refer to
     };
 
     LayoutConstraint(Relation relation, double multiplier, double constant)

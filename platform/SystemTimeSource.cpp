@@ -49,8 +49,8 @@ void SystemTimeSource::remove(Timer *timer) {
 }
 
 void SystemTimeSource::arm(Scheduled &scheduled) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-        scheduled.timer->deadline() - now());
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(scheduled.timer->deadline() - now());
     scheduled.clock->start(std::max(left, std::chrono::milliseconds(0)));
 }
 

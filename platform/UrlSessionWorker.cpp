@@ -94,8 +94,7 @@ void UrlSessionWorker::letGo() {
 QNetworkAccessManager &UrlSessionWorker::manager() {
     if (m_manager)
         return *m_manager;
-    m_privateAuthorities =
-        QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
+    m_privateAuthorities = QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
     m_manager = new QNetworkAccessManager(this);
     m_manager->setTransferTimeout(m_configuration.idleTimeoutMs);
     return *m_manager;
@@ -103,8 +102,8 @@ QNetworkAccessManager &UrlSessionWorker::manager() {
 
 QSslConfiguration UrlSessionWorker::tlsFor(const QUrl &url) const {
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    const bool isPrivate = !m_configuration.privateHost.isEmpty() &&
-                           url.host() == m_configuration.privateHost;
+    const bool isPrivate =
+        !m_configuration.privateHost.isEmpty() && url.host() == m_configuration.privateHost;
     if (isPrivate && !m_privateAuthorities.isEmpty())
         tls.setCaCertificates(m_privateAuthorities);
     return tls;

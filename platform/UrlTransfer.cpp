@@ -84,8 +84,7 @@ void UrlTransfer::replyFinished() {
     readAvailable();
     if (m_done)
         return;
-    m_response.status =
-        m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_response.status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (failedInTransport())
         m_response.error = m_reply->errorString();
     else if (isTorn())
@@ -112,7 +111,8 @@ bool UrlTransfer::failedInTransport() const {
         return false;
     // The network manager also calls statuses from 400 on errors; to us they are replies.
     const bool aboutStatus =
-        (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
+        (error >= QNetworkReply::ContentAccessDenied &&
+         error <= QNetworkReply::UnknownContentError) ||
         (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
     return !(aboutStatus && m_response.status >= 400);
 }

@@ -10,10 +10,8 @@
 
 namespace velmora {
 
-const QString NSWindowDidBecomeKeyNotification =
-    QStringLiteral("NSWindowDidBecomeKeyNotification");
-const QString NSWindowDidResignKeyNotification =
-    QStringLiteral("NSWindowDidResignKeyNotification");
+const QString NSWindowDidBecomeKeyNotification = QStringLiteral("NSWindowDidBecomeKeyNotification");
+const QString NSWindowDidResignKeyNotification = QStringLiteral("NSWindowDidResignKeyNotification");
 const QString NSWindowWillCloseNotification = QStringLiteral("NSWindowWillCloseNotification");
 
 namespace {

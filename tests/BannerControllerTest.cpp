@@ -38,7 +38,8 @@ TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
         EXPECT_EQ(controller->selectBanner(), before);
         time.advance(0.1);
         // Of two banners the one on screen is never drawn again.
-        ASSERT_TRUE(shows(before == QStringLiteral("one") ? QStringLiteral("two") : QStringLiteral("one")));
+        ASSERT_TRUE(
+            shows(before == QStringLiteral("one") ? QStringLiteral("two") : QStringLiteral("one")));
     }
     EXPECT_EQ(server.log().count(TablePath), 1);
     EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 2);
@@ -82,7 +83,8 @@ TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
     ASSERT_TRUE(shows(QStringLiteral("one")));
     time.advance(1);
     click(controller->bannerImage());
-    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone"))});
+    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral(
+                          "macappstores://classic.velmora-store.example/app/idone"))});
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:one")});
 
     click(controller->closeButton());
@@ -112,7 +114,8 @@ TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
     controller->goToBannerURL();
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:") + shown});
     ASSERT_EQ(opened.size(), 1);
-    EXPECT_TRUE(opened.first().toString().startsWith(QStringLiteral("macappstores://apps.velmora-store.example/app/id")));
+    EXPECT_TRUE(opened.first().toString().startsWith(
+        QStringLiteral("macappstores://apps.velmora-store.example/app/id")));
 
     FixedRandom random(0);
     std::set<QString> seen;

@@ -13,7 +13,9 @@ namespace velmora::test {
 class BannerFacadeTest : public BannerHost {
 protected:
     int errors(const char *message) const {
-        return int(logged().filter(QStringLiteral("VELMORA :: ERROR :: ") + QLatin1String(message)).size());
+        return int(logged()
+                       .filter(QStringLiteral("VELMORA :: ERROR :: ") + QLatin1String(message))
+                       .size());
     }
 };
 
@@ -124,7 +126,8 @@ TEST_F(BannerFacadeTest, HouseBannersNeverAdvertiseTheHostAndAllHavePictures) {
         EXPECT_NEAR(double(reader.size().width()) / reader.size().height(), 728 / 90.0, 0.01);
     }
     EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("mac.999999.mac-store")), QString());
-    EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("../interface/BannerController.ui")), QString());
+    EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("../interface/BannerController.ui")),
+              QString());
 }
 
 TEST_F(BannerFacadeTest, EveryLanguageHasItsTexts) {
@@ -132,8 +135,8 @@ TEST_F(BannerFacadeTest, EveryLanguageHasItsTexts) {
         const QString folder = StandardNames::localeIdentifier({code});
         const auto info = StandardNames::getInfoFromURL(
             QUrl(QStringLiteral("qrc:/velmora/%1.lproj/Localizable.strings").arg(folder)));
-        for (const char *key : {"ApplicationWillBeLaunchedTextFirst", "ApplicationWillBeLaunchedTextSecond",
-                                "RemoveAdsText"})
+        for (const char *key : {"ApplicationWillBeLaunchedTextFirst",
+                                "ApplicationWillBeLaunchedTextSecond", "RemoveAdsText"})
             EXPECT_FALSE(info.value(QLatin1String(key)).isEmpty()) << qPrintable(folder) << key;
     }
     EXPECT_EQ(VLMStringFromKey(QStringLiteral("RemoveAdsText")), QStringLiteral("Remove ads"));

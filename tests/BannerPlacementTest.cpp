@@ -79,7 +79,8 @@ TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
     // The close button keeps its size and its place inside.
     const QWidget *close = controller->closeButton();
     EXPECT_EQ(close->size(), QSize(24, 24));
-    EXPECT_TRUE(QRect(QPoint(), narrow.size()).contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
+    EXPECT_TRUE(QRect(QPoint(), narrow.size())
+                    .contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
 }
 
 TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
@@ -156,7 +157,8 @@ TEST(ConstraintLayoutTest, SolvesWithAnyNumbers) {
     for (const double height : {-5.0, 0.0, 60.0, 1e6}) {
         for (const double aspect : {0.001, 8.09, 4096.0}) {
             for (const double center : {-1e5, 0.0, 1e5}) {
-                const QRectF frame = ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
+                const QRectF frame =
+                    ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
                 EXPECT_GE(frame.height(), 0);
                 EXPECT_LE(frame.width(), 800);
                 EXPECT_LE(frame.right(), 800 + 1e-6);

@@ -32,7 +32,6 @@
 
 namespace velmora::test {
 
-constexpr int patienceMs = 10'000;
 constexpr char insideVariable[] = "VELMORA_TEST_IN_NAMESPACE";
 
 inline RouteFlags query(const char *address) {
