@@ -23,7 +23,6 @@ UrlSession::~UrlSession() {
         m_idleTimer->invalidate();
     if (m_thread.isRunning()) {
         m_worker->stop();
-        m_thread.quit();
         m_thread.wait();
     }
     delete m_worker;

@@ -83,6 +83,7 @@ void UrlSessionWorker::abortAll() {
     }
     qDeleteAll(std::exchange(m_active, {}));
     delete std::exchange(m_manager, nullptr);
+    thread()->quit();
 }
 
 void UrlSessionWorker::letGo() {

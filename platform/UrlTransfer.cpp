@@ -19,10 +19,15 @@ UrlTransfer::UrlTransfer(UrlRequest request, QObject *parent)
     : QObject(parent), m_request(std::move(request)) {}
 
 UrlTransfer::~UrlTransfer() {
-    if (m_reply) {
-        m_reply->disconnect(this);
-        m_reply->abort();
-        delete m_reply;
+    letGoOfReply();
+}
+
+void UrlTransfer::letGoOfReply() {
+    // The reply belongs to the network manager, which may go before this object does.
+    if (QNetworkReply *reply = std::exchange(m_reply, nullptr)) {
+        reply->disconnect(this);
+        reply->abort();
+        reply->deleteLater();
     }
 }
 
@@ -102,6 +107,7 @@ void UrlTransfer::fail(const QString &error) {
 void UrlTransfer::finish() {
     m_done = true;
     m_file.reset();
+    letGoOfReply();
     Q_EMIT finished();
 }
 

@@ -152,6 +152,8 @@ TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
     ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
     server.faults().set(QStringLiteral("/media/*"), Fault::delay(60));
     time.advance(15);
+    ASSERT_TRUE(
+        eventually([&] { return server.log().count(QStringLiteral("/media/*")) == 2; }));
     const QPointer<QWidget> view = current()->view();
     // From a worker, as a purchase may report itself.
     std::thread([] { Velmora::removeAdsNow(); }).join();
