@@ -36,11 +36,11 @@ velmora::UserDefaults &VLMUserDefaults() {
 }
 
 QVariant VLMObjForKey(const QString &key) {
-    return VLMUserDefaults().object(key);
+    return velmora::ProcessRoot::share<velmora::UserDefaults>()->object(key);
 }
 
 void VLMSetObjForKey(const QVariant &object, const QString &key) {
-    VLMUserDefaults().setObject(object, key);
+    velmora::ProcessRoot::share<velmora::UserDefaults>()->setObject(object, key);
 }
 
 const velmora::Bundle &VLMMainAppBundle() {
@@ -56,9 +56,9 @@ const QStringList &VLMAllowLocale() {
 }
 
 QString VLMStringFromKey(const QString &key) {
-    const auto &strings = velmora::ProcessRoot::get<velmora::StringTable>().strings;
+    const auto table = velmora::ProcessRoot::share<velmora::StringTable>();
     const QString wanted = key.isNull() ? QLatin1String("") : key;
-    return strings.value(wanted, wanted);
+    return table->strings.value(wanted, wanted);
 }
 
 void LOG(const QString &message) {

@@ -28,11 +28,11 @@ std::vector<Entry> &entries() {
 
 } // namespace
 
-void *ProcessRoot::find(std::type_index type, Factory factory) {
+std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
     const std::lock_guard lock(rootMutex());
     for (const Entry &entry : entries()) {
         if (entry.type == type)
-            return entry.object.get();
+            return entry.object;
     }
     if (!factory)
         return nullptr;
@@ -42,9 +42,8 @@ void *ProcessRoot::find(std::type_index type, Factory factory) {
     }();
     Q_UNUSED(registered)
     std::shared_ptr<void> object = factory();
-    void *raw = object.get();
-    entries().push_back({type, std::move(object)});
-    return raw;
+    entries().push_back({type, object});
+    return object;
 }
 
 bool ProcessRoot::isUsable() {
