@@ -8,6 +8,8 @@
 
 #include <Velmora/Support.h>
 
+#include <QtWidgets/QSplitter>
+
 #include <algorithm>
 
 namespace velmora {
@@ -54,9 +56,9 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
     if (!controller)
         return;
     if (!MainQueue::isMainThread()) {
-        MainQueue::post([self = shared_from_this(), controller, target = QPointer<QWidget>(view),
-                         given = view != nullptr] {
-            if (!given || target)
+        MainQueue::post([self = shared_from_this(), controller, lifetime = controller->lifetime(),
+                         target = QPointer<QWidget>(view), given = view != nullptr] {
+            if (!lifetime.expired() && (!given || target))
                 self->setViewController(controller, target);
         });
         return;
@@ -72,6 +74,11 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
 
 void BannerController::attachTo(QWidget *superview) {
     QWidget *own = view();
+    // A splitter would take the banner for one more of its panes.
+    while (qobject_cast<QSplitter *>(superview))
+        superview = superview->parentWidget();
+    if (!superview)
+        LOG(QStringLiteral("a banner found no view to lie in"));
     if (!own || !superview)
         return;
     own->setParent(superview);

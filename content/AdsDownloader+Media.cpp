@@ -31,6 +31,7 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
         completion(QUrl::fromLocalFile(path));
         return nullptr;
     }
+    qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     QString refusal;
     if (remote.isEmpty())
         refusal = QStringLiteral("the ad names no file");
@@ -41,7 +42,6 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
         completion({});
         return nullptr;
     }
-    qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     UrlRequest request;
     request.url = remote;
     request.destination = path;

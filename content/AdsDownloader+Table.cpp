@@ -29,9 +29,8 @@ QByteArray lossyAscii(const QString &text) {
 } // namespace
 
 QString AdsDownloader::generateRequestAcs() {
-    QString identifier = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString();
-    if (identifier.isEmpty())
-        identifier = DefaultAppId;
+    const QVariant known = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
+    const QString identifier = known.isValid() ? known.toString() : DefaultAppId;
     return QStringLiteral("{") + QStringLiteral("\"inner_id\" : \"") + identifier +
            QStringLiteral("\",") + QStringLiteral("\"language\" : \"EN\",") +
            QStringLiteral("\"placements\" : [ \"standard\",\"video\" ]}");

@@ -69,7 +69,9 @@ void BannerImageView::frameDecoded() {
 }
 
 void BannerImageView::setNominalHeight(double height) {
-    m_nominalHeight = height;
+    if (!std::isfinite(height))
+        return;
+    m_nominalHeight = std::min(height, double(LargestSide));
     update();
 }
 

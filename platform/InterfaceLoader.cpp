@@ -1,5 +1,7 @@
 #include "platform/InterfaceLoader.h"
 
+#include "platform/ProcessRoot.h"
+
 #include <Velmora/Support.h>
 
 #include <QtCore/QCoreApplication>
@@ -30,15 +32,18 @@ public:
     }
 };
 
-// The loader's constructor loads every Designer plugin in the library paths, with whatever those
-// drag into the host's process. Without paths it finds none.
-std::unique_ptr<Loader> loaderWithoutPlugins() {
-    const QStringList paths = QCoreApplication::libraryPaths();
-    QCoreApplication::setLibraryPaths({});
-    auto loader = std::make_unique<Loader>();
-    QCoreApplication::setLibraryPaths(paths);
-    return loader;
-}
+// The process's loader. Its constructor loads every Designer plugin in the library paths, with
+// whatever those drag into the host's process; without paths it finds none. Made once, since the
+// paths are the whole process's.
+struct LoaderWithoutPlugins {
+    LoaderWithoutPlugins() {
+        const QStringList paths = QCoreApplication::libraryPaths();
+        QCoreApplication::setLibraryPaths({});
+        loader = std::make_unique<Loader>();
+        QCoreApplication::setLibraryPaths(paths);
+    }
+    std::unique_ptr<Loader> loader;
+};
 
 } // namespace
 
@@ -52,7 +57,7 @@ QWidget *InterfaceLoader::load(const QString &name) {
         LOG(QStringLiteral("interface resource %1 is missing").arg(name));
         return nullptr;
     }
-    const auto loader = loaderWithoutPlugins();
+    const auto &loader = ProcessRoot::get<LoaderWithoutPlugins>().loader;
     QWidget *root = loader->load(&file);
     if (!root)
         LOG(QStringLiteral("interface resource %1: %2").arg(name, loader->errorString()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -24,7 +25,10 @@ public:
     Relation relation() const { return m_relation; }
     double multiplier() const { return m_multiplier; }
     double constant() const { return m_constant; }
+    /// What is not a finite number is ignored.
     void setConstant(double constant) {
+        if (!std::isfinite(constant))
+            return;
         m_constant = constant;
         if (m_changed)
             m_changed();

@@ -33,6 +33,11 @@ public:
     /// True while there is an application object whose main loop can serve the framework.
     static bool isUsable();
 
+    /// Has drop() called also when the process ends without its application object going, by
+    /// exit(). To be said again after something was made that the objects' threads lean on: what
+    /// was made last goes first.
+    static void dropAtExit();
+
     /// Destroys everything; the next get() starts a fresh process state.
     static void drop();
 

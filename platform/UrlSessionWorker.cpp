@@ -1,5 +1,6 @@
 #include "platform/UrlSessionWorker.h"
 
+#include "platform/ProcessRoot.h"
 #include "platform/UrlTransfer.h"
 
 #include <QtCore/QCoreApplication>
@@ -98,6 +99,11 @@ QNetworkAccessManager &UrlSessionWorker::manager() {
     m_privateAuthorities = QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
     m_manager = new QNetworkAccessManager(this);
     m_manager->setTransferTimeout(m_configuration.idleTimeoutMs);
+    static const bool prepared = [] {
+        ProcessRoot::dropAtExit();
+        return true;
+    }();
+    Q_UNUSED(prepared)
     return *m_manager;
 }
 

@@ -59,6 +59,26 @@ TEST_F(BannerControllerTest, ABannerAddedAfterTheReplyShowsWithoutAskingAgain) {
     EXPECT_EQ(server.log().count(TablePath), 1);
 }
 
+TEST_F(BannerControllerTest, WithACompleteCacheEveryWindowShowsABannerBeforeTheReply) {
+    serve({banner(QStringLiteral("one"))}, {video(QStringLiteral("v"))});
+    addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    ASSERT_TRUE(eventually(
+        [] { return !AdsDownloader::sharedInstance()->interstitialVideoURL().isEmpty(); }));
+    restartProcess();
+    server.faults().set(TablePath, Fault::hang());
+    QWidget second;
+    second.resize(900, 400);
+    second.show();
+    Velmora::addBannerForWindow(window.get());
+    Velmora::addBannerForWindow(&second);
+    EXPECT_TRUE(shows(QStringLiteral("one")));
+    EXPECT_TRUE(eventually([&] {
+        return Velmora::BControllFromWindow(&second)->selectBanner() == QStringLiteral("one");
+    }));
+    server.faults().clear();
+}
+
 TEST_F(BannerControllerTest, RotationRestsWhileTheWindowCannotBeSeen) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
     BannerController *controller = addBanner();
@@ -152,8 +172,7 @@ TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
     ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
     server.faults().set(QStringLiteral("/media/*"), Fault::delay(60));
     time.advance(15);
-    ASSERT_TRUE(
-        eventually([&] { return server.log().count(QStringLiteral("/media/*")) == 2; }));
+    ASSERT_TRUE(eventually([&] { return server.log().count(QStringLiteral("/media/*")) == 2; }));
     const QPointer<QWidget> view = current()->view();
     // From a worker, as a purchase may report itself.
     std::thread([] { Velmora::removeAdsNow(); }).join();

@@ -6,6 +6,7 @@
 #include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
 
+#include <cmath>
 #include <thread>
 
 namespace velmora::test {
@@ -100,6 +101,8 @@ TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {
             Velmora::setBannerHeight(-1, target);
             Velmora::setBannerSmallImageToWindow(target);
             Velmora::setBannerBottomInset(1e9, target);
+            Velmora::setBannerCenterXInset(std::nan(""), target);
+            Velmora::setBannersHeight(HUGE_VAL);
             Velmora::addBannerForWindow(target);
             Velmora::addBannerForViewController(nullptr, target);
             Velmora::addBannerForViewController(&host, target);
@@ -115,6 +118,17 @@ TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {
 TEST_F(BannerFacadeTest, ABannerMayBeAskedForOnAnotherThread) {
     std::thread([this] { Velmora::addBannerForWindow(window.get()); }).join();
     EXPECT_TRUE(eventually([] { return Velmora::BControllers().size() == 1; }));
+
+    QWidget inner(window.get());
+    auto host = std::make_unique<ViewController>(&inner);
+    std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
+    ASSERT_TRUE(eventually([] { return Velmora::BControllers().size() == 2; }));
+    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), &inner);
+    // A controller that is gone before the main thread gets to it.
+    std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
+    host.reset();
+    handleEvents();
+    EXPECT_EQ(Velmora::BControllers().size(), 2u);
 }
 
 TEST_F(BannerFacadeTest, HouseBannersNeverAdvertiseTheHostAndAllHavePictures) {

@@ -9,6 +9,7 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
 
 namespace velmora::test {
@@ -117,15 +118,25 @@ TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
     EXPECT_NE(Velmora::BControllFromWindow(&host), nullptr);
 }
 
+TEST_F(BannerPlacementTest, ASplitterGetsNoPaneMore) {
+    QSplitter splitter(window.get());
+    splitter.addWidget(new QWidget);
+    ViewController host(&splitter);
+    Velmora::addBannerForViewController(&host, nullptr);
+    EXPECT_EQ(splitter.count(), 1);
+    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), window.get());
+}
+
 TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {
     QWidget content(window.get());
     content.setGeometry(0, 0, 1000, 500);
     ViewController host(&content);
-    Window::of(window.get())->setContentViewController(&host);
+    host.setContentOf(window.get());
     BannerController *controller = addBanner();
     EXPECT_EQ(controller->view()->parentWidget(), &content);
     EXPECT_EQ(controller->parentViewController(), &host);
-    Window::of(window.get())->setContentViewController(nullptr);
+    ViewController(&content).setContentOf(window.get());
+    EXPECT_EQ(Window::of(window.get())->contentViewController(), nullptr);
 }
 
 TEST_F(BannerPlacementTest, InsetsBeforePlacementAreLostAndTheHeightIsNot) {

@@ -105,6 +105,16 @@ TEST_F(SystemTimerTest, RealTimersFireInOrderAndStopWithTheProcess) {
     EXPECT_FALSE(order.contains(9));
 }
 
+TEST_F(SystemTimerTest, ADistantTimerDoesNotFireNow) {
+    bool fired = false;
+    const TimerPtr distant =
+        Timer::scheduled(30.0 * 24 * 3600, Kind::OneShot, [&] { fired = true; });
+    quietly(30);
+    EXPECT_FALSE(fired);
+    EXPECT_TRUE(distant->isValid());
+    distant->invalidate();
+}
+
 class MainQueueTest : public FreshProcess {};
 
 TEST_F(MainQueueTest, RunsPostedWorkLaterInOrderOnTheMainThread) {
