@@ -101,7 +101,7 @@ void TimeProgressView::stopTicking() {
 }
 
 void TimeProgressView::schedule() {
-    const double step = double(m_countSec / 100);
+    const double step = double(m_countSec) / 100;
     m_timer = Timer::scheduled(step < ShortestStep ? 0 : step, Timer::Kind::Repeating,
                                [this] { tick(); });
     setGodTimer(m_timer);
