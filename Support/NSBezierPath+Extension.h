@@ -25,7 +25,7 @@ private:
 /// What the framework adds to vector paths. Main thread only.
 class NSBezierPathExtension {
 public:
-    /// A new path with the same elements. An element of a kind that no path may hold, as a
+    /// A new path with the same elements. An element that may not stand where it does, as a
     /// damaged stream can leave one, is reported to the log and left out.
     static QPainterPath CGPathFromPath(const QPainterPath &path);
 

@@ -277,10 +277,10 @@ TEST_F(RemoveAdsButtonTest, PathsAreConvertedElementForElement) {
     path.addEllipse(20, 20, 5, 5);
     EXPECT_EQ(NSBezierPathExtension::CGPathFromPath(path), path);
 
-    // A path out of a damaged stream: its second element is of no kind.
+    // A path out of a damaged stream: its second element belongs to a curve that is not there.
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
-    out << qint32(3) << qint32(0) << 1.0 << 1.0 << qint32(7) << 2.0 << 2.0 << qint32(1) << 3.0
+    out << qint32(3) << qint32(0) << 1.0 << 1.0 << qint32(3) << 2.0 << 2.0 << qint32(1) << 3.0
         << 3.0 << qint32(0) << qint32(0);
     QDataStream in(bytes);
     QPainterPath damaged;
