@@ -31,8 +31,7 @@ public:
 
     /// A gradient as large as a rectangle, from one colour at the top to another at the bottom,
     /// seen only where the path is.
-    static PathGradient startAnimationPathGradientFill(const QPainterPath &path,
-                                                       const QRectF &rect,
+    static PathGradient startAnimationPathGradientFill(const QPainterPath &path, const QRectF &rect,
                                                        const QColor &fromColor,
                                                        const QColor &toColor);
 };

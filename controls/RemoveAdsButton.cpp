@@ -176,9 +176,8 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
         painter.boundingRect(QRectF(0, 0, width, 0), TitleLayout | Qt::TextDontClip, text())
             .height();
     const double y = (height() - title) / 2 + (m_isCircle ? 0 : 1.75);
-    painter.drawText(
-        Upwards(height()).rect(beside ? height() : m_titleLeading, y, width, title),
-        TitleLayout | Qt::TextDontClip, text());
+    painter.drawText(Upwards(height()).rect(beside ? height() : m_titleLeading, y, width, title),
+                     TitleLayout | Qt::TextDontClip, text());
 }
 
 QFont RemoveAdsButton::titleFont() const {
@@ -204,8 +203,8 @@ void RemoveAdsButton::drawPath() {
     if (!m_isAnimation)
         return;
     m_shine.start();
-    m_animationTimer = Timer::scheduled(ShineAnimation::Period, Timer::Kind::OneShot,
-                                        [this] { drawPath(); });
+    m_animationTimer =
+        Timer::scheduled(ShineAnimation::Period, Timer::Kind::OneShot, [this] { drawPath(); });
 }
 
 // Out of sight; the next redraw starts the shine again.

@@ -168,8 +168,8 @@ void TimeProgressView::drawRect(QPainter &painter) {
     const double sweep = double(std::clamp<qint64>(m_val1 * 360 / 100, 0, 360));
     const QPainterPath elapsed =
         sector(center, radius, radiusInside(radius, m_widthBorder + m_widthProgress), 90, sweep);
-    const QPainterPath remaining = sector(center, radius, radiusInside(radius, m_widthBorder),
-                                          90 - sweep, 360 - sweep);
+    const QPainterPath remaining =
+        sector(center, radius, radiusInside(radius, m_widthBorder), 90 - sweep, 360 - sweep);
     fill(painter, remaining, m_backgroundProgressColor);
     fill(painter, elapsed, m_progressColor);
     if (m_val1 == Done)

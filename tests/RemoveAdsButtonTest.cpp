@@ -194,8 +194,8 @@ TEST_F(RemoveAdsButtonTest, ItsWidthFollowsItsTitle) {
     button->setFrameSize({500, 500});
     EXPECT_EQ(button->height(), 30);
     EXPECT_EQ(button->width(), button->sizeHint().width());
-    EXPECT_NEAR(button->width(), QFontMetricsF(button->font()).horizontalAdvance(button->text()) + 24,
-                2);
+    EXPECT_NEAR(button->width(),
+                QFontMetricsF(button->font()).horizontalAdvance(button->text()) + 24, 2);
     show();
     button->resize(400, 40);
     EXPECT_EQ(button->width(), button->sizeHint().width());

@@ -32,7 +32,8 @@ protected:
     QColor colorAt(double degrees, double inside) {
         const QImage image = window.grab().toImage();
         const double angle = degrees * 3.14159265 / 180;
-        const QPointF at = QPointF(90, 90) + QPointF(std::sin(angle), -std::cos(angle)) * (40 - inside);
+        const QPointF at =
+            QPointF(90, 90) + QPointF(std::sin(angle), -std::cos(angle)) * (40 - inside);
         return image.pixelColor((at * image.devicePixelRatio()).toPoint());
     }
 
