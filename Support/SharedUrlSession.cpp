@@ -3,6 +3,9 @@
 #include "Support/Deployment.h"
 #include "platform/ProcessRoot.h"
 
+#include <QtNetwork/QNetworkAccessManager>
+#include <QtNetwork/QSslConfiguration>
+
 namespace velmora {
 
 SharedUrlSession::SharedUrlSession()
@@ -15,6 +18,14 @@ SharedUrlSession::SharedUrlSession()
       }()) {}
 
 UrlSession &SharedUrlSession::shared() {
+    static const bool prepared = [] {
+        // Makes what the network thread leans on, so that exit() takes the thread away first.
+        QSslConfiguration::defaultConfiguration();
+        const QNetworkAccessManager registersItsTypes;
+        ProcessRoot::dropAtExit();
+        return true;
+    }();
+    Q_UNUSED(prepared)
     return ProcessRoot::get<SharedUrlSession>();
 }
 

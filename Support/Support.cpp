@@ -19,9 +19,9 @@ struct StringTable {
         const QString path = bundle.resourcePath() + QLatin1Char('/') +
                              StandardNames::curentLocaleIdentifier() +
                              QStringLiteral(".lproj/Localizable.strings");
-        strings = StandardNames::getInfoFromURL(
-            path.startsWith(QLatin1Char(':')) ? QUrl(QStringLiteral("qrc") + path)
-                                              : QUrl::fromLocalFile(path));
+        strings = StandardNames::getInfoFromURL(path.startsWith(QLatin1Char(':'))
+                                                    ? QUrl(QStringLiteral("qrc") + path)
+                                                    : QUrl::fromLocalFile(path));
     }
 
     QHash<QString, QString> strings;
@@ -36,11 +36,11 @@ velmora::UserDefaults &VLMUserDefaults() {
 }
 
 QVariant VLMObjForKey(const QString &key) {
-    return VLMUserDefaults().object(key);
+    return velmora::ProcessRoot::share<velmora::UserDefaults>()->object(key);
 }
 
 void VLMSetObjForKey(const QVariant &object, const QString &key) {
-    VLMUserDefaults().setObject(object, key);
+    velmora::ProcessRoot::share<velmora::UserDefaults>()->setObject(object, key);
 }
 
 const velmora::Bundle &VLMMainAppBundle() {
@@ -48,17 +48,17 @@ const velmora::Bundle &VLMMainAppBundle() {
 }
 
 const QStringList &VLMAllowLocale() {
-    static const QStringList codes{
-        QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"), QStringLiteral("es"),
-        QStringLiteral("fr"), QStringLiteral("it"), QStringLiteral("ko"), QStringLiteral("pt"),
-        QStringLiteral("ru"), QStringLiteral("ja"), QStringLiteral("zh")};
+    static const QStringList codes{QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"),
+                                   QStringLiteral("es"), QStringLiteral("fr"), QStringLiteral("it"),
+                                   QStringLiteral("ko"), QStringLiteral("pt"), QStringLiteral("ru"),
+                                   QStringLiteral("ja"), QStringLiteral("zh")};
     return codes;
 }
 
 QString VLMStringFromKey(const QString &key) {
-    const auto &strings = velmora::ProcessRoot::get<velmora::StringTable>().strings;
+    const auto table = velmora::ProcessRoot::share<velmora::StringTable>();
     const QString wanted = key.isNull() ? QLatin1String("") : key;
-    return strings.value(wanted, wanted);
+    return table->strings.value(wanted, wanted);
 }
 
 void LOG(const QString &message) {

@@ -8,6 +8,8 @@
 
 #include <Velmora/Support.h>
 
+#include <QtWidgets/QSplitter>
+
 #include <algorithm>
 
 namespace velmora {
@@ -54,9 +56,9 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
     if (!controller)
         return;
     if (!MainQueue::isMainThread()) {
-        MainQueue::post([self = shared_from_this(), controller,
+        MainQueue::post([self = shared_from_this(), controller, lifetime = controller->lifetime(),
                          target = QPointer<QWidget>(view), given = view != nullptr] {
-            if (!given || target)
+            if (!lifetime.expired() && (!given || target))
                 self->setViewController(controller, target);
         });
         return;
@@ -72,6 +74,11 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
 
 void BannerController::attachTo(QWidget *superview) {
     QWidget *own = view();
+    // A splitter would take the banner for one more of its panes.
+    while (qobject_cast<QSplitter *>(superview))
+        superview = superview->parentWidget();
+    if (!superview)
+        LOG(QStringLiteral("a banner found no view to lie in"));
     if (!own || !superview)
         return;
     own->setParent(superview);
@@ -88,15 +95,15 @@ void BannerController::setBannerConstraints() {
         std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
     m_layout = new ConstraintLayout(own);
     m_shadow = new BannerShadowView(own);
-    m_layout->setPlacedHandler([shadow = m_shadow, close = m_closeButton,
-                                depth = m_shadowBotOfset](const QRect &frame) {
-        if (shadow)
-            shadow->follow(frame, qRound(depth->constant()));
-        // On a small banner a small circle, so that it hides little; as easy to hit as ever.
-        if (close)
-            close->setImageDiameter(std::clamp(frame.height() * CircleShare, SmallestCircle,
-                                               LargestCircle));
-    });
+    m_layout->setPlacedHandler(
+        [shadow = m_shadow, close = m_closeButton, depth = m_shadowBotOfset](const QRect &frame) {
+            if (shadow)
+                shadow->follow(frame, qRound(depth->constant()));
+            // On a small banner a small circle, so that it hides little; as easy to hit as ever.
+            if (close)
+                close->setImageDiameter(
+                    std::clamp(frame.height() * CircleShare, SmallestCircle, LargestCircle));
+        });
     m_layout->add(m_heightConstraint);
     m_layout->add(m_centerXConstraint);
     m_layout->add(m_bottomConstraint);

@@ -1,5 +1,7 @@
 #include "banners/BannerController.h"
 
+#include "banners/BannerShadowView.h"
+
 #include "Support/Log.h"
 #include "Support/StandardNames.h"
 #include "content/AdKeys.h"
@@ -47,8 +49,8 @@ QWidget *BannerController::loadView() {
     m_bannerImage = InterfaceLoader::outlet<BannerImageView>(root, QStringLiteral("bannerImage"));
     m_closeButton = InterfaceLoader::outlet<CloseButtonCell>(root, QStringLiteral("closeButton"));
     using Relation = LayoutConstraint::Relation;
-    m_heightConstraint = InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"),
-                                                     Relation::Height);
+    m_heightConstraint =
+        InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"), Relation::Height);
     m_shadowBotOfset =
         InterfaceLoader::constraint(root, QStringLiteral("shadowBotOfset"), Relation::Spacing);
     return root;
@@ -64,11 +66,12 @@ void BannerController::viewDidLoad() {
 void BannerController::initBanners() {
     m_downloader = AdsDownloader::sharedInstance();
     m_downloader->addDelegate(shared_from_this());
+    // Delegates are told once a run. A banner that comes later finds the table ready.
+    const bool isLate = m_downloader->hasToldDelegates();
     m_downloader->startUpdateAllAds();
-    // The server answers once a run. A banner that comes later finds the table ready.
-    if (m_downloader->isUpdateAdsCurrentSession())
+    if (isLate)
         endDownloadСonfiguration();
-    m_logger = &AdsEventLogger::sharedInstance();
+    AdsEventLogger::sharedInstance();
 
     const auto weak = weak_from_this();
     const auto action = [weak](void (BannerController::*operation)()) {
@@ -120,11 +123,13 @@ void BannerController::swapBanners() {
         return;
     }
     const auto weak = weak_from_this();
-    m_bannerInfo = m_downloader->bannerInfo();
     m_downloader->downloadBannerWithComplitionBlock([weak] {
         if (const auto self = weak.lock())
             self->displayBanner();
     });
+    // A banner from the cache is shown inside the call, and the host may answer by removing it.
+    if (isGone())
+        return;
     m_bannerSwapTimer = Timer::scheduled(SwapSeconds, Timer::Kind::OneShot, [weak] {
         if (const auto self = weak.lock())
             self->swapBanners();
@@ -166,8 +171,9 @@ void BannerController::showImage(const QString &path) {
         return;
     m_bannerImage->setImage(path);
     m_bannerImage->setAccessibleName(m_selectBanner);
-    Animator::setHidden(view(), !m_bannerImage->hasImage());
     updateBannerConstraint();
+    for (QWidget *part : parts())
+        Animator::setHidden(part, !m_bannerImage->hasImage());
     LOG(QStringLiteral("banner shown: %1").arg(m_selectBanner));
 }
 
@@ -181,15 +187,25 @@ void BannerController::removeBannerAction() {
 }
 
 void BannerController::setBannerHidden(bool hidden) {
-    if (QWidget *own = view())
-        Animator::setHiddenNow(own, hidden);
+    view();
+    for (QWidget *part : parts())
+        Animator::setHiddenNow(part, hidden);
 }
 
 void BannerController::removeADS() {
     m_removed = true;
     cancelSwap();
-    if (QWidget *own = view())
-        Animator::remove(own);
+    for (QWidget *part : parts())
+        Animator::remove(part);
+}
+
+QList<QWidget *> BannerController::parts() const {
+    QList<QWidget *> parts;
+    if (QWidget *own = viewIfLoaded())
+        parts.append(own);
+    if (m_shadow)
+        parts.append(m_shadow);
+    return parts;
 }
 
 bool BannerController::isGone() const {

@@ -15,7 +15,6 @@
 
 namespace velmora {
 
-class AdsEventLogger;
 class BannerImageView;
 class BannerShadowView;
 class CloseButtonCell;
@@ -98,6 +97,8 @@ private:
     void updateBannerConstraint();
     void showImage(const QString &path);
     void cancelSwap();
+    /// The view and its shadow, as far as they exist.
+    QList<QWidget *> parts() const;
 
     QPointer<QWidget> m_window;
     QPointer<BannerImageView> m_bannerImage;
@@ -115,9 +116,7 @@ private:
     QUrl m_currentURL;
     TimerPtr m_bannerSwapTimer;
     std::shared_ptr<AdsDownloader> m_downloader;
-    AdsEventLogger *m_logger = nullptr;
     QMap<QString, QString> m_standardBanners;
-    QJsonObject m_bannerInfo;
     bool m_removed = false;
     bool m_viewWasLoaded = false;
 };

@@ -1,6 +1,5 @@
 #include "banners/BannerShadowView.h"
 
-#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 
 namespace velmora {
@@ -14,7 +13,6 @@ BannerShadowView::BannerShadowView(QWidget *banner)
     : QWidget(banner->parentWidget()), m_banner(banner) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    banner->installEventFilter(this);
     connect(banner, &QObject::destroyed, this, &QObject::deleteLater);
     hide();
 }
@@ -23,21 +21,6 @@ void BannerShadowView::follow(const QRect &banner, int depth) {
     setGeometry(banner.x(), banner.y() + banner.height(), banner.width(), depth);
     if (m_banner)
         stackUnder(m_banner);
-}
-
-bool BannerShadowView::eventFilter(QObject *, QEvent *event) {
-    switch (event->type()) {
-    case QEvent::Show:
-    case QEvent::Hide:
-        setVisible(event->type() == QEvent::Show);
-        break;
-    case QEvent::ParentChange:
-        hide();
-        break;
-    default:
-        break;
-    }
-    return false;
 }
 
 void BannerShadowView::paintEvent(QPaintEvent *) {
@@ -49,8 +32,8 @@ void BannerShadowView::paintEvent(QPaintEvent *) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(fading);
     const double radius = height();
-    painter.drawRoundedRect(QRectF(SideInset, -radius, width() - 2 * SideInset, 2 * radius),
-                            radius, radius);
+    painter.drawRoundedRect(QRectF(SideInset, -radius, width() - 2 * SideInset, 2 * radius), radius,
+                            radius);
 }
 
 } // namespace velmora

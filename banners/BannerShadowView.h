@@ -6,7 +6,8 @@
 namespace velmora {
 
 /// The soft shadow below a banner: a strip of its own beside the banner's view, so that the
-/// banner's frames never repaint it. Takes no clicks; appears and goes with the banner.
+/// banner's frames never repaint it. Takes no clicks. Hidden at first; whoever shows the banner
+/// shows its shadow too.
 class BannerShadowView : public QWidget {
     Q_OBJECT
 
@@ -16,8 +17,6 @@ public:
 
     /// Lies below a banner of the given frame.
     void follow(const QRect &banner, int depth);
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

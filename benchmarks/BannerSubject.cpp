@@ -44,7 +44,8 @@ void fetchAndShowLabel(QWidget &window) {
         qFatal("no certificate authority");
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
     tls.setCaCertificates(QSslCertificate::fromData(authority.readAll(), QSsl::Pem));
-    QNetworkRequest request(QUrl(qEnvironmentVariable("VELMORA_AD_SERVER_URL") + QStringLiteral("/banner.gif")));
+    QNetworkRequest request(
+        QUrl(qEnvironmentVariable("VELMORA_AD_SERVER_URL") + QStringLiteral("/banner.gif")));
     request.setSslConfiguration(tls);
     auto *network = new QNetworkAccessManager(&window);
     const QNetworkReply *reply = network->get(request);

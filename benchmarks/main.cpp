@@ -14,6 +14,7 @@
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThread>
+#include <QtGui/QImageReader>
 
 #include <algorithm>
 #include <cstdio>
@@ -40,17 +41,28 @@ void serveOneBanner(velmora::adserver::AdServer &server) {
     if (!picture.open(QIODevice::ReadOnly))
         qFatal("the sample banner is missing");
     server.campaign().setMedia(QStringLiteral("/banner.gif"), picture.readAll());
-    const QJsonObject ad{{QStringLiteral("name"), QStringLiteral("sample")},
-                         {QStringLiteral("priority"), 1},
-                         {QStringLiteral("image_728x90"), QStringLiteral("/banner.gif")},
-                         {QStringLiteral("market_url"), QStringLiteral("https://apps.example/app/id1")}};
+    const QJsonObject ad{
+        {QStringLiteral("name"), QStringLiteral("sample")},
+        {QStringLiteral("priority"), 1},
+        {QStringLiteral("image_728x90"), QStringLiteral("/banner.gif")},
+        {QStringLiteral("market_url"), QStringLiteral("https://apps.example/app/id1")}};
     server.campaign().setReply(
         QJsonDocument(QJsonObject{{QStringLiteral("standard"), QJsonArray{ad}},
                                   {QStringLiteral("video"), QJsonArray()}})
             .toJson());
 }
 
-Sample measure(const QString &subject, const QProcessEnvironment &environment, int seconds) {
+// How long the sample banner plays before it starts anew. A measurement takes whole turns, or it
+// would depend on how much of a still moment it caught.
+int turnMs() {
+    QImageReader reader(QStringLiteral(VELMORA_SAMPLE_BANNER));
+    int length = 0;
+    for (QImage frame = reader.read(); !frame.isNull(); frame = reader.read())
+        length += reader.nextImageDelay();
+    return length;
+}
+
+Sample measure(const QString &subject, const QProcessEnvironment &environment, int lengthMs) {
     QProcess child;
     child.setProcessEnvironment(environment);
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -61,11 +73,12 @@ Sample measure(const QString &subject, const QProcessEnvironment &environment, i
         qFatal("%s did not start", qPrintable(subject));
     QThread::msleep(WarmUpMs);
     const ProcessFigures before = ProcessFigures::of(child.processId());
-    QThread::sleep(static_cast<unsigned long>(seconds));
+    QThread::msleep(static_cast<unsigned long>(lengthMs));
     const ProcessFigures after = ProcessFigures::of(child.processId());
     child.kill();
     child.waitForFinished();
-    return {(after.cpuSeconds - before.cpuSeconds) / seconds * 100, after.privateMegabytes};
+    return {(after.cpuSeconds - before.cpuSeconds) / (lengthMs / 1000.0) * 100,
+            after.privateMegabytes};
 }
 
 double median(std::vector<double> values) {
@@ -85,11 +98,13 @@ int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    const QCommandLineOption secondsOption(QStringLiteral("seconds"), QStringLiteral("length of one measurement"),
-                                           QStringLiteral("n"), QStringLiteral("9"));
-    const QCommandLineOption roundsOption(QStringLiteral("rounds"), QStringLiteral("measurements of each subject"),
+    const QCommandLineOption turnsOption(
+        QStringLiteral("turns"), QStringLiteral("turns of the picture that one measurement takes"),
+        QStringLiteral("n"), QStringLiteral("2"));
+    const QCommandLineOption roundsOption(QStringLiteral("rounds"),
+                                          QStringLiteral("measurements of each subject"),
                                           QStringLiteral("n"), QStringLiteral("3"));
-    parser.addOptions({secondsOption, roundsOption});
+    parser.addOptions({turnsOption, roundsOption});
     parser.process(application);
 
     velmora::adserver::AdServer server;
@@ -111,12 +126,14 @@ int main(int argc, char **argv) {
     // Pages of a file that was just built count as a process's own until they are written.
     sync();
 
+    const int lengthMs = turnMs() * parser.value(turnsOption).toInt();
+
     // Rounds in turn, so that whatever else the machine does falls on all of them.
     std::map<QString, std::vector<double>> cpu;
     std::map<QString, std::vector<double>> memory;
     for (int round = 0; round < parser.value(roundsOption).toInt(); ++round) {
         for (const QString &subject : BannerSubject::names()) {
-            const Sample sample = measure(subject, environment, parser.value(secondsOption).toInt());
+            const Sample sample = measure(subject, environment, lengthMs);
             cpu[subject].push_back(sample.cpuPercent);
             memory[subject].push_back(sample.privateMegabytes);
         }
@@ -132,7 +149,8 @@ int main(int argc, char **argv) {
         const auto ratio = [peer](std::map<QString, std::vector<double>> &figures) {
             return median(figures[QStringLiteral("banner")]) / median(figures[QLatin1String(peer)]);
         };
-        std::printf("banner : %-12s  CPU %.2f, private memory %.2f\n", peer, ratio(cpu), ratio(memory));
+        std::printf("banner : %-12s  CPU %.2f, private memory %.2f\n", peer, ratio(cpu),
+                    ratio(memory));
     }
     return 0;
 }

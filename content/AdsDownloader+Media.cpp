@@ -5,8 +5,8 @@
 #include "Support/SharedUrlSession.h"
 #include "content/AdKeys.h"
 #include "content/CachesFolder.h"
-#include "content/StoreLink.h"
 #include "content/MediaAddress.h"
+#include "content/StoreLink.h"
 
 #include <Velmora/Support.h>
 
@@ -22,9 +22,8 @@ QUrl AdsDownloader::mediaURL(const QJsonObject &ad, const QString &key) {
     return MediaAddress::from(Deployment::current().acsURL, ad.value(key)).remote;
 }
 
-UrlTaskPtr
-AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
-                                                   const FileCompletion &completion) {
+UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
+                                                              const FileCompletion &completion) {
     const QString name = MediaAddress::cachedName(remote);
     const QString path = CachesFolder::pathFor(name);
     const QFileInfo cached(path);
@@ -32,6 +31,7 @@ AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
         completion(QUrl::fromLocalFile(path));
         return nullptr;
     }
+    qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     QString refusal;
     if (remote.isEmpty())
         refusal = QStringLiteral("the ad names no file");
@@ -42,7 +42,6 @@ AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
         completion({});
         return nullptr;
     }
-    qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     UrlRequest request;
     request.url = remote;
     request.destination = path;
@@ -64,8 +63,8 @@ void AdsDownloader::downloadBannerWithComplitionBlock(const Completion &completi
         LOG(QStringLiteral("a banner is being downloaded already"));
         return;
     }
-    const auto drawn = replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainBannerKey)
-                                   : std::nullopt;
+    const auto drawn =
+        replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainBannerKey) : std::nullopt;
     if (!drawn) {
         LOG(QStringLiteral("there is no banner to draw"));
         if (completion)
@@ -93,26 +92,25 @@ void AdsDownloader::bannerArrived(const QUrl &file, const Completion &completion
 void AdsDownloader::downloadVideo() {
     if (m_videoTask && m_videoTask->isRunning())
         return;
-    const auto drawn = replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainVideoKey)
-                                   : std::nullopt;
+    const auto drawn =
+        replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainVideoKey) : std::nullopt;
     if (!drawn) {
         LOG(QStringLiteral("there is no video to draw"));
         return;
     }
     m_videoInfo = *drawn;
-    m_videoTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(m_videoInfo, kVideoCapture), [weak = weak_from_this()](const QUrl &video) {
-            const auto self = weak.lock();
-            if (self && !video.isEmpty())
-                self->videoArrived(video);
-        });
+    m_videoTask = downloadDataToCacheDirectoryFromURL(mediaURL(m_videoInfo, kVideoCapture),
+                                                      [weak = weak_from_this()](const QUrl &video) {
+                                                          const auto self = weak.lock();
+                                                          if (self && !video.isEmpty())
+                                                              self->videoArrived(video);
+                                                      });
 }
 
 void AdsDownloader::videoArrived(const QUrl &video) {
     m_interstitialVideoURL.clear();
     m_videoInterstitialTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(m_videoInfo, kVideoImage),
-        [weak = weak_from_this(), video](const QUrl &still) {
+        mediaURL(m_videoInfo, kVideoImage), [weak = weak_from_this(), video](const QUrl &still) {
             const auto self = weak.lock();
             if (self && !still.isEmpty())
                 self->stillArrived(video, still);

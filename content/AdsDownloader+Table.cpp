@@ -29,10 +29,8 @@ QByteArray lossyAscii(const QString &text) {
 } // namespace
 
 QString AdsDownloader::generateRequestAcs() {
-    QString identifier =
-        VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString();
-    if (identifier.isEmpty())
-        identifier = DefaultAppId;
+    const QVariant known = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
+    const QString identifier = known.isValid() ? known.toString() : DefaultAppId;
     return QStringLiteral("{") + QStringLiteral("\"inner_id\" : \"") + identifier +
            QStringLiteral("\",") + QStringLiteral("\"language\" : \"EN\",") +
            QStringLiteral("\"placements\" : [ \"standard\",\"video\" ]}");
@@ -106,8 +104,11 @@ std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query
     const auto response = SharedUrlSession::shared().fetch(request);
     if (!response || !response->error.isEmpty())
         return {};
-    const QJsonValue first =
-        QJsonDocument::fromJson(response->body).object().value(QLatin1String("results")).toArray().first();
+    const QJsonValue first = QJsonDocument::fromJson(response->body)
+                                 .object()
+                                 .value(QLatin1String("results"))
+                                 .toArray()
+                                 .first();
     return first.isObject() ? std::optional(first.toObject()) : std::nullopt;
 }
 

@@ -38,8 +38,22 @@ const std::shared_ptr<AdsDownloader> &AdsDownloader::sharedInstance() {
     return ProcessRoot::get<DownloaderHolder>().downloader;
 }
 
-void AdsDownloader::addDelegate(const std::shared_ptr<DownloadDelegate> &delegate) {
+void AdsDownloader::forgetGoneDelegates() {
+    if (auto *holder = ProcessRoot::existing<DownloaderHolder>())
+        holder->downloader->eraseGoneDelegates();
+}
+
+void AdsDownloader::eraseGoneDelegates() {
     std::erase_if(m_delegates, [](const auto &known) { return known->isGone(); });
+}
+
+bool AdsDownloader::hasToldDelegates() const {
+    const bool asking = m_jsonTask && m_jsonTask->isRunning();
+    return m_isUpdateAdsCurrentSession || (asking && m_isShowBannersFromCache);
+}
+
+void AdsDownloader::addDelegate(const std::shared_ptr<DownloadDelegate> &delegate) {
+    eraseGoneDelegates();
     m_delegates.push_back(delegate);
 }
 
@@ -58,7 +72,7 @@ void AdsDownloader::downloadAllAdsData() {
 }
 
 void AdsDownloader::downloadBanner() {
-    std::erase_if(m_delegates, [](const auto &known) { return known->isGone(); });
+    eraseGoneDelegates();
     // A copy: a delegate may register another.
     const auto delegates = m_delegates;
     for (const auto &delegate : delegates)

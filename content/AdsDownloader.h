@@ -94,11 +94,19 @@ public:
     bool isUpdateAdsCurrentSession() const { return m_isUpdateAdsCurrentSession; }
     bool isShowBannersFromCache() const { return m_isShowBannersFromCache; }
 
+    /// True once the delegates have been told that ad data is ready: a delegate that registers
+    /// later will not be told again.
+    bool hasToldDelegates() const;
+
+    /// Lets go of the delegates that are gone, if there is a downloader.
+    static void forgetGoneDelegates();
+
 private:
     friend struct DownloaderHolder;
     AdsDownloader();
 
     std::optional<QJsonObject> getInfoObjectWithConsideringWeightForKey(const QString &key) const;
+    void eraseGoneDelegates();
     void postRequest(const Completion &completion);
     void takeReply(const UrlResponse &response, const Completion &completion);
     void bannerArrived(const QUrl &file, const Completion &completion);

@@ -18,6 +18,7 @@ namespace {
 const QString EventStackKey = QStringLiteral("eventStackData");
 const QString ArchiveKind = QStringLiteral("events");
 constexpr double StorePauseSeconds = 0.5;
+constexpr qsizetype SmallStack = 100;
 // An event's reply is thrown away; more than this is not an event server talking.
 constexpr qint64 LargestReply = 1024 * 1024;
 
@@ -86,9 +87,12 @@ void AdsEventLogger::logAllStack() {
 
 void AdsEventLogger::stackChanged() {
     m_unstored = true;
-    if (m_storeTimer && m_storeTimer->isValid())
+    const bool isSmall = m_eventStack.size() <= SmallStack;
+    if (m_storeTimer && m_storeTimer->isValid() && !isSmall)
         return;
     store();
+    if (isSmall)
+        return;
     m_storeTimer = Timer::scheduled(StorePauseSeconds, Timer::Kind::OneShot, [this] {
         if (m_unstored)
             stackChanged();

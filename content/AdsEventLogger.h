@@ -14,8 +14,8 @@ namespace velmora {
 /// the next success. One per process. Main thread, except logEventWithURL() and addEventURL(),
 /// which may be called from any.
 ///
-/// The queue is stored at once when it changes for the first time in a while; further changes
-/// within half a second share one store write, and so do the changes of one flush.
+/// The queue is stored whenever it changes; the changes of one flush share a store write, and
+/// while more than a hundred URLs wait, so do the changes within half a second.
 class AdsEventLogger {
 public:
     /// The process's one logger; the first call loads the stored queue.

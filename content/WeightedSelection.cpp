@@ -17,6 +17,12 @@ qint64 rounded(double value) {
     return static_cast<qint64>(std::round(std::clamp(value, -Limit, Limit)));
 }
 
+// In double precision, truncated, and defined for any number of absurd weights.
+qint64 sum(qint64 a, qint64 b) {
+    constexpr double Limit = 9e18;
+    return static_cast<qint64>(std::clamp(double(a) + double(b), -Limit, Limit));
+}
+
 void removeAll(QJsonArray &ads, const QJsonObject &ad) {
     for (qsizetype i = ads.size() - 1; i >= 0; --i) {
         if (ads.at(i) == QJsonValue(ad))
@@ -42,22 +48,22 @@ std::optional<QJsonObject> WeightedSelection::draw(QJsonArray candidates,
     // Weights are matched to candidates by position, and a candidate without a weight leaves no
     // gap in the list of weights.
     std::vector<double> weights;
-    double sum = 0;
+    double total = 0;
     for (const QJsonValue &ad : std::as_const(candidates)) {
         const QJsonValue value = ad.toObject().value(weightKey);
         if (value.isUndefined())
             continue;
         weights.push_back(weight(value));
-        sum += weights.back();
+        total += weights.back();
     }
 
-    const qint64 total = rounded(sum);
-    if (weights.empty() || total <= 0)
+    const qint64 all = rounded(total);
+    if (weights.empty() || all <= 0)
         return {};
-    const qint64 drawn = qint64(RandomSource::current().next()) % total;
+    const qint64 drawn = qint64(RandomSource::current().next()) % all;
     qint64 lower = 0;
     for (size_t i = 0; i < weights.size(); ++i) {
-        const qint64 upper = lower + rounded(weights[i]);
+        const qint64 upper = sum(lower, rounded(weights[i]));
         if (lower <= drawn && drawn < upper)
             return candidates.at(qsizetype(i)).toObject();
         lower = upper;

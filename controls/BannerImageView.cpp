@@ -69,7 +69,9 @@ void BannerImageView::frameDecoded() {
 }
 
 void BannerImageView::setNominalHeight(double height) {
-    m_nominalHeight = height;
+    if (!std::isfinite(height))
+        return;
+    m_nominalHeight = std::min(height, double(LargestSide));
     update();
 }
 
@@ -126,8 +128,8 @@ void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     QBrush picture(frame);
-    picture.setTransform(QTransform::fromScale(double(width()) / frame.width(),
-                                               double(height()) / frame.height()));
+    picture.setTransform(
+        QTransform::fromScale(double(width()) / frame.width(), double(height()) / frame.height()));
     painter.setBrush(picture);
     painter.drawRoundedRect(rect(), radius, radius);
 }

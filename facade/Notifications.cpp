@@ -10,8 +10,7 @@ const QString VLMsplashScreenWillShow = QStringLiteral("com.tamsel.splashcreenwi
 const QString VLMsplashScreenDidShow = QStringLiteral("com.tamsel.splashcreendidshow");
 const QString VLMsplashScreenDidClose = QStringLiteral("com.tamsel.splashscreendidclose");
 
-const QString kReachabilityChangedNotification =
-    QStringLiteral("kReachabilityChangedNotification");
+const QString kReachabilityChangedNotification = QStringLiteral("kReachabilityChangedNotification");
 
 const double VelmoraVersionNumber = 1.0;
 const char VelmoraVersionString[] = "@(#)PROGRAM:Velmora  PROJECT:Velmora-1\n";

@@ -18,26 +18,26 @@ struct ProcessSwitches {
     std::atomic<bool> arcMode = false;
 };
 
-ProcessSwitches &switches() {
-    return ProcessRoot::get<ProcessSwitches>();
+std::shared_ptr<ProcessSwitches> switches() {
+    return ProcessRoot::share<ProcessSwitches>();
 }
 
 } // namespace
 
 void Switches::activateDebugMode() {
-    switches().debugMode = true;
+    switches()->debugMode = true;
 }
 
 bool Switches::isDebugModeActivate() {
-    return switches().debugMode;
+    return switches()->debugMode;
 }
 
 void Switches::setARCToWindows(bool on) {
-    switches().arcMode = on;
+    switches()->arcMode = on;
 }
 
 bool Switches::isARCActivate() {
-    return switches().arcMode;
+    return switches()->arcMode;
 }
 
 bool Switches::isADSRemoved() {

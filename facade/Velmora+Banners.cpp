@@ -5,6 +5,8 @@
 #include "facade/Switches.h"
 #include "platform/MainQueue.h"
 
+#include <cmath>
+
 using velmora::BannerController;
 using velmora::FacadeState;
 using velmora::MainQueue;
@@ -26,7 +28,17 @@ void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
     Velmora::BControllers().push_back(banner);
 }
 
+bool isUsable(double value) {
+    if (std::isfinite(value))
+        return true;
+    Velmora::LOG(QStringLiteral("ERROR"),
+                 QStringLiteral("a banner's place must be a finite number"));
+    return false;
+}
+
 void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
+    if (!isUsable(value))
+        return;
     FacadeState::current().*defaultValue = value;
     if (Velmora::isInitializedBannerLOG_ERROR())
         return;
@@ -37,7 +49,7 @@ void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
 }
 
 void setForWindow(QWidget *window, Setter setter, double value) {
-    if (Velmora::isInitializedBannerLOG_ERROR())
+    if (Velmora::isInitializedBannerLOG_ERROR() || !isUsable(value))
         return;
     if (BannerController *banner = Velmora::BControllFromWindow(window))
         (banner->*setter)(value);
@@ -79,12 +91,21 @@ void Velmora::addBannerForViewController(ViewController *controller, QWidget *vi
         LOG(QStringLiteral("ERROR"), QStringLiteral("no view controller was given for a banner"));
         return;
     }
+    if (!MainQueue::isMainThread()) {
+        MainQueue::post([controller, lifetime = controller->lifetime(),
+                         target = QPointer<QWidget>(view), given = view != nullptr] {
+            if (!lifetime.expired() && (!given || target))
+                addBannerForViewController(controller, target);
+        });
+        return;
+    }
     if (!BControllFromViewController(controller))
         addWithDefaults(BannerController::addBannerToViewController(controller, view));
 }
 
 BannerController *Velmora::BControllFromWindow(QWidget *window) {
-    return lastMatch([window](const BannerController &banner) { return banner.window() == window; });
+    return lastMatch(
+        [window](const BannerController &banner) { return banner.window() == window; });
 }
 
 BannerController *Velmora::BControllFromViewController(ViewController *controller) {

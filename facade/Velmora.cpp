@@ -49,6 +49,7 @@ void Velmora::removeAdsNow() {
     const BannerList banners = std::exchange(BControllers(), {});
     for (const auto &banner : banners)
         banner->removeADS();
+    MainQueue::post(&velmora::AdsDownloader::forgetGoneDelegates);
 }
 
 bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {

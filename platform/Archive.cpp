@@ -23,8 +23,8 @@ std::optional<QCborValue> Archive::decode(const QString &kind, const QByteArray 
     if (error.error != QCborError::NoError || error.offset != bytes.size() || !value.isArray())
         return {};
     const QCborArray parts = value.toArray();
-    if (parts.size() != 4 || parts.at(0) != QCborValue(Magic) || parts.at(1) != QCborValue(Version) ||
-        parts.at(2) != QCborValue(kind))
+    if (parts.size() != 4 || parts.at(0) != QCborValue(Magic) ||
+        parts.at(1) != QCborValue(Version) || parts.at(2) != QCborValue(kind))
         return {};
     return parts.at(3);
 }

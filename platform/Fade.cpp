@@ -15,7 +15,9 @@ Fade *Fade::of(const QWidget *view) {
 }
 
 Fade::Fade(QWidget *view)
-    : QObject(view), m_view(view), m_opacity(view->isHidden() ? 0 : 1),
+    : QObject(view),
+      m_view(view),
+      m_opacity(view->isHidden() ? 0 : 1),
       m_hidden(view->isHidden()) {}
 
 Fade::~Fade() {

@@ -8,8 +8,8 @@
 namespace velmora {
 
 QIcon InterfaceImage::named(const QString &name) {
-    const QString folder =
-        Bundle::resourseBundleForClass<InterfaceImage>().resourcePath() + QStringLiteral("/images/");
+    const QString folder = Bundle::resourseBundleForClass<InterfaceImage>().resourcePath() +
+                           QStringLiteral("/images/");
     QIcon icon;
     for (const int density : {1, 2, 3}) {
         const QString suffix = density == 1 ? QString() : QStringLiteral("@%1x").arg(density);

@@ -1,5 +1,7 @@
 #include "platform/InterfaceLoader.h"
 
+#include "platform/ProcessRoot.h"
+
 #include <Velmora/Support.h>
 
 #include <QtCore/QCoreApplication>
@@ -18,8 +20,7 @@ QHash<QString, std::function<QWidget *(QWidget *)>> &factories() {
 
 class Loader : public QUiLoader {
 public:
-    QWidget *createWidget(const QString &className, QWidget *parent,
-                          const QString &name) override {
+    QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override {
         const auto factory = factories().value(className);
         QWidget *widget =
             factory ? factory(parent) : QUiLoader::createWidget(className, parent, name);
@@ -31,15 +32,18 @@ public:
     }
 };
 
-// The loader's constructor loads every Designer plugin in the library paths, with whatever those
-// drag into the host's process. Without paths it finds none.
-std::unique_ptr<Loader> loaderWithoutPlugins() {
-    const QStringList paths = QCoreApplication::libraryPaths();
-    QCoreApplication::setLibraryPaths({});
-    auto loader = std::make_unique<Loader>();
-    QCoreApplication::setLibraryPaths(paths);
-    return loader;
-}
+// The process's loader. Its constructor loads every Designer plugin in the library paths, with
+// whatever those drag into the host's process; without paths it finds none. Made once, since the
+// paths are the whole process's.
+struct LoaderWithoutPlugins {
+    LoaderWithoutPlugins() {
+        const QStringList paths = QCoreApplication::libraryPaths();
+        QCoreApplication::setLibraryPaths({});
+        loader = std::make_unique<Loader>();
+        QCoreApplication::setLibraryPaths(paths);
+    }
+    std::unique_ptr<Loader> loader;
+};
 
 } // namespace
 
@@ -53,7 +57,7 @@ QWidget *InterfaceLoader::load(const QString &name) {
         LOG(QStringLiteral("interface resource %1 is missing").arg(name));
         return nullptr;
     }
-    const auto loader = loaderWithoutPlugins();
+    const auto &loader = ProcessRoot::get<LoaderWithoutPlugins>().loader;
     QWidget *root = loader->load(&file);
     if (!root)
         LOG(QStringLiteral("interface resource %1: %2").arg(name, loader->errorString()));

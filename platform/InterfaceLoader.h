@@ -26,7 +26,8 @@ public:
     /// The element that an outlet is bound to, by object name; a missing one is logged.
     template<class T>
     static T *outlet(QWidget *root, const QString &name) {
-        T *found = root->objectName() == name ? qobject_cast<T *>(root) : root->findChild<T *>(name);
+        T *found =
+            root->objectName() == name ? qobject_cast<T *>(root) : root->findChild<T *>(name);
         if (!found)
             missing(root, name);
         return found;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -10,12 +11,12 @@ namespace velmora {
 class LayoutConstraint {
 public:
     enum class Relation {
-        Height,          ///< height = constant
-        Aspect,          ///< width = height x multiplier
-        CenterX,         ///< horizontal centre = superview's centre + constant
-        Bottom,          ///< superview's bottom = view's bottom + constant
-        TrailingInside,  ///< superview's trailing edge >= view's trailing edge
-        Spacing          ///< a distance that others refer to
+        Height,         ///< height = constant
+        Aspect,         ///< width = height x multiplier
+        CenterX,        ///< horizontal centre = superview's centre + constant
+        Bottom,         ///< superview's bottom = view's bottom + constant
+        TrailingInside, ///< superview's trailing edge >= view's trailing edge
+        Spacing         ///< a distance that others refer to
     };
 
     LayoutConstraint(Relation relation, double multiplier, double constant)
@@ -24,7 +25,10 @@ public:
     Relation relation() const { return m_relation; }
     double multiplier() const { return m_multiplier; }
     double constant() const { return m_constant; }
+    /// What is not a finite number is ignored.
     void setConstant(double constant) {
+        if (!std::isfinite(constant))
+            return;
         m_constant = constant;
         if (m_changed)
             m_changed();

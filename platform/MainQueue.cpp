@@ -14,18 +14,35 @@ namespace velmora {
 
 namespace {
 
-// Receives one event a posted piece of work. The pieces themselves cross threads under a
-// standard mutex, which the thread sanitizer understands, unlike the one inside Qt.
+class MainQueueReceiver;
+
+// What threads hand over, under a standard mutex, which the thread sanitizer understands, unlike
+// the one inside Qt. Never destroyed: a worker may be posting while the process state goes.
+struct Handover {
+    std::mutex mutex;
+    std::deque<std::function<void()>> pending;
+    MainQueueReceiver *receiver = nullptr;
+};
+
+Handover &handover() {
+    static Handover &instance = *new Handover;
+    return instance;
+}
+
+// Receives one event a posted piece of work, on the main thread.
 class MainQueueReceiver : public QObject {
 public:
-    MainQueueReceiver() { moveToThread(QCoreApplication::instance()->thread()); }
+    MainQueueReceiver() {
+        moveToThread(QCoreApplication::instance()->thread());
+        const std::lock_guard lock(handover().mutex);
+        handover().receiver = this;
+    }
 
-    void add(std::function<void()> work) {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_pending.push_back(std::move(work));
-        }
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    ~MainQueueReceiver() override {
+        std::deque<std::function<void()>> dropped;
+        const std::lock_guard lock(handover().mutex);
+        handover().receiver = nullptr;
+        dropped.swap(handover().pending);
     }
 
     bool event(QEvent *event) override {
@@ -33,26 +50,29 @@ public:
             return QObject::event(event);
         std::function<void()> work;
         {
-            const std::lock_guard lock(m_mutex);
-            if (m_pending.empty())
+            const std::lock_guard lock(handover().mutex);
+            if (handover().pending.empty())
                 return true;
-            work = std::move(m_pending.front());
-            m_pending.pop_front();
+            work = std::move(handover().pending.front());
+            handover().pending.pop_front();
         }
         work();
         return true;
     }
-
-private:
-    std::mutex m_mutex;
-    std::deque<std::function<void()>> m_pending;
 };
 
 } // namespace
 
 void MainQueue::post(std::function<void()> work) {
-    if (ProcessRoot::isUsable())
-        ProcessRoot::get<MainQueueReceiver>().add(std::move(work));
+    if (!ProcessRoot::isUsable())
+        return;
+    ProcessRoot::get<MainQueueReceiver>();
+    const std::lock_guard lock(handover().mutex);
+    // It may have gone again since.
+    if (!handover().receiver)
+        return;
+    handover().pending.push_back(std::move(work));
+    QCoreApplication::postEvent(handover().receiver, new QEvent(QEvent::User));
 }
 
 bool MainQueue::isMainThread() {

@@ -1,7 +1,9 @@
 #include "platform/ProcessRoot.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QThread>
 
+#include <cstdlib>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -17,34 +19,41 @@ struct Entry {
 
 // Recursive, because an object may ask for another while it is being made or destroyed.
 std::recursive_mutex &rootMutex() {
-    static std::recursive_mutex mutex;
+    static auto &mutex = *new std::recursive_mutex;
     return mutex;
 }
 
+// Neither is ever destroyed: who comes last still finds them.
 std::vector<Entry> &entries() {
-    static std::vector<Entry> list;
+    static auto &list = *new std::vector<Entry>;
     return list;
 }
 
 } // namespace
 
-void *ProcessRoot::find(std::type_index type, Factory factory) {
+std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
     const std::lock_guard lock(rootMutex());
     for (const Entry &entry : entries()) {
         if (entry.type == type)
-            return entry.object.get();
+            return entry.object;
     }
     if (!factory)
         return nullptr;
-    static const bool registered = [] {
+    // The application object forgets its routines when it has run them.
+    if (entries().empty())
         qAddPostRoutine(&ProcessRoot::drop);
-        return true;
-    }();
-    Q_UNUSED(registered)
     std::shared_ptr<void> object = factory();
-    void *raw = object.get();
-    entries().push_back({type, std::move(object)});
-    return raw;
+    entries().push_back({type, object});
+    return object;
+}
+
+void ProcessRoot::dropAtExit() {
+    std::atexit([] {
+        // exit() on a worker leaves the main thread running: it may use anything still.
+        const QCoreApplication *app = QCoreApplication::instance();
+        if (!app || QThread::currentThread() == app->thread())
+            drop();
+    });
 }
 
 bool ProcessRoot::isUsable() {

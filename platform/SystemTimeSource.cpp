@@ -49,9 +49,11 @@ void SystemTimeSource::remove(Timer *timer) {
 }
 
 void SystemTimeSource::arm(Scheduled &scheduled) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-        scheduled.timer->deadline() - now());
-    scheduled.clock->start(std::max(left, std::chrono::milliseconds(0)));
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(scheduled.timer->deadline() - now());
+    // Qt counts milliseconds in an int; what is further away is armed again on the way.
+    const std::chrono::milliseconds longest = std::chrono::hours(24);
+    scheduled.clock->start(std::clamp(left, std::chrono::milliseconds(0), longest));
 }
 
 void SystemTimeSource::fire(Timer *timer) {
@@ -59,7 +61,8 @@ void SystemTimeSource::fire(Timer *timer) {
     if (found == m_scheduled.end())
         return;
     const std::shared_ptr<Timer> alive = found->second.timer;
-    alive->fire(now());
+    if (now() >= alive->deadline())
+        alive->fire(now());
     const auto still = m_scheduled.find(timer);
     if (still != m_scheduled.end())
         arm(still->second);

@@ -25,8 +25,7 @@ Timer::Duration durationFrom(double seconds) {
 Timer::Timer(Duration interval, Kind kind, std::function<void()> callback)
     : m_interval(interval), m_kind(kind), m_callback(std::move(callback)) {}
 
-std::shared_ptr<Timer> Timer::scheduled(double seconds, Kind kind,
-                                        std::function<void()> callback) {
+std::shared_ptr<Timer> Timer::scheduled(double seconds, Kind kind, std::function<void()> callback) {
     Duration interval = durationFrom(seconds);
     if (kind == Kind::Repeating && interval == Duration{0})
         interval = Frame;

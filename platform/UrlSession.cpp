@@ -23,7 +23,6 @@ UrlSession::~UrlSession() {
         m_idleTimer->invalidate();
     if (m_thread.isRunning()) {
         m_worker->stop();
-        m_thread.quit();
         m_thread.wait();
     }
     delete m_worker;
@@ -37,22 +36,22 @@ UrlTaskPtr UrlSession::start(const UrlRequest &request, Completion completion) {
     ensureRunning();
     m_worker->enqueue({request, [this, alive = std::weak_ptr(m_alive), task,
                                  completion = std::move(completion)](UrlResponse response) {
-                           MainQueue::post([this, alive, task, completion,
-                                            response = std::move(response)] {
-                               if (alive.expired())
-                                   return;
-                               task->m_running = false;
-                               taskEnded();
-                               completion(response);
-                           });
+                           MainQueue::post(
+                               [this, alive, task, completion, response = std::move(response)] {
+                                   if (alive.expired())
+                                       return;
+                                   task->m_running = false;
+                                   taskEnded();
+                                   completion(response);
+                               });
                        }});
     return task;
 }
 
 void UrlSession::taskEnded() {
     if (--m_underWay == 0)
-        m_idleTimer = Timer::scheduled(IdleSeconds, Timer::Kind::OneShot,
-                                       [this] { m_worker->rest(); });
+        m_idleTimer =
+            Timer::scheduled(IdleSeconds, Timer::Kind::OneShot, [this] { m_worker->rest(); });
 }
 
 std::optional<UrlResponse> UrlSession::fetch(const UrlRequest &request) {

@@ -1,5 +1,6 @@
 #include "platform/UrlSessionWorker.h"
 
+#include "platform/ProcessRoot.h"
 #include "platform/UrlTransfer.h"
 
 #include <QtCore/QCoreApplication>
@@ -83,6 +84,7 @@ void UrlSessionWorker::abortAll() {
     }
     qDeleteAll(std::exchange(m_active, {}));
     delete std::exchange(m_manager, nullptr);
+    thread()->quit();
 }
 
 void UrlSessionWorker::letGo() {
@@ -94,17 +96,21 @@ void UrlSessionWorker::letGo() {
 QNetworkAccessManager &UrlSessionWorker::manager() {
     if (m_manager)
         return *m_manager;
-    m_privateAuthorities =
-        QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
+    m_privateAuthorities = QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
     m_manager = new QNetworkAccessManager(this);
     m_manager->setTransferTimeout(m_configuration.idleTimeoutMs);
+    static const bool prepared = [] {
+        ProcessRoot::dropAtExit();
+        return true;
+    }();
+    Q_UNUSED(prepared)
     return *m_manager;
 }
 
 QSslConfiguration UrlSessionWorker::tlsFor(const QUrl &url) const {
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    const bool isPrivate = !m_configuration.privateHost.isEmpty() &&
-                           url.host() == m_configuration.privateHost;
+    const bool isPrivate =
+        !m_configuration.privateHost.isEmpty() && url.host() == m_configuration.privateHost;
     if (isPrivate && !m_privateAuthorities.isEmpty())
         tls.setCaCertificates(m_privateAuthorities);
     return tls;

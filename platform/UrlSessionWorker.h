@@ -33,7 +33,8 @@ public:
     /// Takes a request. Any thread.
     void enqueue(Job job);
 
-    /// Aborts everything on the worker thread; nothing is answered any more. Any thread.
+    /// Aborts everything on the worker thread, answers nothing any more and ends the thread. Any
+    /// thread.
     void stop();
 
     /// Lets connections go when there is nothing to carry. Any thread.

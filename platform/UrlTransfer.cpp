@@ -19,10 +19,15 @@ UrlTransfer::UrlTransfer(UrlRequest request, QObject *parent)
     : QObject(parent), m_request(std::move(request)) {}
 
 UrlTransfer::~UrlTransfer() {
-    if (m_reply) {
-        m_reply->disconnect(this);
-        m_reply->abort();
-        delete m_reply;
+    letGoOfReply();
+}
+
+void UrlTransfer::letGoOfReply() {
+    // The reply belongs to the network manager, which may go before this object does.
+    if (QNetworkReply *reply = std::exchange(m_reply, nullptr)) {
+        reply->disconnect(this);
+        reply->abort();
+        reply->deleteLater();
     }
 }
 
@@ -84,8 +89,7 @@ void UrlTransfer::replyFinished() {
     readAvailable();
     if (m_done)
         return;
-    m_response.status =
-        m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_response.status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (failedInTransport())
         m_response.error = m_reply->errorString();
     else if (isTorn())
@@ -103,6 +107,7 @@ void UrlTransfer::fail(const QString &error) {
 void UrlTransfer::finish() {
     m_done = true;
     m_file.reset();
+    letGoOfReply();
     Q_EMIT finished();
 }
 
@@ -112,7 +117,8 @@ bool UrlTransfer::failedInTransport() const {
         return false;
     // The network manager also calls statuses from 400 on errors; to us they are replies.
     const bool aboutStatus =
-        (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
+        (error >= QNetworkReply::ContentAccessDenied &&
+         error <= QNetworkReply::UnknownContentError) ||
         (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
     return !(aboutStatus && m_response.status >= 400);
 }

@@ -35,6 +35,7 @@ private:
     void replyFinished();
     void fail(const QString &error);
     void finish();
+    void letGoOfReply();
     bool failedInTransport() const;
     bool isTorn() const;
 

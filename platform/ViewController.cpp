@@ -1,5 +1,7 @@
 #include <Velmora/ViewController.h>
 
+#include "platform/Window.h"
+
 #include <utility>
 
 namespace velmora {
@@ -9,6 +11,8 @@ ViewController::ViewController() = default;
 ViewController::ViewController(QWidget *view) : m_view(view), m_loaded(true) {}
 
 ViewController::~ViewController() {
+    if (auto *window = qobject_cast<Window *>(m_contentOf))
+        window->setContentViewController(nullptr);
     removeFromParentViewController();
     for (ViewController *child : m_children)
         child->m_parent = nullptr;
@@ -27,6 +31,13 @@ QWidget *ViewController::view() {
 QWidget *ViewController::viewWindow() {
     QWidget *own = view();
     return own && own->window()->isWindow() ? own->window() : nullptr;
+}
+
+void ViewController::setContentOf(QWidget *window) {
+    Window *facts = Window::of(window);
+    m_contentOf = facts;
+    if (facts)
+        facts->setContentViewController(this);
 }
 
 void ViewController::addChildViewController(ViewController *child) {

@@ -10,10 +10,8 @@
 
 namespace velmora {
 
-const QString NSWindowDidBecomeKeyNotification =
-    QStringLiteral("NSWindowDidBecomeKeyNotification");
-const QString NSWindowDidResignKeyNotification =
-    QStringLiteral("NSWindowDidResignKeyNotification");
+const QString NSWindowDidBecomeKeyNotification = QStringLiteral("NSWindowDidBecomeKeyNotification");
+const QString NSWindowDidResignKeyNotification = QStringLiteral("NSWindowDidResignKeyNotification");
 const QString NSWindowWillCloseNotification = QStringLiteral("NSWindowWillCloseNotification");
 
 namespace {
@@ -90,8 +88,12 @@ bool Window::eventFilter(QObject *watched, QEvent *event) {
 void Window::becameActive() {
     if (s_keyWindow == this || !isVisible())
         return;
+    const QPointer<Window> self(this);
     if (Window *previous = s_keyWindow)
         previous->lostActivation();
+    // An observer may have destroyed this window.
+    if (!self)
+        return;
     s_keyWindow = this;
     post(NSWindowDidBecomeKeyNotification);
 }

@@ -1,5 +1,5 @@
-#include "content/AdKeys.h"
 #include "content/AdsCacheInfoStorage.h"
+#include "content/AdKeys.h"
 #include "platform/Archive.h"
 #include "platform/ProcessRoot.h"
 #include "platform/SerialQueue.h"
@@ -73,15 +73,16 @@ TEST_F(AdsCacheInfoStorageTest, OtherKeysOfTheFileAreKept) {
 }
 
 TEST_F(AdsCacheInfoStorageTest, ATornOrForeignFileStartsEmptyAndIsReplaced) {
-    const QByteArray whole = Archive::encode(
-        QStringLiteral("savedAds"),
-        QCborMap{{kMainBannerKey, QCborValue::fromJsonValue(QJsonArray{ad(1)})}});
-    const QList<QByteArray> files{{},
-                                  whole.left(whole.size() / 2),
-                                  "bplist00 something foreign",
-                                  QByteArray(1000, '\0'),
-                                  Archive::encode(QStringLiteral("savedAds"), QStringLiteral("text")),
-                                  Archive::encode(QStringLiteral("events"), QCborMap())};
+    const QByteArray whole =
+        Archive::encode(QStringLiteral("savedAds"),
+                        QCborMap{{kMainBannerKey, QCborValue::fromJsonValue(QJsonArray{ad(1)})}});
+    const QList<QByteArray> files{
+        {},
+        whole.left(whole.size() / 2),
+        "bplist00 something foreign",
+        QByteArray(1000, '\0'),
+        Archive::encode(QStringLiteral("savedAds"), QStringLiteral("text")),
+        Archive::encode(QStringLiteral("events"), QCborMap())};
     for (const QByteArray &file : files) {
         putInCaches(QStringLiteral("savedAds"), file);
         AdsCacheInfoStorage storage;
@@ -115,8 +116,9 @@ TEST_F(AdsCacheInfoStorageTest, AnotherProcessOnTheSameFolderLosesNothing) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), QString::number(first));
         writer->setProcessEnvironment(environment);
-        writer->start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--gtest_filter=*AnotherProcessOnTheSameFolderLosesNothing")});
+        writer->start(
+            QCoreApplication::applicationFilePath(),
+            {QStringLiteral("--gtest_filter=*AnotherProcessOnTheSameFolderLosesNothing")});
         writers.push_back(std::move(writer));
     }
     for (const auto &writer : writers) {

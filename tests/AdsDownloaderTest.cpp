@@ -1,5 +1,5 @@
-#include "content/AdKeys.h"
 #include "content/AdsDownloader.h"
+#include "content/AdKeys.h"
 #include "facade/Switches.h"
 #include "platform/ProcessRoot.h"
 #include "platform/SerialQueue.h"
@@ -150,7 +150,14 @@ TEST_F(AdsDownloaderTest, GoingOfflineAndBackSwitchesTheTableInForce) {
     serve({banner(QStringLiteral("served"))});
     runCycle();
     const auto inForce = [] {
-        return downloader().replyJSON()->value(kMainBannerKey).toArray().first().toObject().value(kBannerName).toString();
+        return downloader()
+            .replyJSON()
+            ->value(kMainBannerKey)
+            .toArray()
+            .first()
+            .toObject()
+            .value(kBannerName)
+            .toString();
     };
     EXPECT_EQ(inForce(), QStringLiteral("served"));
     goOffline();
@@ -168,7 +175,8 @@ TEST_F(AdsDownloaderTest, ABannerIsDownloadedCachedAndThenServedFromDiskInsideTh
     EXPECT_EQ(downloader().linkBannerURL(),
               QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone")));
     EXPECT_EQ(downloader().bannerInfo(), ad);
-    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainBannerKey).toArray(), QJsonArray{ad});
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainBannerKey).toArray(),
+              QJsonArray{ad});
 
     bool inside = false;
     downloader().downloadBannerWithComplitionBlock([&] { inside = true; });
@@ -182,13 +190,15 @@ TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneAndCallsNobody) {
     ASSERT_TRUE(pullBanner());
     const QUrl ready = downloader().bannerURL();
 
-    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("bad"))}}});
+    downloader().setReplyJSON(
+        QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("bad"))}}});
     for (const Fault &fault : {Fault::truncated(), Fault::reset(), Fault::wrongBody({})}) {
         server.faults().set(QStringLiteral("/media/bad.gif"), fault);
         const int before = server.log().count(QStringLiteral("/media/bad.gif"));
         bool called = false;
         downloader().downloadBannerWithComplitionBlock([&] { called = true; });
-        ASSERT_TRUE(eventually([&] { return server.log().count(QStringLiteral("/media/bad.gif")) > before; }));
+        ASSERT_TRUE(eventually(
+            [&] { return server.log().count(QStringLiteral("/media/bad.gif")) > before; }));
         quietly(60);
         EXPECT_FALSE(called);
         EXPECT_EQ(downloader().bannerURL(), ready);
@@ -240,7 +250,8 @@ TEST_F(AdsDownloaderTest, AVideoNeedsItsStillAndEachReadPreparesTheNext) {
     ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
     EXPECT_EQ(downloader().linkVideoURL(),
               QUrl(QStringLiteral("macappstores://apps.velmora-store.example/app/idfirst")));
-    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{first});
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray(),
+              QJsonArray{first});
 
     // The still of the next one fails: the first video stays, but its still has been let go.
     const QJsonObject second = video(QStringLiteral("second"));
@@ -250,7 +261,8 @@ TEST_F(AdsDownloaderTest, AVideoNeedsItsStillAndEachReadPreparesTheNext) {
     EXPECT_TRUE(ready.path().endsWith(QStringLiteral("/first.mp4")));
     ASSERT_TRUE(eventually([] { return downloader().interstitialVideoURL().isEmpty(); }));
     quietly(60);
-    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray().size(), 1);
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray().size(),
+              1);
 
     // Once everything is cached, a read returns the new video itself.
     server.faults().clear();
@@ -290,7 +302,9 @@ TEST_F(AdsDownloaderTest, LooksUpNamesInTheStoreOffTheMainThread) {
     server.campaign().setLookupName(QStringLiteral("42"), QStringLiteral("Photo Editor - Filters"));
     const auto nameOf = [](const char *link, bool isWeb) {
         QString name;
-        std::thread([&] { name = AdsDownloader::appNameFromMarketLink(QLatin1String(link), isWeb); }).join();
+        std::thread([&] {
+            name = AdsDownloader::appNameFromMarketLink(QLatin1String(link), isWeb);
+        }).join();
         return name;
     };
     downloader();
@@ -298,8 +312,10 @@ TEST_F(AdsDownloaderTest, LooksUpNamesInTheStoreOffTheMainThread) {
     EXPECT_EQ(nameOf("/app/id42", true), QStringLiteral("Web PhotoEditor"));
     EXPECT_EQ(nameOf("/app/id99", false), QStringLiteral("null"));
     EXPECT_EQ(nameOf("/app/", true), QStringLiteral("Web null"));
-    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).first().target, QByteArray("/lookup?id=42"));
-    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).last().target, QByteArray("/lookup?id="));
+    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).first().target,
+              QByteArray("/lookup?id=42"));
+    EXPECT_EQ(server.log().requests(QStringLiteral("/lookup*")).last().target,
+              QByteArray("/lookup?id="));
     EXPECT_FALSE(AdsDownloader::JSONSearchByQuery(baseUrl + QStringLiteral("/lookup?id=42")));
 }
 

@@ -21,7 +21,8 @@ protected:
     QUrl event(int number) const { return QUrl(baseUrl + QStringLiteral("/event/%1").arg(number)); }
 
     static QList<QUrl> stored() {
-        return AdsEventLogger::unarchived(VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
+        return AdsEventLogger::unarchived(
+            VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
     }
 
     QStringList received() {
@@ -72,7 +73,8 @@ TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingGoesToTheEndAndIsTriedOncePerSucc
     logger().logEventWithURL(event(0));
     // Successes: 0 and 2, each flushes the queue once.
     ASSERT_TRUE(eventually([&] {
-        return logger().eventStack() == QList<QUrl>{event(1)} && server.log().count(QStringLiteral("/event/2")) == 1;
+        return logger().eventStack() == QList<QUrl>{event(1)} &&
+               server.log().count(QStringLiteral("/event/2")) == 1;
     }));
     quietly(100);
     const int tries = server.log().count(QStringLiteral("/event/1"));
@@ -90,15 +92,17 @@ TEST_F(AdsEventLoggerTest, TheQueueIsStoredEvenWhenNothingIsAdded) {
 }
 
 TEST_F(AdsEventLoggerTest, ForeignQueuesStartEmptyAndWhatIsNotOnTheWebIsNeverSent) {
-    for (const QVariant &value : {QVariant(QByteArray("bplist00foreign")), QVariant(QStringLiteral("text")),
-                                  QVariant(5), QVariant(AdsEventLogger::archived({event(1)}).chopped(3))}) {
+    for (const QVariant &value :
+         {QVariant(QByteArray("bplist00foreign")), QVariant(QStringLiteral("text")), QVariant(5),
+          QVariant(AdsEventLogger::archived({event(1)}).chopped(3))}) {
         restartProcess();
         VLMSetObjForKey(value, QStringLiteral("eventStackData"));
         EXPECT_TRUE(logger().eventStack().isEmpty());
     }
     restartProcess();
-    VLMSetObjForKey(AdsEventLogger::archived({QUrl(QStringLiteral("file:///etc/passwd")), event(1)}),
-                    QStringLiteral("eventStackData"));
+    VLMSetObjForKey(
+        AdsEventLogger::archived({QUrl(QStringLiteral("file:///etc/passwd")), event(1)}),
+        QStringLiteral("eventStackData"));
     EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
     Switches::activateDebugMode();
     logger().logEventWithURL(QUrl(QStringLiteral("file:///etc/passwd")));

@@ -38,7 +38,8 @@ TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
         EXPECT_EQ(controller->selectBanner(), before);
         time.advance(0.1);
         // Of two banners the one on screen is never drawn again.
-        ASSERT_TRUE(shows(before == QStringLiteral("one") ? QStringLiteral("two") : QStringLiteral("one")));
+        ASSERT_TRUE(
+            shows(before == QStringLiteral("one") ? QStringLiteral("two") : QStringLiteral("one")));
     }
     EXPECT_EQ(server.log().count(TablePath), 1);
     EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 2);
@@ -56,6 +57,26 @@ TEST_F(BannerControllerTest, ABannerAddedAfterTheReplyShowsWithoutAskingAgain) {
         return Velmora::BControllFromWindow(&late)->selectBanner() == QStringLiteral("one");
     }));
     EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
+TEST_F(BannerControllerTest, WithACompleteCacheEveryWindowShowsABannerBeforeTheReply) {
+    serve({banner(QStringLiteral("one"))}, {video(QStringLiteral("v"))});
+    addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    ASSERT_TRUE(eventually(
+        [] { return !AdsDownloader::sharedInstance()->interstitialVideoURL().isEmpty(); }));
+    restartProcess();
+    server.faults().set(TablePath, Fault::hang());
+    QWidget second;
+    second.resize(900, 400);
+    second.show();
+    Velmora::addBannerForWindow(window.get());
+    Velmora::addBannerForWindow(&second);
+    EXPECT_TRUE(shows(QStringLiteral("one")));
+    EXPECT_TRUE(eventually([&] {
+        return Velmora::BControllFromWindow(&second)->selectBanner() == QStringLiteral("one");
+    }));
+    server.faults().clear();
 }
 
 TEST_F(BannerControllerTest, RotationRestsWhileTheWindowCannotBeSeen) {
@@ -82,7 +103,8 @@ TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
     ASSERT_TRUE(shows(QStringLiteral("one")));
     time.advance(1);
     click(controller->bannerImage());
-    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone"))});
+    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral(
+                          "macappstores://classic.velmora-store.example/app/idone"))});
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:one")});
 
     click(controller->closeButton());
@@ -112,7 +134,8 @@ TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
     controller->goToBannerURL();
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:") + shown});
     ASSERT_EQ(opened.size(), 1);
-    EXPECT_TRUE(opened.first().toString().startsWith(QStringLiteral("macappstores://apps.velmora-store.example/app/id")));
+    EXPECT_TRUE(opened.first().toString().startsWith(
+        QStringLiteral("macappstores://apps.velmora-store.example/app/id")));
 
     FixedRandom random(0);
     std::set<QString> seen;
@@ -149,6 +172,7 @@ TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
     ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
     server.faults().set(QStringLiteral("/media/*"), Fault::delay(60));
     time.advance(15);
+    ASSERT_TRUE(eventually([&] { return server.log().count(QStringLiteral("/media/*")) == 2; }));
     const QPointer<QWidget> view = current()->view();
     // From a worker, as a purchase may report itself.
     std::thread([] { Velmora::removeAdsNow(); }).join();

@@ -6,6 +6,7 @@
 #include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
 
+#include <cmath>
 #include <thread>
 
 namespace velmora::test {
@@ -13,7 +14,9 @@ namespace velmora::test {
 class BannerFacadeTest : public BannerHost {
 protected:
     int errors(const char *message) const {
-        return int(logged().filter(QStringLiteral("VELMORA :: ERROR :: ") + QLatin1String(message)).size());
+        return int(logged()
+                       .filter(QStringLiteral("VELMORA :: ERROR :: ") + QLatin1String(message))
+                       .size());
     }
 };
 
@@ -98,6 +101,8 @@ TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {
             Velmora::setBannerHeight(-1, target);
             Velmora::setBannerSmallImageToWindow(target);
             Velmora::setBannerBottomInset(1e9, target);
+            Velmora::setBannerCenterXInset(std::nan(""), target);
+            Velmora::setBannersHeight(HUGE_VAL);
             Velmora::addBannerForWindow(target);
             Velmora::addBannerForViewController(nullptr, target);
             Velmora::addBannerForViewController(&host, target);
@@ -113,6 +118,17 @@ TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {
 TEST_F(BannerFacadeTest, ABannerMayBeAskedForOnAnotherThread) {
     std::thread([this] { Velmora::addBannerForWindow(window.get()); }).join();
     EXPECT_TRUE(eventually([] { return Velmora::BControllers().size() == 1; }));
+
+    QWidget inner(window.get());
+    auto host = std::make_unique<ViewController>(&inner);
+    std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
+    ASSERT_TRUE(eventually([] { return Velmora::BControllers().size() == 2; }));
+    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), &inner);
+    // A controller that is gone before the main thread gets to it.
+    std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
+    host.reset();
+    handleEvents();
+    EXPECT_EQ(Velmora::BControllers().size(), 2u);
 }
 
 TEST_F(BannerFacadeTest, HouseBannersNeverAdvertiseTheHostAndAllHavePictures) {
@@ -124,7 +140,8 @@ TEST_F(BannerFacadeTest, HouseBannersNeverAdvertiseTheHostAndAllHavePictures) {
         EXPECT_NEAR(double(reader.size().width()) / reader.size().height(), 728 / 90.0, 0.01);
     }
     EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("mac.999999.mac-store")), QString());
-    EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("../interface/BannerController.ui")), QString());
+    EXPECT_EQ(StandardNames::bannerFromName(QStringLiteral("../interface/BannerController.ui")),
+              QString());
 }
 
 TEST_F(BannerFacadeTest, EveryLanguageHasItsTexts) {
@@ -132,8 +149,8 @@ TEST_F(BannerFacadeTest, EveryLanguageHasItsTexts) {
         const QString folder = StandardNames::localeIdentifier({code});
         const auto info = StandardNames::getInfoFromURL(
             QUrl(QStringLiteral("qrc:/velmora/%1.lproj/Localizable.strings").arg(folder)));
-        for (const char *key : {"ApplicationWillBeLaunchedTextFirst", "ApplicationWillBeLaunchedTextSecond",
-                                "RemoveAdsText"})
+        for (const char *key : {"ApplicationWillBeLaunchedTextFirst",
+                                "ApplicationWillBeLaunchedTextSecond", "RemoveAdsText"})
             EXPECT_FALSE(info.value(QLatin1String(key)).isEmpty()) << qPrintable(folder) << key;
     }
     EXPECT_EQ(VLMStringFromKey(QStringLiteral("RemoveAdsText")), QStringLiteral("Remove ads"));

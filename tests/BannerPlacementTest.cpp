@@ -9,6 +9,7 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
 
 namespace velmora::test {
@@ -79,7 +80,8 @@ TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
     // The close button keeps its size and its place inside.
     const QWidget *close = controller->closeButton();
     EXPECT_EQ(close->size(), QSize(24, 24));
-    EXPECT_TRUE(QRect(QPoint(), narrow.size()).contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
+    EXPECT_TRUE(QRect(QPoint(), narrow.size())
+                    .contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
 }
 
 TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
@@ -116,15 +118,25 @@ TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
     EXPECT_NE(Velmora::BControllFromWindow(&host), nullptr);
 }
 
+TEST_F(BannerPlacementTest, ASplitterGetsNoPaneMore) {
+    QSplitter splitter(window.get());
+    splitter.addWidget(new QWidget);
+    ViewController host(&splitter);
+    Velmora::addBannerForViewController(&host, nullptr);
+    EXPECT_EQ(splitter.count(), 1);
+    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), window.get());
+}
+
 TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {
     QWidget content(window.get());
     content.setGeometry(0, 0, 1000, 500);
     ViewController host(&content);
-    Window::of(window.get())->setContentViewController(&host);
+    host.setContentOf(window.get());
     BannerController *controller = addBanner();
     EXPECT_EQ(controller->view()->parentWidget(), &content);
     EXPECT_EQ(controller->parentViewController(), &host);
-    Window::of(window.get())->setContentViewController(nullptr);
+    ViewController(&content).setContentOf(window.get());
+    EXPECT_EQ(Window::of(window.get())->contentViewController(), nullptr);
 }
 
 TEST_F(BannerPlacementTest, InsetsBeforePlacementAreLostAndTheHeightIsNot) {
@@ -156,7 +168,8 @@ TEST(ConstraintLayoutTest, SolvesWithAnyNumbers) {
     for (const double height : {-5.0, 0.0, 60.0, 1e6}) {
         for (const double aspect : {0.001, 8.09, 4096.0}) {
             for (const double center : {-1e5, 0.0, 1e5}) {
-                const QRectF frame = ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
+                const QRectF frame =
+                    ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
                 EXPECT_GE(frame.height(), 0);
                 EXPECT_LE(frame.width(), 800);
                 EXPECT_LE(frame.right(), 800 + 1e-6);

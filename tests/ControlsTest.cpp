@@ -91,10 +91,7 @@ TEST_F(BannerImageViewTest, ScrolledAwayItRests) {
 }
 
 TEST_F(BannerImageViewTest, UnusablePicturesAreNoImage) {
-    const QList<QByteArray> pictures{"",
-                                     "<html>",
-                                     "GIF89a",
-                                     gifHeaderOnly({30000, 30000}),
+    const QList<QByteArray> pictures{"", "<html>", "GIF89a", gifHeaderOnly({30000, 30000}),
                                      gifHeaderOnly({0, 90})};
     for (const QByteArray &picture : pictures) {
         putInCaches(QStringLiteral("bad.gif"), picture);
@@ -173,7 +170,8 @@ TEST_F(ButtonsTest, TheCloseButtonDrawsItsImageInACircleLoweredOnOlderSystems) {
     EXPECT_NE(corner, QColor(Qt::white));
     EXPECT_GT(pixel(button, {12, 12}).lightness(), corner.lightness());
 
-    for (const auto &[minor, lowered] : {std::pair{0, true}, {10, true}, {11, false}, {15, false}}) {
+    for (const auto &[minor, lowered] :
+         {std::pair{0, true}, {10, true}, {11, false}, {15, false}}) {
         SystemVersion::setCurrent(SystemVersion{14, minor});
         EXPECT_EQ(CloseButtonCell::imageFrame({0, 0, 10, 10}).y(), lowered ? 1 : 0) << minor;
     }

@@ -42,17 +42,25 @@ protected:
 
     /// Everything that lies beside the caches folder, which nothing may touch.
     static QStringList outside() {
-        return QDir(cachesFolder() + QStringLiteral("/..")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return QDir(cachesFolder() + QStringLiteral("/.."))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     SeededRandom random{5};
 };
 
 TEST_F(HostileReplyTest, WhatIsNoObjectLeavesNoTableAndIsNotAskedForAgain) {
-    const QList<QByteArray> replies{
-        "", "null", "[]", "[{\"standard\":[]}]", "\"text\"", "{\"standard\":[", "<html>busy</html>",
-        QByteArray("{\"standard\":\"\xff\xfe\"}"), QByteArray("\0\0", 2), QByteArray(2000, '['),
-        QByteArray("\xff\xfe{\0}\0", 6)};
+    const QList<QByteArray> replies{"",
+                                    "null",
+                                    "[]",
+                                    "[{\"standard\":[]}]",
+                                    "\"text\"",
+                                    "{\"standard\":[",
+                                    "<html>busy</html>",
+                                    QByteArray("{\"standard\":\"\xff\xfe\"}"),
+                                    QByteArray("\0\0", 2),
+                                    QByteArray(2000, '['),
+                                    QByteArray("\xff\xfe{\0}\0", 6)};
     for (const QByteArray &reply : replies) {
         startWith(reply);
         EXPECT_FALSE(downloader().replyJSON()) << reply.left(40).constData();
@@ -73,7 +81,8 @@ TEST_F(HostileReplyTest, PlacementsAndElementsOfTheWrongTypeAreAsIfAbsent) {
         startWith(QJsonObject{{kMainBannerKey, placement}, {kMainVideoKey, placement}});
         drawMany();
         EXPECT_TRUE(downloader().bannerInfo().isEmpty());
-        EXPECT_TRUE(hasLogged(QStringLiteral("placement \"standard\" refused: it is not an array")));
+        EXPECT_TRUE(
+            hasLogged(QStringLiteral("placement \"standard\" refused: it is not an array")));
     }
     const QJsonObject good = banner(QStringLiteral("good"));
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{5, QStringLiteral("ad"), QJsonValue::Null,
@@ -105,8 +114,9 @@ TEST_F(HostileReplyTest, AdsWithHostileFieldsAreNeverDrawn) {
     startWith(QJsonObject{{kMainBannerKey, ads}, {kMainVideoKey, ads}});
     for (const QString &name : drawMany())
         EXPECT_EQ(name, QStringLiteral("good"));
-    for (const char *reason : {"\"image_728x90\" has no file name", "\"image_728x90\" has the ad table's file name", "is not a path",
-                               "\"market_url\" is not a link", "\"priority\" is neither"})
+    for (const char *reason :
+         {"\"image_728x90\" has no file name", "\"image_728x90\" has the ad table's file name",
+          "is not a path", "\"market_url\" is not a link", "\"priority\" is neither"})
         EXPECT_TRUE(hasLogged(QLatin1String(reason))) << reason;
     EXPECT_EQ(outside(), before);
     EXPECT_EQ(server.log().requests(QStringLiteral("/media/bad*")).size(), 0);
@@ -128,12 +138,15 @@ TEST_F(HostileReplyTest, TheTableFileSurvivesAnAdThatNamesIt) {
 
 TEST_F(HostileReplyTest, AnErrorPageIsStoredUnderTheMediasNameAndAFolderIsNot) {
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("page"))}}});
-    server.faults().set(QStringLiteral("/media/page.gif"), Fault::statusCode(404, "<html>none</html>"));
+    server.faults().set(QStringLiteral("/media/page.gif"),
+                        Fault::statusCode(404, "<html>none</html>"));
     downloader().downloadBannerWithComplitionBlock({});
-    EXPECT_TRUE(eventually([] { return QFile(cachesFolder() + QStringLiteral("/page.gif")).size() == 17; }));
+    EXPECT_TRUE(eventually(
+        [] { return QFile(cachesFolder() + QStringLiteral("/page.gif")).size() == 17; }));
 
     QDir().mkpath(cachesFolder() + QStringLiteral("/folder.gif"));
-    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("folder"))}}});
+    downloader().setReplyJSON(
+        QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("folder"))}}});
     bool called = false;
     downloader().downloadBannerWithComplitionBlock([&] { called = true; });
     quietly(60);

@@ -39,13 +39,33 @@ TEST(MediaAddressTest, AnAbsentPathIsTheNullName) {
 }
 
 TEST(MediaAddressTest, HostilePathsAreRefused) {
-    for (const char *path :
-         {"", "a.gif", "@evil.example/a.gif", ".evil.example/a.gif", ":99/a.gif", "//", "/", "/dir/",
-          "/..", "/.", "/a/..", "/a/.", "/%2e%2e", "/..%2F..%2Fevil.gif", "/a%2Fb.gif",
-          "/b%5C..%5Cc.gif", "/b.gif%3Aads", "/%00x.gif", "/a%0A.gif", "/savedAds", "/SavedAds.lock",
-          "/savedads", "/m/savedAds.gif", "https://evil.example/a.gif"}) {
+    for (const char *path : {"",
+                             "a.gif",
+                             "@evil.example/a.gif",
+                             ".evil.example/a.gif",
+                             ":99/a.gif",
+                             "//",
+                             "/",
+                             "/dir/",
+                             "/..",
+                             "/.",
+                             "/a/..",
+                             "/a/.",
+                             "/%2e%2e",
+                             "/..%2F..%2Fevil.gif",
+                             "/a%2Fb.gif",
+                             "/b%5C..%5Cc.gif",
+                             "/b.gif%3Aads",
+                             "/%00x.gif",
+                             "/a%0A.gif",
+                             "/savedAds",
+                             "/SavedAds.lock",
+                             "/savedads",
+                             "/m/savedAds.gif",
+                             "https://evil.example/a.gif"}) {
         const MediaAddress address = from(QLatin1String(path));
-        EXPECT_FALSE(address.refusal.isEmpty()) << path << " -> " << qPrintable(address.remote.toString());
+        EXPECT_FALSE(address.refusal.isEmpty())
+            << path << " -> " << qPrintable(address.remote.toString());
         EXPECT_TRUE(address.remote.isEmpty()) << path;
     }
     EXPECT_FALSE(from(QLatin1Char('/') + QString(300, QLatin1Char('a'))).refusal.isEmpty());
@@ -55,10 +75,12 @@ TEST(MediaAddressTest, HostilePathsAreRefused) {
 
 TEST(StoreLinkTest, BannersAndVideosAreRewrittenDifferently) {
     const QString store = QStringLiteral("https://apps.velmora-store.example/app/id7?at=https://a");
-    EXPECT_EQ(StoreLink::bannerLink(store),
-              QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/id7?at=https://a")));
+    EXPECT_EQ(
+        StoreLink::bannerLink(store),
+        QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/id7?at=https://a")));
     EXPECT_EQ(StoreLink::videoLink(store),
-              QUrl(QStringLiteral("macappstores://apps.velmora-store.example/app/id7?at=macappstores://a")));
+              QUrl(QStringLiteral(
+                  "macappstores://apps.velmora-store.example/app/id7?at=macappstores://a")));
     const QString other = QStringLiteral("https://shop.example/x");
     EXPECT_EQ(StoreLink::bannerLink(other), QUrl(other));
     EXPECT_EQ(StoreLink::videoLink(other), QUrl(QStringLiteral("macappstores://shop.example/x")));
@@ -66,11 +88,12 @@ TEST(StoreLinkTest, BannersAndVideosAreRewrittenDifferently) {
 }
 
 TEST(WebLinkTest, OnlyWebAndStorePagesMayBeOpened) {
-    for (const char *link : {"https://a.example/x", "http://a.example", "macappstores://a.example/id1"})
+    for (const char *link :
+         {"https://a.example/x", "http://a.example", "macappstores://a.example/id1"})
         EXPECT_TRUE(WebLink::mayOpen(QUrl(QLatin1String(link)))) << link;
-    for (const char *link : {"", "file:///etc/passwd", "smb://a/b", "javascript:alert(1)", "ssh://a",
-                             "https:", "//a.example/x", "mailto:a@b.example", "data:text/html,x",
-                             "x-apple:run", "https://"})
+    for (const char *link : {"", "file:///etc/passwd", "smb://a/b", "javascript:alert(1)",
+                             "ssh://a", "https:", "//a.example/x", "mailto:a@b.example",
+                             "data:text/html,x", "x-apple:run", "https://"})
         EXPECT_FALSE(WebLink::mayOpen(QUrl(QLatin1String(link)))) << link;
 }
 

@@ -13,9 +13,10 @@ protected:
     QStringList heard;
 
     [[nodiscard]] Observation listen(const QString &who, const QVariant &object = {}) {
-        return center.addObserver(QStringLiteral("news"), object, [this, who](const Notification &n) {
-            heard.append(who + QLatin1Char(':') + n.object.toString());
-        });
+        return center.addObserver(QStringLiteral("news"), object,
+                                  [this, who](const Notification &n) {
+                                      heard.append(who + QLatin1Char(':') + n.object.toString());
+                                  });
     }
 };
 
@@ -42,10 +43,11 @@ TEST_F(NotificationCenterTest, ARegistrationEndsWithItsValue) {
 TEST_F(NotificationCenterTest, HandlersMayRemoveEachOtherAndRegisterNewOnes) {
     std::optional<Observation> victim;
     std::vector<Observation> late;
-    const Observation killer = center.addObserver(QStringLiteral("news"), [&](const Notification &) {
-        victim.reset();
-        late.push_back(listen(QStringLiteral("late")));
-    });
+    const Observation killer =
+        center.addObserver(QStringLiteral("news"), [&](const Notification &) {
+            victim.reset();
+            late.push_back(listen(QStringLiteral("late")));
+        });
     victim = listen(QStringLiteral("victim"));
     center.post(QStringLiteral("news"));
     EXPECT_TRUE(heard.isEmpty());

@@ -63,12 +63,15 @@ TEST_F(StringsFileTest, WellFormedLinesAreReadInEitherByteOrder) {
 }
 
 TEST_F(StringsFileTest, OtherLinesAreSkippedWithoutHarm) {
-    for (const char *line : {"\"A\" = \"x = \"y\";", "A = \"x\";", "\" = \"x\";", "\"A\" = \";", "= \"",
-                             "\"A\" = \"", "\"A\"=\"x\";", "\"A\" = x;"})
-        EXPECT_TRUE(parsed(utf16(QLatin1String(line), QStringConverter::Utf16LE)).isEmpty()) << line;
+    for (const char *line : {"\"A\" = \"x = \"y\";", "A = \"x\";", "\" = \"x\";", "\"A\" = \";",
+                             "= \"", "\"A\" = \"", "\"A\"=\"x\";", "\"A\" = x;"})
+        EXPECT_TRUE(parsed(utf16(QLatin1String(line), QStringConverter::Utf16LE)).isEmpty())
+            << line;
     EXPECT_TRUE(parsed("\"A\" = \"x\";").isEmpty());
     EXPECT_TRUE(parsed("odd").isEmpty());
-    EXPECT_TRUE(StandardNames::getInfoFromURL(QUrl::fromLocalFile(folder.filePath(QStringLiteral("none")))).isEmpty());
+    EXPECT_TRUE(
+        StandardNames::getInfoFromURL(QUrl::fromLocalFile(folder.filePath(QStringLiteral("none"))))
+            .isEmpty());
 }
 
 } // namespace velmora::test

@@ -1,6 +1,6 @@
+#include "platform/Timer.h"
 #include "platform/MainQueue.h"
 #include "platform/ProcessRoot.h"
-#include "platform/Timer.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
@@ -18,8 +18,7 @@ protected:
 
 TEST_F(VirtualTimerTest, OneShotFiresOnceThoughNobodyKeepsIt) {
     int fired = 0;
-    const std::weak_ptr<Timer> timer =
-        Timer::scheduled(15, Kind::OneShot, [&] { ++fired; });
+    const std::weak_ptr<Timer> timer = Timer::scheduled(15, Kind::OneShot, [&] { ++fired; });
     time.advance(14.999);
     EXPECT_EQ(fired, 0);
     EXPECT_TRUE(timer.lock()->isValid());
@@ -104,6 +103,16 @@ TEST_F(SystemTimerTest, RealTimersFireInOrderAndStopWithTheProcess) {
     EXPECT_FALSE(left->isValid());
     quietly(40);
     EXPECT_FALSE(order.contains(9));
+}
+
+TEST_F(SystemTimerTest, ADistantTimerDoesNotFireNow) {
+    bool fired = false;
+    const TimerPtr distant =
+        Timer::scheduled(30.0 * 24 * 3600, Kind::OneShot, [&] { fired = true; });
+    quietly(30);
+    EXPECT_FALSE(fired);
+    EXPECT_TRUE(distant->isValid());
+    distant->invalidate();
 }
 
 class MainQueueTest : public FreshProcess {};

@@ -1,5 +1,5 @@
-#include "platform/MainQueue.h"
 #include "platform/UrlSession.h"
+#include "platform/MainQueue.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
@@ -18,7 +18,9 @@ using adserver::Fault;
 
 class UrlSessionTest : public LocalAdServer {
 protected:
-    UrlSessionTest() { server.campaign().setMedia(QStringLiteral("/file"), QByteArray(300'000, 'v')); }
+    UrlSessionTest() {
+        server.campaign().setMedia(QStringLiteral("/file"), QByteArray(300'000, 'v'));
+    }
 
     UrlSession::Configuration trusting(int idleTimeoutMs = 20'000) const {
         return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6};
@@ -34,8 +36,7 @@ protected:
     /// What came back; nothing when no completion was called in time.
     static std::optional<UrlResponse> answer(UrlSession &session, const UrlRequest &request) {
         std::optional<UrlResponse> response;
-        const UrlTaskPtr task =
-            session.start(request, [&](const UrlResponse &r) { response = r; });
+        const UrlTaskPtr task = session.start(request, [&](const UrlResponse &r) { response = r; });
         EXPECT_TRUE(task->isRunning());
         EXPECT_TRUE(eventually([&] { return response.has_value(); }));
         EXPECT_FALSE(task->isRunning());
@@ -148,7 +149,9 @@ TEST_F(UrlSessionTest, ConnectionsAreLetGoWhenThereIsNothingToCarry) {
     VirtualTime time;
     UrlSession session(trusting());
     const auto threads = [] {
-        return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+        return QDir(QStringLiteral("/proc/self/task"))
+            .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+            .size();
     };
     EXPECT_EQ(answer(session, toFile())->error, QString());
     const auto busy = threads();
@@ -164,13 +167,14 @@ TEST_F(UrlSessionTest, ConnectionsAreLetGoWhenThereIsNothingToCarry) {
 
 TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
     UrlSession session(trusting());
-    for (const char *address : {"", "file:///etc/passwd", "ftp://127.0.0.1/x", "https://", "data:,x",
-                                "https:///x", "127.0.0.1/x"}) {
+    for (const char *address : {"", "file:///etc/passwd", "ftp://127.0.0.1/x", "https://",
+                                "data:,x", "https:///x", "127.0.0.1/x"}) {
         UrlRequest request = toFile();
         request.url = QUrl(QLatin1String(address));
         EXPECT_FALSE(answer(session, request)->error.isEmpty()) << address;
     }
-    server.faults().set(QStringLiteral("/file"), Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
+    server.faults().set(QStringLiteral("/file"),
+                        Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
     EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
     EXPECT_TRUE(files().isEmpty());
 }

@@ -98,6 +98,11 @@ TEST(WeightedSelectionTest, NothingComesOfATotalOfZeroOrLess) {
     EXPECT_EQ(drawn({ad("a", -2), ad("b", 5)}), "b");
     // Absurd weights stay defined.
     EXPECT_EQ(drawn({ad("a", 1e300), ad("b", 1e300)}), "a");
+    QJsonArray many;
+    for (int i = 0; i < 20'000; ++i)
+        many.append(ad("sunk", -1e15));
+    many.append(ad("huge", 3e19));
+    EXPECT_EQ(drawn(many), "nothing");
 }
 
 } // namespace velmora::test

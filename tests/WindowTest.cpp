@@ -1,5 +1,5 @@
-#include "platform/NotificationCenter.h"
 #include "platform/Window.h"
+#include "platform/NotificationCenter.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/Waiting.h"
 
@@ -27,9 +27,12 @@ protected:
             };
         };
         auto &center = NotificationCenter::defaultCenter();
-        observations.push_back(center.addObserver(NSWindowDidBecomeKeyNotification, note(QStringLiteral("become "))));
-        observations.push_back(center.addObserver(NSWindowDidResignKeyNotification, note(QStringLiteral("resign "))));
-        observations.push_back(center.addObserver(NSWindowWillCloseNotification, note(QStringLiteral("close "))));
+        observations.push_back(
+            center.addObserver(NSWindowDidBecomeKeyNotification, note(QStringLiteral("become "))));
+        observations.push_back(
+            center.addObserver(NSWindowDidResignKeyNotification, note(QStringLiteral("resign "))));
+        observations.push_back(
+            center.addObserver(NSWindowWillCloseNotification, note(QStringLiteral("close "))));
     }
 
     template<class T = QWidget>
@@ -64,7 +67,8 @@ TEST_F(WindowTest, AHiddenOrClosedWindowIsNotKey) {
     hidden->hide();
     handleEvents();
     EXPECT_FALSE(Window::of(hidden.get())->isKeyWindow());
-    EXPECT_EQ(heard, (QStringList{QStringLiteral("become hidden"), QStringLiteral("resign hidden")}));
+    EXPECT_EQ(heard,
+              (QStringList{QStringLiteral("become hidden"), QStringLiteral("resign hidden")}));
     heard.clear();
 
     const auto closed = shown("closed");

@@ -7,8 +7,8 @@
 /// @file
 /// The names of the notifications that the framework posts to
 /// velmora::NotificationCenter::defaultCenter(), always on the main thread. The values are part
-/// of the interface, unusual spellings included. Only VLMclickForBanner and VLMclickForVideo
-/// carry an object.
+/// of the interface, unusual spellings included. Of the com.tamsel names only
+/// VLMclickForBanner and VLMclickForVideo carry an object.
 
 /// The user clicked a banner's close button or a remove-ads button. The framework removes
 /// nothing by itself: the host offers its purchase and then calls Velmora::removeAdsNow().
@@ -40,8 +40,8 @@ extern VELMORA_EXPORT const QString VLMsplashScreenDidShow;
 /// The user closed the splash screen with its close button.
 extern VELMORA_EXPORT const QString VLMsplashScreenDidClose;
 
-/// A started reachability monitor saw its target's flags change. Object (QString): the
-/// monitor's description.
+/// A started reachability monitor saw its target's flags change. The object's toString() is
+/// the monitor's description.
 extern VELMORA_EXPORT const QString kReachabilityChangedNotification;
 
 /// The project version of the build, 1.0.

@@ -61,12 +61,15 @@ public:
     /// @{
 
     /// Puts a banner at the bottom of a window's content. A window gets one at most; a second
-    /// call does nothing. The banner appears when its first picture is there.
+    /// call does nothing. The banner appears when its first picture is there. It goes with the
+    /// widget it lies in: a host that replaces a window's central widget adds the banner anew.
+    /// Content made of native child windows (a game engine's view) would hide it.
     /// @param window a top-level widget; in a main window the banner lies in the central widget
     static void addBannerForWindow(QWidget *window);
 
     /// Puts a banner at the bottom of a view, each call a further one.
-    /// @param controller the controller of the host's view; must outlive this call only
+    /// @param controller the controller of the host's view; on another thread than the main one,
+    ///                   nothing happens when it is gone before the main thread has got to it
     /// @param view       the view to put the banner into; null for the controller's own
     static void addBannerForViewController(velmora::ViewController *controller, QWidget *view);
 

@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
+#include <memory>
 #include <vector>
 
 namespace velmora {
@@ -31,6 +32,13 @@ public:
     /// The window that the view lies in; null when it lies in none.
     QWidget *viewWindow();
 
+    /// Makes this the controller of a window's content: banners of the window then become
+    /// children of this controller and lie in its view. Ends with the controller or the window.
+    void setContentOf(QWidget *window);
+
+    /// Expires with the controller.
+    std::weak_ptr<void> lifetime() const { return m_lifetime; }
+
     void addChildViewController(ViewController *child);
     void removeFromParentViewController();
     ViewController *parentViewController() const { return m_parent; }
@@ -45,6 +53,8 @@ protected:
 
 private:
     QPointer<QWidget> m_view;
+    QPointer<QObject> m_contentOf;
+    std::shared_ptr<int> m_lifetime = std::make_shared<int>();
     bool m_loaded = false;
     ViewController *m_parent = nullptr;
     std::vector<ViewController *> m_children;

@@ -15,8 +15,8 @@ BannerHost::BannerHost() : window(std::make_unique<QWidget>()) {
         return true;
     });
     for (const QString &name : {VLMclickForBanner, VLMtryRemoveAds}) {
-        m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
-            name, [this](const Notification &n) {
+        m_observations.push_back(
+            NotificationCenter::defaultCenter().addObserver(name, [this](const Notification &n) {
                 notifications.append(n.name.section(QLatin1Char('.'), -1) + QLatin1Char(':') +
                                      n.object.toString());
             }));

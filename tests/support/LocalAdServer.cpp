@@ -44,7 +44,8 @@ QJsonObject LocalAdServer::video(const QString &name, double priority) {
 }
 
 void LocalAdServer::serve(const QJsonArray &banners, const QJsonArray &videos) {
-    serveTable(QJsonObject{{QStringLiteral("standard"), banners}, {QStringLiteral("video"), videos}});
+    serveTable(
+        QJsonObject{{QStringLiteral("standard"), banners}, {QStringLiteral("video"), videos}});
 }
 
 void LocalAdServer::serveTable(const QJsonObject &table) {

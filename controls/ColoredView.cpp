@@ -1,0 +1,30 @@
+#include "controls/ColoredView.h"
+
+#include <QtGui/QPainter>
+
+namespace velmora {
+
+namespace {
+constexpr double CornerRadius = 6;
+}
+
+ColoredView::ColoredView(QWidget *parent) : QWidget(parent) {}
+
+void ColoredView::setColor(const QColor &color) {
+    m_color = color;
+    update();
+}
+
+void ColoredView::paintEvent(QPaintEvent *) {
+    if (!m_color.isValid())
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_color);
+    // The upper corners' rounding lies above the view.
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0, -CornerRadius, 0, 0), CornerRadius,
+                            CornerRadius);
+}
+
+} // namespace velmora

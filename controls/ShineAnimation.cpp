@@ -1,0 +1,101 @@
+#include "controls/ShineAnimation.h"
+
+#include "Support/NSBezierPath+Extension.h"
+#include "platform/Upwards.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QEasingCurve>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+// A view that was not drawn for so long while it asked for a frame sixty times a second is seen
+// by nobody. Long enough for a main thread that stumbles.
+constexpr double UnseenAfter = 0.25;
+
+const QEasingCurve &easeOut() {
+    static const QEasingCurve curve = [] {
+        QEasingCurve made(QEasingCurve::BezierSpline);
+        made.addCubicBezierSegment({0, 0}, {0.58, 1}, {1, 1});
+        return made;
+    }();
+    return curve;
+}
+
+} // namespace
+
+QPainterPath ShineAnimation::band(double x, double width, double slant, double height) {
+    const Upwards up(height);
+    QPainterPath path;
+    path.moveTo(up.point(x, 0));
+    path.lineTo(up.point(x + width - slant, 0));
+    path.lineTo(up.point(x + width, height));
+    path.lineTo(up.point(x, height));
+    path.lineTo(up.point(x - slant, 0));
+    return path;
+}
+
+double ShineAnimation::offset(double seconds, double viewWidth) {
+    const double progress = easeOut().valueForProgress(std::clamp(seconds / Duration, 0.0, 1.0));
+    // What moves is the middle of an area as large as the view.
+    const double from = -viewWidth / 3;
+    const double to = viewWidth + 1.5 * viewWidth / 3;
+    return from + (to - from) * progress - viewWidth / 2;
+}
+
+ShineAnimation::ShineAnimation(QWidget *view, std::function<void()> unseen)
+    : m_view(view), m_unseen(std::move(unseen)) {}
+
+ShineAnimation::~ShineAnimation() {
+    stop();
+}
+
+void ShineAnimation::start() {
+    stop();
+    m_start = m_lastDrawn = TimeSource::current().now();
+    m_frames = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
+}
+
+void ShineAnimation::stop() {
+    if (m_frames)
+        m_frames->invalidate();
+}
+
+void ShineAnimation::frame() {
+    if (secondsSince(m_start) >= Duration) {
+        stop();
+    } else if (secondsSince(m_lastDrawn) > UnseenAfter) {
+        stop();
+        m_unseen();
+        return;
+    }
+    m_view->update();
+}
+
+double ShineAnimation::secondsSince(TimeSource::Duration then) const {
+    return std::chrono::duration<double>(TimeSource::current().now() - then).count();
+}
+
+void ShineAnimation::draw(QPainter &painter) {
+    m_lastDrawn = TimeSource::current().now();
+    if (!isSweeping())
+        return;
+    const double w = m_view->width();
+    const double h = m_view->height();
+    const QPointF origin(offset(secondsSince(m_start), w), 0);
+    const auto gradient = &NSBezierPathExtension::startAnimationPathGradientFill;
+    const QRectF bounds(m_view->rect());
+    const QColor cream = QColor::fromRgbF(1, 1, 200 / 255.0f);
+    const QColor fadedCream = QColor::fromRgbF(1, 1, 200 / 255.0f, 0.5f);
+    gradient(band(w / 3, w / 3, w / 7, h), bounds, cream, fadedCream).draw(painter, origin);
+    gradient(band(w / 6, w / 6, w / 7, h), bounds, QColor::fromRgbF(1, 1, 1, 0.5f),
+             QColor::fromRgbF(1, 1, 1, 0.25f))
+        .draw(painter, origin);
+}
+
+} // namespace velmora

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/LayoutConstraint.h"
+#include "splash/TimeProgressView.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QWidget>
+
+namespace velmora {
+
+/// Holds the start screen's two lines of text, its countdown text and its ring, and is always as
+/// wide as its superview. Main thread only.
+class SplashScreenLabelsView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit SplashScreenLabelsView(QWidget *parent = nullptr);
+
+    /// Gives the view a frame; its width then becomes the superview's.
+    void setFrame(const QRect &frame);
+
+    // Bound from the interface resource; null when the resource lacks them or they are gone.
+    QLabel *textCommentFieldFirst() const { return m_textCommentFieldFirst; }
+    void setTextCommentFieldFirst(QLabel *field) { m_textCommentFieldFirst = field; }
+    QLabel *textCommentFieldSecond() const { return m_textCommentFieldSecond; }
+    void setTextCommentFieldSecond(QLabel *field) { m_textCommentFieldSecond = field; }
+    QLabel *timeLabel() const { return m_timeLabel; }
+    void setTimeLabel(QLabel *label) { m_timeLabel = label; }
+    TimeProgressView *timeProgressView() const { return m_timeProgressView; }
+    void setTimeProgressView(TimeProgressView *view) { m_timeProgressView = view; }
+
+    /// The width that the view holds, points: the superview's, or 0 without one, since the last
+    /// change of frame. Without a constraint the view leaves its width alone.
+    LayoutConstraintPtr widthConstraint() const { return m_widthConstraint; }
+    void setWidthConstraint(const LayoutConstraintPtr &constraint);
+
+    /// How strongly a field of text resists being made narrower than its text; 750 unless a
+    /// frame change has set it.
+    static int horizontalCompressionResistance(const QLabel *field);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void followSuperview();
+    void frameChanged();
+
+    QPointer<QLabel> m_textCommentFieldFirst;
+    QPointer<QLabel> m_textCommentFieldSecond;
+    QPointer<QLabel> m_timeLabel;
+    QPointer<TimeProgressView> m_timeProgressView;
+    LayoutConstraintPtr m_widthConstraint;
+    QPointer<QWidget> m_superview;
+};
+
+} // namespace velmora

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "platform/TimeSource.h"
+#include "platform/Timer.h"
+
+#include <QtGui/QColor>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QWidget>
+
+namespace velmora {
+
+/// The countdown ring: a disc with a ring on its edge, whose elapsed part grows clockwise from
+/// twelve o'clock in a hundred steps. Main thread only.
+///
+/// Counting and drawing are one: every redraw of the ring advances it by one step, whether a
+/// tick asked for it, refresh(), a new size or a showing. The ring keeps what it has drawn, so
+/// that it is not redrawn, and does not advance, when only something behind or before it
+/// changes: over a video that is every frame.
+///
+/// A ticking ring that nobody sees (hidden, minimised, covered, scrolled away) sets no timer and
+/// draws nothing. When it is seen again it first makes up for the steps that time has brought.
+/// It never makes up beyond 99, so that a redraw finds it at exactly 100 and ends the ticking.
+class TimeProgressView : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QColor backgroundColor MEMBER m_backgroundColor)
+    Q_PROPERTY(QColor backgroundProgressColor MEMBER m_backgroundProgressColor)
+    Q_PROPERTY(QColor progressColor MEMBER m_progressColor)
+    Q_PROPERTY(double widthBorder MEMBER m_widthBorder)
+    Q_PROPERTY(double widthProgress MEMBER m_widthProgress)
+
+public:
+    explicit TimeProgressView(QWidget *parent = nullptr);
+    ~TimeProgressView() override;
+
+    /// Starts the countdown, or starts it anew.
+    /// @param fromSec seconds already elapsed
+    /// @param endSec  seconds of the whole countdown; a step takes a hundredth of it. Zero, less
+    ///                and what is no number make a step a frame, and the quotient with it, if it
+    ///                is no finite number, counts as 0.
+    void startTimerFromSec(float fromSec, float endSec);
+
+    /// Stops the ticking; the ring keeps its progress.
+    void stop();
+
+    /// Ticks again from the progress reached. Neither resets nor fills the ring.
+    void complite();
+
+    /// Marks the ring for redrawing.
+    void refresh();
+
+    /// The ring's diameter: the smaller of the view's width and height.
+    double Diametr() const;
+
+    // Fill of the disc, track and elapsed part; thickness of the track, and how much thicker the
+    // elapsed part is, in points. A change shows at the next redraw.
+    QColor backgroundColor() const { return m_backgroundColor; }
+    void setBackgroundColor(const QColor &color) { m_backgroundColor = color; }
+    QColor backgroundProgressColor() const { return m_backgroundProgressColor; }
+    void setBackgroundProgressColor(const QColor &color) { m_backgroundProgressColor = color; }
+    QColor progressColor() const { return m_progressColor; }
+    void setProgressColor(const QColor &color) { m_progressColor = color; }
+    double widthBorder() const { return m_widthBorder; }
+    void setWidthBorder(double width) { m_widthBorder = width; }
+    double widthProgress() const { return m_widthProgress; }
+    void setWidthProgress(double width) { m_widthProgress = width; }
+
+    /// Progress in hundredths of the countdown; 100 is done.
+    qint64 val1() const { return m_val1; }
+    void setVal1(qint64 value);
+    /// Length of the whole countdown, seconds.
+    float countSec() const { return m_countSec; }
+    /// The tick; null or invalid when the ring does not tick or nobody sees it.
+    TimerPtr timer() const { return m_timer; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void startTicking();
+    void stopTicking();
+    void schedule();
+    void tick();
+    void rest();
+    void makeUp();
+    void redraw();
+    void drawRect(QPainter &painter);
+
+    QColor m_backgroundColor;
+    QColor m_backgroundProgressColor;
+    QColor m_progressColor;
+    double m_widthBorder = 0;
+    double m_widthProgress = 0;
+    qint64 m_val1 = 0;
+    float m_countSec = 0;
+
+    TimerPtr m_timer;
+    bool m_ticking = false;
+    TimeSource::Duration m_interval{1};
+    TimeSource::Duration m_lastTick{0};
+    bool m_marked = true;
+    QPixmap m_picture;
+};
+
+} // namespace velmora

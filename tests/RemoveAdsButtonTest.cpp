@@ -1,0 +1,307 @@
+#include "controls/RemoveAdsButton.h"
+
+#include "Support/NSBezierPath+Extension.h"
+#include "controls/ColoredView.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/VirtualTime.h"
+#include "tests/support/Waiting.h"
+
+#include <Velmora/Velmora.h>
+
+#include <QtCore/QDataStream>
+#include <QtGui/QAccessible>
+
+#include <cmath>
+
+namespace velmora::test {
+
+namespace {
+
+const QColor Green(79, 177, 7);
+
+QColor blend(const QColor &over, double alpha, const QColor &under) {
+    const auto mix = [&](int a, int b) { return int(std::lround(a * alpha + b * (1 - alpha))); };
+    return {mix(over.red(), under.red()), mix(over.green(), under.green()),
+            mix(over.blue(), under.blue())};
+}
+
+} // namespace
+
+class RemoveAdsButtonTest : public FreshProcess {
+protected:
+    RemoveAdsButtonTest() {
+        window.resize(300, 100);
+        window.setPalette(QPalette(QColor(Behind)));
+        button->setGeometry(20, 20, 200, 40);
+        button->setFocusPolicy(Qt::NoFocus);
+    }
+
+    void show() {
+        window.show();
+        handleEvents();
+    }
+
+    /// The window as seen, without the shine unless it is running.
+    QColor pixel(double x, double y) {
+        const QImage image = window.grab(QRect(20, 20, 200, 40)).toImage();
+        const double scale = image.devicePixelRatio();
+        return image.pixelColor(int(x * scale), int(y * scale));
+    }
+
+    void expectPixel(double x, double y, const QColor &wanted, const char *what) {
+        const QColor found = pixel(x, y);
+        for (auto channel : {&QColor::red, &QColor::green, &QColor::blue})
+            EXPECT_NEAR((found.*channel)(), (wanted.*channel)(), 4)
+                << what << ": " << found.name().toStdString() << ", not "
+                << wanted.name().toStdString();
+    }
+
+    /// Rows of the button, points, that hold pixels of a colour; empty range when none does.
+    std::pair<double, double> rowsOf(const QColor &color) {
+        const QImage image = window.grab(QRect(20, 20, 200, 40)).toImage();
+        std::pair<double, double> rows{1e9, -1};
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) != color)
+                    continue;
+                rows.first = std::min(rows.first, y / image.devicePixelRatio());
+                rows.second = (y + 1) / image.devicePixelRatio();
+            }
+        }
+        return rows;
+    }
+
+    static constexpr QRgb Behind = 0xff303030;
+    VirtualTime time;
+    QWidget window;
+    RemoveAdsButton *button = new RemoveAdsButton(&window);
+};
+
+TEST_F(RemoveAdsButtonTest, TheUsualValuesComeFromMakeOnly) {
+    const std::unique_ptr<RemoveAdsButton> made(RemoveAdsButton::make());
+    EXPECT_EQ(made->property("titleLeading").toDouble(), 10.0);
+    EXPECT_TRUE(made->property("isAnimation").toBool());
+    EXPECT_EQ(made->property("topColor").value<QColor>(), QColor(0, 200, 0));
+    EXPECT_EQ(made->property("stringColor").value<QColor>(), QColor(Qt::black));
+    EXPECT_EQ(made->property("stringFont").value<QFont>().pixelSize(), 24);
+    EXPECT_EQ(button->property("titleLeading").toDouble(), 0.0);
+    EXPECT_FALSE(button->property("isAnimation").toBool());
+    EXPECT_FALSE(button->property("stringColor").value<QColor>().isValid());
+    EXPECT_EQ(RemoveAdsButton().focusPolicy(), Qt::StrongFocus);
+
+    button->setText(QStringLiteral("Remove Ads"));
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Remove Ads"));
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+}
+
+TEST_F(RemoveAdsButtonTest, TheFaceTakesTheColoursOfItsKindAndState) {
+    const QColor top(200, 0, 0), bottom(0, 0, 200);
+    button->setProperty("topColor", top);
+    button->setProperty("bottomColor", bottom);
+    show();
+    expectPixel(100, 20, Green, "flat");
+    button->setDown(true);
+    const QColor pressed = blend(Green, 0.8, QColor(Behind));
+    expectPixel(100, 20, pressed, "flat, pressed");
+
+    button->setProperty("isGradient", true);
+    expectPixel(100, 0, blend(top, 0.7, pressed), "gradient, pressed");
+    button->setDown(false);
+    expectPixel(100, 0, top, "top of the gradient");
+    expectPixel(100, 20, QColor(100, 0, 100), "middle of the gradient");
+    expectPixel(100, 39.6, bottom, "bottom of the gradient");
+    button->setEnabled(false);
+    expectPixel(100, 0, blend(top, 0.3, Green), "gradient, disabled");
+    expectPixel(100, 39.6, blend(bottom, 0.3, Green), "bottom, disabled");
+    button->setEnabled(true);
+    button->setProperty("topColor", QColor());
+    expectPixel(100, 20, Green, "gradient without a colour");
+
+    button->setProperty("topColor", top);
+    button->setProperty("isGradient", false);
+    button->setProperty("isCircle", true);
+    expectPixel(100, 20, top, "circle");
+    expectPixel(5, 5, QColor(Behind), "beside the circle");
+
+    // An image counts before a gradient and a circle.
+    QPixmap blue(64, 64);
+    blue.fill(Qt::blue);
+    button->setIcon(blue);
+    button->setProperty("isCircle", false);
+    button->setProperty("isGradient", true);
+    button->setProperty("isImage", true);
+    expectPixel(1, 1, Qt::blue, "image");
+    expectPixel(36, 36, Qt::blue, "image, far corner");
+    expectPixel(39, 20, Green, "right of the image");
+    expectPixel(20, 39, Green, "below the image");
+}
+
+TEST_F(RemoveAdsButtonTest, TheBorderIsARingAroundTheFace) {
+    button->setProperty("border", 2.0);
+    button->setProperty("cornerRadius", 10.0);
+    button->setProperty("borderColor", QColor(Qt::red));
+    show();
+    expectPixel(100, 1, Qt::red, "border");
+    expectPixel(100, 2.6, Green, "face");
+    expectPixel(1, 1, QColor(Behind), "outside the corner");
+    // On the corner's diagonal the border lies between 10 (1 - 0.707) and 2 + 8 (1 - 0.707).
+    expectPixel(3.6, 3.6, Qt::red, "border in the corner");
+    expectPixel(5.6, 5.6, Green, "face in the corner");
+
+    button->setProperty("isCircle", true);
+    expectPixel(15, 5, Qt::red, "between ellipse and border");
+    button->setProperty("isAnimation", true);
+    expectPixel(15, 5, QColor(Behind), "a shining circle is cut to its ellipse");
+    for (double odd : {500.0, -3.0, std::nan("")}) {
+        button->setProperty("border", odd);
+        button->setProperty("cornerRadius", odd);
+        window.grab();
+    }
+}
+
+TEST_F(RemoveAdsButtonTest, TheTitleLiesInTheMiddleAndIsWhole) {
+    QFont font = window.font();
+    font.setPixelSize(14);
+    button->setFont(font);
+    button->setProperty("stringColor", QColor(Qt::white));
+    button->setText(QStringLiteral("██"));
+    show();
+    const auto one = rowsOf(Qt::white);
+    EXPECT_NEAR((one.first + one.second) / 2, 20 - 1.75, 3);
+    button->setText(QStringLiteral("██\n██"));
+    const auto two = rowsOf(Qt::white);
+    EXPECT_NEAR((two.first + two.second) / 2, 20 - 1.75, 3);
+    EXPECT_NEAR(two.second - two.first, 2 * (one.second - one.first), 3);
+    // Too wide for one line: it wraps, and nothing is lost.
+    button->setText(QStringLiteral("██████████ ██████████"));
+    const auto wrapped = rowsOf(Qt::white);
+    EXPECT_NEAR(wrapped.second - wrapped.first, two.second - two.first, 1);
+
+    button->setText(QStringLiteral("██"));
+    button->setEnabled(false);
+    expectPixel(93, 18, blend(Qt::white, 0.8, Green), "disabled title");
+    button->setProperty("stringColor", QColor());
+    expectPixel(100, 18, Green, "title without a colour");
+}
+
+TEST_F(RemoveAdsButtonTest, ItsWidthFollowsItsTitle) {
+    button->setText(QStringLiteral("Remove Ads"));
+    button->setProperty("titleLeading", 12.0);
+    button->setFrameSize({150, 30});
+    EXPECT_EQ(button->size(), QSize(150, 30));
+    button->setProperty("isAutoWidth", true);
+    button->setFrameSize({500, 500});
+    EXPECT_EQ(button->height(), 30);
+    EXPECT_EQ(button->width(), button->sizeHint().width());
+    EXPECT_NEAR(button->width(),
+                QFontMetricsF(button->font()).horizontalAdvance(button->text()) + 24, 2);
+    show();
+    button->resize(400, 40);
+    EXPECT_EQ(button->width(), button->sizeHint().width());
+}
+
+TEST_F(RemoveAdsButtonTest, TheShineStartsOnceAndSweepsEveryFiveSeconds) {
+    button->setProperty("isAnimation", true);
+    show();
+    EXPECT_TRUE(button->isAllDraw());
+    EXPECT_EQ(time.timerCount(), 2u);
+    const TimerPtr next = button->animationTimer();
+    EXPECT_EQ(next->interval(), std::chrono::seconds(5));
+    window.grab();
+    window.grab();
+    EXPECT_EQ(button->animationTimer(), next);
+
+    // Half the way in time is far beyond half the way in space: it eases out.
+    time.advance(0.1);
+    expectPixel(199, 20, Green, "the shine comes from the left");
+    time.advance(0.5);
+    EXPECT_GT(pixel(100, 2).blue(), 100);
+    time.advance(1.5);
+    for (double x = 2; x < 200; x += 7)
+        expectPixel(x, 20, Green, "the shine is over");
+    EXPECT_EQ(time.timerCount(), 1u);
+    time.advance(2.8);
+    EXPECT_EQ(time.timerCount(), 1u);
+    time.advance(0.2);
+    EXPECT_EQ(time.timerCount(), 2u);
+    EXPECT_NE(button->animationTimer(), next);
+
+    button->setProperty("isAnimation", false);
+    time.advance(6);
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(RemoveAdsButtonTest, NobodyIsWokenForAShineThatNobodySees) {
+    button->setProperty("isAnimation", true);
+    time.advance(10);
+    EXPECT_EQ(time.timerCount(), 0u);
+    show();
+    time.advance(1);
+    window.hide();
+    EXPECT_EQ(time.timerCount(), 0u);
+    show();
+    EXPECT_EQ(time.timerCount(), 2u);
+
+    QWidget cover(&window);
+    cover.setAttribute(Qt::WA_OpaquePaintEvent);
+    cover.setGeometry(window.rect());
+    cover.show();
+    time.advance(1);
+    EXPECT_EQ(time.timerCount(), 0u);
+    cover.hide();
+    handleEvents();
+    EXPECT_EQ(time.timerCount(), 2u);
+    delete button;
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(RemoveAdsButtonTest, TheBandsLeanAndCrossTheWholeFace) {
+    const QPainterPath band = button->getPath(60, 50, 20);
+    ASSERT_EQ(band.elementCount(), 5);
+    const QList<QPointF> corners{{60, 40}, {90, 40}, {110, 0}, {60, 0}, {40, 40}};
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(QPointF(band.elementAt(i)), corners[i]) << i;
+    EXPECT_NEAR(ShineAnimation::offset(0, 210), -175, 0.01);
+    EXPECT_NEAR(ShineAnimation::offset(2, 210), 210, 0.01);
+    EXPECT_NEAR(ShineAnimation::offset(9, 210), 210, 0.01);
+    EXPECT_GT(ShineAnimation::offset(1, 210), 210 * 0.3);
+}
+
+TEST_F(RemoveAdsButtonTest, PathsAreConvertedElementForElement) {
+    EXPECT_TRUE(NSBezierPathExtension::CGPathFromPath({}).isEmpty());
+    QPainterPath path({3, 4});
+    path.lineTo(10, 4);
+    path.cubicTo(12, 5, 13, 8, 9, 9);
+    path.closeSubpath();
+    path.addEllipse(20, 20, 5, 5);
+    EXPECT_EQ(NSBezierPathExtension::CGPathFromPath(path), path);
+
+    // A path out of a damaged stream: its second element belongs to a curve that is not there.
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << qint32(3) << qint32(0) << 1.0 << 1.0 << qint32(3) << 2.0 << 2.0 << qint32(1) << 3.0
+        << 3.0 << qint32(0) << qint32(0);
+    QDataStream in(bytes);
+    QPainterPath damaged;
+    in >> damaged;
+    Velmora::activateDebugMode();
+    EXPECT_EQ(NSBezierPathExtension::CGPathFromPath(damaged).elementCount(), 2);
+    EXPECT_TRUE(hasLogged(QStringLiteral("Invalid NSBezierPathElement")));
+}
+
+TEST_F(RemoveAdsButtonTest, TheColouredViewRoundsItsBottomCornersOnly) {
+    button->hide();
+    auto *view = new ColoredView(&window);
+    view->setGeometry(20, 20, 200, 40);
+    show();
+    expectPixel(100, 20, QColor(Behind), "no colour");
+    view->setColor(Qt::yellow);
+    expectPixel(100, 20, Qt::yellow, "inside");
+    expectPixel(0.5, 0.5, Qt::yellow, "top corner");
+    expectPixel(0.5, 39, QColor(Behind), "bottom left corner");
+    expectPixel(199, 39, QColor(Behind), "bottom right corner");
+    expectPixel(6.5, 39, Qt::yellow, "bottom edge");
+}
+
+} // namespace velmora::test

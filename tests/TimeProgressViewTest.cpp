@@ -1,0 +1,254 @@
+#include "splash/TimeProgressView.h"
+
+#include "platform/Animator.h"
+#include "splash/SplashScreenLabelsView.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/VirtualTime.h"
+#include "tests/support/Waiting.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velmora::test {
+
+class TimeProgressViewTest : public FreshProcess {
+protected:
+    TimeProgressViewTest() {
+        window.resize(200, 200);
+        ring->setGeometry(50, 50, 80, 80);
+        ring->setBackgroundColor(Qt::black);
+        ring->setBackgroundProgressColor(Qt::blue);
+        ring->setProgressColor(Qt::red);
+        ring->setWidthBorder(6);
+        ring->setWidthProgress(6);
+    }
+
+    void show() {
+        window.show();
+        handleEvents();
+    }
+
+    /// The ring's colour at an angle clockwise from twelve o'clock, so far inside its edge.
+    QColor colorAt(double degrees, double inside) {
+        const QImage image = window.grab().toImage();
+        const double angle = degrees * 3.14159265 / 180;
+        const QPointF at =
+            QPointF(90, 90) + QPointF(std::sin(angle), -std::cos(angle)) * (40 - inside);
+        return image.pixelColor((at * image.devicePixelRatio()).toPoint());
+    }
+
+    VirtualTime time;
+    QWidget window;
+    TimeProgressView *ring = new TimeProgressView(&window);
+};
+
+TEST_F(TimeProgressViewTest, ACountdownTakesAHundredTicks) {
+    show();
+    const qint64 idle = ring->val1();
+    EXPECT_EQ(idle, 1);
+    ring->startTimerFromSec(0, 10);
+    EXPECT_EQ(ring->val1(), 0);
+    EXPECT_EQ(ring->timer()->interval(), std::chrono::milliseconds(100));
+    EXPECT_TRUE(ring->timer()->firesDuringTracking());
+    handleEvents();
+    EXPECT_EQ(ring->val1(), 1);
+    time.advance(5);
+    EXPECT_EQ(ring->val1(), 51);
+    time.advance(4.8);
+    EXPECT_EQ(ring->val1(), 99);
+    EXPECT_TRUE(ring->timer()->isValid());
+    time.advance(0.1);
+    EXPECT_EQ(ring->val1(), 100);
+    EXPECT_EQ(time.timerCount(), 0u);
+
+    ring->startTimerFromSec(5, 10);
+    EXPECT_EQ(ring->val1(), 50);
+    ring->startTimerFromSec(1, 3);
+    EXPECT_EQ(ring->val1(), 33);
+    EXPECT_EQ(time.timerCount(), 1u);
+}
+
+TEST_F(TimeProgressViewTest, ItGrowsClockwiseFromTwelve) {
+    ring->startTimerFromSec(24, 100);
+    show();
+    ASSERT_EQ(ring->val1(), 25);
+    EXPECT_EQ(colorAt(5, 3), QColor(Qt::red));
+    EXPECT_EQ(colorAt(85, 3), QColor(Qt::red));
+    EXPECT_EQ(colorAt(45, 9), QColor(Qt::red));
+    EXPECT_EQ(colorAt(95, 3), QColor(Qt::blue));
+    EXPECT_EQ(colorAt(355, 3), QColor(Qt::blue));
+    EXPECT_EQ(colorAt(225, 9), QColor(Qt::black));
+    EXPECT_EQ(colorAt(45, 15), QColor(Qt::black));
+    EXPECT_EQ(colorAt(45, -2), window.palette().color(QPalette::Window));
+
+    ring->startTimerFromSec(50, 100);
+    handleEvents();
+    ASSERT_EQ(ring->val1(), 51);
+    EXPECT_EQ(colorAt(181, 3), QColor(Qt::red));
+    EXPECT_EQ(colorAt(187, 3), QColor(Qt::blue));
+
+    // Past the full circle it stays full, and goes on ticking.
+    ring->startTimerFromSec(15, 10);
+    time.advance(1);
+    EXPECT_GT(ring->val1(), 155);
+    EXPECT_EQ(colorAt(1, 3), QColor(Qt::red));
+    EXPECT_EQ(colorAt(180, 3), QColor(Qt::red));
+    EXPECT_EQ(time.timerCount(), 1u);
+
+    ring->resize(80, 50);
+    EXPECT_EQ(ring->Diametr(), 50);
+}
+
+TEST_F(TimeProgressViewTest, EveryRedrawOfItsOwnIsAStep) {
+    show();
+    ring->startTimerFromSec(0, 1000);
+    handleEvents();
+    EXPECT_EQ(ring->val1(), 1);
+    ring->refresh();
+    handleEvents();
+    EXPECT_EQ(ring->val1(), 2);
+    ring->resize(90, 90);
+    handleEvents();
+    EXPECT_EQ(ring->val1(), 3);
+    ring->hide();
+    ring->show();
+    handleEvents();
+    EXPECT_EQ(ring->val1(), 4);
+}
+
+TEST_F(TimeProgressViewTest, WhatMovesBehindOrBeforeItIsNoStep) {
+    QWidget video(&window);
+    video.setGeometry(window.rect());
+    video.lower();
+    QLabel label(QStringLiteral("5"), ring);
+    show();
+    ring->startTimerFromSec(0, 1000);
+    handleEvents();
+    const qint64 before = ring->val1();
+    for (int frame = 0; frame < 20; ++frame) {
+        video.update();
+        label.setText(QString::number(frame));
+        handleEvents();
+    }
+    EXPECT_EQ(ring->val1(), before);
+    // Nor is a fade of what holds it.
+    Animator::setHidden(&video, true);
+    time.advance(1);
+    EXPECT_EQ(ring->val1(), before);
+}
+
+TEST_F(TimeProgressViewTest, StopHoldsAndCompliteGoesOn) {
+    show();
+    ring->startTimerFromSec(0, 10);
+    time.advance(2);
+    ring->stop();
+    EXPECT_EQ(time.timerCount(), 0u);
+    time.advance(60);
+    EXPECT_EQ(ring->val1(), 21);
+    ring->complite();
+    EXPECT_EQ(ring->timer()->interval(), std::chrono::milliseconds(100));
+    EXPECT_EQ(time.timerCount(), 1u);
+    time.advance(1);
+    EXPECT_EQ(ring->val1(), 31);
+    ring->complite();
+    EXPECT_EQ(time.timerCount(), 1u);
+    delete ring;
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(TimeProgressViewTest, UnseenItWakesNobodyAndIsInPlaceWhenSeenAgain) {
+    ring->startTimerFromSec(0, 100);
+    EXPECT_EQ(time.timerCount(), 0u);
+    time.advance(10);
+    show();
+    EXPECT_EQ(ring->val1(), 11);
+    EXPECT_EQ(time.timerCount(), 1u);
+
+    window.hide();
+    EXPECT_EQ(time.timerCount(), 0u);
+    time.advance(20);
+    show();
+    EXPECT_EQ(ring->val1(), 32);
+
+    QWidget cover(&window);
+    cover.setAttribute(Qt::WA_OpaquePaintEvent);
+    cover.setGeometry(window.rect());
+    cover.show();
+    handleEvents();
+    time.advance(30);
+    EXPECT_EQ(time.timerCount(), 0u);
+    EXPECT_EQ(ring->val1(), 32);
+    cover.hide();
+    handleEvents();
+    EXPECT_NEAR(double(ring->val1()), 62, 1);
+    time.advance(10);
+    EXPECT_NEAR(double(ring->val1()), 72, 1);
+
+    // Stopped while out of sight: what had come due until then counts.
+    window.hide();
+    time.advance(5);
+    ring->stop();
+    const qint64 stopped = ring->val1();
+    EXPECT_NEAR(double(stopped), 77, 1);
+    time.advance(500);
+    EXPECT_EQ(ring->val1(), stopped);
+    ring->complite();
+    time.advance(500);
+    show();
+    EXPECT_EQ(ring->val1(), 100);
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(TimeProgressViewTest, OddNumbersDoNoHarm) {
+    show();
+    ring->complite();
+    EXPECT_GE(ring->timer()->interval(), std::chrono::milliseconds(16));
+    const float infinite = std::numeric_limits<float>::infinity();
+    const float odd[] = {0, -7, 1e-30f, 1e-4f, 1e38f, infinite, -infinite, std::nanf("")};
+    for (float end : odd) {
+        for (float from : odd) {
+            ring->startTimerFromSec(from, end);
+            EXPECT_GE(ring->timer()->interval(), std::chrono::milliseconds(16));
+            time.advance(0.1);
+            window.hide();
+            time.advance(1e6);
+            show();
+        }
+    }
+    ring->setVal1(std::numeric_limits<qint64>::max());
+    for (double width : {0.0, -20.0, 500.0, std::nan("")}) {
+        ring->setWidthBorder(width);
+        ring->setWidthProgress(width);
+        ring->refresh();
+        handleEvents();
+    }
+    ring->resize(0, 0);
+    window.grab();
+}
+
+TEST(SplashScreenLabelsViewTest, ItIsAsWideAsItsSuperview) {
+    QWidget root;
+    root.resize(640, 480);
+    SplashScreenLabelsView labels(&root);
+    QLabel first(QStringLiteral("first"), &labels), second(QStringLiteral("second"), &labels);
+    labels.setTextCommentFieldFirst(&first);
+    labels.setTextCommentFieldSecond(&second);
+    const auto width =
+        std::make_shared<LayoutConstraint>(LayoutConstraint::Relation::Spacing, 1, 0);
+    labels.setWidthConstraint(width);
+    labels.setFrame({0, 100, 200, 90});
+    EXPECT_EQ(labels.geometry(), QRect(0, 100, 640, 90));
+    EXPECT_EQ(width->constant(), 640);
+    EXPECT_EQ(SplashScreenLabelsView::horizontalCompressionResistance(&first), 100);
+    EXPECT_EQ(SplashScreenLabelsView::horizontalCompressionResistance(&second), 750);
+
+    root.show();
+    root.resize(500, 400);
+    EXPECT_EQ(width->constant(), 500);
+    labels.resize(10, 20);
+    EXPECT_EQ(labels.size(), QSize(500, 20));
+    labels.setParent(nullptr);
+    EXPECT_EQ(width->constant(), 0);
+}
+
+} // namespace velmora::test
