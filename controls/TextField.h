@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtWidgets/QLabel>
+
+namespace velmora {
+
+/// A text that looks as the framework wants it, whatever style sheet the host puts on its labels.
+/// Centred; wrapped at words when wordWrap is set. Main thread only.
+class TextField : public QLabel {
+    Q_OBJECT
+    Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
+    Q_PROPERTY(int textWeight MEMBER m_weight)
+
+public:
+    explicit TextField(QWidget *parent = nullptr);
+
+    QColor textColor() const { return m_color; }
+    /// An invalid colour draws nothing.
+    void setTextColor(const QColor &color);
+
+    /// Height of the letters, points.
+    void setTextSize(double points);
+
+    /// What the text needs in a width.
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QFont textFont() const;
+    int layoutFlags() const;
+
+    QColor m_color;
+    int m_weight = QFont::Normal;
+    double m_points = 13;
+};
+
+} // namespace velmora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/CloseButtonCell.h"
+
+namespace velmora {
+
+/// A round button with two states, each with a picture of its own: off (0) at first, a click
+/// turns it to on (1) and back. Main thread only.
+class ToggleButtonCell : public CloseButtonCell {
+    Q_OBJECT
+
+public:
+    explicit ToggleButtonCell(QWidget *parent = nullptr);
+
+    void setImage(const QIcon &image);
+    /// Shown in the on state.
+    void setAlternateImage(const QIcon &image);
+
+    int state() const { return isChecked() ? 1 : 0; }
+    void setState(int state) { setChecked(state != 0); }
+
+private:
+    void showState();
+
+    QIcon m_image;
+    QIcon m_alternateImage;
+};
+
+} // namespace velmora
