@@ -8,6 +8,11 @@ LONGEST = {
     "ApplicationWillBeLaunchedTextFirst": 34,
     "ApplicationWillBeLaunchedTextSecond": 48,
     "RemoveAdsText": 20,
+    # Read aloud, never shown.
+    "AdvertisementText": 20,
+    "CloseText": 20,
+    "MuteText": 20,
+    "OpenAdText": 40,
 }
 
 
