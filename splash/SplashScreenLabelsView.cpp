@@ -9,7 +9,7 @@ namespace {
 constexpr const char *ResistanceProperty = "horizontalCompressionResistance";
 constexpr int UsualResistance = 750;
 
-void setResistance(QLabel *field, int priority) {
+void setResistance(TextField *field, int priority) {
     if (!field)
         return;
     field->setProperty(ResistanceProperty, priority);
@@ -23,7 +23,7 @@ SplashScreenLabelsView::SplashScreenLabelsView(QWidget *parent) : QWidget(parent
     followSuperview();
 }
 
-int SplashScreenLabelsView::horizontalCompressionResistance(const QLabel *field) {
+int SplashScreenLabelsView::horizontalCompressionResistance(const TextField *field) {
     const QVariant priority = field->property(ResistanceProperty);
     return priority.isValid() ? priority.toInt() : UsualResistance;
 }

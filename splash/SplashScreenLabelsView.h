@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/TextField.h"
 #include "platform/LayoutConstraint.h"
 #include "splash/TimeProgressView.h"
 
 #include <QtCore/QPointer>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -21,12 +21,12 @@ public:
     void setFrame(const QRect &frame);
 
     // Bound from the interface resource; null when the resource lacks them or they are gone.
-    QLabel *textCommentFieldFirst() const { return m_textCommentFieldFirst; }
-    void setTextCommentFieldFirst(QLabel *field) { m_textCommentFieldFirst = field; }
-    QLabel *textCommentFieldSecond() const { return m_textCommentFieldSecond; }
-    void setTextCommentFieldSecond(QLabel *field) { m_textCommentFieldSecond = field; }
-    QLabel *timeLabel() const { return m_timeLabel; }
-    void setTimeLabel(QLabel *label) { m_timeLabel = label; }
+    TextField *textCommentFieldFirst() const { return m_textCommentFieldFirst; }
+    void setTextCommentFieldFirst(TextField *field) { m_textCommentFieldFirst = field; }
+    TextField *textCommentFieldSecond() const { return m_textCommentFieldSecond; }
+    void setTextCommentFieldSecond(TextField *field) { m_textCommentFieldSecond = field; }
+    TextField *timeLabel() const { return m_timeLabel; }
+    void setTimeLabel(TextField *label) { m_timeLabel = label; }
     TimeProgressView *timeProgressView() const { return m_timeProgressView; }
     void setTimeProgressView(TimeProgressView *view) { m_timeProgressView = view; }
 
@@ -37,7 +37,7 @@ public:
 
     /// How strongly a field of text resists being made narrower than its text; 750 unless a
     /// frame change has set it.
-    static int horizontalCompressionResistance(const QLabel *field);
+    static int horizontalCompressionResistance(const TextField *field);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -48,9 +48,9 @@ private:
     void followSuperview();
     void frameChanged();
 
-    QPointer<QLabel> m_textCommentFieldFirst;
-    QPointer<QLabel> m_textCommentFieldSecond;
-    QPointer<QLabel> m_timeLabel;
+    QPointer<TextField> m_textCommentFieldFirst;
+    QPointer<TextField> m_textCommentFieldSecond;
+    QPointer<TextField> m_timeLabel;
     QPointer<TimeProgressView> m_timeProgressView;
     LayoutConstraintPtr m_widthConstraint;
     QPointer<QWidget> m_superview;

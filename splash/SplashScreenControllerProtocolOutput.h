@@ -1,0 +1,20 @@
+#pragma once
+
+namespace velmora {
+
+/// What a splash-screen controller reports: the user's clicks and the end of the video. Called on
+/// the main thread; an answer may remove the controller.
+class SplashScreenControllerProtocolOutput {
+public:
+    virtual void didClickOnVideo() = 0;
+    /// @param muted what the sound button was switched to
+    virtual void didChangeMuted(bool muted) = 0;
+    virtual void didClickRemoveAds() = 0;
+    virtual void didClickClose() = 0;
+    virtual void didVideoEnded() = 0;
+
+protected:
+    ~SplashScreenControllerProtocolOutput() = default;
+};
+
+} // namespace velmora

@@ -1,0 +1,46 @@
+#include "splash/SplashScreenOutlets.h"
+
+#include "platform/InterfaceLoader.h"
+
+namespace velmora {
+
+namespace {
+
+template<class T>
+void bind(QPointer<T> &outlet, QWidget *root, const char *name) {
+    outlet = InterfaceLoader::outlet<T>(root, QString::fromLatin1(name));
+}
+
+template<class T>
+T *inside(QWidget *root, const char *name) {
+    return InterfaceLoader::outlet<T>(root, QString::fromLatin1(name));
+}
+
+} // namespace
+
+SplashScreenOutlets SplashScreenOutlets::of(QWidget *root) {
+    SplashScreenOutlets found;
+    bind(found.splashScreenPlayerView, root, "splashScreenPlayerView");
+    bind(found.lablesView, root, "lablesView");
+    bind(found.iconImageView, root, "iconImageView");
+    bind(found.bgImage, root, "bgImage");
+    bind(found.interstitialImage, root, "interstitialImage");
+    bind(found.timeVideoLabel, root, "timeVideoLabel");
+    bind(found.videoProgressView, root, "videoProgressView");
+    bind(found.urlButton, root, "urlButton");
+    bind(found.closeButton, root, "closeButton");
+    bind(found.removeAdsButton, root, "removeAdsButton");
+    bind(found.removeAdsImageButton, root, "removeAdsImageButton");
+    bind(found.soundButton, root, "soundButton");
+    if (SplashScreenLabelsView *labels = found.lablesView) {
+        labels->setTextCommentFieldFirst(inside<TextField>(root, "textCommentFieldFirst"));
+        labels->setTextCommentFieldSecond(inside<TextField>(root, "textCommentFieldSecond"));
+        labels->setTimeLabel(inside<TextField>(root, "timeLabel"));
+        labels->setTimeProgressView(inside<TimeProgressView>(root, "timeProgressView"));
+        labels->setWidthConstraint(InterfaceLoader::constraint(
+            labels, QStringLiteral("widthConstraint"), LayoutConstraint::Relation::Spacing));
+    }
+    return found;
+}
+
+} // namespace velmora

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "controls/CloseButtonCell.h"
+#include "controls/ImageView.h"
+#include "controls/LinkArea.h"
+#include "controls/RemoveAdsButton.h"
+#include "controls/TextField.h"
+#include "controls/ToggleButtonCell.h"
+#include "platform/LayoutConstraint.h"
+#include "platform/VideoView.h"
+#include "splash/SplashScreenLabelsView.h"
+#include "splash/TimeProgressView.h"
+
+#include <QtCore/QPointer>
+
+namespace velmora {
+
+/// The elements of a splash screen's view tree, by their names in the interface resource. Null
+/// where the resource lacks one or it is gone.
+struct SplashScreenOutlets {
+    QPointer<VideoView> splashScreenPlayerView;
+    QPointer<SplashScreenLabelsView> lablesView;
+    QPointer<ImageView> iconImageView;
+    QPointer<ImageView> bgImage;
+    QPointer<ImageView> interstitialImage;
+    QPointer<TextField> timeVideoLabel;
+    QPointer<TimeProgressView> videoProgressView;
+    QPointer<LinkArea> urlButton;
+    QPointer<CloseButtonCell> closeButton;
+    QPointer<RemoveAdsButton> removeAdsButton;
+    QPointer<RemoveAdsButton> removeAdsImageButton;
+    QPointer<ToggleButtonCell> soundButton;
+
+    /// How far the countdown texts lie above the middle of their rings, points.
+    LayoutConstraintPtr splashTimerConstraint;
+    LayoutConstraintPtr spashTimerConstraint1;
+
+    /// Finds the elements in a loaded tree; a missing one is logged.
+    static SplashScreenOutlets of(QWidget *root);
+};
+
+} // namespace velmora
