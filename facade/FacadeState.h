@@ -2,12 +2,17 @@
 
 #include <Velmora/Velmora.h>
 
+#include <memory>
 #include <optional>
 
 namespace velmora {
 
+class SplashScreenPresenter;
+
 /// What the facade keeps for the life of the process.
 struct FacadeState {
+    /// Made by the first operation that needs it, never replaced.
+    std::shared_ptr<SplashScreenPresenter> presenter;
     /// All banners that the host added; made by the first banner operation.
     std::optional<Velmora::BannerList> bannerControllers;
     double bannerHeight = 100;

@@ -5,6 +5,7 @@
 #include "facade/Switches.h"
 #include "platform/MainQueue.h"
 #include "platform/ProcessRoot.h"
+#include "splash/SplashScreenPresenter.h"
 
 using velmora::FacadeState;
 using velmora::MainQueue;
@@ -45,19 +46,14 @@ void Velmora::removeAdsNow() {
         return;
     }
     Switches::setADSRemoved(true);
+    // A presenter that nobody has asked for is not made for this.
+    if (const auto presenter = FacadeState::current().presenter)
+        presenter->removeAllSplashScreens();
     // Taken out first: a banner that goes may wake the host, who may call back.
     const BannerList banners = std::exchange(BControllers(), {});
     for (const auto &banner : banners)
         banner->removeADS();
     MainQueue::post(&velmora::AdsDownloader::forgetGoneDelegates);
-}
-
-bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
-    return true;
-}
-
-bool Velmora::isInitializedSplashScreenWithLOG_ERROR() {
-    return true;
 }
 
 bool Velmora::isInitializedBannerLOG_ERROR() {

@@ -7,6 +7,9 @@
 #include <Velmora/ViewController.h>
 
 #include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtGui/QColor>
+#include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
 #include <memory>
@@ -14,7 +17,8 @@
 
 namespace velmora {
 class BannerController;
-}
+class SplashScreenPresenter;
+} // namespace velmora
 
 /// The one class through which a host drives the framework. It has no instances; its state
 /// lasts for the process, but for the ads-off switch, which lasts until resetAds().
@@ -49,9 +53,125 @@ public:
     /// anew.
     static void resetAds();
 
-    /// Removes every banner now and shows no advertising any more, in this and all later runs
-    /// of the host. Any thread; on another than the main one the work is done a little later.
+    /// Removes every banner and splash screen now and shows no advertising any more, in this and
+    /// all later runs of the host. Any thread; on another than the main one the work is done a
+    /// little later.
     static void removeAdsNow();
+    /// @}
+
+    /// @name Splash screens
+    /// A splash screen covers the content of every registered window at once: a start screen with
+    /// a countdown, a video, an end screen with a close button. Only one window plays the video:
+    /// the key one. Losing the key status to a window that is not registered pauses the sequence.
+    ///
+    /// The first of these calls prepares everything and asks for the first ad. Operations that
+    /// show do nothing while ads are removed. Main thread; the four that show or wait move
+    /// themselves there.
+    /// @{
+
+    /// Registers a window.
+    /// @param window a top-level widget; in a main window the splash screen covers the central
+    ///               widget
+    /// @return false when nothing was registered: the window is registered already, is null, or
+    ///         ads are removed
+    static bool addSplashScreenToWindow(QWidget *window);
+    /// The same for a window with a game engine's view: the splash screen is then a native window
+    /// of its own inside it, above any other.
+    static bool addSplashScreenToUnityWindow(QWidget *window);
+    /// Takes a window out; a sequence goes on in the others. Also while ads are removed.
+    static void removeSplashScreenFromWindow(QWidget *window);
+    /// Does nothing; here for hosts that call it.
+    static void removeADSFromWindow(QWidget *window);
+
+    /// Shows the splash screens if isADSReady(); ignored otherwise and while one is on screen.
+    /// When no registered window is key, they are shown as soon as one becomes key.
+    static void show();
+    /// Shows the splash screens, ready or not; ignored when no registered window is key and
+    /// while one is on screen. Ends the running wait: afterwards ads become ready only by
+    /// refreshWaitAgain() or a while after a sequence.
+    static void forceShow();
+    /// As forceShow(), without the start screen: the video comes at once.
+    static void showWithouSplash();
+    /// Starts the wait for the next splash screen anew, now.
+    static void refreshWaitAgain();
+
+    /// A splash screen is on screen.
+    static bool isShowSplashScreen();
+    /// The wait is over: show() would show.
+    static bool isADSReady();
+    /// How many times splash screens were shown in this process.
+    static qint64 splashScreenStartCount();
+
+    /// The one presenter, made by the first call. Owned by the framework.
+    static velmora::SplashScreenPresenter &SSPresenter();
+
+    /// A video for when the ad server has none.
+    /// @param videoURL a local file; empty for no video
+    /// @param linkURL  what a click on it opens: a web or store link
+    static void setDefaultVideoWithURL(const QUrl &videoURL, const QUrl &linkURL);
+    /// @param appID the store's number of the advertised application, with or without "id"
+    static void setDefaultVideoURL(const QUrl &videoURL, const QString &appID);
+    /// @param fileName name, with extension, of a resource of the host's bundle
+    static void setDefaultVideoName(const QString &fileName, const QString &appID);
+    /// The store link of an application.
+    static QUrl urlFromAppID(const QString &appID);
+
+    /// Seconds from the end of a splash screen until ads are ready again. Default: 120.
+    static void setSplashScreenWaitingVideoTimeSeconds(qint64 seconds);
+    /// Seconds of the start screen, 0 to 15; any other value counts as 5. 0 also hides the start
+    /// screen's icon, background image and button. Default: 5.
+    static void setSplashScreenLoadTime(qint64 seconds);
+    /// Seconds from the registration of the first window until ads are ready, cut to whole ones;
+    /// a negative value counts as 30. To be called before that registration. Default: 30.
+    static void setSplashScreenDelay(double seconds);
+    /// @}
+
+    /// @name Appearance of splash screens
+    /// Each applies at once to the splash screens there are, and to those added later. A null
+    /// image, an invalid colour or a length that is no finite number is refused. What is hidden
+    /// or shown changes with the next screen. Lengths are device-independent pixels. Main thread.
+    /// @{
+
+    /// Height of the strip at the top of the content that stays uncovered. Default: 0. Splash
+    /// screens added later take the whole part.
+    static void setSplashScreenTopInset(double inset);
+    /// The same for one window, and only for the splash screen that it has now.
+    static void setSplashScreenTopInset(double inset, QWidget *window);
+
+    /// Default: white.
+    static void setSplashScreenBackgroundColor(const QColor &color);
+    /// Default: none.
+    static void setSplashScreenBackgroundImage(const QImage &image);
+    /// How the background image fills the window: 0 smaller when it has to be, its shape kept
+    /// (default); 1 to the window's size; 2 in its own size; 3 as large as it fits, its shape
+    /// kept.
+    static void setSplashScreenBackgroundImageScaling(unsigned scaling);
+    /// The icon on the start and end screens. Default: the application's window icon.
+    static void setSplashScreenIcon(const QImage &icon);
+    /// The two lines of text. Default: black.
+    static void setSplashScreenTextColor(const QColor &color);
+
+    /// The seconds inside the countdown rings. Default: black.
+    static void setSplashScreenTimerTextColor(const QColor &color);
+    /// The rings' discs. Default: white.
+    static void setSplashScreenTimerBackgroundColor(const QColor &color);
+    /// The rings' tracks and elapsed parts. Default: grey and dark grey.
+    static void setSplashScreenTimerBorderColor(const QColor &borderColor,
+                                                const QColor &progressColor);
+    /// Thickness of the tracks, and how much thicker the elapsed parts are. Default: 2 and 4.
+    static void setSplashScreenTimerBorderWidth(double borderWidth, double progressWidth);
+
+    /// The remove-ads button on the start screen and on the end screen. Default: shown.
+    static void setSplashScreenHiddenButtonBeforeVideo(bool hidden);
+    static void setSplashScreenHiddenButtonAfterVideo(bool hidden);
+    /// The icon: on both screens, on the end screen, on the start screen. Default: shown.
+    static void setSplashScreenHiddenIcon(bool hidden);
+    static void setSplashScreenHiddenIconAfterVideo(bool hidden);
+    static void setSplashScreenHiddenIconBeforeVideo(bool hidden);
+    /// The background image: the same. Default: shown.
+    static void setSplashScreenHiddenBackgroundImage(bool hidden);
+    static void setSplashScreenHiddenBackgroundImageAfterVideo(bool hidden);
+    static void setSplashScreenHiddenBackgroundImageBeforeVideo(bool hidden);
     /// @}
 
     /// @name Banners

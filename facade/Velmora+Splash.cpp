@@ -1,0 +1,169 @@
+#include <Velmora/Velmora.h>
+
+#include "Support/Deployment.h"
+#include "facade/FacadeState.h"
+#include "facade/Switches.h"
+#include "platform/MainQueue.h"
+#include "splash/SplashScreenPresenter.h"
+
+#include <cmath>
+#include <limits>
+
+using velmora::Deployment;
+using velmora::FacadeState;
+using velmora::MainQueue;
+using velmora::SplashScreenPresenter;
+using velmora::Switches;
+
+namespace {
+
+constexpr qint64 UsualDelay = 30;
+constexpr qint64 UsualLoadTime = 5;
+constexpr qint64 LongestLoadTime = 15;
+
+const QString Warning = QStringLiteral("WARNING");
+
+// What a request does on the main thread while ads are on.
+void request(void (*work)(SplashScreenPresenter &)) {
+    if (Switches::isADSRemoved())
+        return;
+    MainQueue::runOrPost([work] {
+        if (!Switches::isADSRemoved())
+            work(Velmora::SSPresenter());
+    });
+}
+
+bool isOnMainThread() {
+    if (MainQueue::isMainThread())
+        return true;
+    Velmora::LOG(QStringLiteral("ERROR"),
+                 QStringLiteral("splash screens are set up on the main thread only"));
+    return false;
+}
+
+bool add(QWidget *window, bool unity) {
+    if (Switches::isADSRemoved() || !isOnMainThread())
+        return false;
+    return Velmora::SSPresenter().addSplashScreenForWindow(window, unity);
+}
+
+} // namespace
+
+SplashScreenPresenter &Velmora::SSPresenter() {
+    auto &presenter = FacadeState::current().presenter;
+    if (!presenter) {
+        presenter = SplashScreenPresenter::make();
+        presenter->setDelayForFirstStart(UsualDelay);
+        presenter->starDownLoad();
+    }
+    return *presenter;
+}
+
+void Velmora::show() {
+    request([](SplashScreenPresenter &presenter) { presenter.showSplashScreens(); });
+}
+
+void Velmora::forceShow() {
+    request([](SplashScreenPresenter &presenter) { presenter.needForceShowSplashScreens(); });
+}
+
+void Velmora::showWithouSplash() {
+    request([](SplashScreenPresenter &presenter) {
+        presenter.setWithoutSplash(true);
+        presenter.needForceShowSplashScreens();
+    });
+}
+
+void Velmora::refreshWaitAgain() {
+    request([](SplashScreenPresenter &presenter) { presenter.refreshWaitAgain(); });
+}
+
+bool Velmora::addSplashScreenToWindow(QWidget *window) {
+    return add(window, false);
+}
+
+bool Velmora::addSplashScreenToUnityWindow(QWidget *window) {
+    return add(window, true);
+}
+
+void Velmora::removeSplashScreenFromWindow(QWidget *window) {
+    if (isOnMainThread())
+        SSPresenter().removeSplashScreenWithWindow(window);
+}
+
+void Velmora::removeADSFromWindow(QWidget *) {}
+
+bool Velmora::isShowSplashScreen() {
+    return SSPresenter().isShow();
+}
+
+bool Velmora::isADSReady() {
+    return SSPresenter().isAdsReady();
+}
+
+qint64 Velmora::splashScreenStartCount() {
+    return SSPresenter().splashScreenStartCount();
+}
+
+void Velmora::setDefaultVideoWithURL(const QUrl &videoURL, const QUrl &linkURL) {
+    SSPresenter().setDefaultVideoWithURL(videoURL, linkURL);
+    ::LOG(QStringLiteral("LOAD VIDEO WITH URL : %1")
+              .arg(videoURL.isEmpty() ? QStringLiteral("(null)") : videoURL.toString()));
+}
+
+void Velmora::setDefaultVideoURL(const QUrl &videoURL, const QString &appID) {
+    setDefaultVideoWithURL(videoURL, urlFromAppID(appID));
+}
+
+void Velmora::setDefaultVideoName(const QString &fileName, const QString &appID) {
+    const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
+    const QString name = dot > 0 ? fileName.left(dot) : fileName;
+    const QString extension = dot > 0 ? fileName.mid(dot + 1) : QString();
+    setDefaultVideoURL(VLMMainAppBundle().urlForResource(name, extension), appID);
+}
+
+QUrl Velmora::urlFromAppID(const QString &appID) {
+    const QString number = appID.toLower().remove(QStringLiteral("id"));
+    return QUrl(QStringLiteral("macappstores://%1/app/%2")
+                    .arg(Deployment::current().storeHost, QStringLiteral("id") + number));
+}
+
+void Velmora::setSplashScreenWaitingVideoTimeSeconds(qint64 seconds) {
+    isInitializedSplashScreenWithLOG_WARNING();
+    SSPresenter().setWaitTime(seconds);
+}
+
+void Velmora::setSplashScreenLoadTime(qint64 seconds) {
+    if (seconds < 0 || seconds > LongestLoadTime) {
+        LOG(Warning, QStringLiteral("invalid loadTime value"));
+        seconds = UsualLoadTime;
+    }
+    if (seconds == 0) {
+        setSplashScreenHiddenIconBeforeVideo(true);
+        setSplashScreenHiddenBackgroundImageBeforeVideo(true);
+        setSplashScreenHiddenButtonBeforeVideo(true);
+    }
+    SSPresenter().setLoadTime(seconds);
+}
+
+void Velmora::setSplashScreenDelay(double seconds) {
+    // Not further than any process runs, and no number counts as a wrong one.
+    constexpr double Longest = 1e9;
+    const bool usable = seconds >= 0;
+    SSPresenter().setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest)) : UsualDelay);
+}
+
+bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
+    if (!FacadeState::current().presenter)
+        return true;
+    // The message says the opposite of what was found. Hosts know it this way round.
+    LOG(Warning, QStringLiteral("SplashScreen controller not initialized!"));
+    return false;
+}
+
+bool Velmora::isInitializedSplashScreenWithLOG_ERROR() {
+    if (!FacadeState::current().presenter)
+        return true;
+    LOG(QStringLiteral("ERROR"), QStringLiteral("SplashScreen controller not initialized!"));
+    return false;
+}
