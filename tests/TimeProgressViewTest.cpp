@@ -230,7 +230,7 @@ TEST(SplashScreenLabelsViewTest, ItIsAsWideAsItsSuperview) {
     QWidget root;
     root.resize(640, 480);
     SplashScreenLabelsView labels(&root);
-    QLabel first(QStringLiteral("first"), &labels), second(QStringLiteral("second"), &labels);
+    TextField first(&labels), second(&labels);
     labels.setTextCommentFieldFirst(&first);
     labels.setTextCommentFieldSecond(&second);
     const auto width =
