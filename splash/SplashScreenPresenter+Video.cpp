@@ -2,7 +2,6 @@
 
 #include "content/AdKeys.h"
 #include "content/AdsDownloader.h"
-#include "facade/Switches.h"
 #include "platform/MainQueue.h"
 #include "platform/Workspace.h"
 #include "platform/linux/BackgroundThread.h"
@@ -48,11 +47,8 @@ void SplashScreenPresenter::lookUpDefaultVideoName() {
 }
 
 void SplashScreenPresenter::chooseVideo() {
-    m_videoUrl = {};
     m_videoDuration = 0;
-    // Asking for the video prepares the next one, which nobody wants once ads are removed.
-    if (Switches::isADSRemoved())
-        return;
+    // Read once: every read prepares the next video.
     const QUrl downloaded = m_downloader->videoURL();
     m_videoUrl = downloaded.path().contains(MissingNameMark) ? m_defaultVideoUrl : downloaded;
     m_linkFromVideoUrl = m_downloader->linkVideoURL();
@@ -64,6 +60,15 @@ void SplashScreenPresenter::startShowVideo() {
     stopWaitVideoTimer();
     m_showVideo = true;
     m_stateSplashScreen = SplashScreenStateVideo;
+    // A timer that outlived its sequence covers no window any more.
+    if (m_show)
+        startVideo();
+    else
+        startVideoTimerWithTime(VideoSeconds);
+    NotificationCenter::defaultCenter().post(VLMadsVideoDidStart);
+}
+
+void SplashScreenPresenter::startVideo() {
     chooseVideo();
     const Controller controller = m_controllerWithVideo;
     const qint64 total = m_loadTime + VideoSeconds;
@@ -83,7 +88,6 @@ void SplashScreenPresenter::startShowVideo() {
         updateTimerText();
         updateVideoTimerText();
     }
-    NotificationCenter::defaultCenter().post(VLMadsVideoDidStart);
 }
 
 void SplashScreenPresenter::showCloseButton() {
@@ -101,6 +105,8 @@ void SplashScreenPresenter::stopVideo() {
 }
 
 void SplashScreenPresenter::showEndScreens() {
+    if (!m_show)
+        return;
     for (const Controller &controller : everyController()) {
         controller->setInterstitialUrl(m_interstitialVideoUrl);
         controller->showEndScreen();

@@ -124,7 +124,7 @@ void SplashScreenPresenter::windowDestroyed(QObject *window) {
             continue;
         // Not to be asked for anything any more.
         controller->setWindow(nullptr);
-        if (controller == m_activeController)
+        if (m_focus && controller == m_activeController)
             windowBecameDisactive();
         detach(controller);
     }

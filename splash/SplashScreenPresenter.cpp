@@ -273,7 +273,7 @@ void SplashScreenPresenter::resumeSplashScreen() {
                                           &SplashScreenPresenter::resumeTimer);
         }
         if (m_stateSplashScreen == SplashScreenStateStart) {
-            startWaitVideoTimer(secondsLeftTo(m_withoutSplash ? 0 : m_loadTime));
+            startWaitVideoTimer(secondsLeftTo(m_loadTime));
         } else if (m_stateSplashScreen == SplashScreenStateVideo ||
                    std::exchange(m_closeButtonIsDue, false)) {
             startVideoTimerWithTime(secondsLeftTo(secondsToCloseButton()));

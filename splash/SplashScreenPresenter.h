@@ -183,6 +183,7 @@ private:
     qint64 secondsToCloseButton() const;
     double secondsLeftTo(qint64 second) const;
     void chooseVideo();
+    void startVideo();
     void noteVideoDuration();
     void lookUpDefaultVideoName();
     void windowDestroyed(QObject *window);
