@@ -1,0 +1,93 @@
+#include "tests/support/SplashHost.h"
+#include "tests/support/Waiting.h"
+
+#include <QtWidgets/QApplication>
+
+namespace velmora::test {
+
+// A day of a host that shows a splash screen whenever one is ready, while its user comes and
+// goes and opens and closes windows.
+class SoakTest : public SplashHost {
+protected:
+    struct Count {
+        qsizetype widgets;
+        qsizetype objects;
+        size_t timers;
+        bool operator==(const Count &) const = default;
+    };
+
+    Count count() const {
+        handleEvents();
+        Count sum{QApplication::allWidgets().size(), 0, time.timerCount()};
+        for (const QWidget *each : QApplication::topLevelWidgets())
+            sum.objects += each->findChildren<QObject *>().size();
+        return sum;
+    }
+
+    void cycle(int number) {
+        ++cycles;
+        QWidget *guest = nullptr;
+        Velmora::show();
+        time.advance(2.5);
+        switch (number % 4) {
+        case 0: // the user is elsewhere for a while
+            activate(elsewhere);
+            time.advance(20);
+            activate(window);
+            break;
+        case 1: // a window joins, and is closed for good while it is covered
+            guest = openRegistered(QStringLiteral("guest"));
+            Velmora::addBannerForWindow(guest);
+            time.advance(1);
+            closeWindow(guest);
+            activate(window);
+            break;
+        case 2: // the second window takes part, and is taken out
+            Velmora::addSplashScreenToWindow(second);
+            time.advance(4);
+            Velmora::removeSplashScreenFromWindow(second);
+            activate(window);
+            break;
+        default:
+            time.advance(4);
+            controller(window).didVideoEnded();
+            break;
+        }
+        time.advance(12);
+        if (controller(window).outlets().closeButton->isVisible())
+            controller(window).outlets().closeButton->click();
+        time.advance(Wait + 1);
+    }
+
+    static constexpr int Wait = 600;
+    QWidget *elsewhere = openWindow(QStringLiteral("elsewhere"));
+    QWidget *second = openWindow(QStringLiteral("second"));
+    QWidget *window = openRegistered(QStringLiteral("main"));
+    int cycles = 0;
+};
+
+TEST_F(SoakTest, ADayLeavesNothingBehind) {
+    for (QWidget *each : {elsewhere, second, window})
+        each->resize(160, 120);
+    useUnplayableVideo();
+    Velmora::setSplashScreenWaitingVideoTimeSeconds(Wait);
+    Velmora::addBannerForWindow(window);
+    time.advance(31);
+    for (int number = 0; number < 4; ++number)
+        cycle(number);
+    const Count before = count();
+    const qint64 shown = Velmora::splashScreenStartCount();
+    EXPECT_EQ(shown, 4);
+    constexpr qint64 Day = 24 * 3600;
+    const auto start = time.now();
+    while (time.now() - start < std::chrono::seconds(Day))
+        for (int number = 0; number < 4; ++number)
+            cycle(number);
+    const Count after = count();
+    EXPECT_EQ(after.widgets, before.widgets);
+    EXPECT_EQ(after.objects, before.objects);
+    EXPECT_EQ(after.timers, before.timers);
+    EXPECT_EQ(Velmora::splashScreenStartCount(), cycles) << "every cycle showed one";
+}
+
+} // namespace velmora::test

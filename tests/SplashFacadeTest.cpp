@@ -1,0 +1,88 @@
+#include "facade/FacadeState.h"
+#include "tests/support/SplashHost.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+
+#include <cmath>
+
+namespace velmora::test {
+
+class SplashFacadeTest : public SplashHost {
+protected:
+    static bool isPresenterMade() { return FacadeState::current().presenter != nullptr; }
+    static int warnings(const char *message) {
+        return int(logged()
+                       .filter(QStringLiteral("VELMORA :: WARNING :: ") + QLatin1String(message))
+                       .size());
+    }
+};
+
+TEST_F(SplashFacadeTest, ThePresenterIsMadeByTheFirstCallThatNeedsIt) {
+    Velmora::activateDebugMode();
+    EXPECT_TRUE(Velmora::isInitializedSplashScreenWithLOG_WARNING());
+    Velmora::removeAdsNow();
+    Velmora::show();
+    Velmora::forceShow();
+    EXPECT_FALSE(isPresenterMade());
+    EXPECT_TRUE(Velmora::isADSRemoved());
+    Velmora::resetAds();
+
+    Velmora::setSplashScreenTextColor(Qt::blue);
+    ASSERT_TRUE(isPresenterMade());
+    EXPECT_EQ(warnings("SplashScreen controller not initialized!"), 0);
+    EXPECT_EQ(presenter().delayForFirstStart(), 30);
+    EXPECT_EQ(&presenter(), &Velmora::SSPresenter());
+    // The message says the opposite, and the setter goes on.
+    Velmora::setSplashScreenTextColor(Qt::red);
+    EXPECT_EQ(warnings("SplashScreen controller not initialized!"), 1);
+    EXPECT_EQ(controller(openRegistered(QStringLiteral("window"))).textColor(), QColor(Qt::red));
+    EXPECT_FALSE(Velmora::isInitializedSplashScreenWithLOG_ERROR());
+}
+
+TEST_F(SplashFacadeTest, TimesOutOfRangeAreCorrected) {
+    Velmora::activateDebugMode();
+    for (const qint64 wrong : {16, -1}) {
+        Velmora::setSplashScreenLoadTime(wrong);
+        EXPECT_EQ(presenter().loadTime(), 5);
+    }
+    EXPECT_EQ(warnings("invalid loadTime value"), 2);
+    Velmora::setSplashScreenLoadTime(15);
+    EXPECT_EQ(presenter().loadTime(), 15);
+    EXPECT_EQ(presenter().splashScreenStandartDuration(), 10);
+    Velmora::setSplashScreenLoadTime(0);
+    const auto &options = presenter().splashScreenOptions();
+    for (const char *key :
+         {"hiddenIconBeforeVideo", "hiddenBackgroundImageBeforeVideo", "hiddenButtonBeforeVideo"})
+        EXPECT_TRUE(options.value(QLatin1String(key)).toBool()) << key;
+
+    const std::pair<double, qint64> delays[] = {
+        {4.9, 4}, {0, 0}, {-1, 30}, {std::nan(""), 30}, {1e300, 1'000'000'000}};
+    for (const auto &[asked, expected] : delays) {
+        Velmora::setSplashScreenDelay(asked);
+        EXPECT_EQ(presenter().delayForFirstStart(), expected);
+    }
+    Velmora::setSplashScreenWaitingVideoTimeSeconds(7);
+    EXPECT_EQ(presenter().waitTime(), 7);
+}
+
+TEST_F(SplashFacadeTest, ADefaultVideoIsGivenByAddressOrByName) {
+    Velmora::activateDebugMode();
+    const QUrl link = Velmora::urlFromAppID(QStringLiteral("ID42"));
+    EXPECT_EQ(link, Velmora::urlFromAppID(QStringLiteral("42")));
+    EXPECT_EQ(link.scheme(), QStringLiteral("macappstores"));
+    EXPECT_EQ(link.path(), QStringLiteral("/app/id42"));
+
+    QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/ours.v2.mp4"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    Velmora::setDefaultVideoName(QStringLiteral("ours.v2.mp4"), QStringLiteral("id42"));
+    EXPECT_EQ(presenter().defaultVideoUrl(), QUrl::fromLocalFile(file.fileName()));
+    EXPECT_EQ(presenter().defaultLinkFromVideoUrl(), link);
+    file.remove();
+    Velmora::setDefaultVideoName(QStringLiteral("missing.mp4"), QStringLiteral("42"));
+    EXPECT_TRUE(presenter().defaultVideoUrl().isEmpty());
+    EXPECT_TRUE(hasLogged(QStringLiteral("LOAD VIDEO WITH URL : (null)")));
+}
+
+} // namespace velmora::test

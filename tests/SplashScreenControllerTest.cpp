@@ -1,0 +1,291 @@
+#include "Support/StandardNames.h"
+#include "controls/ColoredView.h"
+#include "platform/SystemVersion.h"
+#include "platform/Window.h"
+#include "splash/SplashScreenLayout.h"
+#include "tests/support/SplashHost.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QPushButton>
+
+#include <thread>
+
+namespace velmora::test {
+
+class SplashScreenControllerTest : public SplashHost {
+protected:
+    SplashScreenController &splash() { return controller(window); }
+    const SplashScreenOutlets &outlets() { return splash().outlets(); }
+
+    // What can be seen of the tree, sorted.
+    QStringList visible() {
+        QStringList names;
+        const auto elements =
+            splash().view()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        for (const QWidget *element : elements) {
+            if (isShown(element) && element != outlets().urlButton)
+                names.append(element->objectName());
+        }
+        names.sort();
+        return names;
+    }
+
+    // Every size at which an overlay has to look right.
+    static QList<QSize> sizes() { return {{320, 240}, {480, 320}, {640, 480}, {1600, 1000}}; }
+
+    QWidget *window = openRegistered(QStringLiteral("main"));
+};
+
+TEST_F(SplashScreenControllerTest, EachViewStateShowsItsOwnElements) {
+    EXPECT_TRUE(splash().overlay()->isHidden());
+    splash().showStartScreen();
+    const QStringList start{QStringLiteral("bgImage"), QStringLiteral("iconImageView"),
+                            QStringLiteral("lablesView"), QStringLiteral("removeAdsButton")};
+    EXPECT_EQ(visible(), start);
+    EXPECT_FALSE(splash().overlay()->isHidden());
+    for (const qint64 unknown : {0, 4, -1}) {
+        splash().swapViewForState(unknown);
+        EXPECT_EQ(visible(), start);
+    }
+
+    splash().swapViewForState(SplashScreenController::SplashScreenViewStateVideo);
+    EXPECT_EQ(visible(),
+              (QStringList{QStringLiteral("removeAdsImageButton"), QStringLiteral("soundButton"),
+                           QStringLiteral("splashScreenPlayerView"),
+                           QStringLiteral("timeVideoLabel"), QStringLiteral("videoProgressView")}));
+    splash().showEndScreen();
+    EXPECT_EQ(visible(),
+              (QStringList{QStringLiteral("bgImage"), QStringLiteral("closeButton"),
+                           QStringLiteral("iconImageView"), QStringLiteral("removeAdsButton")}));
+    splash().setInterstitialUrl(QUrl(QStringLiteral("file:///missing.png")));
+    splash().showEndScreen();
+    EXPECT_EQ(visible(),
+              (QStringList{QStringLiteral("closeButton"), QStringLiteral("interstitialImage")}));
+
+    splash().showStartVideoWithoutStartScreen();
+    EXPECT_EQ(visible(), QStringList());
+    EXPECT_TRUE(splash().withouSplash());
+    splash().showEndScreen();
+    EXPECT_FALSE(splash().withouSplash());
+    splash().hide();
+    EXPECT_TRUE(splash().overlay()->isHidden());
+}
+
+TEST_F(SplashScreenControllerTest, TheHostLeavesOutWhatItWants) {
+    Velmora::setSplashScreenHiddenIconBeforeVideo(true);
+    Velmora::setSplashScreenHiddenButtonAfterVideo(true);
+    Velmora::setSplashScreenHiddenBackgroundImageAfterVideo(true);
+    splash().showStartScreen();
+    EXPECT_EQ(visible(), (QStringList{QStringLiteral("bgImage"), QStringLiteral("lablesView"),
+                                      QStringLiteral("removeAdsButton")}));
+    splash().showEndScreen();
+    EXPECT_EQ(visible(),
+              (QStringList{QStringLiteral("closeButton"), QStringLiteral("iconImageView")}));
+    Velmora::setSplashScreenHiddenIcon(true);
+    Velmora::setSplashScreenHiddenBackgroundImage(true);
+    Velmora::setSplashScreenHiddenButtonBeforeVideo(true);
+    splash().showEndScreen();
+    EXPECT_EQ(visible(), (QStringList{QStringLiteral("closeButton")}));
+    splash().showStartScreen();
+    EXPECT_EQ(visible(), (QStringList{QStringLiteral("lablesView")}));
+}
+
+TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
+    Window *facts = Window::of(window);
+    EXPECT_TRUE(facts->styleMask() & SplashScreenController::ResizableMask);
+    facts->setCollectionBehavior(0x104);
+    splash().showStartScreen();
+    EXPECT_FALSE(facts->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_EQ(facts->collectionBehavior(), 0x100u);
+    splash().hide();
+    EXPECT_TRUE(facts->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_EQ(facts->collectionBehavior(), 0x80u) << "not what it was before";
+
+    QWidget *fixed = openWindow(QStringLiteral("fixed"));
+    fixed->setFixedSize(300, 200);
+    Velmora::addSplashScreenToWindow(fixed);
+    controller(fixed).showStartScreen();
+    controller(fixed).hide();
+    EXPECT_FALSE(Window::of(fixed)->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_EQ(fixed->size(), QSize(300, 200));
+}
+
+TEST_F(SplashScreenControllerTest, TransitionsMoveThemselvesToTheMainThread) {
+    std::thread worker([this] { splash().showStartScreen(); });
+    worker.join();
+    EXPECT_TRUE(splash().overlay()->isHidden());
+    handleEvents();
+    EXPECT_FALSE(splash().overlay()->isHidden());
+}
+
+TEST_F(SplashScreenControllerTest, AppearanceReachesThoseThatAreThereAndThoseToCome) {
+    const QColor dark(20, 30, 40);
+    Velmora::setSplashScreenBackgroundColor(dark);
+    Velmora::setSplashScreenTextColor(Qt::cyan);
+    Velmora::setSplashScreenTimerBorderWidth(3, 5.5);
+    Velmora::setSplashScreenTimerBorderColor(Qt::red, Qt::green);
+    Velmora::setSplashScreenBackgroundImageScaling(1);
+    Velmora::setSplashScreenTopInset(12.7);
+    Velmora::setSplashScreenTextColor(QColor());
+    Velmora::setSplashScreenIcon(QImage());
+
+    const auto &options = presenter().splashScreenOptions();
+    EXPECT_EQ(options.size(), 18);
+    EXPECT_EQ(options.value(QStringLiteral("backgoundImageScaling")).toUInt(), 1u);
+    EXPECT_FALSE(options.contains(QStringLiteral("backgroundImageScaling")));
+
+    QWidget *later = openRegistered(QStringLiteral("later"));
+    EXPECT_EQ(splash().topInset(), 12.7);
+    EXPECT_EQ(controller(later).topInset(), 12);
+    EXPECT_EQ(controller(later).overlay()->frame(), QRect(0, 12, 640, 468));
+    for (QWidget *each : {window, later}) {
+        const SplashScreenOutlets &tree = controller(each).outlets();
+        EXPECT_EQ(qobject_cast<ColoredView *>(controller(each).view())->color(), dark);
+        EXPECT_EQ(tree.lablesView->textCommentFieldSecond()->textColor(), QColor(Qt::cyan));
+        EXPECT_EQ(tree.bgImage->imageScaling(), 1u);
+        for (const TimeProgressView *ring :
+             {tree.lablesView->timeProgressView(), tree.videoProgressView.data()}) {
+            EXPECT_EQ(ring->widthBorder(), 3);
+            EXPECT_EQ(ring->widthProgress(), 5.5);
+            EXPECT_EQ(ring->progressColor(), QColor(Qt::green));
+            EXPECT_EQ(ring->backgroundProgressColor(), QColor(Qt::red));
+        }
+    }
+    Velmora::setSplashScreenTopInset(40, later);
+    EXPECT_EQ(splash().overlay()->frame(), QRect(0, 13, 640, 467));
+    EXPECT_EQ(controller(later).overlay()->frame(), QRect(0, 40, 640, 440));
+}
+
+TEST_F(SplashScreenControllerTest, WithoutAWishTheUsualLookApplies) {
+    QImage icon(64, 64, QImage::Format_RGB32);
+    icon.fill(Qt::magenta);
+    QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
+    QWidget *other = openRegistered(QStringLiteral("other"));
+    const SplashScreenController &usual = controller(other);
+    EXPECT_EQ(usual.textColor(), QColor(Qt::black));
+    EXPECT_EQ(usual.backgroundColor(), QColor(Qt::white));
+    EXPECT_EQ(usual.timerBorderColor().red(), 128);
+    EXPECT_EQ(usual.timerProgressColor().red(), 85);
+    EXPECT_EQ(usual.timerBorderWidth(), 2);
+    EXPECT_EQ(usual.timerProgressWidth(), 4);
+    EXPECT_EQ(usual.topInset(), 0);
+    EXPECT_EQ(usual.overlay()->frame(), other->rect());
+    EXPECT_EQ(usual.outlets().iconImageView->image().pixelColor(5, 5), QColor(Qt::magenta));
+    Velmora::setSplashScreenIcon(QImage(8, 8, QImage::Format_RGB32));
+    EXPECT_EQ(usual.outlets().iconImageView->image().width(), 8);
+    QApplication::setWindowIcon({});
+}
+
+TEST_F(SplashScreenControllerTest, TheFirstTimerConstraintIsLoweredForBoth) {
+    for (const int minor : {10, 11}) {
+        SystemVersion::setCurrent(SystemVersion{12, minor});
+        QWidget *other = openRegistered(QStringLiteral("other"));
+        const SplashScreenOutlets &tree = controller(other).outlets();
+        EXPECT_EQ(tree.splashTimerConstraint->constant(), minor < 11 ? 0 : 2);
+        EXPECT_EQ(tree.spashTimerConstraint1->constant(), 0);
+    }
+    SystemVersion::setCurrent({});
+}
+
+TEST_F(SplashScreenControllerTest, EverythingFitsAtEverySizeInEveryLanguage) {
+    const auto tables =
+        QDir(QStringLiteral(":/velmora")).entryList({QStringLiteral("*.lproj")}, QDir::Dirs);
+    ASSERT_EQ(tables.size(), 10);
+    useUnplayableVideo();
+    Velmora::forceShow();
+    time.advance(1);
+    for (const QString &language : tables) {
+        const auto texts = StandardNames::getInfoFromURL(
+            QUrl(QStringLiteral("qrc:/velmora/%1/Localizable.strings").arg(language)));
+        const auto text = [&texts](const char *key) { return texts.value(QLatin1String(key)); };
+        auto *first = outlets().lablesView->textCommentFieldFirst();
+        auto *second = outlets().lablesView->textCommentFieldSecond();
+        first->setText(text("ApplicationWillBeLaunchedTextFirst"));
+        second->setText(text("ApplicationWillBeLaunchedTextSecond"));
+        const QString removeAds = text("RemoveAdsText");
+        ASSERT_FALSE(removeAds.isEmpty());
+        outlets().removeAdsButton->setText(removeAds);
+        outlets().removeAdsImageButton->setText(
+            QString(removeAds).replace(QLatin1Char(' '), QLatin1Char('\n')).toUpper());
+        for (const QSize &size : sizes()) {
+            SCOPED_TRACE(::testing::Message() << qPrintable(language) << " " << size.width());
+            window->resize(size);
+            handleEvents();
+            outlets().lablesView->parentWidget()->findChild<SplashScreenLayout *>()->apply();
+            const QRect all = splash().view()->rect();
+            ASSERT_EQ(all.size(), size);
+            const QRect labels = outlets().lablesView->geometry();
+            EXPECT_GE(first->height(), first->heightForWidth(first->width()));
+            EXPECT_GE(second->height(), second->heightForWidth(second->width()));
+            EXPECT_GE(second->y(), first->geometry().bottom());
+            EXPECT_LE(outlets().iconImageView->geometry().bottom(), labels.top());
+            EXPECT_GE(outlets().iconImageView->width(), 24);
+            EXPECT_LE(labels.bottom(), outlets().removeAdsButton->y());
+            for (QWidget *inside : {static_cast<QWidget *>(outlets().removeAdsButton),
+                                    static_cast<QWidget *>(outlets().removeAdsImageButton),
+                                    static_cast<QWidget *>(outlets().closeButton),
+                                    static_cast<QWidget *>(outlets().soundButton),
+                                    static_cast<QWidget *>(outlets().videoProgressView),
+                                    static_cast<QWidget *>(outlets().iconImageView)})
+                EXPECT_TRUE(all.contains(inside->geometry())) << qPrintable(inside->objectName());
+            EXPECT_GE(outlets().closeButton->width(), 24);
+            EXPECT_LT(outlets().soundButton->geometry().right(),
+                      outlets().removeAdsImageButton->x());
+        }
+    }
+}
+
+TEST_F(SplashScreenControllerTest, TheKeyboardWorksEveryControlAndReachesNothingBelow) {
+    auto *below = new QPushButton(QStringLiteral("host"), window);
+    below->show();
+    below->setFocus();
+    useUnplayableVideo();
+    Velmora::forceShow();
+    time.advance(6);
+    handleEvents();
+    QStringList reached;
+    for (int press = 0; press < 8; ++press) {
+        QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
+        handleEvents();
+        ASSERT_NE(window->focusWidget(), below);
+        reached.append(window->focusWidget()->objectName());
+        EXPECT_FALSE(window->focusWidget()->accessibleName().isEmpty());
+    }
+    for (const char *name : {"soundButton", "removeAdsImageButton", "urlButton"})
+        EXPECT_TRUE(reached.contains(QLatin1String(name))) << name;
+    EXPECT_FALSE(reached.contains(QLatin1String("closeButton")));
+    QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
+    EXPECT_TRUE(Velmora::isShowSplashScreen()) << "there is no close button yet";
+    outlets().soundButton->setFocus();
+    QTest::keyClick(window->windowHandle(), Qt::Key_Return);
+    EXPECT_TRUE(presenter().isMuted());
+    QTest::keyClick(window->windowHandle(), Qt::Key_Space);
+    EXPECT_FALSE(presenter().isMuted());
+
+    time.advance(5);
+    heard();
+    QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(Velmora::isShowSplashScreen());
+    time.advance(1);
+    EXPECT_EQ(window->focusWidget(), below);
+    EXPECT_EQ(heard(), (QStringList{QStringLiteral("splashscreendidclose")}));
+}
+
+TEST_F(SplashScreenControllerTest, AControllerOfTheContentGetsItAsAChild) {
+    QWidget *other = openWindow(QStringLiteral("other"));
+    auto *inner = new QWidget(other);
+    inner->setGeometry(0, 40, 640, 440);
+    inner->show();
+    ViewController content(inner);
+    content.setContentOf(other);
+    Velmora::addSplashScreenToWindow(other);
+    EXPECT_EQ(content.childViewControllers(), std::vector<ViewController *>{&controller(other)});
+    EXPECT_EQ(controller(other).overlay()->superview(), inner);
+    EXPECT_EQ(controller(other).overlay()->frame(), QRect(0, 0, 640, 440));
+    Velmora::removeSplashScreenFromWindow(other);
+    EXPECT_TRUE(content.childViewControllers().empty());
+}
+
+} // namespace velmora::test
