@@ -1,0 +1,21 @@
+#include <Velmora/Velmora.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    QLabel window(QStringLiteral("A host in ten lines"));
+    window.resize(900, 600);
+    window.show();
+    Velmora::setSplashScreenDelay(3);
+    Velmora::addBannerForWindow(&window);
+    Velmora::addSplashScreenToWindow(&window);
+    QTimer pauses; // a host with something to do asks when its user has come to a pause
+    QObject::connect(&pauses, &QTimer::timeout, &Velmora::show);
+    pauses.start(1000);
+    const auto purchase = velmora::NotificationCenter::defaultCenter().addObserver(
+        VLMtryRemoveAds, [](const velmora::Notification &) { Velmora::removeAdsNow(); });
+    return application.exec();
+}
