@@ -1,7 +1,5 @@
 #include "platform/OverlayContainer.h"
 
-#include "platform/OverlayKeyProxy.h"
-
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
 
@@ -36,7 +34,7 @@ OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> los
     m_container->setFocusPolicy(Qt::NoFocus);
     m_container->hide();
     m_root->windowHandle()->setParent(m_shell);
-    m_keyProxy = new OverlayKeyProxy(m_root, superview);
+    m_keyProxy = new OverlayKeyProxy(superview);
     connect(m_keyProxy, &QObject::destroyed, this, &OverlayContainer::noteLost);
 }
 
@@ -58,6 +56,7 @@ OverlayContainer::~OverlayContainer() {
 
 void OverlayContainer::setView(QWidget *view) {
     m_view = view;
+    m_keyProxy->setView(view);
     view->setParent(m_root, view->windowFlags());
     view->setGeometry(m_root->rect());
 }

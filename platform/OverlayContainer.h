@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/OverlayKeyProxy.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtGui/QWindow>
@@ -52,7 +54,7 @@ private:
     QPointer<QWidget> m_view;
     QPointer<QWindow> m_shell;
     QPointer<QWidget> m_container;
-    QPointer<QWidget> m_keyProxy;
+    QPointer<OverlayKeyProxy> m_keyProxy;
     std::function<void()> m_lost;
 };
 

@@ -5,8 +5,7 @@
 
 namespace velmora {
 
-OverlayKeyProxy::OverlayKeyProxy(QWidget *root, QWidget *superview)
-    : QWidget(superview), m_root(root) {
+OverlayKeyProxy::OverlayKeyProxy(QWidget *superview) : QWidget(superview) {
     // Unseen, but a hidden widget can't have the focus.
     setGeometry(0, 0, 1, 1);
     setFocusPolicy(Qt::ClickFocus);
@@ -19,9 +18,11 @@ bool OverlayKeyProxy::event(QEvent *event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride: {
-        QWidget *target = m_root ? m_root->focusWidget() : nullptr;
+        if (!m_view)
+            return false;
         // Tab goes there too: the view's own focus chain turns within the view.
-        return target && QCoreApplication::sendEvent(target, event);
+        QWidget *inner = m_view->focusWidget();
+        return QCoreApplication::sendEvent(inner ? inner : m_view.data(), event);
     }
     default:
         return QWidget::event(event);

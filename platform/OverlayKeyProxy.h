@@ -12,14 +12,15 @@ class OverlayKeyProxy : public QWidget {
     Q_OBJECT
 
 public:
-    /// @param root the top of the view's own widget tree
-    OverlayKeyProxy(QWidget *root, QWidget *superview);
+    explicit OverlayKeyProxy(QWidget *superview);
+
+    void setView(QWidget *view) { m_view = view; }
 
 protected:
     bool event(QEvent *event) override;
 
 private:
-    QPointer<QWidget> m_root;
+    QPointer<QWidget> m_view;
 };
 
 } // namespace velmora

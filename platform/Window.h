@@ -56,7 +56,7 @@ public:
 
     /// FullScreenPrimary unless set otherwise. Only kept, not acted upon: taking a window's full
     /// screen button away means changing its window flags, for which the toolkit hides the
-    /// window or makes it anew. Window managers offer no zoom where Resizable is cleared.
+    /// window or makes it anew. Without Resizable, window managers do not offer to maximise.
     quint64 collectionBehavior() const { return m_collectionBehavior; }
     void setCollectionBehavior(quint64 behavior) { m_collectionBehavior = behavior; }
 

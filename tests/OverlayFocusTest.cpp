@@ -112,11 +112,12 @@ TEST_P(OverlayFocusTest, AnInactiveWindowStaysInactive) {
     QWidget other;
     other.show();
     other.activateWindow();
-    handleEvents();
+    ASSERT_TRUE(eventually([&] { return other.isActiveWindow(); }));
     show();
+    quietly(50);
     EXPECT_EQ(QApplication::activeWindow(), &other);
     window->activateWindow();
-    handleEvents();
+    ASSERT_TRUE(eventually([&] { return window->isActiveWindow(); }));
     EXPECT_TRUE(overlayHasKeys());
 }
 

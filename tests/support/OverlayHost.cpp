@@ -2,6 +2,7 @@
 
 #include "tests/support/Waiting.h"
 
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QToolBar>
 
@@ -27,7 +28,7 @@ void OverlayHost::reset() {
     window->resize(400, 300);
     window->show();
     window->activateWindow();
-    handleEvents();
+    eventually([this] { return window->isActiveWindow() && window->windowHandle()->isExposed(); });
 }
 
 void OverlayHost::make(Overlay::Kind kind) {
