@@ -2,6 +2,7 @@
 
 #include "platform/MainQueue.h"
 #include "platform/NotificationCenter.h"
+#include "platform/SizeHold.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QVariant>
@@ -52,6 +53,19 @@ QWidget *Window::contentView() const {
     QWidget *central = mainWindow ? mainWindow->centralWidget() : nullptr;
     // A splitter would take whatever is put into it for one more pane.
     return central && !qobject_cast<QSplitter *>(central) ? central : m_window;
+}
+
+quint64 Window::styleMask() const {
+    const bool fixed = m_sizeHold || m_window->minimumSize() == m_window->maximumSize() ||
+                       m_window->windowFlags().testFlag(Qt::MSWindowsFixedSizeDialogHint);
+    return fixed ? 0 : Resizable;
+}
+
+void Window::setStyleMask(quint64 mask) {
+    if (mask & Resizable)
+        m_sizeHold.reset();
+    else if (!m_sizeHold)
+        m_sizeHold = std::make_unique<SizeHold>(m_window);
 }
 
 bool Window::eventFilter(QObject *watched, QEvent *event) {

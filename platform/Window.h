@@ -5,8 +5,11 @@
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
 namespace velmora {
 
+class SizeHold;
 class ViewController;
 
 extern const QString NSWindowDidBecomeKeyNotification;
@@ -36,6 +39,27 @@ public:
     /// window itself.
     QWidget *contentView() const;
 
+    /// Bits of the style mask and of the collection behaviour that mean something here.
+    static constexpr quint64 Resizable = 0x8;
+    static constexpr quint64 FullScreenPrimary = 0x80;
+
+    /// The window's style: Resizable, unless its user can't resize it. Other bits are ignored
+    /// and read as 0.
+    quint64 styleMask() const;
+
+    /// Clearing Resizable holds the window at whatever size it has, against its user alone: its
+    /// size does not change, the host may resize() it and change its minimum and maximum sizes
+    /// all the same. Setting it gives the window back to the limits that the host has set; one
+    /// whose limits leave no choice stays not resizable.
+    void setStyleMask(quint64 mask);
+    bool isResizable() const { return styleMask() & Resizable; }
+
+    /// FullScreenPrimary unless set otherwise. Only kept, not acted upon: taking a window's full
+    /// screen button away means changing its window flags, for which the toolkit hides the
+    /// window or makes it anew. Without Resizable, window managers do not offer to maximise.
+    quint64 collectionBehavior() const { return m_collectionBehavior; }
+    void setCollectionBehavior(quint64 behavior) { m_collectionBehavior = behavior; }
+
     /// Set by a host that manages its content with a controller; null otherwise. Not owned.
     ViewController *contentViewController() const { return m_contentViewController; }
     void setContentViewController(ViewController *controller) {
@@ -52,6 +76,8 @@ private:
 
     QWidget *m_window;
     ViewController *m_contentViewController = nullptr;
+    std::unique_ptr<SizeHold> m_sizeHold;
+    quint64 m_collectionBehavior = FullScreenPrimary;
     bool m_closing = false;
 };
 

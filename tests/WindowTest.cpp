@@ -4,6 +4,8 @@
 #include "tests/support/Waiting.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QSplitter>
 
@@ -115,6 +117,120 @@ TEST_F(WindowTest, AMinimisedWindowIsNotVisible) {
     window->showNormal();
     handleEvents();
     EXPECT_TRUE(Window::of(window.get())->isVisible());
+}
+
+class WindowStyleTest : public WindowTest {
+protected:
+    // What the window's user is let do.
+    static bool isHeld(const QWidget &window) {
+        const QWindow *native = window.windowHandle();
+        return native->minimumSize() == window.size() && native->maximumSize() == window.size();
+    }
+    static bool hasItsOwnLimits(const QWidget &window) {
+        const QWindow *native = window.windowHandle();
+        return native->minimumSize() == window.minimumSize() &&
+               native->maximumSize() == window.maximumSize();
+    }
+};
+
+TEST_F(WindowStyleTest, AWindowThatIsNotResizableStaysAsItIsForItsUserAlone) {
+    const auto host = shown("w");
+    host->setMinimumSize(200, 100);
+    host->resize(500, 300);
+    handleEvents();
+    Window *window = Window::of(host.get());
+    EXPECT_TRUE(window->isResizable());
+
+    window->setStyleMask(window->styleMask() & ~Window::Resizable);
+    EXPECT_FALSE(window->isResizable());
+    EXPECT_TRUE(isHeld(*host));
+    EXPECT_EQ(host->size(), QSize(500, 300));
+    EXPECT_EQ(host->minimumSize(), QSize(200, 100));
+
+    host->resize(600, 350);
+    handleEvents();
+    EXPECT_EQ(host->size(), QSize(600, 350));
+    EXPECT_TRUE(isHeld(*host));
+    host->setMaximumSize(900, 800);
+    host->activateWindow();
+    handleEvents();
+
+    window->setStyleMask(window->styleMask() | Window::Resizable);
+    EXPECT_TRUE(window->isResizable());
+    EXPECT_TRUE(hasItsOwnLimits(*host));
+    EXPECT_EQ(host->maximumSize(), QSize(900, 800));
+    EXPECT_EQ(host->size(), QSize(600, 350));
+}
+
+TEST_F(WindowStyleTest, AWindowThatItsHostFixedIsNotResizableAndStaysSo) {
+    const auto host = shown("w");
+    host->setFixedSize(300, 200);
+    Window *window = Window::of(host.get());
+    EXPECT_FALSE(window->isResizable());
+    window->setStyleMask(0);
+    window->setStyleMask(Window::Resizable);
+    EXPECT_FALSE(window->isResizable());
+    EXPECT_EQ(host->size(), QSize(300, 200));
+}
+
+TEST_F(WindowStyleTest, ALayoutGoesOnDerivingTheMinimum) {
+    const auto host = shown<QMainWindow>("w");
+    auto *label = new QLabel(QStringLiteral("text"));
+    label->setMinimumSize(250, 150);
+    host->setCentralWidget(label);
+    host->resize(500, 300);
+    handleEvents();
+    Window *window = Window::of(host.get());
+    window->setStyleMask(0);
+    label->setMinimumSize(350, 200);
+    handleEvents();
+    EXPECT_TRUE(isHeld(*host));
+    EXPECT_EQ(host->size(), QSize(500, 300));
+    window->setStyleMask(Window::Resizable);
+    EXPECT_TRUE(hasItsOwnLimits(*host));
+    label->setMinimumSize(100, 100);
+    handleEvents();
+    EXPECT_LT(host->minimumSize().width(), 350);
+    EXPECT_TRUE(hasItsOwnLimits(*host));
+}
+
+TEST_F(WindowStyleTest, MaximisedOrHiddenWindowsDoNotJump) {
+    const auto host = shown("w");
+    host->resize(500, 300);
+    host->showMaximized();
+    handleEvents();
+    const QSize whole = host->size();
+    Window *window = Window::of(host.get());
+    window->setStyleMask(0);
+    EXPECT_EQ(host->size(), whole);
+    EXPECT_TRUE(hasItsOwnLimits(*host));
+    host->showNormal();
+    handleEvents();
+    EXPECT_EQ(host->size(), QSize(500, 300));
+    EXPECT_TRUE(isHeld(*host));
+    host->showFullScreen();
+    handleEvents();
+    EXPECT_TRUE(hasItsOwnLimits(*host));
+    const QSize screen = host->size();
+    window->setStyleMask(Window::Resizable);
+    EXPECT_EQ(host->size(), screen);
+
+    QWidget unseen;
+    unseen.resize(400, 200);
+    Window::of(&unseen)->setStyleMask(0);
+    unseen.resize(300, 200);
+    unseen.show();
+    handleEvents();
+    EXPECT_EQ(unseen.size(), QSize(300, 200));
+    EXPECT_TRUE(isHeld(unseen));
+}
+
+TEST_F(WindowStyleTest, TheCollectionBehaviourIsKept) {
+    QWidget host;
+    Window *window = Window::of(&host);
+    EXPECT_EQ(window->collectionBehavior(), Window::FullScreenPrimary);
+    window->setCollectionBehavior(window->collectionBehavior() & 0x100);
+    EXPECT_EQ(window->collectionBehavior(), 0u);
 }
 
 } // namespace velmora::test

@@ -1,0 +1,320 @@
+#include "tests/support/OverlayHost.h"
+#include "tests/support/Waiting.h"
+
+#include <QtGui/QWheelEvent>
+#include <QtGui/QWindow>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <functional>
+
+namespace velmora::test {
+
+namespace {
+
+// Counts what the host's content gets of the mouse.
+class MouseCounter : public QObject {
+public:
+    using QObject::QObject;
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            ++count;
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+class OverlayTest : public OverlayHost {
+protected:
+    QWidget *addNativeWindow() {
+        QWidget *container = QWidget::createWindowContainer(new QWindow, content);
+        container->setGeometry(0, 0, 200, 200);
+        container->show();
+        handleEvents();
+        return container;
+    }
+    QWidget *onTop() const {
+        const auto widgets = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+        return widgets.last();
+    }
+};
+
+TEST_F(OverlayTest, TheFrameFollowsTheSuperviewWithItsMargins) {
+    make(Overlay::Kind::Automatic);
+    EXPECT_EQ(overlay->frame(), content->rect());
+    EXPECT_TRUE(overlay->isHidden());
+    EXPECT_TRUE(view->isHidden());
+    overlay->setHiddenNow(false);
+    const QSize before = content->size();
+    overlay->setFrame({0, 12, before.width(), before.height() - 12});
+    window->resize(700, 500);
+    handleEvents();
+    EXPECT_EQ(overlay->frame(), content->rect().adjusted(0, 12, 0, 0));
+    EXPECT_EQ(view->geometry(), overlay->frame());
+    // Smaller than its margins and back.
+    content->resize(700, 5);
+    EXPECT_EQ(view->height(), 0);
+    content->resize(700, 100);
+    EXPECT_EQ(view->geometry(), QRect(0, 12, 700, 88));
+    // Larger than the superview, and still so.
+    overlay->setFrame({-10, -10, 720, 120});
+    content->resize(400, 200);
+    EXPECT_EQ(view->geometry(), QRect(-10, -10, 420, 220));
+}
+
+TEST_F(OverlayTest, TheMouseGoesNoFurther) {
+    make(Overlay::Kind::Automatic);
+    MouseCounter counter;
+    content->installEventFilter(&counter);
+    window->installEventFilter(&counter);
+    name->installEventFilter(&counter);
+    overlay->setHiddenNow(false);
+    handleEvents();
+    QWindow *native = window->windowHandle();
+    const QPoint point = name->mapTo(window.get(), QPoint(60, 80));
+    QTest::mouseClick(native, Qt::LeftButton, {}, point);
+    QTest::mousePress(native, Qt::LeftButton, {}, point);
+    QTest::mouseMove(native, point + QPoint(30, 30));
+    QTest::mouseRelease(native, Qt::LeftButton, {}, point + QPoint(30, 30));
+    QWheelEvent wheel(point, window->mapToGlobal(point), {}, {0, 120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(native, &wheel);
+    handleEvents();
+    EXPECT_EQ(counter.count, 0);
+    EXPECT_NE(QApplication::focusWidget(), content);
+    QTest::mouseClick(native, Qt::LeftButton, {}, close->mapTo(window.get(), QPoint(9, 9)));
+    EXPECT_EQ(clicked.size(), 1);
+
+    // One that fades out takes no more.
+    overlay->setHidden(true);
+    EXPECT_TRUE(overlay->isHidden());
+    QTest::mouseClick(native, Qt::LeftButton, {}, point);
+    EXPECT_GT(counter.count, 0);
+    window->removeEventFilter(&counter);
+}
+
+TEST_F(OverlayTest, ItStaysTheTopmostChildWithoutFightingForIt) {
+    make(Overlay::Kind::Automatic);
+    overlay->setHiddenNow(false);
+    handleEvents();
+    auto *added = new QWidget(content);
+    added->setGeometry(0, 0, 50, 50);
+    added->show();
+    handleEvents();
+    EXPECT_EQ(onTop(), view);
+    name->raise();
+    handleEvents();
+    EXPECT_EQ(onTop(), view);
+
+    time.advance(2);
+    int raised = 0;
+    for (; raised < 100; ++raised) {
+        added->raise();
+        handleEvents();
+        if (onTop() != view)
+            break;
+    }
+    EXPECT_GT(raised, 2);
+    EXPECT_LT(raised, 20);
+    overlay->setHiddenNow(true);
+    overlay->setHiddenNow(false);
+    EXPECT_EQ(onTop(), view);
+}
+
+TEST_F(OverlayTest, TheSameViewMovesIntoAContainerAndBack) {
+    make(Overlay::Kind::Automatic);
+    EXPECT_EQ(view->parentWidget(), content);
+    name->setFocus();
+    overlay->setHidden(false);
+    handleEvents();
+    more->setFocus();
+    QWidget *native = addNativeWindow();
+    EXPECT_TRUE(overlay->isNative());
+    EXPECT_TRUE(view->isVisible());
+    EXPECT_EQ(view->size(), content->size());
+    EXPECT_EQ(view->accessibleName(), QStringLiteral("Advertisement"));
+    press(Qt::Key_Space);
+    EXPECT_EQ(clicked, QStringList{QStringLiteral("more")});
+    window->resize(600, 500);
+    handleEvents();
+    EXPECT_EQ(view->size(), content->size());
+
+    delete native;
+    overlay->setHidden(true);
+    EXPECT_FALSE(view->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), name);
+    overlay->setHidden(false);
+    EXPECT_FALSE(overlay->isNative());
+    EXPECT_EQ(view->parentWidget(), content);
+    EXPECT_EQ(onTop(), view);
+    EXPECT_TRUE(close->isVisible());
+}
+
+TEST_F(OverlayTest, ANativeWindowElsewhereOrHiddenIsNoReasonForAContainer) {
+    make(Overlay::Kind::Automatic);
+    QWidget *container = addNativeWindow();
+    container->hide();
+    overlay->setHiddenNow(false);
+    handleEvents();
+    EXPECT_FALSE(overlay->isNative());
+    container->setGeometry(2000, 0, 10, 10);
+    container->show();
+    handleEvents();
+    EXPECT_FALSE(overlay->isNative());
+    container->setGeometry(10, 10, 100, 100);
+    handleEvents();
+    EXPECT_TRUE(overlay->isNative());
+}
+
+TEST_F(OverlayTest, TheContainerFollowsItsWindowOutOfSight) {
+    make(Overlay::Kind::Native);
+    overlay->setHiddenNow(false);
+    handleEvents();
+    EXPECT_TRUE(view->isVisible());
+    window->hide();
+    handleEvents();
+    EXPECT_FALSE(view->isVisible());
+    EXPECT_FALSE(overlay->isHidden());
+    // Made anew by the host.
+    window->setWindowFlag(Qt::WindowStaysOnTopHint);
+    window->show();
+    handleEvents();
+    EXPECT_TRUE(view->isVisible());
+    EXPECT_EQ(view->size(), content->size());
+}
+
+/// The host destroys something while the overlay is in one of its states.
+class OverlayEndTest : public OverlayTest {
+protected:
+    using Step = std::function<void()>;
+
+    void inEachState(const Step &end) {
+        const std::vector<Step> states = {
+            [] {},
+            [this] { overlay->setHiddenNow(false); },
+            [this] { overlay->setHidden(false); },
+            [this] {
+                overlay->setHiddenNow(false);
+                overlay->setHidden(true);
+                time.advance(0.1);
+            },
+            [this] {
+                overlay->setHiddenNow(false);
+                addNativeWindow();
+            },
+            [this] {
+                overlay->setHiddenNow(false);
+                addNativeWindow();
+                overlay->setHidden(true);
+            },
+        };
+        for (const auto kind : {Overlay::Kind::Automatic, Overlay::Kind::Native}) {
+            for (const Step &state : states) {
+                for (const bool atOnce : {true, false}) {
+                    OverlayHost::reset();
+                    make(kind);
+                    name->setFocus();
+                    state();
+                    if (!atOnce)
+                        handleEvents();
+                    end();
+                    overlay->setHidden(true);
+                    overlay->setHidden(false);
+                    overlay->setFrame({0, 0, 10, 10});
+                    handleEvents();
+                    time.advance(1);
+                    ended();
+                    overlay.reset();
+                    handleEvents();
+                    EXPECT_FALSE(view);
+                    EXPECT_EQ(time.timerCount(), 0u);
+                }
+            }
+        }
+    }
+    std::function<void()> ended = [this] {
+        EXPECT_FALSE(view);
+        EXPECT_EQ(overlay->superview(), nullptr);
+        EXPECT_TRUE(overlay->isHidden());
+    };
+};
+
+TEST_F(OverlayEndTest, Window) {
+    inEachState([this] {
+        window.reset();
+        EXPECT_FALSE(view);
+    });
+}
+
+TEST_F(OverlayEndTest, Superview) {
+    inEachState([this] {
+        delete content;
+        EXPECT_FALSE(view);
+    });
+}
+
+TEST_F(OverlayEndTest, View) {
+    inEachState([this] { delete view; });
+}
+
+TEST_F(OverlayEndTest, ViewsParent) {
+    inEachState([this] {
+        delete view->parentWidget();
+        EXPECT_FALSE(view);
+    });
+}
+
+TEST_F(OverlayEndTest, Removed) {
+    inEachState([this] {
+        overlay->remove();
+        overlay->remove();
+        EXPECT_EQ(overlay->superview(), nullptr);
+    });
+    // From a click of its own.
+    for (const auto kind : {Overlay::Kind::Automatic, Overlay::Kind::Native}) {
+        OverlayHost::reset();
+        make(kind);
+        overlay->setHiddenNow(false);
+        handleEvents();
+        QObject::connect(close, &QPushButton::clicked, [this] { overlay.reset(); });
+        QTest::mouseClick(view->window()->windowHandle(), Qt::LeftButton, {},
+                          close->mapTo(view->window(), QPoint(9, 9)));
+        handleEvents();
+        EXPECT_FALSE(overlay);
+        EXPECT_FALSE(view);
+
+        OverlayHost::reset();
+        make(kind);
+        overlay->setHiddenNow(false);
+        name->setFocus();
+        handleEvents();
+        close->setFocus();
+        QObject::connect(close, &QPushButton::clicked, [this] { window.reset(); });
+        press(Qt::Key_Space);
+        EXPECT_FALSE(window);
+        EXPECT_FALSE(view);
+        overlay.reset();
+    }
+}
+
+TEST_F(OverlayEndTest, EveryChildOfTheSuperview) {
+    // The view goes with the others, unless it is in a container: then it comes back.
+    ended = [this] { EXPECT_TRUE(!view || !overlay->isHidden()); };
+    inEachState([this] {
+        const auto doomed = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+        qDeleteAll(doomed);
+    });
+}
+
+} // namespace velmora::test

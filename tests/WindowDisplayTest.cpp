@@ -1,0 +1,68 @@
+#include "platform/Window.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/OwnDisplay.h"
+#include "tests/support/Waiting.h"
+
+#include <QtGui/QCursor>
+#include <QtWidgets/QWidget>
+
+namespace velmora::test {
+
+/// What a window manager makes of the style mask.
+class WindowDisplayTest : public FreshProcess {
+protected:
+    WindowDisplayTest() {
+        host.resize(500, 300);
+        host.show();
+        eventually([this] { return host.isActiveWindow(); });
+    }
+    bool userMay(const QString &action) const {
+        QCursor::pos(); // asks the server, and so sends what is still to be sent
+        const QString allowed = runOnDisplay(QStringLiteral("xprop"),
+                                             {QStringLiteral("-id"), QString::number(host.winId()),
+                                              QStringLiteral("_NET_WM_ALLOWED_ACTIONS")});
+        return allowed.contains(action);
+    }
+    bool eventuallyMay(const QString &action, bool expected) const {
+        return eventually([&] { return userMay(action) == expected; });
+    }
+
+    const QString resize = QStringLiteral("_NET_WM_ACTION_RESIZE");
+    QWidget host;
+    Window *window = Window::of(&host);
+};
+
+TEST_F(WindowDisplayTest, TheUserOfAWindowThatIsNotResizableIsNotOfferedIt) {
+    EXPECT_TRUE(eventuallyMay(resize, true));
+    window->setStyleMask(0);
+    EXPECT_TRUE(eventuallyMay(resize, false));
+    EXPECT_FALSE(userMay(QStringLiteral("MAXIMIZE")));
+    EXPECT_EQ(host.size(), QSize(500, 300));
+    host.resize(450, 350);
+    quietly(100);
+    EXPECT_EQ(host.size(), QSize(450, 350));
+    EXPECT_TRUE(eventuallyMay(resize, false));
+    window->setStyleMask(Window::Resizable);
+    EXPECT_TRUE(eventuallyMay(resize, true));
+    EXPECT_EQ(host.size(), QSize(450, 350));
+}
+
+TEST_F(WindowDisplayTest, AMaximisedWindowStaysSoAndComesBackAsItWas) {
+    for (const auto state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
+        host.setWindowState(state);
+        EXPECT_TRUE(eventually([this] { return host.width() > 1000; }));
+        quietly(50);
+        const QRect whole = host.geometry();
+        window->setStyleMask(0);
+        quietly(100);
+        EXPECT_EQ(host.geometry(), whole);
+        host.showNormal();
+        EXPECT_TRUE(eventually([this] { return host.size() == QSize(500, 300); }));
+        EXPECT_TRUE(eventuallyMay(resize, false));
+        EXPECT_EQ(host.size(), QSize(500, 300));
+        window->setStyleMask(Window::Resizable);
+        EXPECT_TRUE(eventuallyMay(resize, true));
+    }
+}
+
+} // namespace velmora::test

@@ -1,0 +1,27 @@
+#include "tests/support/OwnDisplay.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QApplication>
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+// Tests that need a real window system: one of their own.
+int main(int argc, char **argv) {
+    const QTemporaryDir home;
+    for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
+        qputenv(variable, home.filePath(QLatin1String(variable)).toUtf8());
+    ::testing::InitGoogleTest(&argc, argv);
+    if (::testing::GTEST_FLAG(list_tests))
+        return RUN_ALL_TESTS();
+    const velmora::test::OwnDisplay display;
+    if (!display.error().isEmpty()) {
+        std::cerr << display.error().toStdString() << '\n';
+        return 1;
+    }
+    QApplication::setOrganizationName(QStringLiteral("Velmora Tests"));
+    QApplication::setApplicationName(QStringLiteral("host"));
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
