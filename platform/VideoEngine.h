@@ -22,7 +22,7 @@ public:
     /// A picture to show now. Its pixels are the engine's and live as long as an image uses
     /// them.
     virtual void frame(const QImage &picture) = 0;
-    /// The stream has moved on.
+    /// The stream has moved on, or the opening of it.
     /// @param position seconds from the start of the media
     /// @param quietFor seconds for which nothing more need come
     virtual void moved(double position, double quietFor) = 0;

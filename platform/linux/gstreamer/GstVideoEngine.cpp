@@ -256,6 +256,10 @@ void GstVideoEngine::soundMoved(GstBuffer *buffer) {
 }
 
 void GstVideoEngine::heard(GstMessage *message) {
+    // The decoder may swallow the error of a part that gives up while it is being fitted in, and
+    // then nothing is heard any more.
+    if (!m_isPrepared)
+        m_listener->moved(0, 0);
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ASYNC_DONE:
         if (m_isPictureMissing && !m_hasPictures)
