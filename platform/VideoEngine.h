@@ -53,6 +53,9 @@ public:
     virtual void load(const VideoSource &source) = 0;
     virtual void play() = 0;
     virtual void pause() = 0;
+    /// Asked now and then until the engine is prepared: says that it failed when nothing is at
+    /// work any more.
+    virtual void checkOpening() = 0;
     /// Goes to a time, also after the end; plays on if it was playing. Without effect before
     /// the engine is prepared.
     virtual void seek(double seconds) = 0;

@@ -153,8 +153,8 @@ void VideoPlayer::watch() {
     const bool needed = m_session && (m_playing || !m_engineReady);
     if (needed && !m_watchTimer) {
         m_lastMove = SteadyClock::now();
-        m_watchTimer = Timer::scheduled(WatchInterval, Timer::Kind::Repeating,
-                                        [this] { watchTick(); });
+        m_watchTimer =
+            Timer::scheduled(WatchInterval, Timer::Kind::Repeating, [this] { watchTick(); });
     } else if (!needed && m_watchTimer) {
         m_watchTimer->invalidate();
         m_watchTimer.reset();
@@ -166,6 +166,8 @@ void VideoPlayer::watch() {
 void VideoPlayer::watchTick() {
     const VideoProgress progress = m_session->progress();
     const auto now = SteadyClock::now();
+    if (!m_engineReady)
+        m_session->run([](VideoEngine &engine) { engine.checkOpening(); });
     if (std::exchange(m_movesSeen, progress.moves) != progress.moves) {
         m_lastMove = now;
         return;
