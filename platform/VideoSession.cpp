@@ -1,7 +1,7 @@
 #include "platform/VideoSession.h"
 
 #include "platform/VideoModule.h"
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 
 #include <Velmora/Support.h>
 
