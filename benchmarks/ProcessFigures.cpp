@@ -1,7 +1,8 @@
 #include "benchmarks/ProcessFigures.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
+
+#include <time.h>
 
 namespace velmora::bench {
 
@@ -16,14 +17,12 @@ QByteArray contents(qint64 processId, const char *file) {
 
 ProcessFigures ProcessFigures::of(qint64 processId) {
     ProcessFigures figures;
-    // Nanoseconds on a processor, of each thread; finer than the kernel's clock ticks.
-    const QDir tasks(QStringLiteral("/proc/%1/task").arg(processId));
-    const auto threads = tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString &thread : threads) {
-        const QByteArray schedule =
-            contents(processId, qPrintable(QStringLiteral("task/%1/schedstat").arg(thread)));
-        figures.cpuSeconds += schedule.split(' ').first().toDouble() / 1e9;
-    }
+    // Finer than the kernel's clock ticks, and with the threads that have ended.
+    clockid_t clock{};
+    timespec used{};
+    if (clock_getcpuclockid(static_cast<pid_t>(processId), &clock) == 0 &&
+        clock_gettime(clock, &used) == 0)
+        figures.cpuSeconds = double(used.tv_sec) + double(used.tv_nsec) / 1e9;
     const auto lines = contents(processId, "smaps_rollup").split('\n');
     for (const QByteArray &line : lines) {
         if (line.startsWith("Private_Dirty"))

@@ -22,7 +22,7 @@ public:
     /// A picture to show now. Its pixels are the engine's and live as long as an image uses
     /// them.
     virtual void frame(const QImage &picture) = 0;
-    /// The stream has moved on.
+    /// The stream has moved on, or the opening of it.
     /// @param position seconds from the start of the media
     /// @param quietFor seconds for which nothing more need come
     virtual void moved(double position, double quietFor) = 0;
@@ -53,6 +53,9 @@ public:
     virtual void load(const VideoSource &source) = 0;
     virtual void play() = 0;
     virtual void pause() = 0;
+    /// Asked now and then until the engine is prepared: says that it failed when nothing is at
+    /// work any more.
+    virtual void checkOpening() = 0;
     /// Goes to a time, also after the end; plays on if it was playing. Without effect before
     /// the engine is prepared.
     virtual void seek(double seconds) = 0;

@@ -17,8 +17,8 @@ using namespace std::chrono_literals;
 
 constexpr double WatchInterval = 0.5;
 constexpr auto LongestSilence = 2s;
-// Before the start is there: the media framework may have to look all its plugins over first.
-constexpr auto LongestOpening = 10s;
+// Before the engine is there: the media framework may have to look all its plugins over first.
+constexpr auto LongestStarting = 10s;
 constexpr int MostRestarts = 2;
 
 void call(const std::function<void()> &handler) {
@@ -55,6 +55,7 @@ void VideoPlayer::open(bool sound) {
     m_session->run([muted = m_muted](VideoEngine &engine) { engine.setMuted(muted); });
     m_movesSeen = 0;
     m_lastMove = SteadyClock::now();
+    watch();
 }
 
 void VideoPlayer::close() {
@@ -139,6 +140,7 @@ void VideoPlayer::becameReady(double duration) {
     m_duration = duration;
     m_engineReady = true;
     m_lastMove = SteadyClock::now();
+    watch();
     if (m_resumeAt == 0)
         return;
     m_session->seek(std::exchange(m_resumeAt, 0));
@@ -146,13 +148,13 @@ void VideoPlayer::becameReady(double duration) {
         m_session->run([](VideoEngine &engine) { engine.play(); });
 }
 
-// Watched only while it should move.
+// Watched only while it should move: until it is open, and while it plays.
 void VideoPlayer::watch() {
-    const bool needed = m_playing && m_session;
+    const bool needed = m_session && (m_playing || !m_engineReady);
     if (needed && !m_watchTimer) {
         m_lastMove = SteadyClock::now();
-        m_watchTimer = Timer::scheduled(WatchInterval, Timer::Kind::Repeating,
-                                        [this] { watchTick(); });
+        m_watchTimer =
+            Timer::scheduled(WatchInterval, Timer::Kind::Repeating, [this] { watchTick(); });
     } else if (!needed && m_watchTimer) {
         m_watchTimer->invalidate();
         m_watchTimer.reset();
@@ -164,12 +166,14 @@ void VideoPlayer::watch() {
 void VideoPlayer::watchTick() {
     const VideoProgress progress = m_session->progress();
     const auto now = SteadyClock::now();
+    if (!m_engineReady)
+        m_session->run([](VideoEngine &engine) { engine.checkOpening(); });
     if (std::exchange(m_movesSeen, progress.moves) != progress.moves) {
         m_lastMove = now;
         return;
     }
-    const auto quietFor = std::chrono::duration<double>(m_engineReady ? progress.quietFor : 0);
-    const auto longest = m_engineReady ? LongestSilence : LongestOpening;
+    const auto quietFor = std::chrono::duration<double>(progress.quietFor);
+    const auto longest = progress.moves > 0 ? LongestSilence : LongestStarting;
     if (now - m_lastMove < longest + quietFor)
         return;
     const QString reason = QStringLiteral("silent for too long");

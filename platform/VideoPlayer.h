@@ -17,9 +17,9 @@ struct VideoNews;
 
 /// Plays one video file. Nothing here blocks: what may take time happens on a thread of the
 /// video's own, and destroying the player in any state waits for nothing. A busy main thread
-/// misses pictures, playback goes on meanwhile. When neither picture nor sound nor end comes for
-/// two seconds, or the sound device breaks down, playback is taken up again from there without
-/// sound, at most twice. Main thread only.
+/// misses pictures, playback goes on meanwhile. When nothing comes of it for two seconds, opening
+/// or playing, or the sound device breaks down, it is taken up again from there without sound, at
+/// most twice a load. Main thread only.
 class VideoPlayer : public QObject {
 public:
     enum class Status {

@@ -1,7 +1,7 @@
 #include "platform/VideoSession.h"
 
 #include "platform/VideoModule.h"
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 
 #include <Velmora/Support.h>
 
@@ -18,8 +18,8 @@ VideoSession::VideoSession(QObject *receiver, VideoSource source)
 
 void VideoSession::begin() {
     QString error;
-    if (!startBackgroundThread("velmora-video", [self = shared_from_this()] { self->serve(); },
-                               &error))
+    if (!startBackgroundThread(
+            "velmora-video", [self = shared_from_this()] { self->serve(); }, &error))
         failed(error, false);
 }
 

@@ -4,7 +4,7 @@
 #include "content/AdsDownloader.h"
 #include "platform/MainQueue.h"
 #include "platform/Workspace.h"
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>

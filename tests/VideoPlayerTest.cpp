@@ -43,13 +43,16 @@ struct Played {
 // Threads of the process but those that wait in the media framework's own pool for more to do.
 int busyThreads() {
     int count = 0;
-    for (const QString &task : QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+    for (const QString &task :
+         QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
         count += !contents(QStringLiteral("/proc/self/task/%1/comm").arg(task)).startsWith("pool-");
     return count;
 }
 
 int openFiles() {
-    return int(QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size());
+    return int(QDir(QStringLiteral("/proc/self/fd"))
+                   .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                   .size());
 }
 
 bool isModuleLoaded() {
@@ -223,10 +226,13 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
         {folder.path(), "not a file"},
         {QStringLiteral("/dev/zero"), "not a file"},
         {file("empty.mp4", {}), "is empty"},
-        {file("text.mp4", QByteArray("no video at all\n").repeated(400)), "text.mp4: cannot be played"},
-        {file("noise.mp4", QByteArray("\x07\xf3\x91\x00\xa5", 5).repeated(4000)), "noise.mp4: cannot be played"},
+        {file("text.mp4", QByteArray("no video at all\n").repeated(400)),
+         "text.mp4: cannot be played"},
+        {file("noise.mp4", QByteArray("\x07\xf3\x91\x00\xa5", 5).repeated(4000)),
+         "noise.mp4: cannot be played"},
         {file("torn.mp4", whole.left(whole.size() / 2)), "torn.mp4: cannot be played"},
-        {file("list.mp4", "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n"),
+        {file("list.mp4",
+              "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n"),
          "list.mp4: cannot be played"},
         {file("strange.mp4", strange), "missing; try the package"},
     };

@@ -1,6 +1,6 @@
 #include "platform/linux/HostLookup.h"
 
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 
 #include <netdb.h>
 #include <sys/socket.h>

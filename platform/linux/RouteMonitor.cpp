@@ -1,6 +1,6 @@
 #include "platform/RouteMonitor.h"
 
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 #include "platform/linux/HostLookup.h"
 #include "platform/linux/NetlinkRoutes.h"
 

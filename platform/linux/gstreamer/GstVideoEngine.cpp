@@ -17,6 +17,8 @@ namespace {
 constexpr int SkipFactory = 2; // what "autoplug-select" takes; its type is not public
 constexpr int TryFactory = 0;
 
+constexpr qint64 LongestIdleMs = 300;
+
 double seconds(GstClockTime time) {
     return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
 }
@@ -30,6 +32,26 @@ int chooseFactory(GstElement *, GstPad *, GstCaps *, GstElementFactory *factory,
             return SkipFactory;
     }
     return TryFactory;
+}
+
+// Whether a thread runs any of the elements, waiting for its turn included.
+bool isAtWork(GstElement *pipeline) {
+    bool found = false;
+    const auto lookAt = [](const GValue *value, gpointer result) {
+        auto *element = GST_ELEMENT(g_value_get_object(value));
+        const auto lookAtPad = [](GstElement *, GstPad *pad, gpointer running) -> gboolean {
+            if (gst_pad_get_task_state(pad) != GST_TASK_STARTED)
+                return TRUE;
+            *static_cast<bool *>(running) = true;
+            return FALSE;
+        };
+        gst_element_foreach_pad(element, lookAtPad, result);
+    };
+    GstIterator *elements = gst_bin_iterate_recurse(GST_BIN(pipeline));
+    while (gst_iterator_foreach(elements, lookAt, &found) == GST_ITERATOR_RESYNC)
+        gst_iterator_resync(elements);
+    gst_iterator_free(elements);
+    return found;
 }
 
 // Square pixels, upright, and no larger than an image may sensibly be.
@@ -115,8 +137,8 @@ void GstVideoEngine::load(const VideoSource &source) {
             if (element)
                 gst_object_unref(gst_object_ref_sink(element));
         }
-        return m_listener->failed(QStringLiteral("the package gstreamer1.0-plugins-base is missing"),
-                                  false);
+        return m_listener->failed(
+            QStringLiteral("the package gstreamer1.0-plugins-base is missing"), false);
     }
     g_object_set(file, "location", QFile::encodeName(source.path).constData(), nullptr);
     // Decoders on graphics hardware drag drivers into the host, and save little at this size.
@@ -133,6 +155,17 @@ void GstVideoEngine::setState(GstState state) {
         return;
     if (gst_element_set_state(m_pipeline.get(), state) == GST_STATE_CHANGE_FAILURE)
         m_listener->failed(QStringLiteral("the pipeline refuses to start"), false);
+}
+
+// The decoder swallows the error of a part that gives up while it is being fitted in. Nothing is
+// heard of it any more then, and no thread of the pipeline has anything to do.
+void GstVideoEngine::checkOpening() {
+    if (!m_pipeline || m_isPrepared || isAtWork(m_pipeline.get()))
+        m_idleTime.invalidate();
+    else if (!m_idleTime.isValid())
+        m_idleTime.start();
+    else if (m_idleTime.hasExpired(LongestIdleMs))
+        m_listener->failed(QStringLiteral("there is nothing in it to play"), false);
 }
 
 void GstVideoEngine::play() {
@@ -256,6 +289,8 @@ void GstVideoEngine::soundMoved(GstBuffer *buffer) {
 }
 
 void GstVideoEngine::heard(GstMessage *message) {
+    if (!m_isPrepared)
+        m_listener->moved(0, 0);
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ASYNC_DONE:
         if (m_isPictureMissing && !m_hasPictures)
@@ -285,9 +320,10 @@ void GstVideoEngine::heardError(GstMessage *message) {
     const GlibError error(rawError);
     const GlibString detail(rawDetail);
     const QString text = QString::fromUtf8(error->message);
-    const bool isSound = m_wantsSound && m_soundSink &&
-                         GST_MESSAGE_SRC(message) == GST_OBJECT(m_soundSink.load());
-    m_listener->failed(m_missing.isEmpty() ? text : m_missing + QStringLiteral(": ") + text, isSound);
+    const bool isSound =
+        m_wantsSound && m_soundSink && GST_MESSAGE_SRC(message) == GST_OBJECT(m_soundSink.load());
+    m_listener->failed(m_missing.isEmpty() ? text : m_missing + QStringLiteral(": ") + text,
+                       isSound);
 }
 
 void GstVideoEngine::heardMissing(GstMessage *message) {
@@ -296,11 +332,10 @@ void GstVideoEngine::heardMissing(GstMessage *message) {
     const bool isDecoder = detail && std::strstr(detail.get(), "|decoder-");
     const bool isPicture = detail && std::strstr(detail.get(), "|decoder-video/");
     // Those that nearly every video needs; others are told by the name alone.
-    const QString text =
-        QStringLiteral("%1 is missing; try the package %2")
-            .arg(QString::fromUtf8(name.get()),
-                 isDecoder ? QStringLiteral("gstreamer1.0-libav")
-                           : QStringLiteral("gstreamer1.0-plugins-good"));
+    const QString text = QStringLiteral("%1 is missing; try the package %2")
+                             .arg(QString::fromUtf8(name.get()),
+                                  isDecoder ? QStringLiteral("gstreamer1.0-libav")
+                                            : QStringLiteral("gstreamer1.0-plugins-good"));
     m_listener->remark(text);
     if (m_missing.isEmpty() || isPicture)
         m_missing = text;

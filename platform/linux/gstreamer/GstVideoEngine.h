@@ -3,6 +3,8 @@
 #include "platform/VideoEngine.h"
 #include "platform/linux/gstreamer/GstPointer.h"
 
+#include <QtCore/QElapsedTimer>
+
 #include <gst/app/gstappsink.h>
 
 #include <atomic>
@@ -18,6 +20,7 @@ public:
     ~GstVideoEngine() override;
 
     void load(const VideoSource &source) override;
+    void checkOpening() override;
     void play() override;
     void pause() override;
     void seek(double seconds) override;
@@ -45,6 +48,7 @@ private:
     GstPointer<GstElement> m_pipeline;
     std::shared_ptr<BusTap> m_tap;
     bool m_wantsSound = true;
+    QElapsedTimer m_idleTime;
     std::atomic<bool> m_muted = false;
     std::atomic<bool> m_isPrepared = false;
     std::atomic<bool> m_hasPictures = false;

@@ -1,4 +1,4 @@
-#include "platform/linux/BackgroundThread.h"
+#include "platform/BackgroundThread.h"
 
 #include <pthread.h>
 #include <signal.h>
@@ -8,6 +8,18 @@
 
 namespace velmora {
 
+namespace {
+
+void nameThisThread(const char *name) {
+#ifdef __APPLE__
+    pthread_setname_np(name);
+#else
+    pthread_setname_np(pthread_self(), name);
+#endif
+}
+
+} // namespace
+
 bool startBackgroundThread(const char *name, std::function<void()> work, QString *error) {
     sigset_t all;
     sigset_t before;
@@ -15,9 +27,10 @@ bool startBackgroundThread(const char *name, std::function<void()> work, QString
     pthread_sigmask(SIG_SETMASK, &all, &before); // inherited by the new thread
     bool started = true;
     try {
-        std::thread thread(std::move(work));
-        pthread_setname_np(thread.native_handle(), name);
-        thread.detach();
+        std::thread([name, work = std::move(work)] {
+            nameThisThread(name);
+            work();
+        }).detach();
     } catch (const std::system_error &refusal) {
         started = false;
         if (error)

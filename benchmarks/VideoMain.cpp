@@ -1,0 +1,126 @@
+// Prints what playing a clip costs beside the toolkit's own way and beside bare decoding, each in
+// a process of its own over the same stretch of the clip, and how soon and how surely it plays.
+
+#include "benchmarks/ProcessFigures.h"
+#include "benchmarks/VideoSubject.h"
+#include "benchmarks/VideoTrials.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QProcess>
+#include <QtCore/QThread>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+
+using velmora::bench::ProcessFigures;
+using velmora::bench::VideoSubject;
+using velmora::bench::VideoTrials;
+
+namespace {
+
+// Of the clip's eight seconds.
+constexpr int SkippedMs = 1000;
+constexpr int StretchMs = 6000;
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+double cpuPercent(const QString &subject) {
+    QStringList arguments = VideoSubject::command(subject);
+    const QString program = arguments.takeFirst();
+    QProcess child;
+    child.setStandardErrorFile(QProcess::nullDevice());
+    child.start(program, arguments);
+    bool isPlaying = false;
+    while (!isPlaying && child.waitForReadyRead(30'000))
+        isPlaying = child.readAll().contains("PLAYING");
+    if (!isPlaying)
+        qFatal("%s did not start", qPrintable(subject));
+    QThread::msleep(SkippedMs);
+    const double before = ProcessFigures::of(child.processId()).cpuSeconds;
+    QThread::msleep(StretchMs);
+    const double after = ProcessFigures::of(child.processId()).cpuSeconds;
+    const bool isAlive = child.state() == QProcess::Running;
+    child.kill();
+    child.waitForFinished();
+    if (!isAlive)
+        qFatal("%s ended too early", qPrintable(subject));
+    return (after - before) / (StretchMs / 1000.0) * 100;
+}
+
+void printCosts(int rounds) {
+    // In turn, so that whatever else the machine does falls on all of them.
+    std::map<QString, std::vector<double>> cpu;
+    for (int round = 0; round < rounds; ++round) {
+        for (const QString &subject : VideoSubject::names())
+            cpu[subject].push_back(cpuPercent(subject));
+    }
+    for (const QString &subject : VideoSubject::names()) {
+        const auto [least, most] = std::minmax_element(cpu[subject].begin(), cpu[subject].end());
+        std::printf("%-10s CPU %.1f %% of one core (%.1f to %.1f)\n", qPrintable(subject),
+                    median(cpu[subject]), *least, *most);
+    }
+    for (const QString &peer : VideoSubject::names().mid(1))
+        std::printf("player : %-10s CPU %.2f\n", qPrintable(peer),
+                    median(cpu[QStringLiteral("player")]) / median(cpu[peer]));
+}
+
+void printStarts() {
+    std::vector<double> paints;
+    std::vector<double> destroys;
+    const std::vector<VideoTrials::Start> starts = VideoTrials::starts(21);
+    for (const VideoTrials::Start &start : starts) {
+        paints.push_back(start.firstPaintMs);
+        destroys.push_back(start.destroyMs);
+    }
+    const double first = paints.front();
+    paints.erase(paints.begin());
+    destroys.erase(destroys.begin());
+    std::printf("first picture painted: %.0f ms; warm, median of 20: %.0f ms (at most %.0f)\n",
+                first, median(paints), *std::max_element(paints.begin(), paints.end()));
+    std::printf("destroying a player that plays, longest of 20: %.2f ms\n",
+                *std::max_element(destroys.begin(), destroys.end()));
+}
+
+int printStalls(int count) {
+    constexpr int AtOnce = 5;
+    VideoTrials::Stalls all;
+    while (all.started < count) {
+        const auto some = VideoTrials::stalls(std::min(AtOnce, count - all.started));
+        all.started += some.started;
+        all.good += some.good;
+    }
+    std::printf("main thread stopped for 2 s in mid-play: %d of %d played on to the end\n",
+                all.good, all.started);
+    return all.good == all.started ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (qstrcmp(argv[i], "--subject") == 0)
+            return VideoSubject::run(QString::fromLocal8Bit(argv[i + 1]), argc, argv);
+    }
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const QCommandLineOption roundsOption(QStringLiteral("rounds"),
+                                          QStringLiteral("measurements of each subject"),
+                                          QStringLiteral("n"), QStringLiteral("3"));
+    const QCommandLineOption stallsOption(
+        QStringLiteral("stalls"), QStringLiteral("play clips with a stopped main thread instead"),
+        QStringLiteral("n"), QStringLiteral("0"));
+    parser.addOptions({roundsOption, stallsOption});
+    parser.process(application);
+    if (const int stalls = parser.value(stallsOption).toInt(); stalls > 0)
+        return printStalls(stalls);
+    printCosts(std::max(1, parser.value(roundsOption).toInt()));
+    printStarts();
+    return 0;
+}
