@@ -5,6 +5,7 @@
 #include "tests/support/FreshProcess.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
@@ -24,6 +25,14 @@ QString clip(const char *name) {
 QByteArray contents(const QString &path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray still() {
+    QImage image(64, 36, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    image.save(&buffer, "PNG");
+    return buffer.data();
 }
 
 // A player and what it has told.
@@ -234,6 +243,8 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
         {file("list.mp4",
               "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n"),
          "list.mp4: cannot be played"},
+        {file("still.mp4", still()), "still.mp4: cannot be played"},
+        {clip("wide.webm"), "too large"},
         {file("strange.mp4", strange), "missing; try the package"},
     };
     for (const auto &[path, logged] : cases) {

@@ -1,6 +1,8 @@
 #include "platform/VideoView.h"
 #include "tests/support/Printing.h"
+#include "tests/support/Waiting.h"
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
 #include <gtest/gtest.h>
@@ -74,6 +76,31 @@ TEST(VideoViewTest, ThePictureIsAsLargeAsFitsAndTheRestIsBlack) {
         for (int y = 0; y < image.height(); ++y)
             EXPECT_EQ(qGreen(image.pixel(image.width() / 2, y)), 0) << y;
     }
+}
+
+TEST(VideoViewTest, ANewPictureRepaintsItsPlaceOnlyAndOnce) {
+    struct Watched : VideoView {
+        std::vector<QRect> painted;
+        void paintEvent(QPaintEvent *event) override {
+            painted.push_back(event->region().boundingRect());
+            VideoView::paintEvent(event);
+        }
+    };
+    QWidget window;
+    window.resize(200, 300);
+    Watched view;
+    view.setParent(&window);
+    view.resize(160, 200);
+    window.show();
+    QImage picture(160, 90, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    view.showFrame(picture);
+    handleEvents();
+    view.painted.clear();
+    for (int i = 0; i < 3; ++i)
+        view.showFrame(picture);
+    handleEvents();
+    EXPECT_EQ(view.painted, std::vector{view.frameRect().toAlignedRect()});
 }
 
 TEST(VideoViewTest, WithoutAPictureTheViewIsBlack) {

@@ -5,8 +5,7 @@
 
 #include <QtCore/QFile>
 
-#include <gst/pbutils/pbutils.h>
-
+#include <algorithm>
 #include <cstring>
 #include <mutex>
 
@@ -23,15 +22,30 @@ double seconds(GstClockTime time) {
     return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
 }
 
-// A file from a server may be a playlist or a session description in disguise: what would make
-// it reach for the network does not take part.
-int chooseFactory(GstElement *, GstPad *, GstCaps *, GstElementFactory *factory, gpointer) {
+// More than any screen has: the decoder's memory is the host's, and a small file can ask for
+// gigabytes of it.
+constexpr int LargestSide = 4096;
+
+bool isTooLarge(const GstCaps *caps) {
+    const GstStructure *format = gst_caps_get_structure(caps, 0);
+    int width = 0;
+    int height = 0;
+    return gst_structure_get_int(format, "width", &width) &&
+           gst_structure_get_int(format, "height", &height) &&
+           std::max(width, height) > LargestSide;
+}
+
+// A file from a server may be a playlist, a project or a session description in disguise: what
+// would make it reach for the network or for other files does not take part. A still is no video.
+bool isWanted(GstElementFactory *factory, const GstCaps *caps) {
+    if (g_str_has_prefix(gst_structure_get_name(gst_caps_get_structure(caps, 0)), "image/"))
+        return false;
     const char *kind = gst_element_factory_get_metadata(factory, GST_ELEMENT_METADATA_KLASS);
-    for (const char *refused : {"Adaptive", "Network", "Source"}) {
+    for (const char *refused : {"Adaptive", "Editing", "Network", "Source"}) {
         if (kind && std::strstr(kind, refused))
-            return SkipFactory;
+            return false;
     }
-    return TryFactory;
+    return true;
 }
 
 // Whether a thread runs any of the elements, waiting for its turn included.
@@ -86,6 +100,11 @@ struct GstVideoEngine::Callbacks {
     }
 
     static void dropTap(gpointer data) { delete static_cast<std::shared_ptr<BusTap> *>(data); }
+
+    static int chooseFactory(GstElement *, GstPad *, GstCaps *caps, GstElementFactory *factory,
+                             gpointer data) {
+        return engine(data)->accepts(caps) && isWanted(factory, caps) ? TryFactory : SkipFactory;
+    }
 
     static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->decoded(pad); }
 
@@ -143,7 +162,7 @@ void GstVideoEngine::load(const VideoSource &source) {
     g_object_set(file, "location", QFile::encodeName(source.path).constData(), nullptr);
     // Decoders on graphics hardware drag drivers into the host, and save little at this size.
     g_object_set(decoder, "force-sw-decoders", TRUE, nullptr);
-    g_signal_connect(decoder, "autoplug-select", G_CALLBACK(chooseFactory), nullptr);
+    g_signal_connect(decoder, "autoplug-select", G_CALLBACK(Callbacks::chooseFactory), this);
     g_signal_connect(decoder, "pad-added", G_CALLBACK(Callbacks::padAdded), this);
     gst_bin_add_many(GST_BIN(m_pipeline.get()), file, decoder, nullptr);
     gst_element_link(file, decoder);
@@ -207,12 +226,21 @@ double GstVideoEngine::durationSeconds() {
 
 // On the pipeline's threads from here.
 
+bool GstVideoEngine::accepts(const GstCaps *caps) {
+    if (!isTooLarge(caps))
+        return true;
+    m_listener->failed(QStringLiteral("its pictures are too large"), false);
+    return false;
+}
+
 void GstVideoEngine::decoded(GstPad *pad) {
     const GstCapsPointer caps(gst_pad_get_current_caps(pad));
     if (!caps)
         return;
     const char *kind = gst_structure_get_name(gst_caps_get_structure(caps.get(), 0));
     // Of several streams of a kind, the first.
+    if (!accepts(caps.get()))
+        return;
     if (g_str_has_prefix(kind, "video/") && !m_hasPictures.exchange(true))
         showPictures(pad);
     else if (g_str_has_prefix(kind, "audio/") && !m_hasSound.exchange(true))
@@ -286,60 +314,6 @@ void GstVideoEngine::showSample(GstSample *sample) {
 
 void GstVideoEngine::soundMoved(GstBuffer *buffer) {
     m_listener->moved(seconds(GST_BUFFER_PTS(buffer)), 0);
-}
-
-void GstVideoEngine::heard(GstMessage *message) {
-    if (!m_isPrepared)
-        m_listener->moved(0, 0);
-    switch (GST_MESSAGE_TYPE(message)) {
-    case GST_MESSAGE_ASYNC_DONE:
-        if (m_isPictureMissing && !m_hasPictures)
-            m_listener->failed(m_missing, false);
-        else if (!m_isPrepared.exchange(true))
-            m_listener->prepared();
-        break;
-    case GST_MESSAGE_EOS:
-        m_listener->ended();
-        break;
-    case GST_MESSAGE_ERROR:
-        heardError(message);
-        break;
-    case GST_MESSAGE_ELEMENT:
-        if (gst_is_missing_plugin_message(message))
-            heardMissing(message);
-        break;
-    default:
-        break;
-    }
-}
-
-void GstVideoEngine::heardError(GstMessage *message) {
-    GError *rawError = nullptr;
-    char *rawDetail = nullptr;
-    gst_message_parse_error(message, &rawError, &rawDetail);
-    const GlibError error(rawError);
-    const GlibString detail(rawDetail);
-    const QString text = QString::fromUtf8(error->message);
-    const bool isSound =
-        m_wantsSound && m_soundSink && GST_MESSAGE_SRC(message) == GST_OBJECT(m_soundSink.load());
-    m_listener->failed(m_missing.isEmpty() ? text : m_missing + QStringLiteral(": ") + text,
-                       isSound);
-}
-
-void GstVideoEngine::heardMissing(GstMessage *message) {
-    const GlibString detail(gst_missing_plugin_message_get_installer_detail(message));
-    const GlibString name(gst_missing_plugin_message_get_description(message));
-    const bool isDecoder = detail && std::strstr(detail.get(), "|decoder-");
-    const bool isPicture = detail && std::strstr(detail.get(), "|decoder-video/");
-    // Those that nearly every video needs; others are told by the name alone.
-    const QString text = QStringLiteral("%1 is missing; try the package %2")
-                             .arg(QString::fromUtf8(name.get()),
-                                  isDecoder ? QStringLiteral("gstreamer1.0-libav")
-                                            : QStringLiteral("gstreamer1.0-plugins-good"));
-    m_listener->remark(text);
-    if (m_missing.isEmpty() || isPicture)
-        m_missing = text;
-    m_isPictureMissing |= isPicture;
 }
 
 } // namespace velmora

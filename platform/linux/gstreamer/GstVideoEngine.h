@@ -31,6 +31,7 @@ private:
     struct BusTap;
     struct Callbacks;
 
+    bool accepts(const GstCaps *caps);
     void decoded(GstPad *pad);
     void showPictures(GstPad *pad);
     void playSound(GstPad *pad);
