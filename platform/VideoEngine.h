@@ -51,6 +51,9 @@ public:
 
     /// Opens the source and pauses at its start. Once, before anything else.
     virtual void load(const VideoSource &source) = 0;
+    /// To be called once the listener heard that the engine is prepared: from now on play() and
+    /// pause() take effect at once, and the last of those before does now.
+    virtual void opened() = 0;
     virtual void play() = 0;
     virtual void pause() = 0;
     /// Asked now and then until the engine is prepared: says that it failed when nothing is at

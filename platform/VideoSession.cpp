@@ -128,6 +128,7 @@ void VideoSession::tell(const std::function<void(VideoNews &)> &change) {
 void VideoSession::prepared() {
     // The engine can be asked on its own thread only.
     run([this](VideoEngine &engine) {
+        engine.opened();
         const double duration = engine.durationSeconds();
         tell([duration](VideoNews &news) { news.duration = duration; });
     });

@@ -17,6 +17,7 @@ constexpr int SkipFactory = 2; // what "autoplug-select" takes; its type is not 
 constexpr int TryFactory = 0;
 
 constexpr qint64 LongestIdleMs = 300;
+constexpr GstClockTime LongestChange = 2 * GST_SECOND;
 
 double seconds(GstClockTime time) {
     return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
@@ -187,12 +188,34 @@ void GstVideoEngine::checkOpening() {
         m_listener->failed(QStringLiteral("there is nothing in it to play"), false);
 }
 
+void GstVideoEngine::opened() {
+    m_isOpened = true;
+    settle();
+    if (m_wantsToPlay)
+        play();
+}
+
 void GstVideoEngine::play() {
+    m_wantsToPlay = true;
+    if (!m_isOpened)
+        return;
     setState(GST_STATE_PLAYING);
+    settle();
 }
 
 void GstVideoEngine::pause() {
+    m_wantsToPlay = false;
+    if (!m_isOpened)
+        return;
     setState(GST_STATE_PAUSED);
+    settle();
+}
+
+// A pipeline that is asked for another state while it is on its way to one may stop half-way for
+// good.
+void GstVideoEngine::settle() {
+    if (m_pipeline)
+        gst_element_get_state(m_pipeline.get(), nullptr, nullptr, LongestChange);
 }
 
 void GstVideoEngine::seek(double target) {
@@ -201,7 +224,8 @@ void GstVideoEngine::seek(double target) {
     const auto flags = GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     if (!gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME, flags,
                                  gint64(target * GST_SECOND)))
-        m_listener->remark(QStringLiteral("it cannot be sent to another place"));
+        return m_listener->remark(QStringLiteral("it cannot be sent to another place"));
+    settle();
 }
 
 void GstVideoEngine::setMuted(bool muted) {

@@ -21,6 +21,7 @@ public:
 
     void load(const VideoSource &source) override;
     void checkOpening() override;
+    void opened() override;
     void play() override;
     void pause() override;
     void seek(double seconds) override;
@@ -44,11 +45,14 @@ private:
     void heardError(GstMessage *message);
     void heardMissing(GstMessage *message);
     void setState(GstState state);
+    void settle();
 
     VideoEngineListener *m_listener;
     GstPointer<GstElement> m_pipeline;
     std::shared_ptr<BusTap> m_tap;
     bool m_wantsSound = true;
+    bool m_wantsToPlay = false;
+    bool m_isOpened = false;
     QElapsedTimer m_idleTime;
     std::atomic<bool> m_muted = false;
     std::atomic<bool> m_isPrepared = false;
