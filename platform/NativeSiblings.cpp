@@ -34,11 +34,11 @@ bool NativeSiblings::areVisible(const QWindow *own) const {
     return false;
 }
 
-void NativeSiblings::follow() {
+bool NativeSiblings::follow() {
     QWidget *native = nativeWidget(m_superview);
     QWindow *root = native ? native->windowHandle() : nullptr;
     if (root == m_root)
-        return;
+        return false;
     if (m_root) {
         m_root->removeEventFilter(this);
         for (QObject *child : m_root->children())
@@ -46,9 +46,10 @@ void NativeSiblings::follow() {
     }
     m_root = root;
     if (!root)
-        return;
+        return false;
     root->installEventFilter(this);
     watchChildren();
+    return std::exchange(m_hadRoot, true);
 }
 
 bool NativeSiblings::eventFilter(QObject *watched, QEvent *event) {

@@ -24,8 +24,9 @@ public:
     /// @param own one that does not count
     bool areVisible(const QWindow *own) const;
 
-    /// Watches the native window that the superview lies in now, should it be another.
-    void follow();
+    /// Watches the native window that the superview lies in now.
+    /// @return whether that is another one than the last time
+    bool follow();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -36,6 +37,7 @@ private:
     QWidget *m_superview;
     QPointer<QWindow> m_root;
     std::function<void()> m_changed;
+    bool m_hadRoot = false;
     bool m_noted = false;
 };
 

@@ -58,7 +58,10 @@ void Overlay::windowEvent(QEvent *event) {
         break;
     case QEvent::Show:
     case QEvent::WinIdChange:
-        m_siblings->follow();
+        // A host's native window that is made anew takes the native windows in it along, and
+        // the toolkit knows nothing of it.
+        if (m_siblings->follow())
+            QMetaObject::invokeMethod(this, &Overlay::containerLost, Qt::QueuedConnection);
         QMetaObject::invokeMethod(this, &Overlay::nativeWindowsChanged, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:

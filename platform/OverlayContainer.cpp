@@ -76,8 +76,14 @@ void OverlayContainer::raise() {
         return;
     m_container->raise();
     // Says nothing to the window when the container is the last child already.
-    if (m_shell)
-        m_shell->raise();
+    if (QWindow *native = window())
+        native->raise();
+}
+
+QWindow *OverlayContainer::window() const {
+    // The container has one of its own where its siblings have.
+    QWindow *native = m_container ? m_container->windowHandle() : nullptr;
+    return native ? native : m_shell.data();
 }
 
 bool OverlayContainer::isLastChild() const {

@@ -41,7 +41,8 @@ public:
     bool isWhole() const { return m_container && m_shell && m_keyProxy; }
 
     QWidget *keyProxy() const { return m_keyProxy; }
-    const QWindow *window() const { return m_shell; }
+    /// The native window among those of the superview.
+    QWindow *window() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
