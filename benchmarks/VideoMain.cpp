@@ -2,6 +2,7 @@
 // a process of its own over the same stretch of the clip, and how soon and how surely it plays.
 
 #include "benchmarks/ProcessFigures.h"
+#include "benchmarks/StartScreens.h"
 #include "benchmarks/VideoSubject.h"
 #include "benchmarks/VideoTrials.h"
 
@@ -29,8 +30,13 @@ double median(std::vector<double> values) {
     return values.at(values.size() / 2);
 }
 
+const QString StartScreensName = QStringLiteral("start screens");
+
 double cpuPercent(const QString &subject) {
-    QStringList arguments = VideoSubject::command(subject);
+    QStringList arguments = subject == StartScreensName
+                                ? QStringList{QCoreApplication::applicationFilePath(),
+                                              QStringLiteral("--subject"), subject}
+                                : VideoSubject::command(subject);
     const QString program = arguments.takeFirst();
     QProcess child;
     child.setStandardErrorFile(QProcess::nullDevice());
@@ -69,6 +75,14 @@ void printCosts(int rounds) {
                     median(cpu[QStringLiteral("player")]) / median(cpu[peer]));
 }
 
+void printStartScreens(int rounds) {
+    std::vector<double> cpu;
+    for (int round = 0; round < rounds; ++round)
+        cpu.push_back(cpuPercent(StartScreensName));
+    std::printf("start screens in four windows: CPU %.2f %% of one core (at most %.2f)\n",
+                median(cpu), *std::max_element(cpu.begin(), cpu.end()));
+}
+
 void printStarts() {
     std::vector<double> paints;
     std::vector<double> destroys;
@@ -103,8 +117,11 @@ int printStalls(int count) {
 
 int main(int argc, char **argv) {
     for (int i = 1; i + 1 < argc; ++i) {
-        if (qstrcmp(argv[i], "--subject") == 0)
-            return VideoSubject::run(QString::fromLocal8Bit(argv[i + 1]), argc, argv);
+        if (qstrcmp(argv[i], "--subject") != 0)
+            continue;
+        const QString subject = QString::fromLocal8Bit(argv[i + 1]);
+        return subject == StartScreensName ? velmora::bench::StartScreens::run(argc, argv)
+                                           : VideoSubject::run(subject, argc, argv);
     }
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -121,6 +138,7 @@ int main(int argc, char **argv) {
     if (const int stalls = parser.value(stallsOption).toInt(); stalls > 0)
         return printStalls(stalls);
     printCosts(std::max(1, parser.value(roundsOption).toInt()));
+    printStartScreens(std::max(1, parser.value(roundsOption).toInt()));
     printStarts();
     return 0;
 }

@@ -14,8 +14,12 @@ namespace velmora {
 
 namespace {
 
-// A view that was not drawn for so long while it asked for a frame sixty times a second is seen
-// by nobody. Long enough for a main thread that stumbles.
+// Every second frame of a usual screen: no eye sees more of a stripe that is gone in two seconds,
+// and it goes on for as long as a button is shown.
+constexpr double FrameSeconds = 1.0 / 30;
+
+// A view that was not drawn for so long while it asked for frames is seen by nobody. Long enough
+// for a main thread that stumbles.
 constexpr double UnseenAfter = 0.25;
 
 const QEasingCurve &easeOut() {
@@ -58,7 +62,7 @@ ShineAnimation::~ShineAnimation() {
 void ShineAnimation::start() {
     stop();
     m_start = m_lastDrawn = TimeSource::current().now();
-    m_frames = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
+    m_frames = Timer::scheduled(FrameSeconds, Timer::Kind::Repeating, [this] { frame(); });
 }
 
 void ShineAnimation::stop() {
