@@ -28,9 +28,10 @@ OwnDisplay::OwnDisplay() {
         qunsetenv(variable);
     if (!start(m_windowManager, QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}))
         return;
+    // The last that it says when it starts; before, it may overlook a window.
     const QDeadlineTimer deadline(20000);
     while (!runOnDisplay(QStringLiteral("xprop"),
-                         {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
+                         {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")})
                 .contains(QLatin1String("window id"))) {
         if (deadline.hasExpired()) {
             m_error = QStringLiteral("openbox did not start");
