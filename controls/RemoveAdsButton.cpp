@@ -81,10 +81,34 @@ QPainterPath RemoveAdsButton::getPath(double x, double width, double wbreak) con
     return ShineAnimation::band(x, width, wbreak, height());
 }
 
+RemoveAdsButton::Look RemoveAdsButton::look() const {
+    return {devicePixelRatioF(), size(),        isDown(),         isEnabled(),   m_isGradient,
+            m_isImage,           m_isCircle,    m_isAnimation,    m_border,      m_cornerRadius,
+            m_titleLeading,      m_borderColor, m_topColor,       m_bottomColor, titleColor(),
+            titleFont(),         text(),        icon().cacheKey()};
+}
+
 void RemoveAdsButton::paintEvent(QPaintEvent *) {
+    if (const Look wanted = look(); m_look != wanted) {
+        m_look = wanted;
+        m_drawn = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
+        m_drawn.setDevicePixelRatio(devicePixelRatioF());
+        m_drawn.fill(Qt::transparent);
+        QPainter drawing(&m_drawn);
+        drawing.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        drawRect(drawing);
+    }
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    drawRect(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawPixmap(0, 0, m_drawn);
+    if (!m_isAllDraw) {
+        drawPath();
+        m_isAllDraw = true;
+    }
+    painter.save();
+    painter.setClipPath(outlinePath());
+    m_shine.draw(painter);
+    painter.restore();
     FocusRing::draw(*this, painter, m_isCircle ? width() / 2.0 : m_cornerRadius);
 }
 
@@ -129,12 +153,6 @@ void RemoveAdsButton::drawRect(QPainter &painter) {
     if (m_isImage)
         drawImage(painter, Upwards(height()).rect(4 * m_border, 2, height() - 2, height() - 2));
     drawTitle(painter);
-    if (!m_isAllDraw) {
-        drawPath();
-        m_isAllDraw = true;
-    }
-    painter.setClipPath(outlinePath());
-    m_shine.draw(painter);
     painter.restore();
 }
 

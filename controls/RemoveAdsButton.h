@@ -6,9 +6,11 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QFont>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QAbstractButton>
 
 #include <memory>
+#include <optional>
 
 namespace velmora {
 
@@ -66,6 +68,20 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    /// All that the button's face depends on.
+    struct Look {
+        double density;
+        QSize size;
+        bool down, enabled, gradient, image, circle, animation;
+        double border, cornerRadius, titleLeading;
+        QColor borderColor, topColor, bottomColor, title;
+        QFont font;
+        QString text;
+        qint64 icon;
+        bool operator==(const Look &) const = default;
+    };
+
+    Look look() const;
     void drawRect(QPainter &painter);
     void drawFace(QPainter &painter, const QPainterPath &face) const;
     void drawImage(QPainter &painter, const QRectF &frame) const;
@@ -91,6 +107,11 @@ private:
     QColor m_bottomColor;
     QFont m_stringFont;
     QColor m_stringColor;
+
+    // What was drawn last, kept for as long as it looks the same: under a sweep and over a video
+    // the button is redrawn many times a second.
+    std::optional<Look> m_look;
+    QPixmap m_drawn;
 
     ShineAnimation m_shine;
     TimerPtr m_animationTimer;
