@@ -2,7 +2,7 @@
 // a process of its own over the same stretch of the clip, and how soon and how surely it plays.
 
 #include "benchmarks/ProcessFigures.h"
-#include "benchmarks/StartScreens.h"
+#include "benchmarks/SplashSubject.h"
 #include "benchmarks/VideoSubject.h"
 #include "benchmarks/VideoTrials.h"
 
@@ -16,6 +16,7 @@
 #include <map>
 
 using velmora::bench::ProcessFigures;
+using velmora::bench::SplashSubject;
 using velmora::bench::VideoSubject;
 using velmora::bench::VideoTrials;
 
@@ -30,10 +31,8 @@ double median(std::vector<double> values) {
     return values.at(values.size() / 2);
 }
 
-const QString StartScreensName = QStringLiteral("start screens");
-
 double cpuPercent(const QString &subject) {
-    QStringList arguments = subject == StartScreensName
+    QStringList arguments = SplashSubject::has(subject)
                                 ? QStringList{QCoreApplication::applicationFilePath(),
                                               QStringLiteral("--subject"), subject}
                                 : VideoSubject::command(subject);
@@ -75,12 +74,14 @@ void printCosts(int rounds) {
                     median(cpu[QStringLiteral("player")]) / median(cpu[peer]));
 }
 
-void printStartScreens(int rounds) {
-    std::vector<double> cpu;
-    for (int round = 0; round < rounds; ++round)
-        cpu.push_back(cpuPercent(StartScreensName));
-    std::printf("start screens in four windows: CPU %.2f %% of one core (at most %.2f)\n",
-                median(cpu), *std::max_element(cpu.begin(), cpu.end()));
+void printSplashScreens(int rounds) {
+    for (const char *subject : {"start screens", "splash video"}) {
+        std::vector<double> cpu;
+        for (int round = 0; round < rounds; ++round)
+            cpu.push_back(cpuPercent(QLatin1String(subject)));
+        std::printf("%-13s CPU %.1f %% of one core (at most %.1f)\n", subject, median(cpu),
+                    *std::max_element(cpu.begin(), cpu.end()));
+    }
 }
 
 void printStarts() {
@@ -120,7 +121,7 @@ int main(int argc, char **argv) {
         if (qstrcmp(argv[i], "--subject") != 0)
             continue;
         const QString subject = QString::fromLocal8Bit(argv[i + 1]);
-        return subject == StartScreensName ? velmora::bench::StartScreens::run(argc, argv)
+        return SplashSubject::has(subject) ? SplashSubject::run(subject, argc, argv)
                                            : VideoSubject::run(subject, argc, argv);
     }
     const QApplication application(argc, argv);
@@ -138,7 +139,7 @@ int main(int argc, char **argv) {
     if (const int stalls = parser.value(stallsOption).toInt(); stalls > 0)
         return printStalls(stalls);
     printCosts(std::max(1, parser.value(roundsOption).toInt()));
-    printStartScreens(std::max(1, parser.value(roundsOption).toInt()));
+    printSplashScreens(std::max(1, parser.value(roundsOption).toInt()));
     printStarts();
     return 0;
 }

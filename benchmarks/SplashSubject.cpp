@@ -1,4 +1,4 @@
-#include "benchmarks/StartScreens.h"
+#include "benchmarks/SplashSubject.h"
 
 #include <Velmora/Velmora.h>
 
@@ -6,46 +6,56 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 
-#include <array>
 #include <cstdio>
+#include <vector>
 
 namespace velmora::bench {
 
 namespace {
-constexpr QSize WindowSize(600, 440);
+
+const QString StartScreens = QStringLiteral("start screens");
+const QString SplashVideo = QStringLiteral("splash video");
+
+constexpr QSize SmallWindow(600, 440);
+constexpr QSize ClipSize(960, 540);
 constexpr int LongestLoadTime = 15;
+
 } // namespace
 
-int StartScreens::run(int argc, char **argv) {
+bool SplashSubject::has(const QString &name) {
+    return name == StartScreens || name == SplashVideo;
+}
+
+int SplashSubject::run(const QString &name, int argc, char **argv) {
+    const bool isVideo = name == SplashVideo;
     // Nothing of the person who measures is read or written.
     const QTemporaryDir home;
     for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
         qputenv(place, home.path().toUtf8());
     const QApplication application(argc, argv);
-    std::array<QWidget, 4> windows;
+    std::vector<QWidget> windows(isVideo ? 1 : 4);
     for (size_t i = 0; i < windows.size(); ++i) {
-        windows[i].resize(WindowSize);
+        windows[i].resize(isVideo ? ClipSize : SmallWindow);
         windows[i].move(int(i % 2) * 640, int(i / 2) * 500);
         windows[i].show();
         Velmora::addSplashScreenToWindow(&windows[i]);
     }
     Velmora::setSplashScreenLoadTime(LongestLoadTime);
+    Velmora::setDefaultVideoURL(QUrl::fromLocalFile(QStringLiteral(VELMORA_SAMPLE_VIDEO)),
+                                QStringLiteral("1"));
     const auto shown = NotificationCenter::defaultCenter().addObserver(
-        VLMsplashScreenDidShow, [](const Notification &) {
+        isVideo ? VLMadsVideoDidStart : VLMsplashScreenDidShow, [](const Notification &) {
             std::puts("PLAYING");
             std::fflush(stdout);
         });
-    // Shown as soon as one of them is the key window.
+    // Refused until one of them is the key window.
     QTimer asking;
-    QObject::connect(&asking, &QTimer::timeout, [] {
-        if (!Velmora::isShowSplashScreen())
-            Velmora::forceShow();
-    });
-    asking.start(100);
-    QObject::connect(&asking, &QTimer::timeout, [&asking] {
+    QObject::connect(&asking, &QTimer::timeout, [&asking, isVideo] {
+        isVideo ? Velmora::showWithouSplash() : Velmora::forceShow();
         if (Velmora::isShowSplashScreen())
             asking.stop();
     });
+    asking.start(100);
     return QApplication::exec();
 }
 
