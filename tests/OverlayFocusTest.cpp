@@ -111,14 +111,12 @@ TEST_P(OverlayFocusTest, AnInactiveWindowStaysInactive) {
     name->setFocus();
     QWidget other;
     other.show();
-    other.activateWindow();
-    ASSERT_TRUE(eventually([&] { return other.isActiveWindow(); }));
+    ASSERT_TRUE(activate(&other));
     show();
     quietly(50);
     EXPECT_EQ(QApplication::activeWindow(), &other);
-    window->activateWindow();
-    ASSERT_TRUE(eventually([&] { return window->isActiveWindow(); }));
-    EXPECT_TRUE(overlayHasKeys());
+    ASSERT_TRUE(activate(window.get()));
+    EXPECT_TRUE(eventually([&] { return overlayHasKeys(); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, OverlayFocusTest,
