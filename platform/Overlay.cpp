@@ -14,6 +14,7 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
       m_setSize(superview->size()) {
     view->hide();
     beChild();
+    m_focus = std::make_unique<OverlayFocus>(view, superview);
     applyFrame();
     // Nothing that the view does not want goes on to what lies underneath: clicks, drags and
     // wheel, the focus that a click gives, things dragged from elsewhere.
@@ -25,7 +26,6 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
     connect(view, &QObject::destroyed, this, &Overlay::viewGone);
     connect(superview, &QObject::destroyed, this, &Overlay::superviewGone);
     m_siblings = std::make_unique<NativeSiblings>(superview, [this] { nativeWindowsChanged(); });
-    m_focus = std::make_unique<OverlayFocus>(view, superview);
     followWindow();
     if (kind == Kind::Native)
         enterContainer();
@@ -73,6 +73,7 @@ void Overlay::setFrame(const QRect &frame) {
 }
 
 void Overlay::applyFrame() {
+    m_focus->setFrame(frame());
     if (m_container)
         m_container->setFrame(frame());
     else

@@ -88,7 +88,8 @@ bool OverlayFocus::belongsToView(const QWidget *widget) const {
 }
 
 bool OverlayFocus::isCovered(const QWidget *widget) const {
-    return !belongsToView(widget) && m_superview->isAncestorOf(widget);
+    return !belongsToView(widget) && m_superview->isAncestorOf(widget) &&
+           m_frame.intersects({widget->mapTo(m_superview.data(), QPoint()), widget->size()});
 }
 
 } // namespace velmora

@@ -17,7 +17,10 @@ class OverlayFocus : public QObject {
 public:
     OverlayFocus(QWidget *view, QWidget *superview);
 
-    /// The view covers the superview from now on.
+    /// What the view covers of the superview; widgets beside it keep their focus.
+    void setFrame(const QRect &frame) { m_frame = frame; }
+
+    /// The view is shown from now on.
     /// @param holder what has the focus for the view, in the same window: the view itself or a
     ///               key proxy
     void begin(QWidget *holder);
@@ -44,6 +47,7 @@ private:
     // Where the focus goes back to, and the last widget in the view that had it.
     QPointer<QWidget> m_previous;
     QPointer<QWidget> m_inner;
+    QRect m_frame;
     RepeatLimit m_limit;
     bool m_active = false;
     bool m_checking = false;

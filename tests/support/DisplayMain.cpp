@@ -7,6 +7,9 @@
 
 #include <iostream>
 
+// The leak sanitizer's, where there is one.
+extern "C" __attribute__((weak)) void __lsan_do_leak_check();
+
 // Tests that need a real window system: one of their own.
 int main(int argc, char **argv) {
     const QTemporaryDir home;
@@ -23,5 +26,10 @@ int main(int argc, char **argv) {
     QApplication::setOrganizationName(QStringLiteral("Velmora Tests"));
     QApplication::setApplicationName(QStringLiteral("host"));
     QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    // Looked for while the display's drivers are still loaded: what they keep for themselves
+    // can't be told from a leak once they are not.
+    if (__lsan_do_leak_check)
+        __lsan_do_leak_check();
+    return result;
 }

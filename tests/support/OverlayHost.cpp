@@ -2,6 +2,7 @@
 
 #include "tests/support/Waiting.h"
 
+#include <QtGui/QCursor>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QToolBar>
@@ -27,8 +28,7 @@ void OverlayHost::reset() {
     window->addToolBar(QStringLiteral("tools"))->addWidget(search);
     window->resize(400, 300);
     window->show();
-    window->activateWindow();
-    eventually([this] { return window->isActiveWindow() && window->windowHandle()->isExposed(); });
+    ASSERT_TRUE(activate(window.get()));
 }
 
 void OverlayHost::make(Overlay::Kind kind) {
@@ -42,6 +42,16 @@ void OverlayHost::make(Overlay::Kind kind) {
                          [this, button] { clicked.append(button->text()); });
     }
     overlay = std::make_unique<Overlay>(view, content, kind);
+}
+
+bool OverlayHost::activate(QWidget *widget) {
+    for (int wish = 0; wish < 100; ++wish) {
+        widget->activateWindow();
+        QCursor::pos(); // asks the server, and so sends what is still to be sent
+        if (eventually([&] { return widget->isActiveWindow(); }, 150))
+            return eventually([&] { return widget->windowHandle()->isExposed(); });
+    }
+    return false;
 }
 
 void OverlayHost::press(Qt::Key key) {

@@ -20,6 +20,8 @@ protected:
     /// A new window; the overlay is gone.
     void reset();
     void make(Overlay::Kind kind);
+    /// Makes a window the active one; a window manager may ignore a wish that comes early.
+    static bool activate(QWidget *widget);
     /// A key as it comes from the window system.
     void press(Qt::Key key);
 

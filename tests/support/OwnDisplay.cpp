@@ -28,11 +28,12 @@ OwnDisplay::OwnDisplay() {
         qunsetenv(variable);
     if (!start(m_windowManager, QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}))
         return;
-    // The last that it says when it starts; before, it may overlook a window.
+    // Among the last things that it says of itself; a program that starts before does not learn
+    // what the window manager supports.
     const QDeadlineTimer deadline(20000);
     while (!runOnDisplay(QStringLiteral("xprop"),
                          {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")})
-                .contains(QLatin1String("window id"))) {
+                .contains(QLatin1String("(WINDOW)"))) {
         if (deadline.hasExpired()) {
             m_error = QStringLiteral("openbox did not start");
             return;

@@ -10,6 +10,7 @@ __attribute__((visibility("default"))) const char *__tsan_default_suppressions()
 const char *__lsan_default_suppressions() {
     return "leak:libfontconfig.so\n"
            "leak:libQt6XcbQpa.so\n"
+           "leak:libdbus-1.so\n"
            "leak:libglib-2.0.so\n";
 }
 
