@@ -1,7 +1,7 @@
 #include "platform/VideoSession.h"
 
-#include "platform/VideoModule.h"
 #include "platform/BackgroundThread.h"
+#include "platform/VideoModule.h"
 
 #include <Velmora/Support.h>
 
@@ -9,18 +9,76 @@
 #include <QtCore/QEvent>
 #include <QtCore/QFileInfo>
 
+#include <chrono>
+#include <cstdlib>
 #include <utility>
+#include <vector>
 
 namespace velmora {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Enough for a thread to end what it is at; the process ends in any case.
+constexpr auto LongestEnding = 2s;
+
+// The sessions whose threads run. They may be loading libraries, which must not go on while the
+// process takes its libraries down: it ends them first.
+class RunningSessions {
+public:
+    static RunningSessions &instance() {
+        // Never destroyed: a thread that does not end in time still comes to leave.
+        static auto *sessions = new RunningSessions;
+        return *sessions;
+    }
+
+    void enter(const std::shared_ptr<VideoSession> &session) {
+        const std::lock_guard lock(m_mutex);
+        m_sessions.push_back(session);
+    }
+
+    void leave(const std::shared_ptr<VideoSession> &session) {
+        {
+            const std::lock_guard lock(m_mutex);
+            std::erase(m_sessions, session);
+        }
+        m_left.notify_all();
+    }
+
+private:
+    RunningSessions() {
+        std::atexit([] { instance().end(); });
+    }
+
+    void end() {
+        std::unique_lock lock(m_mutex);
+        for (const auto &session : m_sessions)
+            session->close();
+        m_left.wait_for(lock, LongestEnding, [this] { return m_sessions.empty(); });
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_left;
+    std::vector<std::shared_ptr<VideoSession>> m_sessions;
+};
+
+} // namespace
 
 VideoSession::VideoSession(QObject *receiver, VideoSource source)
     : m_source(std::move(source)), m_receiver(receiver) {}
 
 void VideoSession::begin() {
     QString error;
-    if (!startBackgroundThread(
-            "velmora-video", [self = shared_from_this()] { self->serve(); }, &error))
-        failed(error, false);
+    RunningSessions::instance().enter(shared_from_this());
+    const auto work = [self = shared_from_this()] {
+        self->serve();
+        RunningSessions::instance().leave(self);
+    };
+    if (startBackgroundThread("velmora-video", work, &error))
+        return;
+    RunningSessions::instance().leave(shared_from_this());
+    failed(error, false);
 }
 
 void VideoSession::run(Order order) {

