@@ -6,9 +6,17 @@ namespace velmora {
 
 namespace {
 
-bool isOnScreen(const QWidget *view) {
+// Whether a fade of the view would be seen as one: it is on screen, and nothing that contains it
+// is fading itself. The toolkit can't draw a fade within a fade.
+bool canFade(const QWidget *view) {
     const QWidget *superview = view->parentWidget();
-    return superview && superview->isVisible() && !view->window()->isMinimized();
+    if (!superview || !superview->isVisible() || view->window()->isMinimized())
+        return false;
+    for (; superview; superview = superview->parentWidget()) {
+        if (Fade::of(superview))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -16,7 +24,7 @@ bool isOnScreen(const QWidget *view) {
 void Animator::setHidden(QWidget *view, bool hidden) {
     if (isHidden(view) == hidden)
         return;
-    if (!isOnScreen(view)) {
+    if (!canFade(view)) {
         setHiddenNow(view, hidden);
         return;
     }
@@ -39,7 +47,7 @@ bool Animator::isHidden(const QWidget *view) {
 }
 
 void Animator::remove(QWidget *view) {
-    if (view->isHidden() || !isOnScreen(view)) {
+    if (view->isHidden() || !canFade(view)) {
         view->hide();
         view->setParent(nullptr);
         view->deleteLater();

@@ -26,6 +26,12 @@ Fade::~Fade() {
 }
 
 void Fade::run(bool hidden) {
+    // The toolkit can't draw a fade within a fade.
+    const auto inner = m_view->findChildren<Fade *>();
+    for (Fade *fade : inner) {
+        if (fade != this)
+            fade->finish(fade->isTowardsHidden());
+    }
     m_hidden = hidden;
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents, hidden);
     setOpacity(m_opacity);

@@ -118,10 +118,12 @@ void SplashScreenPresenter::removeAllSplashScreens() {
 // The host destroyed a window without a word.
 void SplashScreenPresenter::windowDestroyed(QObject *window) {
     m_windowObservations.erase(window);
-    // By now no controller knows its window any more.
     for (const Controller &controller : everyController()) {
-        if (controller->window())
+        const QObject *own = controller->window();
+        if (own && own != window)
             continue;
+        // Not to be asked for anything any more.
+        controller->setWindow(nullptr);
         if (controller == m_activeController)
             windowBecameDisactive();
         detach(controller);

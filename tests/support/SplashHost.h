@@ -1,0 +1,51 @@
+#pragma once
+
+#include "splash/SplashScreenPresenter.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/VirtualTime.h"
+
+#include <Velmora/Velmora.h>
+
+#include <QtWidgets/QWidget>
+
+#include <map>
+
+namespace velmora::test {
+
+/// A host with windows of its own, virtual time and no ad server.
+class SplashHost : public FreshProcess {
+protected:
+    SplashHost();
+    ~SplashHost() override;
+
+    /// A window on screen; the last one made is the key window.
+    QWidget *openWindow(const QString &name);
+    /// One that is registered too.
+    QWidget *openRegistered(const QString &name);
+    void activate(QWidget *window);
+    void closeWindow(QWidget *window) { delete window; }
+
+    static SplashScreenPresenter &presenter() { return Velmora::SSPresenter(); }
+    static SplashScreenController &controller(QWidget *window) {
+        return *presenter().splashScreenControllerWithWindow(window);
+    }
+    static bool isShown(const QWidget *element);
+    static QString countdown(QWidget *window);
+    static QString videoCountdown(QWidget *window);
+
+    /// Lets the next video be found: a file that is no video, which the player refuses.
+    void useUnplayableVideo();
+
+    /// The notifications since the last look, by the last part of their names.
+    QStringList heard();
+
+    VirtualTime time;
+    QList<QUrl> opened;
+
+private:
+    std::vector<QPointer<QWidget>> m_windows;
+    std::vector<NotificationCenter::Observation> m_observations;
+    QStringList m_heard;
+};
+
+} // namespace velmora::test
