@@ -67,8 +67,8 @@ void addSequence(QList<StateReader::Fact> &facts, const SplashScreenPresenter &p
     facts.append({QStringLiteral("Asked for"), yesNo(presenter.isNeedShow())});
     facts.append({QStringLiteral("Paused"), yesNo(presenter.needsResumeSplashScreen())});
     facts.append({QStringLiteral("Passed"), QStringLiteral("%1 s").arg(presenter.passedTime())});
-    facts.append({QStringLiteral("Shown"),
-                  QStringLiteral("%1 times").arg(Velmora::splashScreenStartCount())});
+    facts.append(
+        {QStringLiteral("Shown so far"), QString::number(Velmora::splashScreenStartCount())});
     facts.append({QStringLiteral("Windows"), QString::number(presenter.SSControllers().size())});
     facts.append({QStringLiteral("Muted"), yesNo(presenter.isMuted())});
     facts.append({QStringLiteral("Ads removed"), yesNo(Velmora::isADSRemoved())});

@@ -26,12 +26,17 @@ void SeveralWindowsScene::play() {
         lastSteps();
 }
 
-void SeveralWindowsScene::press(const char *tab, const char *button) {
+bool SeveralWindowsScene::turnTo(const char *tab, const char *button) {
     click(m_window->panel()->findChild<QWidget *>(QLatin1String(tab)));
+    parkPointer();
     auto *wanted = m_window->panel()->findChild<QWidget *>(QLatin1String(button));
-    if (await(QStringLiteral("%1 on the panel").arg(QLatin1String(button)),
-              [wanted] { return wanted && ScreenRobot::shows(wanted); }))
-        click(wanted);
+    return await(QStringLiteral("%1 on the panel").arg(QLatin1String(button)),
+                 [wanted] { return wanted && ScreenRobot::shows(wanted); });
+}
+
+void SeveralWindowsScene::press(const char *tab, const char *button) {
+    if (turnTo(tab, button))
+        click(m_window->panel()->findChild<QWidget *>(QLatin1String(button)));
 }
 
 bool SeveralWindowsScene::videoOnly() {
@@ -105,11 +110,9 @@ void SeveralWindowsScene::lastSteps() {
     await(QStringLiteral("the second window without its splash screen"),
           [this] { return !splash(m_second); });
     m_second->close();
-    click(m_window->panel()->findChild<QWidget *>(QStringLiteral("lookTab")));
-    parkPointer();
+    turnTo("lookTab", "nightButton");
     picture(QStringLiteral("panel-look"));
-    click(m_window->panel()->findChild<QWidget *>(QStringLiteral("hostTab")));
-    parkPointer();
+    turnTo("hostTab", "registerButton");
     picture(QStringLiteral("panel-host"));
 }
 

@@ -15,6 +15,8 @@ protected:
     void play() override;
 
 private:
+    /// Opens a page of the panel and waits until a control on it can be seen.
+    bool turnTo(const char *tab, const char *button);
     void press(const char *tab, const char *button);
     bool videoOnly();
     bool secondWindow();

@@ -34,12 +34,16 @@ bool SplashScene::awaitStartScreen(JournalWindow *window) {
 
 bool SplashScene::awaitVideo() {
     return await(
-        QStringLiteral("the video with its controls"),
-        [this] {
-            return isShown("splashScreenPlayerView") && isShown("soundButton") &&
-                   isShown("removeAdsImageButton") && !isShown("lablesView") && isSettled();
-        },
-        Patience);
+               QStringLiteral("the video's controls"),
+               [this] {
+                   return isShown("splashScreenPlayerView") && isShown("soundButton") &&
+                          isShown("removeAdsImageButton") && !isShown("lablesView") && isSettled();
+               },
+               Patience) &&
+           await(
+               QStringLiteral("pictures of the video"),
+               [this] { return ScreenRobot::hasPictureAt(element("splashScreenPlayerView")); },
+               Patience);
 }
 
 bool SplashScene::awaitCloseButton() {
