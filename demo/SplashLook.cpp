@@ -9,7 +9,7 @@ namespace demo {
 
 namespace {
 
-constexpr QSize PictureSize(1600, 1000);
+constexpr QSize PictureSize(1600, 1180);
 constexpr double NightInset = 46;
 
 Scenery nightScenery() {
@@ -17,12 +17,11 @@ Scenery nightScenery() {
     night.skyTop = QColor(0x0d, 0x17, 0x2b);
     night.skyBottom = QColor(0x2d, 0x3f, 0x5c);
     night.sun = QColor(0xf1, 0xe8, 0xcf);
-    night.sunX = 0.82;
-    night.sunY = 0.2;
-    night.ridges = {{QColor(0x22, 0x33, 0x4c), 0.34, 0.09, 0.5},
-                    {QColor(0x17, 0x25, 0x3a), 0.24, 0.07, 0.4}};
-    night.water = QColor(0x12, 0x20, 0x35);
-    night.motif = Scenery::Motif::Sailboat;
+    night.sunX = 0.8;
+    night.sunY = 0.19;
+    night.ridges = {{QColor(0x22, 0x33, 0x4c), 0.42, 0.1, 0.6},
+                    {QColor(0x17, 0x25, 0x3a), 0.3, 0.08, 0.45}};
+    night.motif = Scenery::Motif::Pines;
     night.seed = 4;
     return night;
 }
@@ -52,6 +51,12 @@ SplashLook SplashLook::night() {
     return look;
 }
 
+QImage SplashLook::noPicture() {
+    QImage picture(1, 1, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
 void SplashLook::apply() const {
     Velmora::setSplashScreenBackgroundColor(background);
     Velmora::setSplashScreenTextColor(text);
@@ -61,10 +66,7 @@ void SplashLook::apply() const {
     Velmora::setSplashScreenTimerBorderWidth(trackWidth, elapsedWidth);
     Velmora::setSplashScreenTopInset(topInset);
     Velmora::setSplashScreenBackgroundImageScaling(scaling);
-    // There is no way to take a picture back: it is hidden.
-    Velmora::setSplashScreenHiddenBackgroundImage(picture.isNull());
-    if (!picture.isNull())
-        Velmora::setSplashScreenBackgroundImage(picture);
+    Velmora::setSplashScreenBackgroundImage(picture);
 }
 
 } // namespace demo

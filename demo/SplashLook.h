@@ -14,8 +14,8 @@ struct SplashLook {
     QColor track = QColor(0x80, 0x80, 0x80);
     QColor elapsed = QColor(0x55, 0x55, 0x55);
     double trackWidth = 2;
-    double elapsedWidth = 4; ///< on top of the track's
-    QImage picture;          ///< behind everything; null: none
+    double elapsedWidth = 4;      ///< on top of the track's
+    QImage picture = noPicture(); ///< behind everything
     unsigned scaling = 3;
     double topInset = 0;
 
@@ -23,6 +23,9 @@ struct SplashLook {
     static SplashLook day();
     /// Dark, before a landscape at night, with a strip of the journal left free.
     static SplashLook night();
+
+    /// There is no way to take a picture back; this one cannot be seen.
+    static QImage noPicture();
 
     /// Gives it to all splash screens, present and future.
     void apply() const;

@@ -85,16 +85,14 @@ void LookPage::addColors() {
 
 void LookPage::addPicture() {
     addSection(QStringLiteral("Pictures"));
-    QStringList places;
+    QStringList places{QStringLiteral("None")};
     for (const JournalEntry &entry : JournalEntry::all())
         places.append(entry.title);
-    QComboBox *pictures = addChoice(QStringLiteral("Background"), places, [this](int place) {
-        m_look.picture = JournalEntry::all().at(place).scenery.picture(PictureSize);
+    addChoice(QStringLiteral("Background"), places, [this](int place) {
+        m_look.picture = place ? JournalEntry::all().at(place - 1).scenery.picture(PictureSize)
+                               : SplashLook::noPicture();
         Velmora::setSplashScreenBackgroundImage(m_look.picture);
-        m_hiddenPicture->setChecked(false);
     });
-    pictures->setCurrentIndex(-1);
-    pictures->setPlaceholderText(QStringLiteral("None"));
     m_scaling =
         addChoice(QStringLiteral("Filling"),
                   {QStringLiteral("Smaller if it has to be"), QStringLiteral("Stretched"),
@@ -133,8 +131,7 @@ void LookPage::addHiding() {
     add("Icon", &Velmora::setSplashScreenHiddenIcon);
     add("Icon before the video", &Velmora::setSplashScreenHiddenIconBeforeVideo);
     add("Icon after the video", &Velmora::setSplashScreenHiddenIconAfterVideo);
-    m_hiddenPicture = add("Background", &Velmora::setSplashScreenHiddenBackgroundImage);
-    m_hiddenPicture->setChecked(m_look.picture.isNull());
+    add("Background", &Velmora::setSplashScreenHiddenBackgroundImage);
     add("Background before the video", &Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo);
     add("Background after the video", &Velmora::setSplashScreenHiddenBackgroundImageAfterVideo);
     add("Button before the video", &Velmora::setSplashScreenHiddenButtonBeforeVideo);
@@ -149,7 +146,6 @@ void LookPage::apply(const SplashLook &look) {
     m_elapsedWidth->setValue(int(look.elapsedWidth));
     m_inset->setValue(int(look.topInset));
     m_scaling->setCurrentIndex(int(look.scaling));
-    m_hiddenPicture->setChecked(look.picture.isNull());
     look.apply();
 }
 

@@ -15,8 +15,6 @@ public:
     explicit LookPage(QWidget *window);
 
 private:
-    using Setter = void (*)(const QColor &);
-
     void addPresets();
     void addColors();
     ColorButton *addColor(const QString &text, QColor SplashLook::*color,
@@ -32,7 +30,6 @@ private:
     QSlider *m_trackWidth = nullptr;
     QSlider *m_elapsedWidth = nullptr;
     QComboBox *m_scaling = nullptr;
-    QCheckBox *m_hiddenPicture = nullptr;
     QCheckBox *m_onlyHere = nullptr;
     QSlider *m_inset = nullptr;
 };

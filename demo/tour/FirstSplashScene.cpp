@@ -64,7 +64,9 @@ bool FirstSplashScene::startScreen() {
 }
 
 bool FirstSplashScene::video() {
-    if (!awaitVideo())
+    if (!awaitVideo() || !await(QStringLiteral("the video's countdown at 4"), [this] {
+            return countdown() == QStringLiteral("4") && isSettled();
+        }))
         return false;
     picture(QStringLiteral("video"));
     expectTidy(QStringLiteral("the video"));
