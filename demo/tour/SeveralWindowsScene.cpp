@@ -22,7 +22,10 @@ constexpr QSize WithPanel(1280, 800);
 void SeveralWindowsScene::play() {
     SplashTimes times;
     times.load = 4;
-    if (openWindow(times) && awaitStoredVideo() && videoOnly() && secondWindow() && elsewhere())
+    if (!openWindow(times))
+        return;
+    m_window->move(0, 0);
+    if (awaitStoredVideo() && videoOnly() && secondWindow() && elsewhere())
         lastSteps();
 }
 
@@ -64,6 +67,7 @@ bool SeveralWindowsScene::secondWindow() {
     if (!awaitEnd(VLMsplashScreenShowMoreOne) || !awaitStartScreen())
         return false;
     m_second = m_demo.openWindow();
+    m_second->move(m_window->frameGeometry().topRight() + QPoint(1, 0));
     const bool joined = await(
         QStringLiteral("the start screen in a window that joins"),
         [this] { return m_second->isActiveWindow() && isShown("lablesView", m_second); }, Patience);
