@@ -16,9 +16,7 @@ Scenery nightScenery() {
     Scenery night;
     night.skyTop = QColor(0x0d, 0x17, 0x2b);
     night.skyBottom = QColor(0x2d, 0x3f, 0x5c);
-    night.sun = QColor(0xf1, 0xe8, 0xcf);
-    night.sunX = 0.8;
-    night.sunY = 0.19;
+    night.sunY = -1; // set
     night.ridges = {{QColor(0x22, 0x33, 0x4c), 0.42, 0.1, 0.6},
                     {QColor(0x17, 0x25, 0x3a), 0.3, 0.08, 0.45}};
     night.motif = Scenery::Motif::Pines;

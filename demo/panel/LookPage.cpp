@@ -16,6 +16,18 @@ namespace demo {
 namespace {
 constexpr QSize PictureSize(1600, 1000);
 constexpr int IconSide = 512;
+
+// The background's choices; the journal's entries follow.
+enum Picture { NoPicture, Night, FirstEntry };
+
+QImage pictureOf(int choice) {
+    if (choice == NoPicture)
+        return SplashLook::noPicture();
+    if (choice == Night)
+        return SplashLook::night().picture;
+    return JournalEntry::all().at(choice - FirstEntry).scenery.picture(PictureSize);
+}
+
 } // namespace
 
 LookPage::LookPage(QWidget *window) : m_window(window) {
@@ -85,12 +97,11 @@ void LookPage::addColors() {
 
 void LookPage::addPicture() {
     addSection(QStringLiteral("Pictures"));
-    QStringList places{QStringLiteral("None")};
+    QStringList places{QStringLiteral("None"), QStringLiteral("Pines at night")};
     for (const JournalEntry &entry : JournalEntry::all())
         places.append(entry.title);
-    addChoice(QStringLiteral("Background"), places, [this](int place) {
-        m_look.picture = place ? JournalEntry::all().at(place - 1).scenery.picture(PictureSize)
-                               : SplashLook::noPicture();
+    m_picture = addChoice(QStringLiteral("Background"), places, [this](int place) {
+        m_look.picture = pictureOf(place);
         Velmora::setSplashScreenBackgroundImage(m_look.picture);
     });
     m_scaling =
@@ -145,6 +156,7 @@ void LookPage::apply(const SplashLook &look) {
     m_trackWidth->setValue(int(look.trackWidth));
     m_elapsedWidth->setValue(int(look.elapsedWidth));
     m_inset->setValue(int(look.topInset));
+    m_picture->setCurrentIndex(look.picture == SplashLook::noPicture() ? NoPicture : Night);
     m_scaling->setCurrentIndex(int(look.scaling));
     look.apply();
 }

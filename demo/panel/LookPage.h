@@ -29,6 +29,7 @@ private:
     QList<std::pair<ColorButton *, QColor SplashLook::*>> m_colors;
     QSlider *m_trackWidth = nullptr;
     QSlider *m_elapsedWidth = nullptr;
+    QComboBox *m_picture = nullptr;
     QComboBox *m_scaling = nullptr;
     QCheckBox *m_onlyHere = nullptr;
     QSlider *m_inset = nullptr;

@@ -17,7 +17,7 @@ constexpr int WatchMs = 700;
 
 void FirstSplashScene::play() {
     SplashTimes times;
-    times.delay = 5;
+    times.delay = 4;
     times.load = 3;
     if (openWindow(times) && tooEarly() && startScreen() && video())
         endScreen();
