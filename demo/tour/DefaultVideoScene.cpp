@@ -24,9 +24,8 @@ void DefaultVideoScene::play() {
         return;
     Velmora::setDefaultVideoURL(QUrl::fromLocalFile(clips.first()), AppId);
     // The name of what it advertises comes from the store.
-    await(
-        QStringLiteral("the name of the advertised application"),
-        [] { return StateReader::defaultVideoName() == AppName; }, Patience);
+    await(QStringLiteral("the name of the advertised application"),
+          [] { return StateReader::defaultVideoName() == AppName; });
     Velmora::forceShow();
     if (!awaitEnd(VLMadsVideoDidStart) || !awaitVideo())
         return;

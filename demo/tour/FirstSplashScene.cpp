@@ -13,7 +13,8 @@ namespace demo {
 
 namespace {
 constexpr int WatchMs = 700;
-}
+constexpr int VideoCountdown = 5;
+} // namespace
 
 void FirstSplashScene::play() {
     SplashTimes times;
@@ -39,8 +40,7 @@ bool FirstSplashScene::tooEarly() {
         WatchMs);
     expect(refused && !Velmora::isADSReady(), QStringLiteral("no splash screen before its time"));
     picture(QStringLiteral("splash-too-early"));
-    const bool ready = await(
-        QStringLiteral("ads ready"), [] { return Velmora::isADSReady(); }, Patience);
+    const bool ready = await(QStringLiteral("ads ready"), [] { return Velmora::isADSReady(); });
     m_timeline.add(Timeline::Ready);
     expect(count(VLMsplashScreenWillShow) == 0,
            QStringLiteral("a refused splash screen that stays away"));
@@ -64,9 +64,10 @@ bool FirstSplashScene::startScreen() {
 }
 
 bool FirstSplashScene::video() {
-    if (!awaitVideo() || !await(QStringLiteral("the video's countdown at 4"), [this] {
-            return countdown() == QStringLiteral("4") && isSettled();
-        }))
+    const auto hasCounted = [this] {
+        return !countdown().isEmpty() && countdown().toInt() < VideoCountdown;
+    };
+    if (!awaitVideo() || !await(QStringLiteral("a second of the video counted down"), hasCounted))
         return false;
     picture(QStringLiteral("video"));
     expectTidy(QStringLiteral("the video"));

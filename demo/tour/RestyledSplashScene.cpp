@@ -36,14 +36,11 @@ void RestyledSplashScene::pay() {
     clickElement("removeAdsImageButton");
     awaitEnd(VLMtryRemoveAds, asked + 1);
     QWidget *buy = nullptr;
-    if (!await(
-            QStringLiteral("the offer to remove ads over the splash screen"),
-            [&buy] {
-                const QWidget *sheet = QApplication::activeModalWidget();
-                buy = sheet ? sheet->findChild<QWidget *>(QStringLiteral("buyButton")) : nullptr;
-                return buy && ScreenRobot::shows(buy);
-            },
-            Patience))
+    if (!await(QStringLiteral("the offer to remove ads over the splash screen"), [&buy] {
+            const QWidget *sheet = QApplication::activeModalWidget();
+            buy = sheet ? sheet->findChild<QWidget *>(QStringLiteral("buyButton")) : nullptr;
+            return buy && ScreenRobot::shows(buy);
+        }))
         return;
     expect(splash() != nullptr, QStringLiteral("a splash screen that waits for the answer"));
     parkPointer();

@@ -40,6 +40,9 @@ public:
     bool perform();
 
 protected:
+    /// How long a busy machine may take for anything.
+    static constexpr int Patience = 15000;
+
     Scene(DemoApplication &demo, const Options &options);
 
     virtual void play() = 0;
@@ -53,11 +56,12 @@ protected:
     /// picture. @return whether it does
     bool expect(bool condition, const QString &what);
     /// The same for a condition that should come to hold soon.
-    bool await(const QString &what, const std::function<bool()> &condition, int timeoutMs = 5000);
+    bool await(const QString &what, const std::function<bool()> &condition,
+               int timeoutMs = Patience);
 
     /// Waits until the screen shows a banner, fully faded in, and notes its name.
     bool awaitBanner(const QString &what, const std::function<bool(const QString &name)> &isRight,
-                     int timeoutMs = 8000);
+                     int timeoutMs = Patience);
 
     /// Leaves a picture of the window on the screen.
     void picture(const QString &name, QWidget *window = nullptr);

@@ -43,7 +43,10 @@ void SeveralWindowsScene::press(const char *tab, const char *button) {
 }
 
 bool SeveralWindowsScene::videoOnly() {
-    click(m_window->findChild<QWidget *>(QStringLiteral("panelButton")));
+    auto *panelButton = m_window->findChild<QWidget *>(QStringLiteral("panelButton"));
+    await(QStringLiteral("the window in its corner"),
+          [panelButton] { return ScreenRobot::shows(panelButton); });
+    click(panelButton);
     if (!await(QStringLiteral("the panel"), [this] { return m_window->panel()->isVisible(); }) ||
         !resizeWindow(WithPanel))
         return false;
@@ -68,9 +71,9 @@ bool SeveralWindowsScene::secondWindow() {
         return false;
     m_second = m_demo.openWindow();
     m_second->move(m_window->frameGeometry().topRight() + QPoint(1, 0));
-    const bool joined = await(
-        QStringLiteral("the start screen in a window that joins"),
-        [this] { return m_second->isActiveWindow() && isShown("lablesView", m_second); }, Patience);
+    const bool joined = await(QStringLiteral("the start screen in a window that joins"), [this] {
+        return m_second->isActiveWindow() && isShown("lablesView", m_second);
+    });
     return joined;
 }
 
@@ -83,9 +86,8 @@ bool SeveralWindowsScene::elsewhere() {
     other.move(m_window->pos() + QPoint(60, 90));
     other.show();
     other.activateWindow();
-    if (!await(
-            QStringLiteral("another window in front"), [&other] { return other.isActiveWindow(); },
-            Patience))
+    if (!await(QStringLiteral("another window in front"),
+               [&other] { return other.isActiveWindow(); }))
         return false;
     m_timeline.add(Timeline::Away);
     const QString counted = countdown();
@@ -97,13 +99,11 @@ bool SeveralWindowsScene::elsewhere() {
     other.hide();
     m_window->raise();
     m_window->activateWindow();
-    const bool back = await(
-        QStringLiteral("the journal in front again"), [this] { return m_window->isActiveWindow(); },
-        Patience);
+    const bool back = await(QStringLiteral("the journal in front again"),
+                            [this] { return m_window->isActiveWindow(); });
     m_timeline.add(Timeline::Back);
-    return back && await(
-                       QStringLiteral("a countdown that goes on"),
-                       [&] { return countdown() != counted; }, Patience);
+    return back && await(QStringLiteral("a countdown that goes on"),
+                         [&] { return countdown() != counted; });
 }
 
 void SeveralWindowsScene::lastSteps() {

@@ -23,51 +23,45 @@ bool SplashScene::openWindow(const SplashTimes &times) {
 }
 
 bool SplashScene::awaitStoredVideo() {
-    return await(QStringLiteral("a stored video with its still"), &StateReader::hasVideo, Patience);
+    return await(QStringLiteral("a stored video with its still"), &StateReader::hasVideo);
 }
 
 bool SplashScene::awaitStartScreen(JournalWindow *window) {
-    return await(
-        QStringLiteral("the start screen"),
-        [&] { return isShown("lablesView", window) && isSettled(window); }, Patience);
+    return await(QStringLiteral("the start screen"),
+                 [&] { return isShown("lablesView", window) && isSettled(window); });
 }
 
 bool SplashScene::awaitVideo() {
-    return await(
-               QStringLiteral("the video's controls"),
-               [this] {
-                   return isShown("splashScreenPlayerView") && isShown("soundButton") &&
-                          isShown("removeAdsImageButton") && !isShown("lablesView") && isSettled();
-               },
-               Patience) &&
-           await(
-               QStringLiteral("pictures of the video"),
-               [this] { return ScreenRobot::hasPictureAt(element("splashScreenPlayerView")); },
-               Patience);
+    return await(QStringLiteral("the video's controls"),
+                 [this] {
+                     return isShown("splashScreenPlayerView") && isShown("soundButton") &&
+                            isShown("removeAdsImageButton") && !isShown("lablesView") &&
+                            isSettled();
+                 }) &&
+           await(QStringLiteral("pictures of the video"),
+                 [this] { return ScreenRobot::hasPictureAt(element("splashScreenPlayerView")); });
 }
 
 bool SplashScene::awaitCloseButton() {
-    const bool there = await(
-        QStringLiteral("the close button"), [this] { return isShown("closeButton"); }, Patience);
+    const bool there =
+        await(QStringLiteral("the close button"), [this] { return isShown("closeButton"); });
     m_timeline.add(Timeline::CloseButton);
     return there &&
            await(QStringLiteral("the close button on the screen"), [this] { return isSettled(); });
 }
 
 bool SplashScene::awaitEndScreen(bool hasStill) {
-    return await(
-        hasStill ? QStringLiteral("the end screen with the still")
-                 : QStringLiteral("the end screen with the icon"),
-        [this, hasStill] {
-            return isShown("closeButton") && !isShown("splashScreenPlayerView") &&
-                   isShown(hasStill ? "interstitialImage" : "iconImageView") && isSettled();
-        },
-        Patience);
+    return await(hasStill ? QStringLiteral("the end screen with the still")
+                          : QStringLiteral("the end screen with the icon"),
+                 [this, hasStill] {
+                     return isShown("closeButton") && !isShown("splashScreenPlayerView") &&
+                            isShown(hasStill ? "interstitialImage" : "iconImageView") &&
+                            isSettled();
+                 });
 }
 
 bool SplashScene::awaitEnd(const QString &notification, int times) {
-    return await(
-        notification, [&] { return count(notification) >= times; }, Patience);
+    return await(notification, [&] { return count(notification) >= times; });
 }
 
 bool SplashScene::close() {

@@ -11,9 +11,6 @@ class SplashScene : public Scene {
 protected:
     SplashScene(DemoApplication &demo, const Options &options) : Scene(demo, options) {}
 
-    /// How long a busy machine may take for anything.
-    static constexpr int Patience = 15000;
-
     /// Opens the window with these times.
     bool openWindow(const SplashTimes &times);
     /// Waits until a video and its still are stored.
