@@ -70,10 +70,10 @@ bool SeveralWindowsScene::secondWindow() {
     if (!awaitEnd(VLMsplashScreenShowMoreOne) || !awaitStartScreen())
         return false;
     m_second = m_demo.openWindow();
-    m_second->move(m_window->frameGeometry().topRight() + QPoint(1, 0));
     const bool joined = await(QStringLiteral("the start screen in a window that joins"), [this] {
         return m_second->isActiveWindow() && isShown("lablesView", m_second);
     });
+    m_second->move(m_window->frameGeometry().topRight() + QPoint(1, 0));
     return joined;
 }
 

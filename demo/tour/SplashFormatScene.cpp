@@ -6,6 +6,7 @@
 
 #include <Velmora/Velmora.h>
 
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QStatusBar>
 
 namespace demo {
@@ -13,6 +14,11 @@ namespace demo {
 namespace {
 constexpr QSize UsualSize(880, 600);
 constexpr QSize SmallContent(320, 240);
+
+QString wordForAds() {
+    return qEnvironmentVariable("LANGUAGE") == QLatin1String("ja") ? QStringLiteral("広告")
+                                                                   : QStringLiteral("Werbung");
+}
 } // namespace
 
 void SplashFormatScene::play() {
@@ -26,6 +32,9 @@ void SplashFormatScene::play() {
     Velmora::forceShow();
     if (!awaitStartScreen())
         return;
+    const auto *remove = qobject_cast<QAbstractButton *>(element("removeAdsButton"));
+    expect(remove && remove->text().contains(wordForAds()),
+           QStringLiteral("the language that was asked for"));
     pictures(QStringLiteral("start"));
     if (!awaitVideo())
         return;
