@@ -1,23 +1,53 @@
 #include "demo/Advertising.h"
 
+#include "demo/AppIcon.h"
 #include "demo/EventLog.h"
+#include "demo/SplashLook.h"
 
 #include <Velmora/Velmora.h>
 
 namespace demo {
 
-Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links)
+namespace {
+constexpr int IconSide = 512;
+}
+
+Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links,
+                         const SplashTimes &times)
     : m_server(server), m_log(log), m_links(links) {
     Velmora::activateDebugMode();
     auto &centre = velmora::NotificationCenter::defaultCenter();
-    for (const QString &name : {VLMtryRemoveAds, VLMclickForBanner})
+    for (const QString &name : notifications())
         m_observations.push_back(centre.addObserver(
             name, [this](const velmora::Notification &notification) { hear(notification); }));
+    setTimes(times);
+    Velmora::setSplashScreenIcon(AppIcon::picture(IconSide));
+    SplashLook::day().apply();
+}
+
+const QStringList &Advertising::notifications() {
+    static const QStringList names{
+        VLMtryRemoveAds,         VLMclickForBanner,      VLMclickForVideo,
+        VLMadsVideoDidStart,     VLMadsVideoDidStop,     VLMsplashScreenShowMoreOne,
+        VLMsplashScreenWillShow, VLMsplashScreenDidShow, VLMsplashScreenDidClose};
+    return names;
+}
+
+void Advertising::setTimes(const SplashTimes &times) {
+    m_times = times;
+    Velmora::setSplashScreenDelay(times.delay);
+    Velmora::setSplashScreenLoadTime(times.load);
+    Velmora::setSplashScreenWaitingVideoTimeSeconds(times.wait);
 }
 
 void Advertising::addWindow(QWidget *window) {
     m_windows.append(window);
     Velmora::addBannerForWindow(window);
+    Velmora::addSplashScreenToWindow(window);
+}
+
+void Advertising::pageTurned() {
+    Velmora::show();
 }
 
 void Advertising::removeAds() {
@@ -29,8 +59,10 @@ void Advertising::resetAds() {
     m_log.record(QStringLiteral("ads-reset"));
     Velmora::resetAds();
     m_windows.removeAll(nullptr);
-    for (const auto &window : std::as_const(m_windows))
+    for (const auto &window : std::as_const(m_windows)) {
         Velmora::addBannerForWindow(window);
+        Velmora::addSplashScreenToWindow(window);
+    }
 }
 
 void Advertising::hear(const velmora::Notification &notification) {

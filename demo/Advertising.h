@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/SplashTimes.h"
+
 #include <Velmora/NotificationCenter.h>
 
 #include <QtCore/QList>
@@ -16,29 +18,38 @@ class DemoServer;
 class EventLog;
 class LinkOpener;
 
-/// All that the journal has to do with advertising: it gives its windows banners, listens to
-/// the framework, and takes advertising away when the reader pays for that.
+/// All that the journal has to do with advertising: it gives its windows banners and splash
+/// screens, listens to the framework, and takes advertising away when the reader pays for that.
 class Advertising : public QObject {
     Q_OBJECT
 
 public:
-    Advertising(DemoServer &server, EventLog &log, LinkOpener &links);
+    Advertising(DemoServer &server, EventLog &log, LinkOpener &links, const SplashTimes &times);
 
-    /// Puts a banner into a window, now and whenever ads are reset.
+    /// All that the framework says about advertising.
+    static const QStringList &notifications();
+
+    /// Puts a banner and a splash screen into a window, now and whenever ads are reset.
     void addWindow(QWidget *window);
 
-    /// Takes the banners away, for good.
+    /// A good moment for a splash screen, if one is due: the reader turns the page.
+    void pageTurned();
+
+    /// Takes banners and splash screens away, for good.
     void removeAds();
 
-    /// Allows ads again and gives every window its banner back.
+    /// Allows ads again and gives every window what it had.
     void resetAds();
+
+    const SplashTimes &times() const { return m_times; }
+    void setTimes(const SplashTimes &times);
 
     DemoServer &server() { return m_server; }
     EventLog &log() { return m_log; }
     LinkOpener &links() { return m_links; }
 
 Q_SIGNALS:
-    /// The reader wants to be rid of the banners.
+    /// The reader wants to be rid of advertising.
     void removalWanted();
 
 private:
@@ -47,6 +58,7 @@ private:
     DemoServer &m_server;
     EventLog &m_log;
     LinkOpener &m_links;
+    SplashTimes m_times;
     QList<QPointer<QWidget>> m_windows;
     std::vector<velmora::NotificationCenter::Observation> m_observations;
 };

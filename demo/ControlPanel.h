@@ -1,27 +1,22 @@
 #pragma once
 
-#include <Velmora/ViewController.h>
-
 #include <QtWidgets/QWidget>
 
-class QAbstractButton;
-class QCheckBox;
-class QGridLayout;
-class QSlider;
-class QVBoxLayout;
+class QButtonGroup;
+class QStackedWidget;
 
 namespace demo {
 
 class Advertising;
 class JournalWindow;
 
-/// The developer's panel: everything that the framework offers for banners, to try out, and the
+/// The developer's panel: everything that the framework offers, to try out, in pages, and the
 /// log of what the framework said.
 class ControlPanel : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int Width = 272;
+    static constexpr int Width = 320;
 
     ControlPanel(Advertising &advertising, JournalWindow *window);
 
@@ -32,21 +27,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QWidget *newPlacement();
-    QWidget *newActions();
-    QWidget *newServer();
-    QWidget *newLog();
-    QAbstractButton *newButton(const QString &text, const QString &name);
-    QSlider *newSlider(QGridLayout *grid, int row, const QString &text, int least, int most);
-    void setHeight(bool large);
-    void setInsets();
-    void setHidden(bool hidden);
+    QWidget *newTabs();
+    void addPage(QWidget *page, const QString &title, const QString &name);
+    QWidget *newLog(Advertising &advertising);
 
-    Advertising &m_advertising;
-    JournalWindow *m_window;
-    QCheckBox *m_everyWindow = nullptr;
-    QSlider *m_bottom = nullptr;
-    QSlider *m_centre = nullptr;
+    QButtonGroup *m_tabs;
+    QStackedWidget *m_pages;
 };
 
 } // namespace demo

@@ -22,7 +22,7 @@ bool DemoApplication::startServer(const QString &campaignFolder) {
 
 JournalWindow *DemoApplication::openWindow() {
     if (!m_advertising) {
-        m_advertising = std::make_unique<Advertising>(m_server, m_log, m_links);
+        m_advertising = std::make_unique<Advertising>(m_server, m_log, m_links, m_times);
         connect(m_advertising.get(), &Advertising::removalWanted, this,
                 &DemoApplication::offerPurchase);
         connect(&m_log, &EventLog::recorded, this, &DemoApplication::showInStatusLine);

@@ -24,8 +24,14 @@ public:
     /// Starts the ad server, before the framework's first use.
     bool startServer(const QString &campaignFolder);
 
-    /// Opens a window of the journal with a banner in it.
+    /// The times that splash screens get; to be called before the first window.
+    void setTimes(const SplashTimes &times) { m_times = times; }
+
+    /// Opens a window of the journal with a banner and a splash screen.
     JournalWindow *openWindow();
+
+    /// The advertising; null before the first window.
+    Advertising *advertising() const { return m_advertising.get(); }
 
     DemoServer &server() { return m_server; }
     EventLog &log() { return m_log; }
@@ -37,6 +43,7 @@ private:
     DemoServer m_server;
     EventLog m_log;
     LinkOpener m_links{m_log};
+    SplashTimes m_times;
     std::unique_ptr<Advertising> m_advertising;
     QList<QPointer<JournalWindow>> m_windows;
 };

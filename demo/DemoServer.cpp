@@ -1,6 +1,7 @@
 #include "demo/DemoServer.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -13,6 +14,7 @@ bool DemoServer::start(const QString &campaignFolder) {
         m_error = QStringLiteral("no such campaign folder: %1").arg(campaignFolder);
         return false;
     }
+    m_folder = campaignFolder;
     m_server.campaign().setFolder(campaignFolder);
     const QString url = m_server.start();
     if (url.isEmpty()) {
@@ -36,6 +38,22 @@ void DemoServer::setRunning(bool on) {
         m_server.start(m_port);
     else
         m_server.stop();
+}
+
+void DemoServer::withholdVideos() {
+    QJsonObject table = QJsonDocument::fromJson(m_server.campaign().reply()).object();
+    table[QStringLiteral("video")] = QJsonArray();
+    m_server.campaign().setReply(QJsonDocument(table).toJson());
+}
+
+QStringList DemoServer::clips() const {
+    QStringList files;
+    QDirIterator found(m_folder, {QStringLiteral("*.mp4")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files.append(QFileInfo(found.next()).absoluteFilePath());
+    files.sort();
+    return files;
 }
 
 int DemoServer::requests(const QString &path) {

@@ -20,6 +20,12 @@ public:
     void setRunning(bool on);
     bool isRunning() const { return m_server.isRunning(); }
 
+    /// From now on there are no videos in the ad table.
+    void withholdVideos();
+
+    /// The campaign's videos, as local files.
+    QStringList clips() const;
+
     /// Requests that arrived so far, for a path or a pattern with * at its end.
     int requests(const QString &path = QStringLiteral("*"));
 
@@ -28,6 +34,7 @@ public:
 
 private:
     velmora::adserver::AdServer m_server;
+    QString m_folder;
     QTemporaryFile m_authority;
     quint16 m_port = 0;
     QString m_error;

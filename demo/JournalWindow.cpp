@@ -1,5 +1,6 @@
 #include "demo/JournalWindow.h"
 
+#include "demo/Advertising.h"
 #include "demo/ArticleView.h"
 #include "demo/ControlPanel.h"
 #include "demo/JournalEntry.h"
@@ -20,7 +21,7 @@ namespace demo {
 namespace {
 
 constexpr int SidebarNeeds = 720;
-constexpr int PanelHeight = 600;
+constexpr int PanelHeight = 620;
 constexpr int MessageMs = 6000;
 
 QLabel *newNote() {
@@ -56,7 +57,8 @@ QString look() {
 } // namespace
 
 JournalWindow::JournalWindow(Advertising &advertising)
-    : m_page(new Page),
+    : m_advertising(advertising),
+      m_page(new Page),
       m_sidebar(new Sidebar),
       m_panel(new ControlPanel(advertising, this)),
       m_article(new ArticleView) {
@@ -74,7 +76,7 @@ JournalWindow::JournalWindow(Advertising &advertising)
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addPermanentWidget(m_words);
 
-    connect(m_sidebar, &Sidebar::entryChosen, this, &JournalWindow::openEntry);
+    connect(m_sidebar, &Sidebar::entryChosen, this, &JournalWindow::turnTo);
     connect(m_panel, &ControlPanel::secondWindowWanted, this, &JournalWindow::secondWindowWanted);
     connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, this,
             &JournalWindow::secondWindowWanted);
@@ -99,6 +101,7 @@ QWidget *JournalWindow::newHeader() {
     header->setAttribute(Qt::WA_StyledBackground);
     QToolButton *back = newHeaderButton(QStringLiteral("‹"), QStringLiteral("Previous entry"));
     QToolButton *forward = newHeaderButton(QStringLiteral("›"), QStringLiteral("Next entry"));
+    forward->setObjectName(QStringLiteral("nextButton"));
     m_panelButton = newHeaderButton(QStringLiteral("Advertising"),
                                     QStringLiteral("Show the advertising panel"));
     m_panelButton->setObjectName(QStringLiteral("panelButton"));
@@ -116,8 +119,8 @@ QWidget *JournalWindow::newHeader() {
     layout->addStretch();
     layout->addWidget(m_panelButton);
 
-    connect(back, &QToolButton::clicked, this, [this] { openEntry(m_entry - 1); });
-    connect(forward, &QToolButton::clicked, this, [this] { openEntry(m_entry + 1); });
+    connect(back, &QToolButton::clicked, this, [this] { turnTo(m_entry - 1); });
+    connect(forward, &QToolButton::clicked, this, [this] { turnTo(m_entry + 1); });
     connect(m_panelButton, &QToolButton::toggled, this, &JournalWindow::setPanelShown);
     return header;
 }
@@ -133,12 +136,18 @@ QDockWidget *JournalWindow::newSide(QWidget *content, Qt::DockWidgetArea area) {
     return dock;
 }
 
-void JournalWindow::openEntry(int entry) {
+void JournalWindow::turnTo(int entry) {
     const int count = int(JournalEntry::all().size());
     const int wanted = (entry + count) % count;
     if (wanted == m_entry)
         return;
-    m_entry = wanted;
+    openEntry(wanted);
+    m_advertising.pageTurned();
+}
+
+void JournalWindow::openEntry(int entry) {
+    const int count = int(JournalEntry::all().size());
+    m_entry = entry;
     const JournalEntry &shown = JournalEntry::all().at(m_entry);
     m_article->show(shown);
     m_sidebar->setCurrent(m_entry);

@@ -45,9 +45,12 @@ private:
     QWidget *newHeader();
     QToolButton *newHeaderButton(const QString &text, const QString &name);
     QDockWidget *newSide(QWidget *content, Qt::DockWidgetArea area);
+    /// The reader goes to another entry; entries wrap around.
+    void turnTo(int entry);
     void openEntry(int entry);
     void makeRoom();
 
+    Advertising &m_advertising;
     Page *m_page;
     Sidebar *m_sidebar;
     ControlPanel *m_panel;

@@ -11,6 +11,9 @@ namespace {
 
 const QString CampaignKey = QStringLiteral("campaign");
 const QString TourKey = QStringLiteral("tour");
+const QString DelayKey = QStringLiteral("delay");
+const QString LoadTimeKey = QStringLiteral("load-time");
+const QString WaitKey = QStringLiteral("wait");
 const QString SceneKey = QStringLiteral("scene");
 const QString PictureKey = QStringLiteral("first-picture");
 const QString StartedKey = QStringLiteral("tour-started");
@@ -26,6 +29,19 @@ QCommandLineOption hidden(const QString &name) {
     return option;
 }
 
+// The seconds that an option asks for, or the usual ones where it is not there.
+int seconds(const QCommandLineParser &parser, const QString &name, int usual, int most) {
+    if (!parser.isSet(name))
+        return usual;
+    bool isNumber = false;
+    const int value = parser.value(name).toInt(&isNumber);
+    if (!isNumber || value < 0 || value > most)
+        end(stderr,
+            QStringLiteral("velmora-demo: --%1 needs whole seconds, 0 to %2\n").arg(name).arg(most),
+            2);
+    return value;
+}
+
 } // namespace
 
 Options Options::fromArguments(const QStringList &arguments) {
@@ -35,6 +51,7 @@ Options Options::fromArguments(const QStringList &arguments) {
                        "development ad server inside."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Show this help."));
+    const SplashTimes usual;
     parser.addOptions(
         {help,
          {CampaignKey, QStringLiteral("Serve this campaign instead of the sample."),
@@ -43,6 +60,13 @@ Options Options::fromArguments(const QStringList &arguments) {
           QStringLiteral("Play the tour without a person; leave pictures and timeline.txt in "
                          "the folder."),
           QStringLiteral("folder")},
+         {DelayKey,
+          QStringLiteral("Time until the first splash screen may be shown (%1).").arg(usual.delay),
+          QStringLiteral("seconds")},
+         {LoadTimeKey, QStringLiteral("Length of the start screen, 0 to 15 (%1).").arg(usual.load),
+          QStringLiteral("seconds")},
+         {WaitKey, QStringLiteral("Time from one splash screen to the next (%1).").arg(usual.wait),
+          QStringLiteral("seconds")},
          hidden(SceneKey),
          hidden(PictureKey),
          hidden(StartedKey)});
@@ -64,6 +88,11 @@ Options Options::fromArguments(const QStringList &arguments) {
     options.scene = parser.value(SceneKey);
     if (parser.isSet(PictureKey))
         options.firstPicture = parser.value(PictureKey).toInt();
+    constexpr int LongestLoadTime = 15;
+    constexpr int OneDay = 24 * 60 * 60;
+    options.times.delay = seconds(parser, DelayKey, usual.delay, OneDay);
+    options.times.load = seconds(parser, LoadTimeKey, usual.load, LongestLoadTime);
+    options.times.wait = seconds(parser, WaitKey, usual.wait, OneDay);
     options.tourStarted = parser.value(StartedKey).toLongLong();
     return options;
 }

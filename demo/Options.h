@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/SplashTimes.h"
+
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -12,6 +14,7 @@ struct Options {
     QString scene;          ///< one scene of the tour, played in this process
     int firstPicture = 1;   ///< number of the scene's first picture
     qint64 tourStarted = 0; ///< on the system's steady clock, milliseconds
+    SplashTimes times;
 
     bool isTour() const { return !tour.isEmpty() && scene.isEmpty(); }
     bool isScene() const { return !scene.isEmpty(); }

@@ -29,7 +29,7 @@ PurchaseSheet::PurchaseSheet(QWidget *parent) : QDialog(parent) {
     setStyleSheet(look());
     auto *title = new QLabel(QStringLiteral("Just your journal"));
     title->setFont(theme::heading(22));
-    auto *text = new QLabel(QStringLiteral("Keep writing without banners, on this computer and "
+    auto *text = new QLabel(QStringLiteral("Keep writing without advertising, on this computer and "
                                            "for good. One payment, no subscription."));
     text->setWordWrap(true);
     text->setFont(theme::text(14));

@@ -121,6 +121,13 @@ void Scenery::paint(QPainter &painter, const QRectF &frame) const {
     painter.restore();
 }
 
+QImage Scenery::picture(const QSize &size) const {
+    QImage image(size, QImage::Format_RGB32);
+    QPainter painter(&image);
+    paint(painter, QRectF(QPointF(), size));
+    return image;
+}
+
 void Scenery::paintSky(QPainter &painter, const QRectF &frame) const {
     QLinearGradient sky(frame.topLeft(), frame.bottomLeft());
     sky.setColorAt(0, skyTop);

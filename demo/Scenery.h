@@ -3,6 +3,7 @@
 #include <QtCore/QList>
 #include <QtCore/QRectF>
 #include <QtGui/QColor>
+#include <QtGui/QImage>
 
 class QPainter;
 
@@ -31,6 +32,9 @@ struct Scenery {
     int seed = 1;
 
     void paint(QPainter &painter, const QRectF &frame) const;
+
+    /// The landscape as a picture of its own.
+    QImage picture(const QSize &size) const;
 
 private:
     void paintSky(QPainter &painter, const QRectF &frame) const;

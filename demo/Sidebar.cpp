@@ -5,7 +5,7 @@
 #include "demo/Theme.h"
 
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QVBoxLayout>
 
@@ -15,27 +15,7 @@ namespace {
 
 constexpr int HeaderHeight = 84;
 constexpr int FooterHeight = 44;
-
-void paintMark(QPainter &painter, const QRectF &frame) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::Accent);
-    painter.drawEllipse(frame);
-    QPainterPath clip;
-    clip.addEllipse(frame);
-    painter.setClipPath(clip);
-    painter.setBrush(QColor(0xf4, 0xc9, 0x7a));
-    painter.drawEllipse(frame.center() + QPointF(5, -5), 6, 6);
-    for (int i = 0; i < 2; ++i) {
-        const double y = frame.center().y() + 2 + i * 6.5;
-        QPainterPath swell(QPointF(frame.left(), y));
-        swell.cubicTo(frame.left() + frame.width() * 0.35, y - 8 + i * 10,
-                      frame.left() + frame.width() * 0.6, y + 8 - i * 10, frame.right(), y - 1);
-        swell.lineTo(frame.bottomRight());
-        swell.lineTo(frame.bottomLeft());
-        painter.fillPath(swell, i ? theme::Deep.lighter(150) : theme::OnDeep);
-    }
-    painter.setClipping(false);
-}
+constexpr QRect Mark(20, 22, 36, 36);
 
 } // namespace
 
@@ -64,7 +44,7 @@ void Sidebar::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), theme::Deep);
-    paintMark(painter, QRectF(20, 22, 36, 36));
+    QApplication::windowIcon().paint(&painter, Mark);
     painter.setPen(theme::OnDeep);
     painter.setFont(theme::heading(20));
     painter.drawText(QRectF(68, 20, width() - 80, 24), Qt::AlignLeft | Qt::AlignVCenter,

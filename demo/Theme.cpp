@@ -43,6 +43,7 @@ void applyTo(QApplication &application) {
     QPalette palette(PaperShade, Paper);
     palette.setColor(QPalette::Window, Paper);
     palette.setColor(QPalette::WindowText, Ink);
+    palette.setColor(QPalette::Button, QColor(Qt::white));
     palette.setColor(QPalette::Base, QColor(Qt::white));
     palette.setColor(QPalette::AlternateBase, PaperShade);
     palette.setColor(QPalette::Text, Ink);

@@ -1,3 +1,4 @@
+#include "demo/AppIcon.h"
 #include "demo/DemoApplication.h"
 #include "demo/JournalWindow.h"
 #include "demo/Options.h"
@@ -23,8 +24,10 @@ int runJournal(int argc, char *argv[], const Options &options) {
     QApplication::setOrganizationName(QStringLiteral("Tidewick"));
     QApplication::setApplicationName(QStringLiteral("tidewick"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tidewick"));
+    QApplication::setWindowIcon(AppIcon::icon());
     theme::applyTo(application);
     DemoApplication demo;
+    demo.setTimes(options.times);
     if (!demo.startServer(options.campaign)) {
         std::fprintf(stderr, "velmora-demo: %s\n", qPrintable(demo.server().errorString()));
         return 1;

@@ -112,7 +112,10 @@ void FirstStartScene::panel() {
     await(QStringLiteral("the advertising panel"),
           [this] { return m_window->panel()->isVisible(); });
     awaitPlace(LargeHeight);
-    click(m_window->findChild<QWidget *>(QStringLiteral("hideButton")));
+    click(m_window->findChild<QWidget *>(QStringLiteral("bannerTab")));
+    auto *hide = m_window->findChild<QWidget *>(QStringLiteral("hideButton"));
+    await(QStringLiteral("the banner's page of the panel"), [hide] { return hide->isVisible(); });
+    click(hide);
     await(QStringLiteral("a hidden banner"), [this] { return !banner(); });
     click(m_window->findChild<QWidget *>(QStringLiteral("showButton")));
     awaitPlace(LargeHeight);

@@ -4,15 +4,21 @@
 #include "demo/JournalWindow.h"
 #include "demo/Page.h"
 #include "demo/tour/CachedBannerScene.h"
+#include "demo/tour/DefaultVideoScene.h"
+#include "demo/tour/FirstSplashScene.h"
 #include "demo/tour/FirstStartScene.h"
 #include "demo/tour/HighDensityScene.h"
 #include "demo/tour/HouseBannerScene.h"
 #include "demo/tour/NextStartScene.h"
+#include "demo/tour/RestyledSplashScene.h"
 #include "demo/tour/ScreenRobot.h"
+#include "demo/tour/SeveralWindowsScene.h"
+#include "demo/tour/SplashFormatScene.h"
 #include "demo/tour/Waiting.h"
 
 #include <Velmora/Notifications.h>
 
+#include <QtCore/QHash>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QWindow>
 
@@ -25,19 +31,33 @@ const QString Scene::NextStart = QStringLiteral("next-start");
 const QString Scene::HouseBanner = QStringLiteral("house-banner");
 const QString Scene::CachedBanner = QStringLiteral("cached-banner");
 const QString Scene::HighDensity = QStringLiteral("high-density");
+const QString Scene::FirstSplash = QStringLiteral("first-splash");
+const QString Scene::SeveralWindows = QStringLiteral("several-windows");
+const QString Scene::DefaultVideo = QStringLiteral("default-video");
+const QString Scene::RestyledSplash = QStringLiteral("restyled-splash");
+const QString Scene::SplashFormat = QStringLiteral("splash-format");
+
+namespace {
+
+template<class Kind>
+std::unique_ptr<Scene> make(DemoApplication &demo, const Options &options) {
+    return std::make_unique<Kind>(demo, options);
+}
+
+} // namespace
 
 std::unique_ptr<Scene> Scene::named(const QString &name, DemoApplication &demo,
                                     const Options &options) {
-    if (name == FirstStart)
-        return std::make_unique<FirstStartScene>(demo, options);
-    if (name == NextStart)
-        return std::make_unique<NextStartScene>(demo, options);
-    if (name == HouseBanner)
-        return std::make_unique<HouseBannerScene>(demo, options);
-    if (name == CachedBanner)
-        return std::make_unique<CachedBannerScene>(demo, options);
-    if (name == HighDensity)
-        return std::make_unique<HighDensityScene>(demo, options);
+    using Maker = std::unique_ptr<Scene> (*)(DemoApplication &, const Options &);
+    static const QHash<QString, Maker> makers{
+        {FirstStart, &make<FirstStartScene>},         {NextStart, &make<NextStartScene>},
+        {HouseBanner, &make<HouseBannerScene>},       {CachedBanner, &make<CachedBannerScene>},
+        {HighDensity, &make<HighDensityScene>},       {FirstSplash, &make<FirstSplashScene>},
+        {SeveralWindows, &make<SeveralWindowsScene>}, {DefaultVideo, &make<DefaultVideoScene>},
+        {RestyledSplash, &make<RestyledSplashScene>}, {SplashFormat, &make<SplashFormatScene>},
+    };
+    if (const Maker maker = makers.value(name))
+        return maker(demo, options);
     std::fprintf(stderr, "velmora-demo: no such scene: %s\n", qPrintable(name));
     return nullptr;
 }
@@ -51,7 +71,7 @@ Scene::Scene(DemoApplication &demo, const Options &options)
 Scene::~Scene() = default;
 
 bool Scene::perform() {
-    m_timeline.add(QStringLiteral("scene"), m_options.scene);
+    m_timeline.add(Timeline::Scene, m_options.scene);
     QObject::connect(
         &m_demo.log(), &EventLog::recorded, &m_demo.log(),
         [this](const QString &name, const QString &object) { m_timeline.add(name, object); });
@@ -79,6 +99,8 @@ bool Scene::resizeWindow(const QSize &size) {
 
 bool Scene::expect(bool condition, const QString &what) {
     if (!condition) {
+        if (m_complete && m_window)
+            leave(QStringLiteral("missing"), m_window);
         m_complete = false;
         m_timeline.add(QStringLiteral("missing"), what);
         std::fprintf(stderr, "velmora-demo: %s: missing: %s\n", qPrintable(m_options.scene),
@@ -126,14 +148,17 @@ bool Scene::awaitBanner(const QString &what, const std::function<bool(const QStr
 }
 
 void Scene::picture(const QString &name, QWidget *window) {
-    const QString file =
-        QStringLiteral("%1-%2.png").arg(m_nextPicture++, 2, 10, QLatin1Char('0')).arg(name);
     QWidget *shown = window ? window : m_window;
     shown->repaint();
-    const QImage image = ScreenRobot::pictureOf(shown);
-    expect(!image.isNull() && image.save(m_options.tour + QLatin1Char('/') + file),
-           QStringLiteral("picture %1").arg(file));
+    expect(leave(name, shown), QStringLiteral("picture %1").arg(name));
+}
+
+bool Scene::leave(const QString &name, const QWidget *window) {
+    const QString file =
+        QStringLiteral("%1-%2.png").arg(m_nextPicture++, 2, 10, QLatin1Char('0')).arg(name);
+    const QImage image = ScreenRobot::pictureOf(window);
     m_timeline.add(QStringLiteral("picture"), file);
+    return !image.isNull() && image.save(m_options.tour + QLatin1Char('/') + file);
 }
 
 void Scene::click(QWidget *widget) {

@@ -24,6 +24,11 @@ public:
     static const QString HouseBanner;
     static const QString CachedBanner;
     static const QString HighDensity;
+    static const QString FirstSplash;
+    static const QString SeveralWindows;
+    static const QString DefaultVideo;
+    static const QString RestyledSplash;
+    static const QString SplashFormat;
 
     /// The scene of that name; null when there is none.
     static std::unique_ptr<Scene> named(const QString &name, DemoApplication &demo,
@@ -35,6 +40,9 @@ public:
     bool perform();
 
 protected:
+    /// How long a busy machine may take for anything.
+    static constexpr int Patience = 15000;
+
     Scene(DemoApplication &demo, const Options &options);
 
     virtual void play() = 0;
@@ -44,14 +52,16 @@ protected:
     bool openWindow();
     bool resizeWindow(const QSize &size);
 
-    /// Notes and reports a condition that should hold. @return whether it does
+    /// Notes and reports a condition that should hold; the first one that does not leaves a
+    /// picture. @return whether it does
     bool expect(bool condition, const QString &what);
     /// The same for a condition that should come to hold soon.
-    bool await(const QString &what, const std::function<bool()> &condition, int timeoutMs = 5000);
+    bool await(const QString &what, const std::function<bool()> &condition,
+               int timeoutMs = Patience);
 
     /// Waits until the screen shows a banner, fully faded in, and notes its name.
     bool awaitBanner(const QString &what, const std::function<bool(const QString &name)> &isRight,
-                     int timeoutMs = 8000);
+                     int timeoutMs = Patience);
 
     /// Leaves a picture of the window on the screen.
     void picture(const QString &name, QWidget *window = nullptr);
@@ -74,6 +84,8 @@ protected:
     Timeline m_timeline;
 
 private:
+    bool leave(const QString &name, const QWidget *window);
+
     Options m_options;
     int m_nextPicture;
     bool m_complete = true;

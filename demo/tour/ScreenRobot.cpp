@@ -64,6 +64,16 @@ QImage ScreenRobot::pictureAt(const QWidget *widget) {
     return grab(widget->screen(), {widget->mapToGlobal(QPoint()), widget->size()});
 }
 
+bool ScreenRobot::hasPictureAt(const QWidget *widget) {
+    const QImage whole = pictureAt(widget);
+    const QImage middle =
+        whole.copy(whole.width() / 4, whole.height() / 4, whole.width() / 2, whole.height() / 2);
+    QImage plain(middle.size(), QImage::Format_RGB32);
+    plain.fill(middle.pixelColor(0, 0));
+    constexpr double Trace = 1;
+    return !middle.isNull() && difference(middle, plain) > Trace;
+}
+
 bool ScreenRobot::shows(QWidget *widget) {
     constexpr double Tolerance = 12; // it may be moving
     return widget->isVisible() && !widget->size().isEmpty() &&

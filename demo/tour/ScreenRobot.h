@@ -18,6 +18,9 @@ public:
     /// What the screen shows at a widget's place.
     static QImage pictureAt(const QWidget *widget);
 
+    /// Whether the screen shows anything but one colour in the middle of a widget's place.
+    static bool hasPictureAt(const QWidget *widget);
+
     /// Whether the screen shows the widget, and nothing else, at its place.
     static bool shows(QWidget *widget);
 

@@ -2,6 +2,7 @@
 
 #include "demo/tour/Scene.h"
 #include "demo/tour/Timeline.h"
+#include "demo/tour/TimelineCheck.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -31,23 +32,39 @@ bool Tour::run() {
     const QString reader = QStringLiteral("reader");
     const QString guest = QStringLiteral("guest");
     const QString offline = QStringLiteral("offline");
+    const QString viewer = QStringLiteral("viewer");
+    const QString other = QStringLiteral("other");
     const QList<Part> parts{
-        {Scene::FirstStart, reader, reader, {}},
-        {Scene::NextStart, reader, reader, {}},
-        {Scene::HouseBanner, offline, offline, {}},
-        {Scene::CachedBanner, reader, offline, {}},
-        {Scene::HighDensity, guest, guest, QStringLiteral("2")},
-        {Scene::HighDensity, guest, guest, QStringLiteral("1.5")},
+        {Scene::FirstStart, reader, reader, {}, {}},
+        {Scene::NextStart, reader, reader, {}, {}},
+        {Scene::HouseBanner, offline, offline, {}, {}},
+        {Scene::CachedBanner, reader, offline, {}, {}},
+        {Scene::HighDensity, guest, guest, QStringLiteral("2"), {}},
+        {Scene::HighDensity, guest, guest, QStringLiteral("1.5"), {}},
+        {Scene::FirstSplash, viewer, viewer, {}, {}},
+        {Scene::SeveralWindows, viewer, viewer, {}, {}},
+        {Scene::DefaultVideo, other, other, {}, {}},
+        {Scene::SplashFormat, viewer, viewer, QStringLiteral("2"), QStringLiteral("de")},
+        {Scene::SplashFormat, viewer, viewer, {}, QStringLiteral("ja")},
+        {Scene::RestyledSplash, viewer, viewer, {}, {}},
     };
     if (!prepareFolder())
         return false;
     bool complete = true;
     for (const Part &part : parts)
         complete = play(part) && complete;
+    complete = checkTimeline() && complete;
     Timeline(m_options.tour, m_started)
         .add(QStringLiteral("tour"),
              complete ? QStringLiteral("complete") : QStringLiteral("incomplete"));
     return complete;
+}
+
+bool Tour::checkTimeline() {
+    const QStringList faults = TimelineCheck(m_options.tour).faults();
+    for (const QString &fault : faults)
+        complain(fault);
+    return faults.isEmpty();
 }
 
 bool Tour::prepareFolder() {
@@ -85,7 +102,8 @@ QProcessEnvironment Tour::environmentFor(const Part &part) const {
     for (const char *name : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI",
                              "QT_USE_PHYSICAL_DPI", "QT_STYLE_OVERRIDE", "QT_QPA_PLATFORMTHEME"})
         environment.remove(QString::fromLatin1(name));
-    environment.insert(QStringLiteral("LANGUAGE"), QStringLiteral("en"));
+    environment.insert(QStringLiteral("LANGUAGE"),
+                       part.language.isEmpty() ? QStringLiteral("en") : part.language);
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("XDG_CACHE_HOME"),
                        m_homes.filePath(QStringLiteral("cache-") + part.cache));

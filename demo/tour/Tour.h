@@ -23,10 +23,12 @@ private:
         QString cache;  ///< the name of a cache folder, shared by those who name it
         QString config; ///< likewise for the settings
         QString scale;
+        QString language;
     };
 
     bool prepareFolder();
     bool play(const Part &part);
+    bool checkTimeline();
     QProcessEnvironment environmentFor(const Part &part) const;
     int nextPicture() const;
 

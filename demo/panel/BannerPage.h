@@ -1,0 +1,27 @@
+#pragma once
+
+#include "demo/panel/PanelPage.h"
+
+namespace demo {
+
+class JournalWindow;
+
+/// Where banners lie and how large they are.
+class BannerPage : public PanelPage {
+    Q_OBJECT
+
+public:
+    explicit BannerPage(JournalWindow *window);
+
+private:
+    void setHeight(bool large);
+    void setInsets();
+    void setHidden(bool hidden);
+
+    JournalWindow *m_window;
+    QCheckBox *m_everyWindow = nullptr;
+    QSlider *m_bottom = nullptr;
+    QSlider *m_centre = nullptr;
+};
+
+} // namespace demo

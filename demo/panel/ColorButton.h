@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtWidgets/QPushButton>
+
+namespace demo {
+
+/// Shows a colour and lets the developer choose another.
+class ColorButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    ColorButton(const QString &what, const QColor &color);
+
+    const QColor &color() const { return m_color; }
+    /// Shows another colour, without a signal.
+    void setColor(const QColor &color);
+
+Q_SIGNALS:
+    void colorChosen(const QColor &color);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void choose();
+
+    QString m_what;
+    QColor m_color;
+};
+
+} // namespace demo

@@ -1,0 +1,68 @@
+#include "demo/tour/SplashFormatScene.h"
+
+#include "demo/JournalWindow.h"
+#include "demo/Page.h"
+#include "demo/tour/Waiting.h"
+
+#include <Velmora/Velmora.h>
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QStatusBar>
+
+namespace demo {
+
+namespace {
+constexpr QSize UsualSize(880, 600);
+constexpr QSize SmallContent(320, 240);
+
+QString wordForAds() {
+    return qEnvironmentVariable("LANGUAGE") == QLatin1String("ja") ? QStringLiteral("広告")
+                                                                   : QStringLiteral("Werbung");
+}
+} // namespace
+
+void SplashFormatScene::play() {
+    SplashTimes times;
+    times.load = 3;
+    if (!openWindow(times) || !awaitStoredVideo())
+        return;
+    m_window->setMinimumSize(1, 1);
+    if (!resizeWindow(UsualSize))
+        return;
+    Velmora::forceShow();
+    if (!awaitStartScreen())
+        return;
+    const auto *remove = qobject_cast<QAbstractButton *>(element("removeAdsButton"));
+    expect(remove && remove->text().contains(wordForAds()),
+           QStringLiteral("the language that was asked for"));
+    pictures(QStringLiteral("start"));
+    if (!awaitVideo())
+        return;
+    pictures(QStringLiteral("video"));
+    if (!awaitCloseButton() || !awaitEnd(VLMadsVideoDidStop) || !awaitEndScreen(true))
+        return;
+    pictures(QStringLiteral("end"));
+    close();
+}
+
+void SplashFormatScene::pictures(const QString &stage) {
+    picture(stage, m_small);
+    m_small = !m_small;
+    const int below = m_window->statusBar()->height();
+    const QSize size = m_small ? SmallContent + QSize(0, below) : UsualSize;
+    resizeWindow(size);
+    await(QStringLiteral("the splash screen in its new size"), [this] {
+        return splash() && splash()->size() == m_window->page()->size() && isSettled();
+    });
+    picture(stage, m_small);
+}
+
+void SplashFormatScene::picture(const QString &stage, bool small) {
+    const QString language = qEnvironmentVariable("LANGUAGE");
+    const QString size = small ? QStringLiteral("small") : QStringLiteral("usual");
+    expectTidy(QStringLiteral("the %1 screen, %2").arg(stage, size));
+    Scene::picture(QStringLiteral("%1-%2-%3-%4x")
+                       .arg(stage, language, size, QString::number(m_window->devicePixelRatioF())));
+}
+
+} // namespace demo
