@@ -1,7 +1,7 @@
 #include "controls/TextField.h"
 
-#include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +21,7 @@ void TextField::setTextSize(double points) {
 }
 
 QFont TextField::textFont() const {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    QFont font = QApplication::font();
     font.setPixelSize(int(std::lround(m_points)));
     font.setWeight(QFont::Weight(std::clamp(m_weight, 1, 1000)));
     return font;

@@ -12,7 +12,6 @@ namespace velmora {
 namespace {
 
 constexpr QSizeF UsualSize{640, 480};
-constexpr double WidestText = 560;
 // Of a countdown's letters against its ring.
 constexpr double CountdownSize = 0.36;
 
@@ -115,7 +114,7 @@ void SplashScreenLayout::placeColumn() {
     const int room = std::max(m_columnBottom - top, 0);
     int height = 0;
     if (labels && first && second && ring) {
-        const int width = std::min(m_root->width() - 2 * scaled(28, 12, 40), int(WidestText));
+        const int width = std::min(m_root->width() - 2 * scaled(28, 12, 40), scaled(560, 280, 840));
         const int x = (m_root->width() - width) / 2;
         first->setTextSize(scaled(26, 17, 36));
         second->setTextSize(scaled(16, 13, 22));
