@@ -47,5 +47,5 @@ start_display() { # WIDTHxHEIGHT
 }
 
 has_window_manager() {
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
+    xprop -root _NET_CLIENT_LIST 2>/dev/null | grep -q 'window id'
 }
