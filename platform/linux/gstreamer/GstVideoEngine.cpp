@@ -27,13 +27,18 @@ double seconds(GstClockTime time) {
 // gigabytes of it.
 constexpr int LargestSide = 4096;
 
-bool isTooLarge(const GstCaps *caps) {
+// What one thread decodes in a fraction of its time; more of them cost more than they help.
+constexpr int LargestForOneThread = 1280;
+
+// The longer side of the pictures; 0 when the format does not tell.
+int longerSide(const GstCaps *caps) {
     const GstStructure *format = gst_caps_get_structure(caps, 0);
     int width = 0;
     int height = 0;
-    return gst_structure_get_int(format, "width", &width) &&
-           gst_structure_get_int(format, "height", &height) &&
-           std::max(width, height) > LargestSide;
+    if (!gst_structure_get_int(format, "width", &width) ||
+        !gst_structure_get_int(format, "height", &height))
+        return 0;
+    return std::max(width, height);
 }
 
 // A file from a server may be a playlist, a project or a session description in disguise: what
@@ -107,6 +112,12 @@ struct GstVideoEngine::Callbacks {
         return engine(data)->accepts(caps) && isWanted(factory, caps) ? TryFactory : SkipFactory;
     }
 
+    static void partAdded(GstBin *, GstElement *part, gpointer data) {
+        if (engine(data)->m_isSmall &&
+            g_object_class_find_property(G_OBJECT_GET_CLASS(part), "max-threads"))
+            g_object_set(part, "max-threads", 1, nullptr);
+    }
+
     static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->decoded(pad); }
 
     static GstFlowReturn newPreroll(GstAppSink *sink, gpointer data) {
@@ -164,6 +175,7 @@ void GstVideoEngine::load(const VideoSource &source) {
     // Decoders on graphics hardware drag drivers into the host, and save little at this size.
     g_object_set(decoder, "force-sw-decoders", TRUE, nullptr);
     g_signal_connect(decoder, "autoplug-select", G_CALLBACK(Callbacks::chooseFactory), this);
+    g_signal_connect(decoder, "element-added", G_CALLBACK(Callbacks::partAdded), this);
     g_signal_connect(decoder, "pad-added", G_CALLBACK(Callbacks::padAdded), this);
     gst_bin_add_many(GST_BIN(m_pipeline.get()), file, decoder, nullptr);
     gst_element_link(file, decoder);
@@ -251,7 +263,10 @@ double GstVideoEngine::durationSeconds() {
 // On the pipeline's threads from here.
 
 bool GstVideoEngine::accepts(const GstCaps *caps) {
-    if (!isTooLarge(caps))
+    const int side = longerSide(caps);
+    if (side > 0)
+        m_isSmall = side <= LargestForOneThread;
+    if (side <= LargestSide)
         return true;
     m_listener->failed(QStringLiteral("its pictures are too large"), false);
     return false;

@@ -56,6 +56,7 @@ private:
     QElapsedTimer m_idleTime;
     std::atomic<bool> m_muted = false;
     std::atomic<bool> m_isPrepared = false;
+    std::atomic<bool> m_isSmall = false;
     std::atomic<bool> m_hasPictures = false;
     std::atomic<bool> m_hasSound = false;
     // What plays the sound; in the pipeline and kept by it.
