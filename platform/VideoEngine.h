@@ -49,6 +49,8 @@ class VideoEngine {
 public:
     virtual ~VideoEngine() = default;
 
+    /// Loads what playing most videos needs, for the next engine. Instead of anything else.
+    virtual void warmUp() = 0;
     /// Opens the source and pauses at its start. Once, before anything else.
     virtual void load(const VideoSource &source) = 0;
     /// To be called once the listener heard that the engine is prepared: from now on play() and

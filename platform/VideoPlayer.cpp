@@ -35,6 +35,11 @@ VideoPlayer::~VideoPlayer() {
     close();
 }
 
+void VideoPlayer::warmUp() {
+    static const bool once = (VideoSession::warmUp(), true);
+    Q_UNUSED(once)
+}
+
 void VideoPlayer::load(const QUrl &url) {
     close();
     m_url = url;

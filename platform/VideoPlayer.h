@@ -44,6 +44,10 @@ public:
     explicit VideoPlayer(Handlers handlers);
     ~VideoPlayer() override;
 
+    /// Loads in the background what the first video needs, once a process: worth it when a video
+    /// will be played soon.
+    static void warmUp();
+
     /// Opens a video and rests at its start, in place of an earlier one. Whether the player is
     /// muted is kept. Anything but a local file's URL fails.
     void load(const QUrl &url);

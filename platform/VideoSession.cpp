@@ -68,6 +68,14 @@ private:
 VideoSession::VideoSession(QObject *receiver, VideoSource source)
     : m_source(std::move(source)), m_receiver(receiver) {}
 
+void VideoSession::warmUp() {
+    const auto session = std::make_shared<VideoSession>(nullptr, VideoSource{});
+    session->m_warmsUpOnly = true;
+    // There is nobody to tell anything.
+    session->m_closed = true;
+    session->begin();
+}
+
 void VideoSession::begin() {
     QString error;
     RunningSessions::instance().enter(shared_from_this());
@@ -129,6 +137,12 @@ VideoProgress VideoSession::progress() const {
 // On the session's thread from here.
 
 void VideoSession::serve() {
+    if (m_warmsUpOnly) {
+        QString unheard;
+        if (const auto engine = VideoModule::createEngine(this, &unheard))
+            engine->warmUp();
+        return;
+    }
     QString error = faultOfSource();
     std::unique_ptr<VideoEngine> engine;
     if (error.isEmpty()) {

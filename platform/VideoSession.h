@@ -43,6 +43,10 @@ public:
     /// @param receiver gets one event of type User whenever there are news to take
     VideoSession(QObject *receiver, VideoSource source);
 
+    /// Has a thread load what an engine needs, so that the first video starts as fast as the
+    /// others.
+    static void warmUp();
+
     /// Starts the thread, which opens the source. A failure to do so is news, too.
     void begin();
 
@@ -72,6 +76,7 @@ private:
     void remark(const QString &text) override;
 
     const VideoSource m_source;
+    bool m_warmsUpOnly = false;
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     QObject *m_receiver;

@@ -46,6 +46,13 @@ void SplashScreenPresenter::lookUpDefaultVideoName() {
         LOG(QStringLiteral("the default video's name cannot be looked up: %1").arg(error));
 }
 
+// A host that never has a video loads nothing that plays one.
+void SplashScreenPresenter::warmUpVideo() {
+    const bool isReady = !m_downloader->interstitialVideoURL().isEmpty();
+    if (isReady || !m_defaultVideoUrl.isEmpty())
+        VideoPlayer::warmUp();
+}
+
 void SplashScreenPresenter::chooseVideo() {
     m_videoDuration = 0;
     // Read once: every read prepares the next video.

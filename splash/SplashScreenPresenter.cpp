@@ -117,6 +117,7 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
     m_passedTime = 0;
     startWaitVideoTimer(double(loadTime));
     startTickTimer();
+    warmUpVideo();
     updateTimerText();
     for (const Controller &controller : everyController()) {
         controller->startTimerViewFromSec(0, loadTime + VideoSeconds);

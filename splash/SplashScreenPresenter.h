@@ -182,6 +182,7 @@ private:
     /// Running seconds from the start of the sequence to the close button.
     qint64 secondsToCloseButton() const;
     double secondsLeftTo(qint64 second) const;
+    void warmUpVideo();
     void chooseVideo();
     void startVideo();
     void noteVideoDuration();

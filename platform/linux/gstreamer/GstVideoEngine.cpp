@@ -154,6 +154,17 @@ GstVideoEngine::~GstVideoEngine() {
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
 }
 
+void GstVideoEngine::warmUp() {
+    // Of an MP4 file with H.264 and AAC, and of what every pipeline here is made of.
+    for (const char *name : {"qtdemux", "h264parse", "avdec_h264", "avdec_aac", "filesrc",
+                             "decodebin", "videoflip", "videoconvert", "videoscale", "appsink",
+                             "audioconvert", "audioresample", "volume"}) {
+        if (const GstPointer<GstElementFactory> factory{gst_element_factory_find(name)})
+            GstPointer<GstPluginFeature>(
+                gst_plugin_feature_load(GST_PLUGIN_FEATURE(factory.get())));
+    }
+}
+
 void GstVideoEngine::load(const VideoSource &source) {
     m_wantsSound = source.sound;
     m_pipeline.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));

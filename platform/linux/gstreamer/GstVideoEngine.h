@@ -19,6 +19,7 @@ public:
     explicit GstVideoEngine(VideoEngineListener *listener);
     ~GstVideoEngine() override;
 
+    void warmUp() override;
     void load(const VideoSource &source) override;
     void checkOpening() override;
     void opened() override;
