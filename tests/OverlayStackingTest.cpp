@@ -13,6 +13,7 @@
 #include <QtWidgets/QScrollArea>
 
 #include <cmath>
+#include <ostream>
 
 namespace velmora::test {
 
@@ -112,6 +113,9 @@ struct Content {
     const char *name;
     QWidget *(*make)();
     bool native;
+
+    // What a failed test is called.
+    friend void PrintTo(const Content &content, std::ostream *out) { *out << content.name; }
 };
 
 const Content Contents[] = {
