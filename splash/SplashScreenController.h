@@ -161,6 +161,8 @@ public:
     bool oldResize() const { return m_oldResize; }
 
     const SplashScreenOutlets &outlets() const { return m_outlets; }
+    /// True when the host has destroyed what the view lay in.
+    bool isGone() const { return m_overlay && !m_overlay->superview(); }
     /// The place of the view in the window; null before and after it has one.
     Overlay *overlay() const { return m_overlay.get(); }
 

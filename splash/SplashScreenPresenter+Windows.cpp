@@ -27,6 +27,7 @@ SplashScreenPresenter::splashScreenControllerWithWindow(const QWidget *window) c
 }
 
 bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *window, bool unity) {
+    forgetGoneControllers();
     if (!window || splashScreenControllerWithWindow(window)) {
         LOG(window ? QStringLiteral("splash screen not added: the window has one")
                    : QStringLiteral("splash screen not added: no window was given"));
@@ -113,6 +114,17 @@ void SplashScreenPresenter::removeAllSplashScreens() {
     }
     m_show = false;
     m_SSControllers.clear();
+}
+
+// The host destroyed the content that a view lay in, and kept the window.
+void SplashScreenPresenter::forgetGoneControllers() {
+    for (const Controller &controller : everyController()) {
+        if (!controller->isGone())
+            continue;
+        if (controller == m_activeController)
+            m_activeController = nullptr;
+        detach(controller);
+    }
 }
 
 // The host destroyed a window without a word.

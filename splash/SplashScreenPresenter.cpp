@@ -88,11 +88,13 @@ bool SplashScreenPresenter::maySequenceStart() const {
 }
 
 void SplashScreenPresenter::forceShowSplashScreens() {
+    forgetGoneControllers();
     if (maySequenceStart())
         startSequence(m_loadTime);
 }
 
 void SplashScreenPresenter::forceShowVideoWithoutSplash() {
+    forgetGoneControllers();
     if (maySequenceStart())
         startSequence(0);
 }

@@ -188,6 +188,7 @@ private:
     void noteVideoDuration();
     void lookUpDefaultVideoName();
     void windowDestroyed(QObject *window);
+    void forgetGoneControllers();
     void detach(const Controller &controller);
 
     /// A copy to walk over: what a step does to the windows may make the host add or remove some.

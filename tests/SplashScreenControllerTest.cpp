@@ -1,4 +1,5 @@
 #include "Support/StandardNames.h"
+#include "banners/BannerController.h"
 #include "controls/ColoredView.h"
 #include "platform/SystemVersion.h"
 #include "platform/Window.h"
@@ -271,6 +272,16 @@ TEST_F(SplashScreenControllerTest, TheKeyboardWorksEveryControlAndReachesNothing
     time.advance(1);
     EXPECT_EQ(window->focusWidget(), below);
     EXPECT_EQ(heard(), (QStringList{QStringLiteral("splashscreendidclose")}));
+}
+
+TEST_F(SplashScreenControllerTest, ABannerThatComesLaterLiesBelow) {
+    Velmora::forceShow();
+    time.advance(1);
+    Velmora::addBannerForWindow(window);
+    time.advance(20);
+    ASSERT_NE(Velmora::BControllFromWindow(window)->viewIfLoaded(), nullptr);
+    const QWidget *hit = window->childAt(window->width() / 2, window->height() - 20);
+    EXPECT_TRUE(splash().view() == hit || splash().view()->isAncestorOf(hit));
 }
 
 TEST_F(SplashScreenControllerTest, AControllerOfTheContentGetsItAsAChild) {

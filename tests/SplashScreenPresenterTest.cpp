@@ -358,6 +358,21 @@ TEST_F(SplashScreenPresenterTest, TheHostMayDestroyAWindowAtAnyMoment) {
     EXPECT_TRUE(presenter().SSControllers().empty());
 }
 
+TEST_F(SplashScreenPresenterTest, AWindowWithNewContentIsRegisteredAnew) {
+    QWidget *second = openWindow(QStringLiteral("second"));
+    auto *old = new QWidget(second);
+    auto content = std::make_unique<ViewController>(old);
+    content->setContentOf(second);
+    EXPECT_TRUE(Velmora::addSplashScreenToWindow(second));
+    delete old;
+    content.reset();
+    EXPECT_TRUE(Velmora::addSplashScreenToWindow(second));
+    EXPECT_EQ(presenter().SSControllers().size(), 2u);
+    Velmora::forceShow();
+    EXPECT_FALSE(controller(second).overlay()->isHidden());
+    EXPECT_EQ(presenter().splashScreenControllerWithVideo()->window(), second);
+}
+
 TEST_F(SplashScreenPresenterTest, RemovingAdsTakesEverythingAway) {
     Velmora::forceShow();
     time.advance(2);

@@ -71,7 +71,7 @@ public:
 
     /// Registers a window.
     /// @param window a top-level widget; in a main window the splash screen covers the central
-    ///               widget
+    ///               widget, and goes with it: a host that replaces that registers the window anew
     /// @return false when nothing was registered: the window is registered already, is null, or
     ///         ads are removed
     static bool addSplashScreenToWindow(QWidget *window);
