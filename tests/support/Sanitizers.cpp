@@ -6,11 +6,12 @@ extern "C" {
 __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
 __attribute__((visibility("default"))) const char *__tsan_default_suppressions();
 
-// Caches that the font and desktop libraries keep until the process ends.
+// What the font, desktop and media libraries keep until the process ends.
 const char *__lsan_default_suppressions() {
     return "leak:libfontconfig.so\n"
            "leak:libQt6XcbQpa.so\n"
            "leak:libdbus-1.so\n"
+           "leak:libsrt-gnutls.so\n"
            "leak:libglib-2.0.so\n";
 }
 
