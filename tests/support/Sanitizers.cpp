@@ -24,7 +24,9 @@ const char *__tsan_default_suppressions() {
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
            // Handed over by the media framework.
-           "race:GstVideoEngine::BusTap\n";
+           "race:GstVideoEngine::BusTap\n"
+           // Its thread has ended by then; the toolkit's way of waiting for it is not seen.
+           "race:UrlSessionWorker::~UrlSessionWorker\n";
 }
 
 #ifdef VELMORA_TEST_MEDIA_THREADS
