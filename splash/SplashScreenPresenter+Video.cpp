@@ -2,9 +2,9 @@
 
 #include "content/AdKeys.h"
 #include "content/AdsDownloader.h"
+#include "platform/BackgroundThread.h"
 #include "platform/MainQueue.h"
 #include "platform/Workspace.h"
-#include "platform/BackgroundThread.h"
 
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>

@@ -63,8 +63,8 @@ TEST_P(SplashDisplayTest, ItCoversAnEngineAndIsClosedByTheMouse) {
     EXPECT_TRUE(controller(window).overlay()->isNative());
     EXPECT_TRUE(eventually([this] { return isSeen(Qt::white, {20, 20}); }));
     time.advance(10);
-    ASSERT_TRUE(eventually(
-        [this] { return controller(window).outlets().closeButton->isVisible(); }));
+    ASSERT_TRUE(
+        eventually([this] { return controller(window).outlets().closeButton->isVisible(); }));
     heard();
     clickOn(controller(window).outlets().closeButton);
     EXPECT_TRUE(eventually([] { return !Velmora::isShowSplashScreen(); }));

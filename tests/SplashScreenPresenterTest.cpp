@@ -395,8 +395,8 @@ TEST_F(SplashScreenPresenterTest, RemovingAdsTakesEverythingAway) {
 TEST_F(SplashScreenPresenterTest, TheHostMayAnswerANotificationWithAnything) {
     auto &center = NotificationCenter::defaultCenter();
     {
-        const auto again = center.addObserver(
-            VLMsplashScreenWillShow, [](const Notification &) { Velmora::forceShow(); });
+        const auto again = center.addObserver(VLMsplashScreenWillShow,
+                                              [](const Notification &) { Velmora::forceShow(); });
         Velmora::forceShow();
         EXPECT_EQ(Velmora::splashScreenStartCount(), 1);
         presenter().didClickClose();
@@ -412,8 +412,8 @@ TEST_F(SplashScreenPresenterTest, TheHostMayAnswerANotificationWithAnything) {
     Velmora::resetAds();
     Velmora::addSplashScreenToWindow(window);
     activate(window);
-    const auto removes = center.addObserver(
-        VLMsplashScreenWillShow, [](const Notification &) { Velmora::removeAdsNow(); });
+    const auto removes = center.addObserver(VLMsplashScreenWillShow,
+                                            [](const Notification &) { Velmora::removeAdsNow(); });
     Velmora::forceShow();
     EXPECT_FALSE(Velmora::isShowSplashScreen());
 }

@@ -156,9 +156,9 @@ GstVideoEngine::~GstVideoEngine() {
 
 void GstVideoEngine::warmUp() {
     // Of an MP4 file with H.264 and AAC, and of what every pipeline here is made of.
-    for (const char *name : {"qtdemux", "h264parse", "avdec_h264", "avdec_aac", "filesrc",
-                             "decodebin", "videoflip", "videoconvert", "videoscale", "appsink",
-                             "audioconvert", "audioresample", "volume"}) {
+    for (const char *name :
+         {"qtdemux", "h264parse", "avdec_h264", "avdec_aac", "filesrc", "decodebin", "videoflip",
+          "videoconvert", "videoscale", "appsink", "audioconvert", "audioresample", "volume"}) {
         if (const GstPointer<GstElementFactory> factory{gst_element_factory_find(name)})
             GstPointer<GstPluginFeature>(
                 gst_plugin_feature_load(GST_PLUGIN_FEATURE(factory.get())));
