@@ -6,8 +6,7 @@
 #include "platform/MainQueue.h"
 #include "splash/SplashScreenPresenter.h"
 
-#include <cmath>
-#include <limits>
+#include <algorithm>
 
 using velmora::Deployment;
 using velmora::FacadeState;

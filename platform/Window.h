@@ -42,6 +42,7 @@ public:
     /// Bits of the style mask and of the collection behaviour that mean something here.
     static constexpr quint64 Resizable = 0x8;
     static constexpr quint64 FullScreenPrimary = 0x80;
+    static constexpr quint64 FullScreenAuxiliary = 0x100;
 
     /// The window's style: Resizable, unless its user can't resize it. Other bits are ignored
     /// and read as 0.

@@ -6,6 +6,7 @@
 #include "splash/SplashScreenLayout.h"
 
 #include <initializer_list>
+#include <utility>
 
 namespace velmora {
 
@@ -117,11 +118,12 @@ void SplashScreenController::showStartVideoWithoutStartScreen() {
 
 void SplashScreenController::enterStartScreen() {
     m_canShowEnd = true;
+    m_readInterstitial = {};
     if (Window *facts = Window::of(m_window)) {
         m_oldWindowCollection = facts->collectionBehavior();
-        m_oldResize = (facts->styleMask() & ResizableMask) != 0;
-        facts->setStyleMask(facts->styleMask() & ~ResizableMask);
-        facts->setCollectionBehavior(facts->collectionBehavior() & FullScreenAuxiliary);
+        m_oldResize = facts->isResizable();
+        facts->setStyleMask(facts->styleMask() & ~Window::Resizable);
+        facts->setCollectionBehavior(facts->collectionBehavior() & Window::FullScreenAuxiliary);
     }
     swapViewForState(SplashScreenViewStateStart);
 }
@@ -136,7 +138,9 @@ void SplashScreenController::showEndScreen() {
         setHidden(m_outlets.videoProgressView, true);
         return;
     }
-    if (!m_interstitialUrl.isEmpty() && m_outlets.interstitialImage)
+    // Shown twice where no video plays: with the close button and when the video has ended.
+    const bool isRead = std::exchange(m_readInterstitial, m_interstitialUrl) == m_interstitialUrl;
+    if (!m_interstitialUrl.isEmpty() && !isRead && m_outlets.interstitialImage)
         m_outlets.interstitialImage->setImageFile(m_interstitialUrl.toLocalFile());
     m_withouSplash = false;
     swapViewForState(SplashScreenViewStateEnd);
@@ -146,9 +150,9 @@ void SplashScreenController::hide() {
     removePlayer();
     if (Window *facts = Window::of(m_window)) {
         if (m_oldResize)
-            facts->setStyleMask(facts->styleMask() | ResizableMask);
+            facts->setStyleMask(facts->styleMask() | Window::Resizable);
         // Whatever it was before: hosts rely on the fixed value.
-        facts->setCollectionBehavior(FullScreenPrimary);
+        facts->setCollectionBehavior(Window::FullScreenPrimary);
     }
     setRootHidden(true);
 }

@@ -231,7 +231,6 @@ void SplashScreenController::attach() {
         return;
     m_overlay = std::make_unique<Overlay>(
         own, superview, m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic);
-    m_overlay->setHiddenNow(true);
 }
 
 void SplashScreenController::setTopInset(double inset) {

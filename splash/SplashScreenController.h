@@ -31,11 +31,6 @@ public:
         SplashScreenViewStateEnd = 3,
     };
 
-    /// The bit of a window's style mask that stands for resizable.
-    static constexpr quint64 ResizableMask = 8;
-    static constexpr quint64 FullScreenPrimary = 0x80;
-    static constexpr quint64 FullScreenAuxiliary = 0x100;
-
     /// Makes a controller and attaches it to a window, hidden.
     /// @param isUnityWindow the window shows a game engine's view
     static std::shared_ptr<SplashScreenController> initSplashScreenWithWindow(QWidget *window,
@@ -199,6 +194,8 @@ private:
     std::unique_ptr<VideoPlayer> m_playerlayer;
     QUrl m_videoUrl;
     QUrl m_interstitialUrl;
+    /// What the end screen's picture was read from since the last start screen.
+    QUrl m_readInterstitial;
     quint64 m_oldWindowCollection = 0;
     bool m_oldResize = false;
     bool m_isUnityWindow = false;

@@ -95,13 +95,13 @@ TEST_F(SplashScreenControllerTest, TheHostLeavesOutWhatItWants) {
 
 TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
     Window *facts = Window::of(window);
-    EXPECT_TRUE(facts->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_TRUE(facts->styleMask() & Window::Resizable);
     facts->setCollectionBehavior(0x104);
     splash().showStartScreen();
-    EXPECT_FALSE(facts->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_FALSE(facts->styleMask() & Window::Resizable);
     EXPECT_EQ(facts->collectionBehavior(), 0x100u);
     splash().hide();
-    EXPECT_TRUE(facts->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_TRUE(facts->styleMask() & Window::Resizable);
     EXPECT_EQ(facts->collectionBehavior(), 0x80u) << "not what it was before";
 
     QWidget *fixed = openWindow(QStringLiteral("fixed"));
@@ -109,7 +109,7 @@ TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
     Velmora::addSplashScreenToWindow(fixed);
     controller(fixed).showStartScreen();
     controller(fixed).hide();
-    EXPECT_FALSE(Window::of(fixed)->styleMask() & SplashScreenController::ResizableMask);
+    EXPECT_FALSE(Window::of(fixed)->styleMask() & Window::Resizable);
     EXPECT_EQ(fixed->size(), QSize(300, 200));
 }
 
