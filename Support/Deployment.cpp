@@ -1,4 +1,4 @@
-#include "Support/Deployment.h"
+#include "Deployment.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QtGlobal>

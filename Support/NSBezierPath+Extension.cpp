@@ -1,4 +1,4 @@
-#include "Support/NSBezierPath+Extension.h"
+#include "NSBezierPath+Extension.h"
 
 #include <Velmora/Support.h>
 

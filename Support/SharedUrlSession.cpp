@@ -1,21 +1,47 @@
-#include "Support/SharedUrlSession.h"
+#include "SharedUrlSession.h"
 
-#include "Support/Deployment.h"
-#include "platform/ProcessRoot.h"
+#include "Deployment.h"
+#include "ProcessRoot.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QSslConfiguration>
 
+#include <mutex>
+
 namespace velmora {
 
-SharedUrlSession::SharedUrlSession()
-    : UrlSession([] {
-          Configuration configuration;
-          const Deployment &deployment = Deployment::current();
-          configuration.privateHost = QUrl(deployment.acsURL).host();
-          configuration.privateAuthorities = deployment.adServerAuthorities;
-          return configuration;
-      }()) {}
+namespace {
+
+UrlSession::Configuration configuration() {
+    UrlSession::Configuration configuration;
+    const Deployment &deployment = Deployment::current();
+    configuration.privateHost = QUrl(deployment.acsURL).host();
+    configuration.privateAuthorities = deployment.adServerAuthorities;
+    return configuration;
+}
+
+// Never destroyed: a look-up may outlive everything.
+struct Known {
+    std::mutex mutex;
+    std::weak_ptr<UrlSession> session;
+};
+
+Known &known() {
+    static Known &instance = *new Known;
+    return instance;
+}
+
+} // namespace
+
+SharedUrlSession::SharedUrlSession() : m_session(std::make_shared<UrlSession>(configuration())) {
+    const std::lock_guard lock(known().mutex);
+    known().session = m_session;
+}
+
+SharedUrlSession::~SharedUrlSession() {
+    m_session->close();
+}
 
 UrlSession &SharedUrlSession::shared() {
     static const bool prepared = [] {
@@ -23,10 +49,19 @@ UrlSession &SharedUrlSession::shared() {
         QSslConfiguration::defaultConfiguration();
         const QNetworkAccessManager registersItsTypes;
         ProcessRoot::dropAtExit();
+        qAddPreRoutine([] {
+            if (const auto session = existing())
+                session->wake();
+        });
         return true;
     }();
     Q_UNUSED(prepared)
-    return ProcessRoot::get<SharedUrlSession>();
+    return *ProcessRoot::get<SharedUrlSession>().m_session;
+}
+
+std::shared_ptr<UrlSession> SharedUrlSession::existing() {
+    const std::lock_guard lock(known().mutex);
+    return known().session.lock();
 }
 
 } // namespace velmora

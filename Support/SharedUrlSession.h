@@ -1,14 +1,26 @@
 #pragma once
 
-#include "platform/UrlSession.h"
+#include "UrlSession.h"
+
+#include <memory>
 
 namespace velmora {
 
-/// The process's URL session, which trusts what the deployment trusts.
-class SharedUrlSession : public UrlSession {
+/// The process's one URL session, which trusts what the deployment trusts.
+class SharedUrlSession {
 public:
     SharedUrlSession();
+    ~SharedUrlSession();
+
+    /// Made on first use. Main thread.
     static UrlSession &shared();
+
+    /// The session if there is one, to be kept while it is in use; it may be closed meanwhile. Any
+    /// thread: none but the main one makes a session, which must not appear while the process ends.
+    static std::shared_ptr<UrlSession> existing();
+
+private:
+    const std::shared_ptr<UrlSession> m_session;
 };
 
 } // namespace velmora

@@ -1,4 +1,4 @@
-#include "Support/StandardNames.h"
+#include <Velmora/StandardNames.h>
 
 #include <Velmora/Support.h>
 

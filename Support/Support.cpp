@@ -1,12 +1,11 @@
 #include <Velmora/Support.h>
 
-#include "Support/StandardNames.h"
-#include "facade/Switches.h"
-#include "platform/ProcessRoot.h"
+#include "HostSettings.h"
+#include "Log.h"
+#include "ProcessRoot.h"
+#include "Switches.h"
 
-#include "Support/Log.h"
-
-Q_LOGGING_CATEGORY(velmoraLog, "velmora", QtDebugMsg)
+#include <Velmora/StandardNames.h>
 
 namespace velmora {
 
@@ -36,11 +35,11 @@ velmora::UserDefaults &VLMUserDefaults() {
 }
 
 QVariant VLMObjForKey(const QString &key) {
-    return velmora::ProcessRoot::share<velmora::UserDefaults>()->object(key);
+    return velmora::HostSettings::value(key);
 }
 
 void VLMSetObjForKey(const QVariant &object, const QString &key) {
-    velmora::ProcessRoot::share<velmora::UserDefaults>()->setObject(object, key);
+    velmora::HostSettings::setValue(object, key);
 }
 
 const velmora::Bundle &VLMMainAppBundle() {
@@ -62,8 +61,7 @@ QString VLMStringFromKey(const QString &key) {
 }
 
 void LOG(const QString &message) {
-    if (velmora::Switches::isDebugModeActivate() && !velmora::Switches::isADSRemoved())
-        qCDebug(velmoraLog).noquote() << message;
+    velmora::Log::write(message);
 }
 
 void setGodTimer(const velmora::TimerPtr &timer) {

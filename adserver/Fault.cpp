@@ -60,6 +60,14 @@ Fault Fault::reset() {
     return ofKind(Kind::Reset);
 }
 
+Fault Fault::close() {
+    return ofKind(Kind::Close);
+}
+
+Fault Fault::stale() {
+    return ofKind(Kind::Stale);
+}
+
 Fault Fault::hang() {
     return ofKind(Kind::Hang);
 }
@@ -93,6 +101,12 @@ std::optional<Fault> Fault::fromText(const QString &text) {
         }
         if (kind == QLatin1String("reset")) {
             return reset();
+        }
+        if (kind == QLatin1String("close")) {
+            return close();
+        }
+        if (kind == QLatin1String("stale")) {
+            return stale();
         }
         if (kind == QLatin1String("hang")) {
             return hang();

@@ -18,6 +18,8 @@ struct Fault {
         Truncated, ///< the normal answer's headers, half of its body, then the connection closes
         Huge,      ///< status 200 with a body of `size` bytes, made as it is sent
         Reset,     ///< no answer: the connection is reset (TCP RST)
+        Close,     ///< no answer: the connection is closed in good order
+        Stale,     ///< as Close, but only on a connection that has carried a request before
         Hang,      ///< no answer until the fault is cleared or the server stops
         Redirect   ///< status 302 to `location`
     };
@@ -36,6 +38,9 @@ struct Fault {
     static Fault truncated();
     static Fault huge(qint64 bytes);
     static Fault reset();
+    static Fault close();
+    /// What a client meets that writes to an idle connection while the server closes it.
+    static Fault stale();
     /// A request that hangs is answered normally once the fault is cleared.
     static Fault hang();
     static Fault redirect(const QString &url);
@@ -46,7 +51,7 @@ struct Fault {
     Fault after(int milliseconds) const;
 
     /// Reads "KIND[:ARGUMENT]": delay:MS, status:CODE[:BODY], body:TEXT, truncated, huge:BYTES,
-    /// reset, hang, redirect:URL. Nothing when the text is not one of these.
+    /// reset, close, stale, hang, redirect:URL. Nothing when the text is not one of these.
     static std::optional<Fault> fromText(const QString &text);
 };
 

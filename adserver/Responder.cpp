@@ -135,6 +135,12 @@ QString Responder::spoil(const Fault &fault, const Answer &answer, TlsConnection
                          httplib::Response &response) const {
     response.status = answer.status;
     switch (fault.kind) {
+    case Fault::Kind::Stale:
+        if (connection.isReused()) {
+            connection.breakOff();
+            return QStringLiteral("stale");
+        }
+        [[fallthrough]];
     case Fault::Kind::None:
     case Fault::Kind::Hang:
         setBody(response, answer.contentType, answer.body);
@@ -158,6 +164,9 @@ QString Responder::spoil(const Fault &fault, const Answer &answer, TlsConnection
     case Fault::Kind::Reset:
         connection.breakOffWithReset();
         return QStringLiteral("reset");
+    case Fault::Kind::Close:
+        connection.breakOff();
+        return QStringLiteral("close");
     case Fault::Kind::Redirect:
         response.set_redirect(fault.location.toStdString());
         return QStringLiteral("302 to ") + fault.location;

@@ -74,6 +74,7 @@ bool TlsConnection::accept() {
 }
 
 bool TlsConnection::waitForRequest(int timeoutMs) {
+    ++m_requests;
     if (m_bufferUsed < m_bufferEnd || SSL_pending(m_ssl.get()) > 0) {
         return true;
     }

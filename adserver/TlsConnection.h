@@ -28,6 +28,9 @@ public:
     /// Waits until the next request begins. False after the timeout or when the client has left.
     bool waitForRequest(int timeoutMs);
 
+    /// True from the second request on.
+    bool isReused() const { return m_requests > 1; }
+
     /// Consumes exactly so many bytes. False if the client stops short.
     bool readBody(qint64 length);
 
@@ -76,6 +79,7 @@ private:
     size_t m_bufferUsed = 0;
     size_t m_bufferEnd = 0;
     QByteArray m_recorded;
+    int m_requests = 0;
     bool m_broken = false;
     bool m_last = false;
     bool m_tlsUsable = false;

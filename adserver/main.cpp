@@ -27,7 +27,7 @@ struct Options {
         QStringLiteral("fault"),
         QStringLiteral("Misbehave on a path; '*' at its end means all that begin so. Kinds: "
                        "delay:MS, status:CODE[:BODY], body:TEXT, truncated, huge:BYTES, reset, "
-                       "hang, redirect:URL. May be given several times."),
+                       "close, stale, hang, redirect:URL. May be given several times."),
         QStringLiteral("path=kind[:arg]")};
 };
 

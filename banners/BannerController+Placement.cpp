@@ -1,13 +1,15 @@
-#include "banners/BannerController.h"
+#include "BannerController.h"
 
-#include "banners/BannerShadowView.h"
-#include "controls/BannerImageView.h"
-#include "controls/CloseButtonCell.h"
-#include "platform/MainQueue.h"
-#include "platform/Window.h"
+#include "BannerImageView.h"
+#include "BannerShadowView.h"
+#include "CloseButtonCell.h"
+#include "MainQueue.h"
+#include "VisibilityWatch.h"
+#include "Window.h"
 
 #include <Velmora/Support.h>
 
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QSplitter>
 
 #include <algorithm>
@@ -18,6 +20,21 @@ namespace {
 constexpr double CircleShare = 0.26;
 constexpr double SmallestCircle = 15;
 constexpr double LargestCircle = 22;
+constexpr int CloseMargin = 3;
+
+// On a small banner a small circle, so that it hides little; as easy to hit as ever, for as long as
+// the banner has room for that.
+void fitCloseButton(CloseButtonCell &close, QLayout &layout, const QSize &banner) {
+    const int room = std::min(banner.width(), banner.height());
+    const int side = std::min(close.sizeHint().height(), room);
+    const int margin = std::clamp((room - side) / 2, 0, CloseMargin);
+    close.setFixedSize(side, side);
+    layout.setContentsMargins(margin, margin, margin, margin);
+    layout.activate();
+    close.setImageDiameter(
+        std::clamp(banner.height() * CircleShare, SmallestCircle, LargestCircle));
+}
+
 } // namespace
 
 std::shared_ptr<BannerController> BannerController::addBannerToWindow(QWidget *window) {
@@ -40,14 +57,16 @@ void BannerController::setWindow(QWidget *window) {
         });
         return;
     }
-    m_window = window;
-    if (refusedBecauseAdsAreRemoved() || !window)
+    m_window = window ? window->window() : nullptr;
+    if (refusedBecauseAdsAreRemoved() || !m_window)
         return;
-    const Window *facts = Window::of(window);
-    if (ViewController *content = facts->contentViewController()) {
+    const Window *facts = Window::of(m_window);
+    ViewController *content = facts->contentViewController();
+    if (content && content->view()) {
         content->addChildViewController(this);
         attachTo(content->view());
     } else {
+        m_isInCentralWidget = facts->contentView() != m_window;
         attachTo(facts->contentView());
     }
 }
@@ -73,16 +92,28 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
 }
 
 void BannerController::attachTo(QWidget *superview) {
-    QWidget *own = view();
     // A splitter would take the banner for one more of its panes.
     while (qobject_cast<QSplitter *>(superview))
         superview = superview->parentWidget();
-    if (!superview)
-        LOG(QStringLiteral("a banner found no view to lie in"));
-    if (!own || !superview)
+    if (!superview) {
+        LOG(QStringLiteral("a banner is never shown: it was given no view to lie in"));
+        return;
+    }
+    QWidget *own = view();
+    if (!own)
         return;
     own->setParent(superview);
     setBannerConstraints();
+    // Should the table not come for a whole turn, a house banner stands in.
+    if (!m_bannerSwapTimer)
+        scheduleSwap();
+}
+
+QWidget *BannerController::window() const {
+    if (!m_visibility)
+        return m_window;
+    const QWidget *superview = viewIfLoaded() ? viewIfLoaded()->parentWidget() : nullptr;
+    return superview ? superview->window() : nullptr;
 }
 
 void BannerController::setBannerConstraints() {
@@ -95,15 +126,22 @@ void BannerController::setBannerConstraints() {
         std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
     m_layout = new ConstraintLayout(own);
     m_shadow = new BannerShadowView(own);
-    m_layout->setPlacedHandler(
-        [shadow = m_shadow, close = m_closeButton, depth = m_shadowBotOfset](const QRect &frame) {
-            if (shadow)
-                shadow->follow(frame, qRound(depth->constant()));
-            // On a small banner a small circle, so that it hides little; as easy to hit as ever.
-            if (close)
-                close->setImageDiameter(
-                    std::clamp(frame.height() * CircleShare, SmallestCircle, LargestCircle));
-        });
+    m_layout->setPlacedHandler([shadow = m_shadow, image = m_bannerImage, close = m_closeButton,
+                                depth = m_shadowBotOfset](const QRect &frame) {
+        if (shadow)
+            shadow->follow(frame, qRound(depth->constant()));
+        if (close && image && image->layout())
+            fitCloseButton(*close, *image->layout(), frame.size());
+    });
+    m_visibility = new VisibilityWatch(own);
+    // On a later turn: the host is in the middle of showing or moving something.
+    QObject::connect(m_visibility, &VisibilityWatch::changed, m_visibility,
+                     [weak = weak_from_this()] {
+                         MainQueue::post([weak] {
+                             if (const auto self = weak.lock())
+                                 self->takeTurnIfResting();
+                         });
+                     });
     m_layout->add(m_heightConstraint);
     m_layout->add(m_centerXConstraint);
     m_layout->add(m_bottomConstraint);

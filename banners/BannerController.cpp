@@ -1,25 +1,27 @@
-#include "banners/BannerController.h"
+#include "BannerController.h"
 
-#include "banners/BannerShadowView.h"
+#include "BannerShadowView.h"
 
-#include "Support/Log.h"
-#include "Support/StandardNames.h"
-#include "content/AdKeys.h"
-#include "content/AdsEventLogger.h"
-#include "controls/BannerImageView.h"
-#include "controls/CloseButtonCell.h"
-#include "facade/Switches.h"
-#include "platform/Animator.h"
-#include "platform/InterfaceImage.h"
-#include "platform/InterfaceLoader.h"
-#include "platform/MainQueue.h"
-#include "platform/NotificationCenter.h"
-#include "platform/RandomSource.h"
-#include "platform/Window.h"
-#include "platform/Workspace.h"
+#include "AdKeys.h"
+#include "AdsEventLogger.h"
+#include "Animator.h"
+#include "BannerImageView.h"
+#include "CloseButtonCell.h"
+#include "InterfaceImage.h"
+#include "InterfaceLoader.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "RandomSource.h"
+#include "Switches.h"
+#include "VisibilityWatch.h"
+#include "Workspace.h"
+#include <Velmora/NotificationCenter.h>
 
 #include <Velmora/Notifications.h>
+#include <Velmora/StandardNames.h>
 #include <Velmora/Support.h>
+
+#include <QtWidgets/QMainWindow>
 
 #include <utility>
 
@@ -74,20 +76,23 @@ void BannerController::initBanners() {
     AdsEventLogger::sharedInstance();
 
     const auto weak = weak_from_this();
-    const auto action = [weak](void (BannerController::*operation)()) {
-        return [weak, operation] {
+    if (m_bannerImage) {
+        QObject::connect(m_bannerImage, &BannerImageView::wentDown, m_bannerImage, [weak] {
             if (const auto self = weak.lock())
-                (self.get()->*operation)();
-        };
-    };
-    if (m_bannerImage)
-        QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage,
-                         action(&BannerController::goToBannerURL));
+                self->m_pressed = self->m_shown;
+        });
+        QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage, [weak] {
+            if (const auto self = weak.lock())
+                self->open(self->m_pressed);
+        });
+    }
     if (m_closeButton) {
         m_closeButton->setIcon(InterfaceImage::named(QStringLiteral("ads_close_button")));
         m_closeButton->setAccessibleName(VLMStringFromKey(QStringLiteral("RemoveAdsText")));
-        QObject::connect(m_closeButton, &QAbstractButton::clicked, m_closeButton,
-                         action(&BannerController::removeBannerAction));
+        QObject::connect(m_closeButton, &QAbstractButton::clicked, m_closeButton, [weak] {
+            if (const auto self = weak.lock())
+                self->removeBannerAction();
+        });
     }
 
     m_standardBanners = StandardNames::standardBanners();
@@ -115,71 +120,112 @@ void BannerController::endDownloadСonfiguration() {
 
 void BannerController::swapBanners() {
     cancelSwap();
-    if (isGone() || Switches::isADSRemoved())
-        return;
-    const Window *window = Window::of(m_window);
-    if (!window || !window->isVisible()) {
-        LOG(QStringLiteral("banner rotation rests: the window is not visible"));
-        return;
-    }
-    const auto weak = weak_from_this();
-    m_downloader->downloadBannerWithComplitionBlock([weak] {
-        if (const auto self = weak.lock())
-            self->displayBanner();
-    });
-    // A banner from the cache is shown inside the call, and the host may answer by removing it.
+    m_rests = false;
     if (isGone())
         return;
-    m_bannerSwapTimer = Timer::scheduled(SwapSeconds, Timer::Kind::OneShot, [weak] {
-        if (const auto self = weak.lock())
-            self->swapBanners();
-    });
+    if (Switches::isADSRemoved()) {
+        // Another process of the host has sold the removal meanwhile.
+        removeADS();
+        return;
+    }
+    if (isOutOfSight()) {
+        LOG(QStringLiteral("banner rotation rests: nobody can see the banner"));
+        m_rests = true;
+        return;
+    }
+    scheduleSwap();
+    // A server that has taken a whole turn may never answer.
+    if (m_asks && !hasShownBanner())
+        displayBanner(m_downloader->readyBanner());
+    else
+        askForBanner();
+}
+
+bool BannerController::isOutOfSight() const {
+    if (!m_visibility || !m_visibility->isWindowVisible())
+        return true;
+    // The first banner comes even while its page lies behind another, and is there when the page
+    // is opened.
+    return hasShownBanner() && !m_visibility->isSuperviewVisible();
+}
+
+void BannerController::takeTurnIfResting() {
+    if (m_rests && !isOutOfSight())
+        swapBanners();
+}
+
+void BannerController::scheduleSwap() {
+    m_bannerSwapTimer =
+        Timer::scheduled(SwapSeconds, Timer::Kind::OneShot, [weak = weak_from_this()] {
+            if (const auto self = weak.lock())
+                self->swapBanners();
+        });
     setGodTimer(m_bannerSwapTimer);
 }
 
-void BannerController::displayBanner() {
+void BannerController::cancelSwap() {
+    if (const TimerPtr timer = std::exchange(m_bannerSwapTimer, nullptr))
+        timer->invalidate();
+}
+
+void BannerController::askForBanner() {
+    if (std::exchange(m_asks, true))
+        return;
+    m_downloader->downloadBannerWithComplitionBlock(
+        [weak = weak_from_this()](const BannerAd &ready, bool hasFailed) {
+            const auto self = weak.lock();
+            if (!self)
+                return;
+            self->m_asks = false;
+            if (!hasFailed || !self->hasShownBanner())
+                self->displayBanner(ready);
+        });
+}
+
+void BannerController::displayBanner(const BannerAd &ready) {
     if (isGone() || Switches::isADSRemoved())
         return;
-    const QUrl file = m_downloader->bannerURL();
-    if (!file.isEmpty() && !file.path().contains(MissingNameMark)) {
-        m_currentURL = m_downloader->linkBannerURL();
-        setBannerGifImageWithURL(file);
+    if (!ready.file.isEmpty() && !ready.file.path().contains(MissingNameMark)) {
+        setBannerGifImageWithURL(ready);
         return;
     }
     if (m_standardBanners.isEmpty())
         return;
     const QStringList identifiers = m_standardBanners.keys();
-    const QString identifier =
-        identifiers.at(RandomSource::current().next() % quint32(identifiers.size()));
-    m_currentURL = QUrl(m_standardBanners.value(identifier));
-    setBannerGifImageWithName(identifier);
+    setBannerGifImageWithName(
+        identifiers.at(RandomSource::current().next() % quint32(identifiers.size())));
 }
 
-void BannerController::setBannerGifImageWithURL(const QUrl &file) {
-    const QString name = m_downloader->bannerInfo().value(kBannerName).toString();
-    m_selectBanner = name.isEmpty() ? QStringLiteral("Web Banner") : name;
-    showImage(file.toLocalFile());
+void BannerController::setBannerGifImageWithURL(const BannerAd &ad) {
+    BannerAd named = ad;
+    if (named.name.isEmpty())
+        named.name = QStringLiteral("Web Banner");
+    showImage(named, ad.file.toLocalFile());
 }
 
 void BannerController::setBannerGifImageWithName(const QString &identifier) {
-    m_selectBanner = identifier;
-    showImage(StandardNames::bannerFromName(identifier));
+    const QString picture = StandardNames::bannerFromName(identifier);
+    showImage({QUrl(), QUrl(m_standardBanners.value(identifier)), identifier}, picture);
 }
 
-void BannerController::showImage(const QString &path) {
+void BannerController::showImage(const BannerAd &ad, const QString &path) {
     if (!m_bannerImage)
         return;
+    m_shown = ad;
     m_bannerImage->setImage(path);
-    m_bannerImage->setAccessibleName(m_selectBanner);
+    m_bannerImage->setAccessibleName(ad.name);
     updateBannerConstraint();
-    for (QWidget *part : parts())
-        Animator::setHidden(part, !m_bannerImage->hasImage());
-    LOG(QStringLiteral("banner shown: %1").arg(m_selectBanner));
+    setPartsHidden(!m_bannerImage->hasImage(), &Animator::setHidden);
+    LOG(QStringLiteral("banner shown: %1").arg(ad.name));
 }
 
 void BannerController::goToBannerURL() {
-    Workspace::openURL(m_currentURL);
-    NotificationCenter::defaultCenter().post(VLMclickForBanner, m_selectBanner);
+    open(m_shown);
+}
+
+void BannerController::open(const BannerAd &ad) {
+    Workspace::openURL(ad.link);
+    NotificationCenter::defaultCenter().post(VLMclickForBanner, ad.name);
 }
 
 void BannerController::removeBannerAction() {
@@ -188,8 +234,15 @@ void BannerController::removeBannerAction() {
 
 void BannerController::setBannerHidden(bool hidden) {
     view();
-    for (QWidget *part : parts())
-        Animator::setHiddenNow(part, hidden);
+    setPartsHidden(hidden, &Animator::setHiddenNow);
+}
+
+void BannerController::setPartsHidden(bool hidden, void (*set)(QWidget *, bool)) {
+    for (QWidget *part : parts()) {
+        // Without a superview it would become a window.
+        if (hidden || part->parentWidget())
+            set(part, hidden);
+    }
 }
 
 void BannerController::removeADS() {
@@ -209,12 +262,14 @@ QList<QWidget *> BannerController::parts() const {
 }
 
 bool BannerController::isGone() const {
-    return m_removed || (m_viewWasLoaded && !m_bannerImage);
+    return m_removed || (m_viewWasLoaded && !m_bannerImage) || isContentReplaced();
 }
 
-void BannerController::cancelSwap() {
-    if (const TimerPtr timer = std::exchange(m_bannerSwapTimer, nullptr))
-        timer->invalidate();
+bool BannerController::isContentReplaced() const {
+    const QWidget *superview = viewIfLoaded() ? viewIfLoaded()->parentWidget() : nullptr;
+    const auto *window =
+        qobject_cast<QMainWindow *>(superview ? superview->parentWidget() : nullptr);
+    return m_isInCentralWidget && window && window->centralWidget() != superview;
 }
 
 BannerImageView *BannerController::bannerImage() const {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "content/AdsDownloader.h"
-#include "content/DownloadDelegate.h"
-#include "platform/ConstraintLayout.h"
-#include "platform/LayoutConstraint.h"
-#include "platform/Timer.h"
+#include "AdsDownloader.h"
+#include "ConstraintLayout.h"
+#include "DownloadDelegate.h"
+#include "LayoutConstraint.h"
+#include <Velmora/Timer.h>
 
 #include <Velmora/ViewController.h>
 
@@ -18,11 +18,12 @@ namespace velmora {
 class BannerImageView;
 class BannerShadowView;
 class CloseButtonCell;
+class VisibilityWatch;
 
-/// One animated banner at the bottom of one host window or view: shows the downloader's current
-/// banner or a house banner, swaps it every 15 seconds while the window is visible, opens its
-/// link on a click and tells the host of a click on its close button. Main thread only, except
-/// where an operation says that it moves itself there.
+/// One animated banner at the bottom of one host window or view: shows the banner that it is given
+/// by the downloader or a house banner, swaps it every 15 seconds while the window is visible,
+/// opens its link on a click and tells the host of a click on its close button. Main thread only,
+/// except where an operation says that it moves itself there.
 class BannerController : public ViewController,
                          public DownloadDelegate,
                          public std::enable_shared_from_this<BannerController> {
@@ -37,7 +38,8 @@ public:
 
     ~BannerController() override;
 
-    QWidget *window() const { return m_window; }
+    /// The window that the banner lies in by now, whatever it was put into; null when in none.
+    QWidget *window() const;
     /// Any thread.
     void setWindow(QWidget *window);
     /// Any thread.
@@ -57,25 +59,27 @@ public:
     // Content.
     /// Ad data is ready; moves itself to the main thread.
     void endDownloadСonfiguration() override;
-    /// Prepares the next banner and starts the next 15 seconds; rests while the window is not
-    /// visible.
+    /// Asks for the next banner and starts the next 15 seconds. Out of sight the rotation rests,
+    /// without a timer, until the banner can be seen again.
     void swapBanners();
-    void displayBanner();
-    void setBannerGifImageWithURL(const QUrl &file);
+    /// Shows the banner that is ready, or a house banner when none is.
+    void displayBanner(const BannerAd &ready);
+    void setBannerGifImageWithURL(const BannerAd &ad);
     void setBannerGifImageWithName(const QString &identifier);
-    /// Hides or shows the view without a fade.
+    /// Hides or shows the view without a fade. Without a superview it is never shown: it would
+    /// become a window.
     void setBannerHidden(bool hidden);
     /// Takes the banner away for good, with a fade.
     void removeADS();
 
-    /// The banner's image was clicked.
+    /// Opens the link of the banner on screen and tells the host.
     void goToBannerURL();
     /// The close button was clicked.
     void removeBannerAction();
 
     /// Name of the banner on screen: the ad's, "Web Banner", or a house banner's identifier.
-    const QString &selectBanner() const { return m_selectBanner; }
-    const QUrl &currentURL() const { return m_currentURL; }
+    const QString &selectBanner() const { return m_shown.name; }
+    const QUrl &currentURL() const { return m_shown.link; }
     const QMap<QString, QString> &standardBanners() const { return m_standardBanners; }
     const TimerPtr &bannerSwapTimer() const { return m_bannerSwapTimer; }
     BannerImageView *bannerImage() const;
@@ -95,10 +99,20 @@ private:
     void attachTo(QWidget *superview);
     void setBannerConstraints();
     void updateBannerConstraint();
-    void showImage(const QString &path);
+    bool hasShownBanner() const { return !m_shown.name.isEmpty(); }
+    bool isOutOfSight() const;
+    void takeTurnIfResting();
+    void scheduleSwap();
     void cancelSwap();
+    void askForBanner();
+    void showImage(const BannerAd &ad, const QString &path);
+    void open(const BannerAd &ad);
+    void setPartsHidden(bool hidden, void (*set)(QWidget *, bool));
     /// The view and its shadow, as far as they exist.
     QList<QWidget *> parts() const;
+    /// The host has replaced the central widget that the banner lies in. Qt destroys that on a
+    /// later turn.
+    bool isContentReplaced() const;
 
     QPointer<QWidget> m_window;
     QPointer<BannerImageView> m_bannerImage;
@@ -111,10 +125,16 @@ private:
     LayoutConstraintPtr m_centerXConstraint;
     LayoutConstraintPtr m_shadowBotOfset;
     QPointer<ConstraintLayout> m_layout;
+    QPointer<VisibilityWatch> m_visibility;
 
-    QString m_selectBanner;
-    QUrl m_currentURL;
+    BannerAd m_shown;
+    /// What was on screen when the image went down under the pointer.
+    BannerAd m_pressed;
     TimerPtr m_bannerSwapTimer;
+    bool m_rests = false;
+    bool m_isInCentralWidget = false;
+    /// A request of this banner's is under way.
+    bool m_asks = false;
     std::shared_ptr<AdsDownloader> m_downloader;
     QMap<QString, QString> m_standardBanners;
     bool m_removed = false;

@@ -1,4 +1,4 @@
-#include "banners/BannerShadowView.h"
+#include "BannerShadowView.h"
 
 #include <QtGui/QPainter>
 
@@ -18,6 +18,11 @@ BannerShadowView::BannerShadowView(QWidget *banner)
 }
 
 void BannerShadowView::follow(const QRect &banner, int depth) {
+    if (m_banner && parentWidget() != m_banner->parentWidget()) {
+        const bool wasHidden = isHidden();
+        setParent(m_banner->parentWidget());
+        setVisible(!wasHidden);
+    }
     setGeometry(banner.x(), banner.y() + banner.height(), banner.width(), depth);
     if (m_banner)
         stackUnder(m_banner);

@@ -15,7 +15,8 @@ public:
     /// A shadow for a banner's view, in the same superview. Owned by the superview.
     explicit BannerShadowView(QWidget *banner);
 
-    /// Lies below a banner of the given frame.
+    /// Lies below a banner of the given frame, next to it in the order of the superview's children,
+    /// whatever superview that is by now.
     void follow(const QRect &banner, int depth);
 
 protected:

@@ -1,4 +1,4 @@
-// Prints what playing a clip costs beside the toolkit's own way and beside bare decoding, each in
+// Prints what playing a clip costs beside Qt's own way and beside bare decoding, each in
 // a process of its own over the same stretch of the clip, and how soon and how surely it plays.
 
 #include "benchmarks/ProcessFigures.h"
@@ -33,7 +33,7 @@ double median(std::vector<double> values) {
     return values.at(values.size() / 2);
 }
 
-// Nothing when the subject did not play: the toolkit's sometimes does not.
+// Nothing when the subject did not play: Qt's sometimes does not.
 std::optional<double> cpuPercent(const QString &subject) {
     QStringList arguments = SplashSubject::has(subject)
                                 ? QStringList{QCoreApplication::applicationFilePath(),

@@ -1,7 +1,7 @@
 #include "benchmarks/VideoSubject.h"
 
-#include "platform/VideoPlayer.h"
-#include "platform/VideoView.h"
+#include "VideoPlayer.h"
+#include "VideoView.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QApplication>

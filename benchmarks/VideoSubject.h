@@ -8,7 +8,7 @@ namespace velmora::bench {
 /// One of the ways to play the same clip that are compared.
 class VideoSubject {
 public:
-    /// "player": the framework's player and view. "widget": the toolkit's player and video
+    /// "player": the framework's player and view. "widget": Qt's player and video
     /// widget, when the benchmarks were built with them. "decoding": the media framework alone,
     /// which decodes at the clip's pace and throws away what comes.
     static QStringList names();

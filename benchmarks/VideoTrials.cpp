@@ -1,7 +1,7 @@
 #include "benchmarks/VideoTrials.h"
 
-#include "platform/VideoPlayer.h"
-#include "platform/VideoView.h"
+#include "VideoPlayer.h"
+#include "VideoView.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QThread>

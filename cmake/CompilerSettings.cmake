@@ -17,9 +17,6 @@ endif()
 
 # Compile settings shared by all of our own targets; never exported to a host.
 add_library(velmora_settings INTERFACE)
-target_include_directories(velmora_settings INTERFACE
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
 target_compile_definitions(velmora_settings INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
     QT_STRICT_ITERATORS)
@@ -28,10 +25,32 @@ target_compile_options(velmora_settings INTERFACE
     $<$<BOOL:${VELMORA_WARNINGS_AS_ERRORS}>:-Werror>
     $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 
-# Adds one of the library's object targets with the shared settings and a precompiled header.
+# For what is not part of the library: the public headers, and includes from the project's root.
+add_library(velmora_project_includes INTERFACE)
+target_include_directories(velmora_project_includes INTERFACE
+    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+
+# velmora_add_objects(name [WIDGETS] SOURCES ... [HEADERS ...] LINK ...): one of the library's object
+# targets. It sees its own folder, the public headers that are named for it, and what the targets
+# that it links see: an include of something above it does not compile.
 function(velmora_add_objects name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;HEADERS;LINK" ${ARGN})
     add_library(${name} OBJECT ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC velmora_settings ${ARG_LINK})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    if(ARG_HEADERS)
+        set(public_headers ${CMAKE_CURRENT_BINARY_DIR}/public)
+        file(MAKE_DIRECTORY ${public_headers}/Velmora)
+        foreach(header IN LISTS ARG_HEADERS)
+            file(CREATE_LINK ${PROJECT_SOURCE_DIR}/include/Velmora/${header}
+                ${public_headers}/Velmora/${header} SYMBOLIC)
+        endforeach()
+        target_include_directories(${name} PUBLIC ${public_headers})
+    endif()
     target_compile_definitions(${name} PRIVATE VELMORA_BUILDING_LIBRARY)
+    set(precompiled Pch.h)
+    if(ARG_WIDGETS)
+        set(precompiled PchWidgets.h)
+    endif()
+    target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/platform/core/${precompiled})
 endfunction()

@@ -1,11 +1,19 @@
 # Everything but the library itself is built only when Velmora is the top-level project.
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
-option(VELMORA_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_DEVELOPER_BUILD
     "Let the environment replace the deployment values at run time" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+
+# The demo needs less than the tests. AUTO builds them where all that they need is installed, so
+# that one build folder serves both; ON, which ./test asks for, fails elsewhere.
+set(build_tests AUTO)
+if(NOT PROJECT_IS_TOP_LEVEL)
+    set(build_tests OFF)
+endif()
+set(VELMORA_BUILD_TESTS ${build_tests} CACHE STRING "Build the tests: ON, OFF or AUTO")
+set_property(CACHE VELMORA_BUILD_TESTS PROPERTY STRINGS AUTO ON OFF)
 
 set(VELMORA_AD_SERVER_URL "https://ads.velmora.example" CACHE STRING
     "Base URL of the ad server, https, without a trailing slash")

@@ -1,9 +1,9 @@
-#include "content/AdScreening.h"
+#include "AdScreening.h"
 
-#include "Support/Deployment.h"
-#include "content/AdKeys.h"
-#include "content/MediaAddress.h"
-#include "platform/WebLink.h"
+#include "AdKeys.h"
+#include "Deployment.h"
+#include "MediaAddress.h"
+#include "WebLink.h"
 
 #include <Velmora/Support.h>
 
@@ -20,7 +20,8 @@ QString refusalOfMedia(const QJsonObject &ad, const QString &key) {
 }
 
 QString refusalOfLink(const QJsonValue &link) {
-    if (link.isUndefined() || link.isNull())
+    const bool isBlank = link.isString() && link.toString().trimmed().isEmpty();
+    if (link.isUndefined() || link.isNull() || isBlank)
         return {};
     return WebLink::mayOpen(QUrl(link.toString()))
                ? QString()
@@ -28,8 +29,7 @@ QString refusalOfLink(const QJsonValue &link) {
 }
 
 QString refusalOfWeight(const QJsonValue &weight) {
-    const bool usable =
-        weight.isUndefined() || weight.isDouble() || weight.isString() || weight.isBool();
+    const bool usable = !weight.isArray() && !weight.isObject();
     return usable ? QString() : QStringLiteral("\"priority\" is neither a number nor a text");
 }
 

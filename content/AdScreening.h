@@ -8,7 +8,7 @@ namespace velmora {
 
 /// Decides which elements of a placement count as ads. An element with a shape that the
 /// framework cannot use, or with a hostile path or link, behaves as if it were not there; a
-/// field that is merely absent does not disqualify an ad.
+/// field that is merely absent, null or, for a link, blank does not disqualify an ad.
 class AdScreening {
 public:
     /// The placement's usable ads, in order, each the very object of the table. Every refused

@@ -1,14 +1,16 @@
-#include "content/AdsCacheInfoStorage.h"
+#include "AdsCacheInfoStorage.h"
 
-#include "content/AdKeys.h"
-#include "content/CachesFolder.h"
-#include "platform/Archive.h"
-#include "platform/MainQueue.h"
-#include "platform/ProcessRoot.h"
-#include "platform/SerialQueue.h"
+#include "AdKeys.h"
+#include "Archive.h"
+#include "CachesFolder.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QLockFile>
 
@@ -28,7 +30,9 @@ std::optional<QJsonObject> tableAt(const QString &path) {
 
 // On the disk queue's thread.
 void writeMerged(const QString &path, const QJsonObject &table) {
-    QLockFile lock(path + QStringLiteral(".lock"));
+    QDir().mkpath(QFileInfo(path).path());
+    // No media has a colon in its name.
+    QLockFile lock(path + QStringLiteral(":lock"));
     // Written even without the lock: losing a race is better than losing the ad.
     const bool locked = lock.tryLock(LockPatienceMs);
     const QJsonObject whole =
@@ -43,9 +47,29 @@ void writeMerged(const QString &path, const QJsonObject &table) {
 
 } // namespace
 
-AdsCacheInfoStorage::AdsCacheInfoStorage() : m_info(cacheInfo().value_or(QJsonObject())) {
+AdsCacheInfoStorage::AdsCacheInfoStorage() {
+    followFolder();
     // Made now, so that it outlives whoever saves last.
     ProcessRoot::get<DiskQueue>();
+}
+
+const QJsonObject &AdsCacheInfoStorage::infoDictionary() {
+    followFolder();
+    return m_info;
+}
+
+void AdsCacheInfoStorage::setInfoDictionary(const QJsonObject &info) {
+    followFolder();
+    m_info = info;
+}
+
+// The ads of the folder before stay in its table, since their media are there.
+void AdsCacheInfoStorage::followFolder() {
+    const QString folder = CachesFolder::path();
+    if (folder == m_folder)
+        return;
+    m_folder = folder;
+    m_info = cacheInfo().value_or(QJsonObject());
 }
 
 void AdsCacheInfoStorage::addBannerInfo(const QJsonObject &ad) {
@@ -59,6 +83,7 @@ void AdsCacheInfoStorage::addVideoInfo(const QJsonObject &ad) {
 void AdsCacheInfoStorage::addInfo(const QJsonObject &ad, const QString &placementKey) {
     if (ad.isEmpty() || placementKey.isEmpty())
         return;
+    followFolder();
     QJsonArray ads = m_info.value(placementKey).toArray();
     if (ads.contains(ad))
         return;
@@ -68,6 +93,11 @@ void AdsCacheInfoStorage::addInfo(const QJsonObject &ad, const QString &placemen
 }
 
 void AdsCacheInfoStorage::save() {
+    followFolder();
+    if (m_folder.isEmpty()) {
+        LOG(QStringLiteral("the ad table is not written: the application has no name yet"));
+        return;
+    }
     ProcessRoot::get<DiskQueue>().run(
         [path = storageURL().toLocalFile(), table = m_info] { writeMerged(path, table); });
 }
@@ -77,7 +107,8 @@ std::optional<QJsonObject> AdsCacheInfoStorage::cacheInfo() {
 }
 
 QUrl AdsCacheInfoStorage::storageURL() {
-    return QUrl::fromLocalFile(CachesFolder::pathFor(CachesFolder::TableName));
+    const QString path = CachesFolder::pathFor(CachesFolder::TableName);
+    return path.isEmpty() ? QUrl() : QUrl::fromLocalFile(path);
 }
 
 QJsonObject AdsCacheInfoStorage::merged(const QJsonObject &file, const QJsonObject &table) {

@@ -1,16 +1,18 @@
-#include "content/AdsDownloader.h"
+#include "AdsDownloader.h"
 
-#include "Support/Deployment.h"
-#include "Support/Log.h"
-#include "Support/SharedUrlSession.h"
-#include "content/AdKeys.h"
-#include "content/CachesFolder.h"
-#include "content/MediaAddress.h"
-#include "content/StoreLink.h"
+#include "AdKeys.h"
+#include "CachesFolder.h"
+#include "Deployment.h"
+#include "Log.h"
+#include "MediaAddress.h"
+#include "SharedUrlSession.h"
+#include "StoreLink.h"
 
 #include <Velmora/Support.h>
 
 #include <QtCore/QFileInfo>
+
+#include <utility>
 
 namespace velmora {
 
@@ -33,7 +35,9 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
     }
     qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     QString refusal;
-    if (remote.isEmpty())
+    if (path.isEmpty())
+        refusal = QStringLiteral("the application has no name yet, and so no caches folder");
+    else if (remote.isEmpty())
         refusal = QStringLiteral("the ad names no file");
     else if (cached.isDir())
         refusal = QStringLiteral("a folder has its name");
@@ -58,9 +62,10 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
         });
 }
 
-void AdsDownloader::downloadBannerWithComplitionBlock(const Completion &completion) {
-    if (m_bannerTask && m_bannerTask->isRunning()) {
-        LOG(QStringLiteral("a banner is being downloaded already"));
+void AdsDownloader::downloadBannerWithComplitionBlock(const BannerCompletion &completion) {
+    if (!m_bannerAskers.empty()) {
+        LOG(QStringLiteral("a banner is being downloaded already and will serve"));
+        m_bannerAskers.push_back(completion);
         return;
     }
     const auto drawn =
@@ -68,25 +73,31 @@ void AdsDownloader::downloadBannerWithComplitionBlock(const Completion &completi
     if (!drawn) {
         LOG(QStringLiteral("there is no banner to draw"));
         if (completion)
-            completion();
+            completion(m_readyBanner, false);
         return;
     }
     m_bannerInfo = *drawn;
-    m_bannerTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(m_bannerInfo, kBannerImgURL),
-        [weak = weak_from_this(), completion](const QUrl &file) {
-            const auto self = weak.lock();
-            if (self && !file.isEmpty())
-                self->bannerArrived(file, completion);
-        });
+    m_bannerAskers.push_back(completion);
+    downloadDataToCacheDirectoryFromURL(mediaURL(*drawn, kBannerImgURL),
+                                        [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
+                                            if (const auto self = weak.lock())
+                                                self->bannerEnded(ad, file);
+                                        });
 }
 
-void AdsDownloader::bannerArrived(const QUrl &file, const Completion &completion) {
-    m_bannerURL = file;
-    m_linkBannerURL = StoreLink::bannerLink(m_bannerInfo.value(kBannerURL).toString());
-    m_cacheStorage.addBannerInfo(m_bannerInfo);
-    if (completion)
-        completion();
+void AdsDownloader::bannerEnded(const QJsonObject &ad, const QUrl &file) {
+    if (!file.isEmpty()) {
+        m_readyBanner = {file, StoreLink::bannerLink(ad.value(kBannerURL).toString()),
+                         ad.value(kBannerName).toString()};
+        m_cacheStorage.addBannerInfo(ad);
+    }
+    // Whoever is told may ask anew.
+    const auto askers = std::exchange(m_bannerAskers, {});
+    const BannerAd ready = m_readyBanner;
+    for (const BannerCompletion &completion : askers) {
+        if (completion)
+            completion(ready, file.isEmpty());
+    }
 }
 
 void AdsDownloader::downloadVideo() {
@@ -99,34 +110,46 @@ void AdsDownloader::downloadVideo() {
         return;
     }
     m_videoInfo = *drawn;
-    m_videoTask = downloadDataToCacheDirectoryFromURL(mediaURL(m_videoInfo, kVideoCapture),
-                                                      [weak = weak_from_this()](const QUrl &video) {
-                                                          const auto self = weak.lock();
-                                                          if (self && !video.isEmpty())
-                                                              self->videoArrived(video);
-                                                      });
-}
-
-void AdsDownloader::videoArrived(const QUrl &video) {
-    m_interstitialVideoURL.clear();
-    m_videoInterstitialTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(m_videoInfo, kVideoImage), [weak = weak_from_this(), video](const QUrl &still) {
+    // Another may be drawn while this one's still is under way, so it takes its ad along.
+    m_videoTask = downloadDataToCacheDirectoryFromURL(
+        mediaURL(*drawn, kVideoCapture), [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
             const auto self = weak.lock();
-            if (self && !still.isEmpty())
-                self->stillArrived(video, still);
+            if (self && !file.isEmpty())
+                self->videoArrived({file, {}, {}, ad});
         });
 }
 
-void AdsDownloader::stillArrived(const QUrl &video, const QUrl &still) {
-    m_videoURL = video;
-    m_linkVideoURL = StoreLink::videoLink(m_videoInfo.value(kVideoURL).toString());
-    m_interstitialVideoURL = still;
-    m_cacheStorage.addVideoInfo(m_videoInfo);
+void AdsDownloader::videoArrived(const VideoAd &video) {
+    m_interstitialVideoURL.clear();
+    m_videoInterstitialTask = downloadDataToCacheDirectoryFromURL(
+        mediaURL(video.info, kVideoImage), [weak = weak_from_this(), video](const QUrl &still) {
+            const auto self = weak.lock();
+            if (!self || still.isEmpty())
+                return;
+            const QUrl link = StoreLink::videoLink(video.info.value(kVideoURL).toString());
+            self->stillArrived({video.file, still, link, video.info});
+        });
+}
+
+void AdsDownloader::stillArrived(const VideoAd &video) {
+    m_readyVideo = video;
+    m_interstitialVideoURL = video.still;
+    m_cacheStorage.addVideoInfo(video.info);
+}
+
+VideoAd AdsDownloader::readyVideo() {
+    downloadVideo();
+    const QString file = m_readyVideo.file.toLocalFile();
+    if (!file.isEmpty() && !QFileInfo::exists(file)) {
+        LOG(QStringLiteral("the video that was ready is gone from the caches folder: %1")
+                .arg(file));
+        m_readyVideo = {};
+    }
+    return m_readyVideo;
 }
 
 QUrl AdsDownloader::videoURL() {
-    downloadVideo();
-    return m_videoURL;
+    return readyVideo().file;
 }
 
 } // namespace velmora

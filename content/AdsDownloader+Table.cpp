@@ -1,12 +1,12 @@
-#include "content/AdsDownloader.h"
+#include "AdsDownloader.h"
 
-#include "Support/Deployment.h"
-#include "Support/Log.h"
-#include "Support/SharedUrlSession.h"
-#include "content/AdKeys.h"
-#include "content/AdsMacHelper.h"
-#include "platform/MainQueue.h"
+#include "AdKeys.h"
+#include "Deployment.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "SharedUrlSession.h"
 
+#include <Velmora/AdsMacHelper.h>
 #include <Velmora/Support.h>
 
 #include <QtCore/QJsonArray>
@@ -63,6 +63,7 @@ void AdsDownloader::postRequest(const Completion &completion) {
     request.url = QUrl(Deployment::current().apiAcsURL());
     request.method = "POST";
     request.body = lossyAscii(generateRequestAcs());
+    request.onlyOnce = true;
     m_jsonTask = SharedUrlSession::shared().start(
         request, [weak = weak_from_this(), completion](const UrlResponse &response) {
             if (const auto self = weak.lock())
@@ -88,7 +89,7 @@ void AdsDownloader::takeReply(const UrlResponse &response, const Completion &com
         completion();
 }
 
-std::optional<QJsonObject> AdsDownloader::replyJSON() const {
+std::optional<QJsonObject> AdsDownloader::replyJSON() {
     if (!AdsMacHelper::isInternetConnection())
         return m_cacheStorage.infoDictionary();
     return m_replyJSON;
@@ -101,7 +102,8 @@ std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query
     }
     UrlRequest request;
     request.url = QUrl(query);
-    const auto response = SharedUrlSession::shared().fetch(request);
+    const auto session = SharedUrlSession::existing();
+    const auto response = session ? session->fetch(request) : std::nullopt;
     if (!response || !response->error.isEmpty())
         return {};
     const QJsonValue first = QJsonDocument::fromJson(response->body)

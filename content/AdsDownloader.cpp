@@ -1,15 +1,15 @@
-#include "content/AdsDownloader.h"
+#include "AdsDownloader.h"
 
-#include "Support/Log.h"
-#include "Support/SharedUrlSession.h"
-#include "content/AdKeys.h"
-#include "content/AdScreening.h"
-#include "content/Reachability.h"
-#include "content/WeightedSelection.h"
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
-#include "platform/ProcessRoot.h"
+#include "AdKeys.h"
+#include "AdScreening.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SharedUrlSession.h"
+#include "Switches.h"
+#include "WeightedSelection.h"
 
+#include <Velmora/Reachability.h>
 #include <Velmora/Support.h>
 
 namespace velmora {
@@ -93,7 +93,7 @@ void AdsDownloader::checkInternetConnection() {
 }
 
 std::optional<QJsonObject>
-AdsDownloader::getInfoObjectWithConsideringWeightForKey(const QString &key) const {
+AdsDownloader::getInfoObjectWithConsideringWeightForKey(const QString &key) {
     const std::optional<QJsonObject> table = replyJSON();
     if (!table)
         return {};

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "content/AdsCacheInfoStorage.h"
-#include "content/DownloadDelegate.h"
-#include "platform/UrlSession.h"
+#include "AdsCacheInfoStorage.h"
+#include "BannerAd.h"
+#include "DownloadDelegate.h"
+#include "UrlSession.h"
+#include "VideoAd.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
@@ -45,10 +47,12 @@ public:
     /// Tells every delegate, in registration order, that it may ask for a banner.
     void downloadBanner();
 
-    /// Draws the next banner and makes it the current one when its file is there. Completion is
-    /// called then, also from inside this call, and when there is nothing to draw; it is not
-    /// called while another banner is under way or when the download fails.
-    void downloadBannerWithComplitionBlock(const Completion &completion);
+    /// Draws the next banner and makes it the ready one when its file is there. Completion is
+    /// called then, also from inside this call; when there is nothing to draw; and when the
+    /// download has failed. Whoever asks while a banner is under way gets that one.
+    void downloadBannerWithComplitionBlock(const BannerCompletion &completion);
+    /// The banner whose file arrived last.
+    const BannerAd &readyBanner() const { return m_readyBanner; }
 
     /// Draws the next video and makes it the current one when it and its still are there.
     void downloadVideo();
@@ -63,7 +67,7 @@ public:
     /// server is asked at most once a process run.
     void downloadJSONWithComplitionBlock(const Completion &completion);
     /// The table in force: the persisted one while offline.
-    std::optional<QJsonObject> replyJSON() const;
+    std::optional<QJsonObject> replyJSON();
     void setReplyJSON(std::optional<QJsonObject> table) { m_replyJSON = std::move(table); }
 
     /// Looks something up in the store: the first result, or nothing. Blocks; not on the main
@@ -79,13 +83,18 @@ public:
     UrlTaskPtr downloadDataToCacheDirectoryFromURL(const QUrl &remote,
                                                    const FileCompletion &completion);
 
-    /// Local file of the video that is ready. Every read also prepares the next one, and
-    /// returns that one when it is cached.
+    /// The video that is ready; nothing in it before the first. Every read also prepares the
+    /// next one, and returns that one when it is cached.
+    VideoAd readyVideo();
+
+    // The parts one by one, each as it is at the moment: what is being prepared shows in some of
+    // them already.
+    /// Local file of the video that is ready; prepares the next one as readyVideo() does.
     QUrl videoURL();
-    QUrl bannerURL() const { return m_bannerURL; }
+    QUrl bannerURL() const { return m_readyBanner.file; }
     QUrl interstitialVideoURL() const { return m_interstitialVideoURL; }
-    QUrl linkVideoURL() const { return m_linkVideoURL; }
-    QUrl linkBannerURL() const { return m_linkBannerURL; }
+    QUrl linkVideoURL() const { return m_readyVideo.link; }
+    QUrl linkBannerURL() const { return m_readyBanner.link; }
     /// The ads drawn last; empty before the first draw.
     const QJsonObject &videoInfo() const { return m_videoInfo; }
     const QJsonObject &bannerInfo() const { return m_bannerInfo; }
@@ -105,13 +114,13 @@ private:
     friend struct DownloaderHolder;
     AdsDownloader();
 
-    std::optional<QJsonObject> getInfoObjectWithConsideringWeightForKey(const QString &key) const;
+    std::optional<QJsonObject> getInfoObjectWithConsideringWeightForKey(const QString &key);
     void eraseGoneDelegates();
     void postRequest(const Completion &completion);
     void takeReply(const UrlResponse &response, const Completion &completion);
-    void bannerArrived(const QUrl &file, const Completion &completion);
-    void videoArrived(const QUrl &video);
-    void stillArrived(const QUrl &video, const QUrl &still);
+    void bannerEnded(const QJsonObject &ad, const QUrl &file);
+    void videoArrived(const VideoAd &video);
+    void stillArrived(const VideoAd &video);
     static QUrl mediaURL(const QJsonObject &ad, const QString &key);
 
     AdsCacheInfoStorage m_cacheStorage;
@@ -119,16 +128,15 @@ private:
     bool m_isUpdateAdsCurrentSession = false;
     bool m_isShowBannersFromCache = false;
 
-    QUrl m_videoURL;
-    QUrl m_bannerURL;
     QUrl m_interstitialVideoURL;
-    QUrl m_linkVideoURL;
-    QUrl m_linkBannerURL;
+    VideoAd m_readyVideo;
     QJsonObject m_videoInfo;
     QJsonObject m_bannerInfo;
+    BannerAd m_readyBanner;
+    /// Not empty while a banner is under way.
+    std::vector<BannerCompletion> m_bannerAskers;
 
     UrlTaskPtr m_jsonTask;
-    UrlTaskPtr m_bannerTask;
     UrlTaskPtr m_videoTask;
     UrlTaskPtr m_videoInterstitialTask;
 

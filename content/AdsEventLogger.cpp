@@ -1,9 +1,11 @@
-#include "content/AdsEventLogger.h"
+#include "AdsEventLogger.h"
 
-#include "Support/SharedUrlSession.h"
-#include "platform/Archive.h"
-#include "platform/MainQueue.h"
-#include "platform/ProcessRoot.h"
+#include "Archive.h"
+#include "HostSettings.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SharedUrlSession.h"
+#include "WebLink.h"
 
 #include <Velmora/Support.h>
 
@@ -19,13 +21,6 @@ const QString EventStackKey = QStringLiteral("eventStackData");
 const QString ArchiveKind = QStringLiteral("events");
 constexpr double StorePauseSeconds = 0.5;
 constexpr qsizetype SmallStack = 100;
-// An event's reply is thrown away; more than this is not an event server talking.
-constexpr qint64 LargestReply = 1024 * 1024;
-
-bool isOnTheWeb(const QUrl &url) {
-    return url.isValid() && !url.host().isEmpty() &&
-           (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
-}
 
 } // namespace
 
@@ -33,14 +28,17 @@ AdsEventLogger &AdsEventLogger::sharedInstance() {
     return ProcessRoot::get<AdsEventLogger>();
 }
 
-AdsEventLogger::AdsEventLogger()
-    : m_eventStack(unarchived(VLMObjForKey(EventStackKey).toByteArray())) {
+AdsEventLogger::AdsEventLogger() {
+    followName();
+    if (!m_eventStack.isEmpty())
+        store(); // its own from now on, so that it moves when the name changes
     SharedUrlSession::shared();
 }
 
 AdsEventLogger::~AdsEventLogger() {
     if (m_storeTimer)
         m_storeTimer->invalidate();
+    followName();
     if (m_unstored)
         store();
 }
@@ -50,13 +48,14 @@ void AdsEventLogger::logEventWithURL(const QUrl &url) {
 }
 
 void AdsEventLogger::send(const QUrl &url) {
-    if (!isOnTheWeb(url)) {
+    if (!WebLink::isOnTheWeb(url)) {
         LOG(QStringLiteral("event refused, not a web address: %1").arg(url.toString()));
         return;
     }
     UrlRequest request;
     request.url = url;
-    request.largestBody = LargestReply;
+    request.ignoresBody = true;
+    request.onlyOnce = true;
     SharedUrlSession::shared().start(request, [url](const UrlResponse &response) {
         if (response.error.isEmpty())
             sharedInstance().logAllStack();
@@ -68,6 +67,7 @@ void AdsEventLogger::send(const QUrl &url) {
 void AdsEventLogger::addEventURL(const QUrl &url) {
     MainQueue::post([url] {
         AdsEventLogger &logger = sharedInstance();
+        logger.followName();
         if (!url.isEmpty())
             logger.m_eventStack.append(url);
         logger.stackChanged();
@@ -77,12 +77,22 @@ void AdsEventLogger::addEventURL(const QUrl &url) {
 void AdsEventLogger::logAllStack() {
     MainQueue::post([] {
         AdsEventLogger &logger = sharedInstance();
+        logger.followName();
         const QList<QUrl> queued = std::exchange(logger.m_eventStack, {});
         for (const QUrl &url : queued)
             logger.send(url);
         if (!queued.isEmpty())
             logger.stackChanged();
     });
+}
+
+void AdsEventLogger::followName() {
+    const QString place = HostSettings::place();
+    if (place == m_place)
+        return;
+    m_place = place;
+    m_unstored = m_unstored || !m_eventStack.isEmpty();
+    m_eventStack = unarchived(HostSettings::value(EventStackKey).toByteArray()) + m_eventStack;
 }
 
 void AdsEventLogger::stackChanged() {
@@ -101,8 +111,9 @@ void AdsEventLogger::stackChanged() {
 }
 
 void AdsEventLogger::store() {
-    m_unstored = false;
-    VLMSetObjForKey(archived(m_eventStack), EventStackKey);
+    followName();
+    m_unstored = m_place.isEmpty(); // to be stored as soon as there is a place
+    HostSettings::setValue(archived(m_eventStack), EventStackKey, SettingsStore::OnRename::Moves);
 }
 
 QByteArray AdsEventLogger::archived(const QList<QUrl> &urls) {
@@ -124,7 +135,7 @@ QList<QUrl> AdsEventLogger::unarchived(const QByteArray &bytes) {
     const QCborArray texts = root->toArray();
     for (const QCborValue &text : texts) {
         const QUrl url(text.toString());
-        if (isOnTheWeb(url))
+        if (WebLink::isOnTheWeb(url))
             urls.append(url);
     }
     return urls;

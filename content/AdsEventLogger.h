@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Timer.h"
+#include <Velmora/Timer.h>
 
 #include <QtCore/QList>
 #include <QtCore/QUrl>
@@ -15,7 +15,8 @@ namespace velmora {
 /// which may be called from any.
 ///
 /// The queue is stored whenever it changes; the changes of one flush share a store write, and
-/// while more than a hundred URLs wait, so do the changes within half a second.
+/// while more than a hundred URLs wait, so do the changes within half a second. When the
+/// application takes another name, the queue that is stored under it joins this one.
 class AdsEventLogger {
 public:
     /// The process's one logger; the first call loads the stored queue.
@@ -44,9 +45,11 @@ public:
 
 private:
     void send(const QUrl &url);
+    void followName();
     void stackChanged();
     void store();
 
+    QString m_place; // where the queue is stored
     QList<QUrl> m_eventStack;
     TimerPtr m_storeTimer;
     bool m_unstored = false;

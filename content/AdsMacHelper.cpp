@@ -1,35 +1,20 @@
-#include "content/AdsMacHelper.h"
+#include <Velmora/AdsMacHelper.h>
 
-#include "Support/Deployment.h"
-#include "platform/RouteMonitor.h"
-
-#include <QtCore/QSysInfo>
-
-#include <algorithm>
+#include "Deployment.h"
+#include "MachineIdentifier.h"
+#include "RouteMonitor.h"
 
 namespace velmora {
 
 bool AdsMacHelper::isInternetConnection() {
-    const RouteFlags flags =
+    const ReachabilityFlags flags =
         RouteMonitor::query(QHostAddress(Deployment::current().reachabilityProbe));
-    return flags & RouteReachable && !(flags & RouteConnectionRequired);
+    return flags & ReachabilityFlagReachable && !(flags & ReachabilityFlagConnectionRequired);
 }
 
 QString AdsMacHelper::getSystemUUID() {
-    static const QString systemUUID = uuidText(QSysInfo::machineUniqueId());
+    static const QString systemUUID = MachineIdentifier::uuid();
     return systemUUID;
-}
-
-QString AdsMacHelper::uuidText(const QByteArray &identifier) {
-    QString text = QString::fromLatin1(identifier.trimmed()).toUpper();
-    const bool isBare = text.size() == 32 && std::all_of(text.cbegin(), text.cend(), [](QChar c) {
-                            return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F');
-                        });
-    if (isBare) {
-        for (int position : {20, 16, 12, 8})
-            text.insert(position, u'-');
-    }
-    return text;
 }
 
 } // namespace velmora

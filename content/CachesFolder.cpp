@@ -1,7 +1,6 @@
-#include "content/CachesFolder.h"
+#include "CachesFolder.h"
 
-#include "platform/ProcessRoot.h"
-
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 
@@ -9,23 +8,17 @@ namespace velmora {
 
 const QString CachesFolder::TableName = QStringLiteral("savedAds");
 
-namespace {
-
-struct Folder {
-    Folder() : path(QStandardPaths::writableLocation(QStandardPaths::CacheLocation)) {
-        QDir().mkpath(path);
-    }
-    QString path;
-};
-
-} // namespace
-
 QString CachesFolder::path() {
-    return ProcessRoot::get<Folder>().path;
+    if (QCoreApplication::applicationName().isEmpty())
+        return {};
+    const QString path = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    QDir().mkpath(path);
+    return path;
 }
 
 QString CachesFolder::pathFor(const QString &fileName) {
-    return path() + QLatin1Char('/') + fileName;
+    const QString folder = path();
+    return folder.isEmpty() ? QString() : folder + QLatin1Char('/') + fileName;
 }
 
 } // namespace velmora

@@ -4,13 +4,15 @@
 
 namespace velmora {
 
-/// The current user's caches folder of this host: the ad table and all media lie directly in it.
+/// The current user's caches folder of this host, by the host's name of the moment: the ad table
+/// and all media lie directly in it.
 class CachesFolder {
 public:
-    /// The folder's path, computed once a process; the folder is made if it is missing.
+    /// The folder's path; the folder is made if it is missing. Empty while the host has no name:
+    /// without one, the system's answer is a folder that all programs share.
     static QString path();
 
-    /// Path of a file in it.
+    /// Path of a file in it, empty without a folder.
     static QString pathFor(const QString &fileName);
 
     /// File name of the persisted ad table.

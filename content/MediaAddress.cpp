@@ -1,6 +1,6 @@
-#include "content/MediaAddress.h"
+#include "MediaAddress.h"
 
-#include "content/CachesFolder.h"
+#include "CachesFolder.h"
 
 #include <algorithm>
 
@@ -8,19 +8,15 @@ namespace velmora {
 
 namespace {
 
-constexpr qsizetype LongestFileName = 200;
-
 QString refusalOfName(const QString &name) {
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
         return QStringLiteral("has no file name");
-    // The table's lock and temporary files begin with its name; some disks ignore case.
-    if (name.startsWith(CachesFolder::TableName, Qt::CaseInsensitive))
+    // Some disks ignore case.
+    if (name.compare(CachesFolder::TableName, Qt::CaseInsensitive) == 0)
         return QStringLiteral("has the ad table's file name");
-    if (name.toUtf8().size() > LongestFileName)
-        return QStringLiteral("has a file name that is too long");
-    const bool plain = std::all_of(name.begin(), name.end(), [](QChar c) {
-        return c.isPrint() && c != QLatin1Char('/') && c != QLatin1Char('\\') &&
-               c != QLatin1Char(':');
+    const QList<uint> characters = name.toUcs4();
+    const bool plain = std::all_of(characters.begin(), characters.end(), [](uint c) {
+        return QChar::isPrint(c) && c != '/' && c != '\\' && c != ':';
     });
     return plain ? QString() : QStringLiteral("has a file name with forbidden characters");
 }

@@ -1,7 +1,8 @@
-#include "content/Reachability.h"
+#include <Velmora/Reachability.h>
 
-#include "Support/Deployment.h"
-#include "platform/MainQueue.h"
+#include "Deployment.h"
+#include "MainQueue.h"
+#include "RouteMonitor.h"
 
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
@@ -48,17 +49,17 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithHostName(const QStri
     return reachabilityWithHostname(hostname);
 }
 
-std::shared_ptr<Reachability> Reachability::reachabilityWithAddress(const QHostAddress &address,
+std::shared_ptr<Reachability> Reachability::reachabilityWithAddress(const QString &address,
                                                                     quint16 port) {
-    return make({address, port, {}});
+    return make({QHostAddress(address), port, {}});
 }
 
 std::shared_ptr<Reachability> Reachability::reachabilityForInternetConnection() {
-    return reachabilityWithAddress(QHostAddress(Deployment::current().reachabilityProbe));
+    return reachabilityWithAddress(Deployment::current().reachabilityProbe);
 }
 
 std::shared_ptr<Reachability> Reachability::reachabilityForLocalWiFi() {
-    return reachabilityWithAddress(QHostAddress(QStringLiteral("169.254.0.0")));
+    return reachabilityWithAddress(QStringLiteral("169.254.0.0"));
 }
 
 std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url) {
@@ -66,7 +67,7 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url)
     if (!isIpAddress(host))
         return reachabilityWithHostname(host);
     const int usual = url.scheme() == QLatin1String("https") ? 443 : 80;
-    return reachabilityWithAddress(QHostAddress(host), static_cast<quint16>(url.port(usual)));
+    return reachabilityWithAddress(host, static_cast<quint16>(url.port(usual)));
 }
 
 bool Reachability::isIpAddress(const QString &host) {
@@ -79,7 +80,7 @@ bool Reachability::startNotifier() {
     const std::lock_guard lock(m_notifierMutex);
     if (m_reachabilityObject)
         return true;
-    const auto changed = [weak = weak_from_this()](RouteFlags flags) {
+    const auto changed = [weak = weak_from_this()](ReachabilityFlags flags) {
         if (const auto self = weak.lock())
             self->reachabilityChanged(flags);
     };
@@ -118,28 +119,32 @@ void Reachability::reachabilityChanged(ReachabilityFlags flags) {
 }
 
 bool Reachability::isReachableWithFlags(ReachabilityFlags flags) {
-    constexpr ReachabilityFlags notYet = RouteConnectionRequired | RouteTransientConnection;
-    return flags & RouteReachable && (flags & notYet) != notYet;
+    constexpr ReachabilityFlags notYet =
+        ReachabilityFlagConnectionRequired | ReachabilityFlagTransientConnection;
+    return flags & ReachabilityFlagReachable && (flags & notYet) != notYet;
 }
 
 bool Reachability::isConnectionOnDemand(ReachabilityFlags flags) {
-    return flags & RouteConnectionRequired &&
-           flags & (RouteConnectionOnTraffic | RouteConnectionOnDemand);
+    return flags & ReachabilityFlagConnectionRequired &&
+           flags & (ReachabilityFlagConnectionOnTraffic | ReachabilityFlagConnectionOnDemand);
 }
 
 bool Reachability::isInterventionRequired(ReachabilityFlags flags) {
-    return flags & RouteConnectionRequired && flags & RouteInterventionRequired;
+    return flags & ReachabilityFlagConnectionRequired &&
+           flags & ReachabilityFlagInterventionRequired;
 }
 
 QString Reachability::currentReachabilityFlags(ReachabilityFlags flags) {
-    const auto mark = [flags](RouteFlag bit, char letter) {
+    const auto mark = [flags](ReachabilityFlag bit, char letter) {
         return QLatin1Char(flags & bit ? letter : '-');
     };
-    return QStringLiteral("X") + mark(RouteReachable, 'R') + QLatin1Char(' ') +
-           mark(RouteConnectionRequired, 'c') + mark(RouteTransientConnection, 't') +
-           mark(RouteInterventionRequired, 'i') + mark(RouteConnectionOnTraffic, 'C') +
-           mark(RouteConnectionOnDemand, 'D') + mark(RouteIsLocalAddress, 'l') +
-           mark(RouteIsDirect, 'd');
+    return QStringLiteral("X") + mark(ReachabilityFlagReachable, 'R') + QLatin1Char(' ') +
+           mark(ReachabilityFlagConnectionRequired, 'c') +
+           mark(ReachabilityFlagTransientConnection, 't') +
+           mark(ReachabilityFlagInterventionRequired, 'i') +
+           mark(ReachabilityFlagConnectionOnTraffic, 'C') +
+           mark(ReachabilityFlagConnectionOnDemand, 'D') +
+           mark(ReachabilityFlagIsLocalAddress, 'l') + mark(ReachabilityFlagIsDirect, 'd');
 }
 
 bool Reachability::isReachable() const {
@@ -151,11 +156,11 @@ bool Reachability::isReachableViaWWAN() const {
 }
 
 bool Reachability::isReachableViaWiFi() const {
-    return reachabilityFlags() & RouteReachable;
+    return reachabilityFlags() & ReachabilityFlagReachable;
 }
 
 bool Reachability::connectionRequired() const {
-    return reachabilityFlags() & RouteConnectionRequired;
+    return reachabilityFlags() & ReachabilityFlagConnectionRequired;
 }
 
 bool Reachability::isConnectionRequired() const {
@@ -199,8 +204,13 @@ QString Reachability::description() const {
         .arg(currentReachabilityFlags());
 }
 
-const RouteTarget &Reachability::target() const {
-    return m_reachabilityRef->target();
+QString Reachability::targetHost() const {
+    const RouteTarget &target = m_reachabilityRef->target();
+    return target.hostName.isEmpty() ? target.address.toString() : target.hostName;
+}
+
+quint16 Reachability::targetPort() const {
+    return m_reachabilityRef->target().port;
 }
 
 } // namespace velmora

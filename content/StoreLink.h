@@ -5,7 +5,8 @@
 
 namespace velmora {
 
-/// Store links: how the ad server's web links become links of the store application.
+/// Store links: how the ad server's web links become links of the store application. A blank link
+/// is none.
 class StoreLink {
 public:
     /// Banner rule: the store's web prefix ("https://" and the first label of its web host)

@@ -1,6 +1,6 @@
-#include "content/WeightedSelection.h"
+#include "WeightedSelection.h"
 
-#include "platform/RandomSource.h"
+#include "RandomSource.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +51,7 @@ std::optional<QJsonObject> WeightedSelection::draw(QJsonArray candidates,
     double total = 0;
     for (const QJsonValue &ad : std::as_const(candidates)) {
         const QJsonValue value = ad.toObject().value(weightKey);
-        if (value.isUndefined())
+        if (value.isUndefined() || value.isNull())
             continue;
         weights.push_back(weight(value));
         total += weights.back();

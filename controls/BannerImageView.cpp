@@ -1,4 +1,4 @@
-#include "controls/BannerImageView.h"
+#include "BannerImageView.h"
 
 #include <Velmora/Support.h>
 
@@ -15,17 +15,16 @@ namespace {
 constexpr int LargestSide = 4096;
 
 // The size that the file declares, read without decoding anything.
-QSize usableSize(const QString &path) {
-    if (path.isEmpty())
+QSize usableSize(QImageReader &reader) {
+    if (reader.fileName().isEmpty())
         return {};
-    // By suffix first: to look at the content, the toolkit would load every image plugin.
-    QImageReader reader(path);
     const QSize size = reader.canRead() ? reader.size() : QSize();
     const bool usable = size.width() >= 1 && size.height() >= 1 && size.width() <= LargestSide &&
                         size.height() <= LargestSide;
     if (!usable)
         LOG(QStringLiteral("banner picture %1 refused: %2")
-                .arg(path, reader.canRead() ? QStringLiteral("its dimensions are absurd")
+                .arg(reader.fileName(), reader.canRead()
+                                            ? QStringLiteral("its dimensions are absurd")
                                             : reader.errorString()));
     return usable ? size : QSize();
 }
@@ -35,19 +34,28 @@ QSize usableSize(const QString &path) {
 BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
+    connect(this, &QAbstractButton::pressed, this, [this] {
+        if (!m_isDragged)
+            Q_EMIT wentDown();
+    });
 }
 
 BannerImageView::~BannerImageView() = default;
 
 void BannerImageView::setImage(const QString &path) {
     // The banner on screen drawn again just plays on.
-    if (hasImage() && m_movie->fileName() == path)
+    if (hasImage() && m_path == path)
         return;
-    m_imageSize = usableSize(path);
+    m_path = path;
+    // By suffix first: to look at the content, Qt would load every image plugin.
+    QImageReader reader(path);
+    m_imageSize = usableSize(reader);
     m_decodedFrames = 0;
     m_drawnSinceFrame = false;
     m_movie.reset();
-    if (hasImage()) {
+    m_still = {};
+    m_stillSize = {};
+    if (hasImage() && reader.supportsAnimation() && reader.imageCount() != 1) {
         m_movie = std::make_unique<QMovie>(path);
         m_movie->setCacheMode(QMovie::CacheNone);
         connect(m_movie.get(), &QMovie::frameChanged, this, &BannerImageView::frameDecoded);
@@ -90,27 +98,59 @@ void BannerImageView::fitFrames() {
     if (wanted == present)
         return;
     m_movie->setScaledSize(wanted);
-    // The frame on screen is too small now, and the next one may be seconds away.
-    if (m_movie->state() != QMovie::NotRunning && wanted.height() > present.height()) {
+    // The frame on screen is too small now, and the next one may be seconds away; or the animation
+    // has ended, and no next one comes.
+    const bool hasEnded = m_movie->state() == QMovie::NotRunning;
+    if (m_decodedFrames > 0 && (hasEnded || wanted.height() > present.height())) {
         m_movie->stop();
         m_movie->start();
     }
 }
 
-void BannerImageView::paintEvent(QPaintEvent *) {
-    if (!m_movie)
-        return;
+QPixmap BannerImageView::movieFrame() {
     m_drawnSinceFrame = true;
     fitFrames();
     if (m_decodedFrames == 0)
         m_movie->start();
     else if (m_movie->state() == QMovie::Paused)
         m_movie->setPaused(false);
-    const QPixmap frame = m_movie->currentPixmap();
+    return m_movie->currentPixmap();
+}
+
+QPixmap BannerImageView::stillFrame() {
+    const QSize wanted = (QSizeF(size()) * devicePixelRatioF())
+                             .toSize()
+                             .boundedTo({LargestSide, LargestSide})
+                             .expandedTo({1, 1});
+    if (wanted == m_stillSize)
+        return m_still;
+    m_stillSize = wanted;
+    QImageReader reader(m_path);
+    reader.setScaledSize(wanted);
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        LOG(QStringLiteral("banner picture %1 not drawn: %2").arg(m_path, reader.errorString()));
+        return m_still;
+    }
+    ++m_decodedFrames;
+    m_still = QPixmap::fromImage(image);
+    return m_still;
+}
+
+void BannerImageView::paintEvent(QPaintEvent *) {
+    if (!hasImage())
+        return;
+    const QPixmap frame = m_movie ? movieFrame() : stillFrame();
     if (frame.isNull())
         return;
     QPainter painter(this);
     drawFrame(painter, frame);
+}
+
+void BannerImageView::mouseMoveEvent(QMouseEvent *event) {
+    m_isDragged = true;
+    QAbstractButton::mouseMoveEvent(event);
+    m_isDragged = false;
 }
 
 void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {

@@ -1,7 +1,7 @@
-#include "controls/CloseButtonCell.h"
+#include "CloseButtonCell.h"
 
-#include "controls/FocusRing.h"
-#include "platform/SystemVersion.h"
+#include "FocusRing.h"
+#include "SystemVersion.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>

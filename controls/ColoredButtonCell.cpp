@@ -1,6 +1,6 @@
-#include "controls/ColoredButtonCell.h"
+#include "ColoredButtonCell.h"
 
-#include "controls/FocusRing.h"
+#include "FocusRing.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>

@@ -1,4 +1,4 @@
-#include "controls/ColoredView.h"
+#include "ColoredView.h"
 
 #include <QtGui/QPainter>
 

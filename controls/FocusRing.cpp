@@ -1,4 +1,4 @@
-#include "controls/FocusRing.h"
+#include "FocusRing.h"
 
 namespace velmora {
 

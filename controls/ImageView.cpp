@@ -1,4 +1,4 @@
-#include "controls/ImageView.h"
+#include "ImageView.h"
 
 #include <Velmora/Support.h>
 

@@ -1,6 +1,6 @@
-#include "controls/LinkArea.h"
+#include "LinkArea.h"
 
-#include "controls/FocusRing.h"
+#include "FocusRing.h"
 
 #include <QtGui/QPainter>
 

@@ -1,7 +1,7 @@
-#include "controls/RemoveAdsButton.h"
+#include "RemoveAdsButton.h"
 
-#include "controls/FocusRing.h"
-#include "platform/Upwards.h"
+#include "FlippedCoordinates.h"
+#include "FocusRing.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
@@ -151,7 +151,8 @@ void RemoveAdsButton::drawRect(QPainter &painter) {
     drawFace(painter, face);
     painter.setClipPath(face);
     if (m_isImage)
-        drawImage(painter, Upwards(height()).rect(4 * m_border, 2, height() - 2, height() - 2));
+        drawImage(painter,
+                  FlippedCoordinates(height()).rect(4 * m_border, 2, height() - 2, height() - 2));
     drawTitle(painter);
     painter.restore();
 }
@@ -194,8 +195,9 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
         painter.boundingRect(QRectF(0, 0, width, 0), TitleLayout | Qt::TextDontClip, text())
             .height();
     const double y = (height() - title) / 2 + (m_isCircle ? 0 : 1.75);
-    painter.drawText(Upwards(height()).rect(beside ? height() : m_titleLeading, y, width, title),
-                     TitleLayout | Qt::TextDontClip, text());
+    painter.drawText(
+        FlippedCoordinates(height()).rect(beside ? height() : m_titleLeading, y, width, title),
+        TitleLayout | Qt::TextDontClip, text());
 }
 
 QFont RemoveAdsButton::titleFont() const {

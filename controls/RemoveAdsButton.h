@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/ShineAnimation.h"
-#include "platform/LayoutConstraint.h"
-#include "platform/Timer.h"
+#include "LayoutConstraint.h"
+#include "ShineAnimation.h"
+#include <Velmora/Timer.h>
 
 #include <QtGui/QColor>
 #include <QtGui/QFont>

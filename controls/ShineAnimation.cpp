@@ -1,7 +1,7 @@
-#include "controls/ShineAnimation.h"
+#include "ShineAnimation.h"
 
-#include "Support/NSBezierPath+Extension.h"
-#include "platform/Upwards.h"
+#include "FlippedCoordinates.h"
+#include "NSBezierPath+Extension.h"
 
 #include <Velmora/Support.h>
 
@@ -34,7 +34,7 @@ const QEasingCurve &easeOut() {
 } // namespace
 
 QPainterPath ShineAnimation::band(double x, double width, double slant, double height) {
-    const Upwards up(height);
+    const FlippedCoordinates up(height);
     QPainterPath path;
     path.moveTo(up.point(x, 0));
     path.lineTo(up.point(x + width - slant, 0));

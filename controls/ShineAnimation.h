@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/TimeSource.h"
-#include "platform/Timer.h"
+#include "TimeSource.h"
+#include <Velmora/Timer.h>
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>

@@ -1,4 +1,4 @@
-#include "controls/TextField.h"
+#include "TextField.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>

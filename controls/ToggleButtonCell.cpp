@@ -1,4 +1,4 @@
-#include "controls/ToggleButtonCell.h"
+#include "ToggleButtonCell.h"
 
 namespace velmora {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/CloseButtonCell.h"
+#include "CloseButtonCell.h"
 
 namespace velmora {
 

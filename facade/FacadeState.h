@@ -13,6 +13,8 @@ class SplashScreenPresenter;
 struct FacadeState {
     /// Made by the first operation that needs it, never replaced.
     std::shared_ptr<SplashScreenPresenter> presenter;
+    /// The presenter's update cycle; it waits until ads are allowed.
+    bool isUpdateCycleStarted = false;
     /// All banners that the host added; made by the first banner operation.
     std::optional<Velmora::BannerList> bannerControllers;
     double bannerHeight = 100;

@@ -1,13 +1,15 @@
 #include <Velmora/Velmora.h>
 
-#include "splash/SplashScreenPresenter.h"
+#include "SplashScreenPresenter.h"
+#include "SplashScreenStyle.h"
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
 
 #include <cmath>
 
-using velmora::SplashScreenController;
+using velmora::SplashScreenOption;
+using velmora::SplashScreenStyle;
 
 namespace {
 
@@ -23,38 +25,32 @@ bool isUsable(const Value &value) {
         return true;
 }
 
-// Restyles every splash screen there is; false when the value is none.
-template<class Parameter, class Value>
-bool restyle(void (SplashScreenController::*setter)(Parameter), const Value &value) {
+// Restyles every splash screen there is, and those to come.
+template<class Value>
+void setOption(const SplashScreenOption &option, const Value &value) {
     if (!isUsable(value)) {
         Velmora::LOG(QStringLiteral("ERROR"),
                      QStringLiteral("a splash screen's colour, image or length is missing"));
-        return false;
+        return;
     }
+    const QVariant exact = QVariant::fromValue(value);
     // A copy: a new look may wake the host, who may add or remove windows.
     const auto controllers = Velmora::SSPresenter().SSControllers();
     for (const auto &controller : controllers)
-        (controller.get()->*setter)(value);
-    return true;
+        option.set(*controller, exact);
+    Velmora::SSPresenter().splashScreenOptions()[option.keyText()] = exact;
 }
 
 template<class Value>
-void storeOption(const char *key, const Value &value) {
-    Velmora::SSPresenter().splashScreenOptions()[QLatin1String(key)] = QVariant::fromValue(value);
-}
-
-template<class Parameter, class Value>
-void setOption(void (SplashScreenController::*setter)(Parameter), const char *key,
-               const Value &value) {
+void setChecked(const SplashScreenOption &option, const Value &value) {
     Velmora::isInitializedSplashScreenWithLOG_WARNING();
-    if (restyle(setter, value))
-        storeOption(key, value);
+    setOption(option, value);
 }
 
 } // namespace
 
 void Velmora::setSplashScreenTopInset(double inset) {
-    setOption(&SplashScreenController::setTopInset, "topInset", inset);
+    setChecked(SplashScreenStyle::option("topInset"), inset);
 }
 
 void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
@@ -64,82 +60,74 @@ void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
 }
 
 void Velmora::setSplashScreenBackgroundColor(const QColor &color) {
-    setOption(&SplashScreenController::setBackgroundColor, "backgroundColor", color);
+    setChecked(SplashScreenStyle::option("backgroundColor"), color);
 }
 
 void Velmora::setSplashScreenBackgroundImage(const QImage &image) {
-    setOption(&SplashScreenController::setBackgroundImage, "backgroundImage", image);
+    setChecked(SplashScreenStyle::option("backgroundImage"), image);
 }
 
 void Velmora::setSplashScreenIcon(const QImage &icon) {
-    setOption(&SplashScreenController::setIcon, "icon", icon);
+    setChecked(SplashScreenStyle::option("icon"), icon);
 }
 
 void Velmora::setSplashScreenTextColor(const QColor &color) {
-    setOption(&SplashScreenController::setTextColor, "textColor", color);
+    setChecked(SplashScreenStyle::option("textColor"), color);
 }
 
 void Velmora::setSplashScreenTimerTextColor(const QColor &color) {
-    setOption(&SplashScreenController::setTimerTextColor, "timerTextColor", color);
+    setChecked(SplashScreenStyle::option("timerTextColor"), color);
 }
 
 void Velmora::setSplashScreenTimerBackgroundColor(const QColor &color) {
-    setOption(&SplashScreenController::setTimerBackgroundColor, "timerBackgroundColor", color);
+    setChecked(SplashScreenStyle::option("timerBackgroundColor"), color);
 }
 
 void Velmora::setSplashScreenTimerBorderColor(const QColor &borderColor,
                                               const QColor &progressColor) {
     isInitializedSplashScreenWithLOG_WARNING();
-    if (restyle(&SplashScreenController::setTimerBorderColor, borderColor))
-        storeOption("timerBorderColor", borderColor);
-    if (restyle(&SplashScreenController::setTimerProgressColor, progressColor))
-        storeOption("timerProgressColor", progressColor);
+    setOption(SplashScreenStyle::option("timerBorderColor"), borderColor);
+    setOption(SplashScreenStyle::option("timerProgressColor"), progressColor);
 }
 
 void Velmora::setSplashScreenTimerBorderWidth(double borderWidth, double progressWidth) {
     isInitializedSplashScreenWithLOG_WARNING();
-    if (restyle(&SplashScreenController::setTimerBorderWidth, borderWidth))
-        storeOption("timerBorderWidth", borderWidth);
-    if (restyle(&SplashScreenController::setTimerProgressWidth, progressWidth))
-        storeOption("timerProgressWidth", progressWidth);
+    setOption(SplashScreenStyle::option("timerBorderWidth"), borderWidth);
+    setOption(SplashScreenStyle::option("timerProgressWidth"), progressWidth);
 }
 
 void Velmora::setSplashScreenHiddenButtonBeforeVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenButtonBeforeVideo, "hiddenButtonBeforeVideo",
-              hidden);
+    setChecked(SplashScreenStyle::option("hiddenButtonBeforeVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenButtonAfterVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenButtonAfterVideo, "hiddenButtonAfterVideo", hidden);
+    setChecked(SplashScreenStyle::option("hiddenButtonAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenBackgroundImageScaling(unsigned scaling) {
-    // The key that hosts know lacks a letter.
-    setOption(&SplashScreenController::setBackgroundImageScaling, "backgoundImageScaling", scaling);
+    setChecked(SplashScreenStyle::option("backgoundImageScaling"), scaling);
 }
 
 void Velmora::setSplashScreenHiddenIcon(bool hidden) {
-    setOption(&SplashScreenController::setHiddenIcon, "hiddenIcon", hidden);
+    setChecked(SplashScreenStyle::option("hiddenIcon"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenIconAfterVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenIconAfterVideo, "hiddenIconAfterVideo", hidden);
+    setChecked(SplashScreenStyle::option("hiddenIconAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenIconBeforeVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenIconBeforeVideo, "hiddenIconBeforeVideo", hidden);
+    setChecked(SplashScreenStyle::option("hiddenIconBeforeVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImage(bool hidden) {
-    setOption(&SplashScreenController::setHiddenBackgroundImage, "hiddenBackgroundImage", hidden);
+    setChecked(SplashScreenStyle::option("hiddenBackgroundImage"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImageAfterVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenBackgroundImageAfterVideo,
-              "hiddenBackgroundImageAfterVideo", hidden);
+    setChecked(SplashScreenStyle::option("hiddenBackgroundImageAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo(bool hidden) {
-    setOption(&SplashScreenController::setHiddenBackgroundImageBeforeVideo,
-              "hiddenBackgroundImageBeforeVideo", hidden);
+    setChecked(SplashScreenStyle::option("hiddenBackgroundImageBeforeVideo"), hidden);
 }

@@ -1,15 +1,17 @@
 #include <Velmora/Velmora.h>
 
-#include "banners/BannerController.h"
-#include "facade/FacadeState.h"
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
+#include "BannerController.h"
+#include "FacadeState.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "Switches.h"
 
 #include <cmath>
 
 using velmora::BannerController;
 using velmora::FacadeState;
 using velmora::MainQueue;
+using velmora::ProcessRoot;
 using velmora::Switches;
 using velmora::ViewController;
 
@@ -19,6 +21,15 @@ constexpr double LargeHeight = 100;
 constexpr double SmallHeight = 60;
 
 using Setter = void (BannerController::*)(double);
+
+bool mayAdd() {
+    if (Switches::isADSRemoved())
+        return false;
+    if (ProcessRoot::isUsable())
+        return true;
+    LOG(QStringLiteral("banner not added: there is no application object"));
+    return false;
+}
 
 void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
     const FacadeState &state = FacadeState::current();
@@ -74,7 +85,7 @@ void Velmora::addBannerForWindow(QWidget *window) {
         MainQueue::post([target = QPointer<QWidget>(window)] { addBannerForWindow(target); });
         return;
     }
-    if (Switches::isADSRemoved())
+    if (!mayAdd())
         return;
     if (!window) {
         LOG(QStringLiteral("ERROR"), QStringLiteral("no window was given for a banner"));
@@ -85,7 +96,7 @@ void Velmora::addBannerForWindow(QWidget *window) {
 }
 
 void Velmora::addBannerForViewController(ViewController *controller, QWidget *view) {
-    if (Switches::isADSRemoved())
+    if (!mayAdd())
         return;
     if (!controller) {
         LOG(QStringLiteral("ERROR"), QStringLiteral("no view controller was given for a banner"));
@@ -104,8 +115,9 @@ void Velmora::addBannerForViewController(ViewController *controller, QWidget *vi
 }
 
 BannerController *Velmora::BControllFromWindow(QWidget *window) {
+    const QWidget *whole = window ? window->window() : nullptr;
     return lastMatch(
-        [window](const BannerController &banner) { return banner.window() == window; });
+        [whole](const BannerController &banner) { return whole && banner.window() == whole; });
 }
 
 BannerController *Velmora::BControllFromViewController(ViewController *controller) {

@@ -1,16 +1,20 @@
 #include <Velmora/Velmora.h>
 
-#include "Support/Deployment.h"
-#include "facade/FacadeState.h"
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
-#include "splash/SplashScreenPresenter.h"
+#include "AdsDownloader.h"
+#include "Deployment.h"
+#include "FacadeState.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SplashScreenPresenter.h"
+#include "Switches.h"
 
 #include <algorithm>
 
+using velmora::AdsDownloader;
 using velmora::Deployment;
 using velmora::FacadeState;
 using velmora::MainQueue;
+using velmora::ProcessRoot;
 using velmora::SplashScreenPresenter;
 using velmora::Switches;
 
@@ -22,9 +26,18 @@ constexpr qint64 LongestLoadTime = 15;
 
 const QString Warning = QStringLiteral("WARNING");
 
+bool mayShow() {
+    if (Switches::isADSRemoved())
+        return false;
+    if (ProcessRoot::isUsable())
+        return true;
+    LOG(QStringLiteral("splash screens need an application object"));
+    return false;
+}
+
 // What a request does on the main thread while ads are on.
 void request(void (*work)(SplashScreenPresenter &)) {
-    if (Switches::isADSRemoved())
+    if (!mayShow())
         return;
     MainQueue::runOrPost([work] {
         if (!Switches::isADSRemoved())
@@ -40,10 +53,27 @@ bool isOnMainThread() {
     return false;
 }
 
+// The first time that ads are allowed: a host without banners gets its ads by this. On a later
+// turn, so that banners which the host adds in the same turn are told of the stored ad table
+// before the ad server's answer may take its place.
+void startUpdateCycle() {
+    if (FacadeState::current().isUpdateCycleStarted || Switches::isADSRemoved())
+        return;
+    MainQueue::post([] {
+        FacadeState &then = FacadeState::current();
+        if (then.isUpdateCycleStarted || Switches::isADSRemoved())
+            return;
+        then.isUpdateCycleStarted = true;
+        AdsDownloader::sharedInstance()->startUpdateAllAds();
+    });
+}
+
 bool add(QWidget *window, bool unity) {
-    if (Switches::isADSRemoved() || !isOnMainThread())
+    if (!mayShow() || !isOnMainThread())
         return false;
-    return Velmora::SSPresenter().addSplashScreenForWindow(window, unity);
+    SplashScreenPresenter &presenter = Velmora::SSPresenter();
+    startUpdateCycle();
+    return presenter.addSplashScreenForWindow(window, unity);
 }
 
 } // namespace
@@ -54,6 +84,7 @@ SplashScreenPresenter &Velmora::SSPresenter() {
         presenter = SplashScreenPresenter::make();
         presenter->setDelayForFirstStart(UsualDelay);
         presenter->starDownLoad();
+        startUpdateCycle();
     }
     return *presenter;
 }

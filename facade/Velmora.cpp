@@ -1,11 +1,11 @@
 #include <Velmora/Velmora.h>
 
-#include "banners/BannerController.h"
-#include "facade/FacadeState.h"
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
-#include "platform/ProcessRoot.h"
-#include "splash/SplashScreenPresenter.h"
+#include "BannerController.h"
+#include "FacadeState.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SplashScreenPresenter.h"
+#include "Switches.h"
 
 using velmora::FacadeState;
 using velmora::MainQueue;

@@ -1,26 +1,15 @@
-#include "splash/SplashScreenController.h"
+#include "SplashScreenController.h"
 
-#include "platform/Animator.h"
-#include "platform/MainQueue.h"
-#include "platform/Window.h"
-#include "splash/SplashScreenLayout.h"
+#include "Animator.h"
+#include "MainQueue.h"
+#include "SplashScreenLayout.h"
+#include "Window.h"
 
-#include <initializer_list>
 #include <utility>
 
 namespace velmora {
 
 namespace {
-
-void setHidden(QWidget *element, bool hidden) {
-    if (element)
-        Animator::setHidden(element, hidden);
-}
-
-void setAllHidden(std::initializer_list<QWidget *> elements, bool hidden) {
-    for (QWidget *element : elements)
-        setHidden(element, hidden);
-}
 
 bool isShown(const QWidget *element) {
     return element && !Animator::isHidden(element);
@@ -40,67 +29,27 @@ bool SplashScreenController::isOnMainThread(void (SplashScreenController::*opera
 
 void SplashScreenController::swapViewForState(qint64 state) {
     if (state == SplashScreenViewStateStart)
-        showStart();
+        showPhase(SplashScreenVisibility::Phase::Start);
     else if (state == SplashScreenViewStateVideo)
-        showVideoControls();
+        showPhase(SplashScreenVisibility::Phase::Video);
     else if (state == SplashScreenViewStateEnd)
-        showEnd();
-    else
-        return;
+        showPhase(SplashScreenVisibility::Phase::End);
+}
+
+void SplashScreenController::showPhase(SplashScreenVisibility::Phase phase) {
+    setRootHidden(false);
+    SplashScreenVisibility::apply(m_outlets, phase,
+                                  {m_appearance, m_withouSplash, !m_interstitialUrl.isEmpty()});
     if (m_outlets.urlButton)
-        m_outlets.urlButton->setLeadsSomewhere(state != SplashScreenViewStateStart);
+        m_outlets.urlButton->setLeadsSomewhere(phase != SplashScreenVisibility::Phase::Start);
     if (m_layout)
         m_layout->apply();
 }
 
 void SplashScreenController::setRootHidden(bool hidden) {
+    m_isRootHidden = hidden;
     if (m_overlay)
         m_overlay->setHidden(hidden);
-}
-
-void SplashScreenController::showStart() {
-    for (QWidget *element : {static_cast<QWidget *>(m_outlets.splashScreenPlayerView),
-                             static_cast<QWidget *>(m_outlets.timeVideoLabel),
-                             static_cast<QWidget *>(m_outlets.videoProgressView),
-                             static_cast<QWidget *>(m_outlets.soundButton),
-                             static_cast<QWidget *>(m_outlets.closeButton),
-                             static_cast<QWidget *>(m_outlets.interstitialImage),
-                             static_cast<QWidget *>(m_outlets.removeAdsImageButton)}) {
-        if (element)
-            Animator::setHiddenNow(element, true);
-    }
-    setRootHidden(false);
-    setHidden(m_outlets.removeAdsButton, m_withouSplash || m_hiddenButtonBeforeVideo);
-    setHidden(m_outlets.iconImageView, m_withouSplash || m_hiddenIcon || m_hiddenIconBeforeVideo);
-    setHidden(m_outlets.lablesView, m_withouSplash);
-    setHidden(m_outlets.bgImage,
-              m_withouSplash || m_hiddenBackgroundImage || m_hiddenBackgroundImageBeforeVideo);
-}
-
-void SplashScreenController::showVideoControls() {
-    setAllHidden({m_outlets.removeAdsButton, m_outlets.iconImageView, m_outlets.lablesView,
-                  m_outlets.closeButton, m_outlets.interstitialImage, m_outlets.bgImage},
-                 true);
-    setHidden(m_outlets.removeAdsImageButton, false);
-    setRootHidden(false);
-    setAllHidden({m_outlets.splashScreenPlayerView, m_outlets.timeVideoLabel,
-                  m_outlets.videoProgressView, m_outlets.soundButton},
-                 false);
-}
-
-void SplashScreenController::showEnd() {
-    const bool hasPicture = !m_interstitialUrl.isEmpty();
-    setAllHidden({m_outlets.splashScreenPlayerView, m_outlets.timeVideoLabel,
-                  m_outlets.videoProgressView, m_outlets.soundButton, m_outlets.lablesView,
-                  m_outlets.removeAdsImageButton},
-                 true);
-    setRootHidden(false);
-    setHidden(m_outlets.iconImageView, hasPicture || m_hiddenIcon || m_hiddenIconAfterVideo);
-    setHidden(m_outlets.removeAdsButton, hasPicture || m_hiddenButtonAfterVideo);
-    setHidden(m_outlets.closeButton, false);
-    setHidden(m_outlets.interstitialImage, !hasPicture);
-    setHidden(m_outlets.bgImage,
-              hasPicture || m_hiddenBackgroundImage || m_hiddenBackgroundImageAfterVideo);
 }
 
 void SplashScreenController::showStartScreen() {
@@ -132,10 +81,7 @@ void SplashScreenController::showEndScreen() {
     if (!isOnMainThread(&SplashScreenController::showEndScreen))
         return;
     if (!m_canShowEnd) {
-        // The video plays on.
-        setHidden(m_outlets.closeButton, false);
-        setHidden(m_outlets.timeVideoLabel, true);
-        setHidden(m_outlets.videoProgressView, true);
+        showPhase(SplashScreenVisibility::Phase::VideoWithCloseButton);
         return;
     }
     // Shown twice where no video plays: with the close button and when the video has ended.
@@ -149,8 +95,8 @@ void SplashScreenController::showEndScreen() {
 void SplashScreenController::hide() {
     removePlayer();
     if (Window *facts = Window::of(m_window)) {
-        if (m_oldResize)
-            facts->setStyleMask(facts->styleMask() | Window::Resizable);
+        // Also where the host had fixed the size itself: its own limits hold without ours.
+        facts->setStyleMask(facts->styleMask() | Window::Resizable);
         // Whatever it was before: hosts rely on the fixed value.
         facts->setCollectionBehavior(Window::FullScreenPrimary);
     }

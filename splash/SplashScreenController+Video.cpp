@@ -1,4 +1,4 @@
-#include "splash/SplashScreenController.h"
+#include "SplashScreenController.h"
 
 #include <Velmora/Support.h>
 

@@ -1,16 +1,17 @@
-#include "splash/SplashScreenController.h"
+#include "SplashScreenController.h"
 
-#include "controls/ColoredView.h"
-#include "platform/InterfaceImage.h"
-#include "platform/InterfaceLoader.h"
-#include "platform/MainQueue.h"
-#include "platform/SystemVersion.h"
-#include "platform/Window.h"
-#include "splash/SplashScreenKeys.h"
-#include "splash/SplashScreenLayout.h"
+#include "ColoredView.h"
+#include "InterfaceImage.h"
+#include "InterfaceLoader.h"
+#include "MainQueue.h"
+#include "SplashScreenKeys.h"
+#include "SplashScreenLayout.h"
+#include "SystemVersion.h"
+#include "Window.h"
 
 #include <Velmora/Support.h>
 
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -40,6 +41,10 @@ void restack(QWidget *view) {
     }
 }
 
+QImage imageOf(const QIcon &icon) {
+    return icon.pixmap(QSize(LargestIcon, LargestIcon), 1.0).toImage();
+}
+
 template<class T>
 void registerClass(const char *name) {
     InterfaceLoader::registerClass<T>(QString::fromLatin1(name));
@@ -64,7 +69,7 @@ SplashScreenController::~SplashScreenController() {
 }
 
 QImage SplashScreenController::appIcon() {
-    return QApplication::windowIcon().pixmap(QSize(LargestIcon, LargestIcon), 1.0).toImage();
+    return imageOf(QApplication::windowIcon());
 }
 
 // Loading.
@@ -135,13 +140,22 @@ void SplashScreenController::initViewState() {
     connectActions();
     m_didInitState = true;
     MainQueue::post([weak = weak_from_this()] {
-        const auto self = weak.lock();
-        if (!self || !self->m_icon.isNull() || !self->m_outlets.iconImageView)
-            return;
-        const QImage icon = appIcon();
-        if (!icon.isNull())
-            self->m_outlets.iconImageView->setImage(icon);
+        if (const auto self = weak.lock())
+            self->showApplicationIcon();
     });
+}
+
+void SplashScreenController::showApplicationIcon() {
+    if (!m_appearance.icon.isNull() || !m_outlets.iconImageView)
+        return;
+    QImage icon = appIcon();
+    if (icon.isNull() && m_window)
+        icon = imageOf(m_window->windowIcon());
+    if (icon.isNull())
+        return;
+    m_outlets.iconImageView->setImage(icon);
+    if (m_layout)
+        m_layout->apply();
 }
 
 void SplashScreenController::setTitles() {
@@ -223,25 +237,48 @@ void SplashScreenController::attach() {
     QWidget *own = view();
     if (!facts || !own)
         return;
-    ViewController *content = facts->contentViewController();
-    if (content)
+    if (ViewController *content = facts->contentViewController())
         content->addChildViewController(this);
-    QWidget *superview = content && content->view() ? content->view() : facts->contentView();
-    if (!superview)
-        return;
+    m_area = std::make_unique<ContentArea>(m_window, [this] { applyTopInset(); });
+    if (QWidget *superview = m_area->superview())
+        place(own, superview);
+}
+
+void SplashScreenController::place(QWidget *view, QWidget *superview) {
     m_overlay = std::make_unique<Overlay>(
-        own, superview, m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic);
+        view, superview, m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic);
+    // The host may be about to make its new content.
+    m_overlay->setSuperviewLostHandler([weak = weak_from_this()] {
+        MainQueue::post([weak] {
+            if (const auto self = weak.lock())
+                self->placeAnew();
+        });
+    });
+}
+
+// The host destroyed the content that the view lay in, and kept the window.
+void SplashScreenController::placeAnew() {
+    QWidget *superview = m_window && m_area ? m_area->superview() : nullptr;
+    QWidget *own = superview && m_overlay ? m_overlay->takeView() : nullptr;
+    if (!own)
+        return;
+    place(own, superview);
+    applyTopInset();
+    m_overlay->setHidden(m_isRootHidden);
 }
 
 void SplashScreenController::setTopInset(double inset) {
-    m_topInset = inset;
-    const QWidget *superview = m_overlay ? m_overlay->superview() : nullptr;
-    if (!superview)
+    m_appearance.topInset = inset;
+    applyTopInset();
+}
+
+void SplashScreenController::applyTopInset() {
+    if (!m_overlay || !m_overlay->superview())
         return;
     // As far as any screen reaches.
     constexpr double Farthest = 100'000;
-    const int free = int(std::lround(std::clamp(inset, -Farthest, Farthest)));
-    m_overlay->setFrame(superview->rect().adjusted(0, free, 0, 0));
+    const int free = int(std::lround(std::clamp(m_appearance.topInset, -Farthest, Farthest)));
+    m_overlay->setFrame(m_area->rect().adjusted(0, free, 0, 0));
 }
 
 void SplashScreenController::removeFromWindow() {

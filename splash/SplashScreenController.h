@@ -1,16 +1,17 @@
 #pragma once
 
-#include "platform/Overlay.h"
-#include "platform/VideoPlayer.h"
-#include "splash/SplashScreenControllerProtocolOutput.h"
-#include "splash/SplashScreenOutlets.h"
+#include "ContentArea.h"
+#include "Overlay.h"
+#include "SplashScreenAppearance.h"
+#include "SplashScreenControllerProtocolOutput.h"
+#include "SplashScreenOutlets.h"
+#include "SplashScreenVisibility.h"
+#include "VideoPlayer.h"
 
 #include <Velmora/ViewController.h>
 
 #include <QtCore/QPointer>
 #include <QtCore/QUrl>
-#include <QtGui/QColor>
-#include <QtGui/QImage>
 
 #include <functional>
 #include <memory>
@@ -87,9 +88,9 @@ public:
     void goToURLForBanner();
     void soundOnOff(int state);
 
-    // Appearance; each value applies at once.
-    /// Height of the strip at the top of the content that stays uncovered, points.
-    double topInset() const { return m_topInset; }
+    // Appearance; each value applies at once, but for what is hidden: that shows from the next
+    // view state on.
+    const SplashScreenAppearance &appearance() const { return m_appearance; }
     void setTopInset(double inset);
     void setIcon(const QImage &icon);
     void setTextColor(const QColor &color);
@@ -102,41 +103,16 @@ public:
     void setTimerProgressColor(const QColor &color);
     void setTimerBorderWidth(double width);
     void setTimerProgressWidth(double width);
+    void setHiddenIcon(bool hidden);
+    void setHiddenIconBeforeVideo(bool hidden);
+    void setHiddenIconAfterVideo(bool hidden);
+    void setHiddenBackgroundImage(bool hidden);
+    void setHiddenBackgroundImageBeforeVideo(bool hidden);
+    void setHiddenBackgroundImageAfterVideo(bool hidden);
+    void setHiddenButtonBeforeVideo(bool hidden);
+    void setHiddenButtonAfterVideo(bool hidden);
     void setTimerText(const QString &text);
     void setVideoTimerText(const QString &text);
-    const QImage &icon() const { return m_icon; }
-    const QColor &textColor() const { return m_textColor; }
-    const QColor &backgroundColor() const { return m_backgroundColor; }
-    const QImage &backgroundImage() const { return m_backgroundImage; }
-    unsigned backgroundImageScaling() const { return m_backgroundImageScaling; }
-    const QColor &timerTextColor() const { return m_timerTextColor; }
-    const QColor &timerBackgroundColor() const { return m_timerBackgroundColor; }
-    const QColor &timerBorderColor() const { return m_timerBorderColor; }
-    const QColor &timerProgressColor() const { return m_timerProgressColor; }
-    double timerBorderWidth() const { return m_timerBorderWidth; }
-    double timerProgressWidth() const { return m_timerProgressWidth; }
-
-    // What the start screen and the end screen leave out; shown from the next view state on.
-    bool isHiddenIcon() const { return m_hiddenIcon; }
-    void setHiddenIcon(bool hidden) { m_hiddenIcon = hidden; }
-    bool isHiddenIconBeforeVideo() const { return m_hiddenIconBeforeVideo; }
-    void setHiddenIconBeforeVideo(bool hidden) { m_hiddenIconBeforeVideo = hidden; }
-    bool isHiddenIconAfterVideo() const { return m_hiddenIconAfterVideo; }
-    void setHiddenIconAfterVideo(bool hidden) { m_hiddenIconAfterVideo = hidden; }
-    bool isHiddenBackgroundImage() const { return m_hiddenBackgroundImage; }
-    void setHiddenBackgroundImage(bool hidden) { m_hiddenBackgroundImage = hidden; }
-    bool isHiddenBackgroundImageBeforeVideo() const { return m_hiddenBackgroundImageBeforeVideo; }
-    void setHiddenBackgroundImageBeforeVideo(bool hidden) {
-        m_hiddenBackgroundImageBeforeVideo = hidden;
-    }
-    bool isHiddenBackgroundImageAfterVideo() const { return m_hiddenBackgroundImageAfterVideo; }
-    void setHiddenBackgroundImageAfterVideo(bool hidden) {
-        m_hiddenBackgroundImageAfterVideo = hidden;
-    }
-    bool isHiddenButtonBeforeVideo() const { return m_hiddenButtonBeforeVideo; }
-    void setHiddenButtonBeforeVideo(bool hidden) { m_hiddenButtonBeforeVideo = hidden; }
-    bool isHiddenButtonAfterVideo() const { return m_hiddenButtonAfterVideo; }
-    void setHiddenButtonAfterVideo(bool hidden) { m_hiddenButtonAfterVideo = hidden; }
 
     // The countdown rings, seconds.
     void startTimerViewFromSec(qint64 fromSec, qint64 endSec);
@@ -156,8 +132,9 @@ public:
     bool oldResize() const { return m_oldResize; }
 
     const SplashScreenOutlets &outlets() const { return m_outlets; }
-    /// True when the host has destroyed what the view lay in.
-    bool isGone() const { return m_overlay && !m_overlay->superview(); }
+    /// True when the host has destroyed the view itself. Content that is destroyed around it
+    /// leaves the view: it is put over the window's new content.
+    bool isGone() const { return m_overlay && !viewIfLoaded(); }
     /// The place of the view in the window; null before and after it has one.
     Overlay *overlay() const { return m_overlay.get(); }
 
@@ -175,10 +152,12 @@ private:
     void setStackingOrder();
     void connectActions();
     void attach();
+    void place(QWidget *view, QWidget *superview);
+    void placeAnew();
+    void applyTopInset();
+    void showApplicationIcon();
     void enterStartScreen();
-    void showStart();
-    void showVideoControls();
-    void showEnd();
+    void showPhase(SplashScreenVisibility::Phase phase);
     void setRootHidden(bool hidden);
     void removePlayer();
     void forEachRing(const std::function<void(TimeProgressView &)> &change);
@@ -190,7 +169,9 @@ private:
     std::weak_ptr<SplashScreenControllerProtocolOutput> m_output;
     SplashScreenOutlets m_outlets;
     QPointer<SplashScreenLayout> m_layout;
+    std::unique_ptr<ContentArea> m_area;
     std::unique_ptr<Overlay> m_overlay;
+    bool m_isRootHidden = true;
     std::unique_ptr<VideoPlayer> m_playerlayer;
     QUrl m_videoUrl;
     QUrl m_interstitialUrl;
@@ -205,26 +186,7 @@ private:
     bool m_withouSplash = false;
     bool m_didInitState = false;
 
-    double m_topInset = 0;
-    QImage m_icon;
-    QColor m_textColor;
-    QColor m_backgroundColor;
-    QImage m_backgroundImage;
-    unsigned m_backgroundImageScaling = 0;
-    QColor m_timerTextColor;
-    QColor m_timerBackgroundColor;
-    QColor m_timerBorderColor;
-    QColor m_timerProgressColor;
-    double m_timerBorderWidth = 0;
-    double m_timerProgressWidth = 0;
-    bool m_hiddenIcon = false;
-    bool m_hiddenIconBeforeVideo = false;
-    bool m_hiddenIconAfterVideo = false;
-    bool m_hiddenBackgroundImage = false;
-    bool m_hiddenBackgroundImageBeforeVideo = false;
-    bool m_hiddenBackgroundImageAfterVideo = false;
-    bool m_hiddenButtonBeforeVideo = false;
-    bool m_hiddenButtonAfterVideo = false;
+    SplashScreenAppearance m_appearance;
 };
 
 } // namespace velmora

@@ -1,6 +1,6 @@
-#include "splash/SplashScreenKeys.h"
+#include "SplashScreenKeys.h"
 
-#include "platform/Animator.h"
+#include "Animator.h"
 
 #include <QtGui/QKeyEvent>
 

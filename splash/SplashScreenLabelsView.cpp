@@ -1,4 +1,4 @@
-#include "splash/SplashScreenLabelsView.h"
+#include "SplashScreenLabelsView.h"
 
 #include <QtCore/QEvent>
 

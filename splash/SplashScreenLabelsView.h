@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/TextField.h"
-#include "platform/LayoutConstraint.h"
-#include "splash/TimeProgressView.h"
+#include "LayoutConstraint.h"
+#include "TextField.h"
+#include "TimeProgressView.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>

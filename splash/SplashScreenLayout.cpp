@@ -1,6 +1,6 @@
-#include "splash/SplashScreenLayout.h"
+#include "SplashScreenLayout.h"
 
-#include "platform/Animator.h"
+#include "Animator.h"
 
 #include <QtCore/QEvent>
 
@@ -133,7 +133,7 @@ void SplashScreenLayout::placeColumn() {
 
     ImageView *icon = m_outlets.iconImageView;
     const bool isIconAlone = !labels || Animator::isHidden(labels);
-    const bool hasIcon = icon && !Animator::isHidden(icon);
+    const bool hasIcon = icon && !Animator::isHidden(icon) && !icon->image().isNull();
     const int text = isIconAlone ? 0 : height;
     const int gap = isIconAlone ? 0 : scaled(18, 6, 28);
     int side = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "splash/SplashScreenOutlets.h"
+#include "SplashScreenOutlets.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QRect>

@@ -1,6 +1,6 @@
-#include "splash/SplashScreenOutlets.h"
+#include "SplashScreenOutlets.h"
 
-#include "platform/InterfaceLoader.h"
+#include "InterfaceLoader.h"
 
 namespace velmora {
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "controls/CloseButtonCell.h"
-#include "controls/ImageView.h"
-#include "controls/LinkArea.h"
-#include "controls/RemoveAdsButton.h"
-#include "controls/TextField.h"
-#include "controls/ToggleButtonCell.h"
-#include "platform/LayoutConstraint.h"
-#include "platform/VideoView.h"
-#include "splash/SplashScreenLabelsView.h"
-#include "splash/TimeProgressView.h"
+#include "CloseButtonCell.h"
+#include "ImageView.h"
+#include "LayoutConstraint.h"
+#include "LinkArea.h"
+#include "RemoveAdsButton.h"
+#include "SplashScreenLabelsView.h"
+#include "TextField.h"
+#include "TimeProgressView.h"
+#include "ToggleButtonCell.h"
+#include "VideoView.h"
 
 #include <QtCore/QPointer>
 

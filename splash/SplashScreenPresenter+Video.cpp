@@ -1,10 +1,10 @@
-#include "splash/SplashScreenPresenter.h"
+#include "SplashScreenPresenter.h"
 
-#include "content/AdKeys.h"
-#include "content/AdsDownloader.h"
-#include "platform/BackgroundThread.h"
-#include "platform/MainQueue.h"
-#include "platform/Workspace.h"
+#include "AdKeys.h"
+#include "AdsDownloader.h"
+#include "BackgroundThread.h"
+#include "MainQueue.h"
+#include "Workspace.h"
 
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
@@ -56,11 +56,13 @@ void SplashScreenPresenter::warmUpVideo() {
 void SplashScreenPresenter::chooseVideo() {
     m_videoDuration = 0;
     // Read once: every read prepares the next video.
-    const QUrl downloaded = m_downloader->videoURL();
-    m_videoUrl = downloaded.path().contains(MissingNameMark) ? m_defaultVideoUrl : downloaded;
-    m_linkFromVideoUrl = m_downloader->linkVideoURL();
-    m_interstitialVideoUrl = m_downloader->interstitialVideoURL();
-    m_videoInfo = m_downloader->videoInfo();
+    VideoAd video = m_downloader->readyVideo();
+    if (video.file.path().contains(MissingNameMark))
+        video = {m_defaultVideoUrl, {}, {}, {}}; // nothing of an ad goes with the default video
+    m_videoUrl = video.file;
+    m_linkFromVideoUrl = video.link;
+    m_interstitialVideoUrl = video.still;
+    m_videoInfo = video.info;
 }
 
 void SplashScreenPresenter::startShowVideo() {
@@ -71,19 +73,19 @@ void SplashScreenPresenter::startShowVideo() {
     if (m_show)
         startVideo();
     else
-        startVideoTimerWithTime(VideoSeconds);
+        startVideoTimerWithTime(SplashClock::VideoSeconds);
     NotificationCenter::defaultCenter().post(VLMadsVideoDidStart);
 }
 
 void SplashScreenPresenter::startVideo() {
     chooseVideo();
-    const Controller controller = m_controllerWithVideo;
-    const qint64 total = m_loadTime + VideoSeconds;
+    const Controller controller = m_windows.playing;
+    const qint64 total = m_loadTime + SplashClock::VideoSeconds;
     if (m_videoUrl.isEmpty() && (m_defaultVideoUrl.isEmpty() || !controller)) {
         LOG(QStringLiteral("there is no video to play"));
         if (controller)
             controller->startTimerViewFromSec(m_loadTime, total);
-        startVideoTimerWithTime(VideoSeconds);
+        startVideoTimerWithTime(SplashClock::VideoSeconds);
     } else {
         if (controller) {
             const bool isOwn = !m_videoUrl.isEmpty() && m_videoUrl != m_defaultVideoUrl;
@@ -91,7 +93,7 @@ void SplashScreenPresenter::startVideo() {
             controller->showVideo();
             controller->startVideoTimerViewFromSec(m_loadTime, total);
         }
-        startVideoTimerWithTime(VideoSeconds);
+        startVideoTimerWithTime(SplashClock::VideoSeconds);
         updateTimerText();
         updateVideoTimerText();
     }
@@ -106,7 +108,7 @@ void SplashScreenPresenter::showCloseButton() {
 void SplashScreenPresenter::stopVideo() {
     noteVideoDuration();
     stopVideoTimer();
-    if (const Controller playing = m_controllerWithVideo)
+    if (const Controller playing = m_windows.playing)
         playing->continueShowVideo();
     showEndScreens();
 }
@@ -114,7 +116,7 @@ void SplashScreenPresenter::stopVideo() {
 void SplashScreenPresenter::showEndScreens() {
     if (!m_show)
         return;
-    for (const Controller &controller : everyController()) {
+    for (const Controller &controller : m_windows.copy()) {
         controller->setInterstitialUrl(m_interstitialVideoUrl);
         controller->showEndScreen();
     }
@@ -128,7 +130,7 @@ void SplashScreenPresenter::didVideoEnded() {
     m_showVideo = false;
     m_stateSplashScreen = SplashScreenStateEnd;
     // Before the close button is due, the end screens wait for its timer.
-    if (!m_videoTimer)
+    if (!m_clock.isPhaseTimerPending())
         showEndScreens();
     NotificationCenter::defaultCenter().post(VLMadsVideoDidStop);
 }
@@ -147,7 +149,7 @@ void SplashScreenPresenter::didClickOnVideo() {
 
 void SplashScreenPresenter::setMuted(bool muted) {
     m_muted = muted;
-    for (const Controller &controller : everyController())
+    for (const Controller &controller : m_windows.copy())
         controller->setMuted(muted);
 }
 
@@ -160,7 +162,7 @@ void SplashScreenPresenter::didClickRemoveAds() {
 }
 
 void SplashScreenPresenter::noteVideoDuration() {
-    const double seconds = m_controllerWithVideo ? m_controllerWithVideo->videoSeconds() : 0;
+    const double seconds = m_windows.playing ? m_windows.playing->videoSeconds() : 0;
     if (seconds > 0)
         m_videoDuration = qint64(seconds);
 }

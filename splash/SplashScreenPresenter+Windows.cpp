@@ -1,56 +1,45 @@
-#include "splash/SplashScreenPresenter.h"
+#include "SplashScreenPresenter.h"
 
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
-#include "platform/Window.h"
+#include "MainQueue.h"
+#include "Switches.h"
+#include "Window.h"
 
 #include <Velmora/Support.h>
-
-#include <algorithm>
 
 namespace velmora {
 
 namespace {
 
-QWidget *windowOf(const Notification &notification) {
-    return qobject_cast<QWidget *>(notification.object.value<QObject *>());
+QWidget *windowOf(QWidget *widget) {
+    return widget ? widget->window() : nullptr;
 }
 
 } // namespace
 
 SplashScreenPresenter::Controller
-SplashScreenPresenter::splashScreenControllerWithWindow(const QWidget *window) const {
-    const auto found =
-        std::find_if(m_SSControllers.begin(), m_SSControllers.end(),
-                     [window](const Controller &known) { return known->window() == window; });
-    return window && found != m_SSControllers.end() ? *found : nullptr;
+SplashScreenPresenter::splashScreenControllerWithWindow(const QWidget *widget) const {
+    return m_windows.find(widget);
 }
 
-bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *window, bool unity) {
+bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *widget, bool unity) {
     forgetGoneControllers();
-    if (!window || splashScreenControllerWithWindow(window)) {
+    QWidget *window = windowOf(widget);
+    if (!window || m_windows.find(window)) {
         LOG(window ? QStringLiteral("splash screen not added: the window has one")
                    : QStringLiteral("splash screen not added: no window was given"));
         return false;
     }
-    if (m_SSControllers.empty())
-        m_firstStartTimer = scheduled(double(m_delayForFirstStart), Timer::Kind::OneShot,
-                                      &SplashScreenPresenter::endWaitTimer);
+    if (m_windows.isEmpty())
+        m_waiting.startFirst();
     const Controller controller = SplashScreenController::initSplashScreenWithWindow(window, unity);
     controller->setOutput(weak_from_this());
     setAllSplashScreenParamsFor(controller);
-    m_SSControllers.push_back(controller);
+    controller->setMuted(m_muted);
+    m_windows.add(controller);
     registrationNotificationForWindow(window);
-    if (m_show) {
-        if (m_stateSplashScreen == SplashScreenStateStart ||
-            m_stateSplashScreen == SplashScreenStateVideo) {
-            controller->showStartScreen();
-            controller->startTimerViewFromSec(m_passedTime, m_splashScreenStandartDuration);
-        } else if (m_stateSplashScreen == SplashScreenStateVideoCloseButton) {
-            controller->setInterstitialUrl(m_interstitialVideoUrl);
-            controller->showEndScreen();
-        }
-    }
+    if (m_show)
+        joinSequence(controller);
+    watchForWindows();
     updateTimerText();
     if (Window::of(window)->isKeyWindow())
         NotificationCenter::defaultCenter().post(NSWindowDidBecomeKeyNotification,
@@ -58,85 +47,76 @@ bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *window, bool unity
     return true;
 }
 
+void SplashScreenPresenter::joinSequence(const Controller &controller) {
+    // A video that ended before the close button was due leaves the start screens up till then.
+    const bool isButtonDue = m_stateSplashScreen == SplashScreenStateEnd &&
+                             (m_clock.isPhaseTimerPending() || m_closeButtonIsDue);
+    if (m_stateSplashScreen < SplashScreenStateVideoCloseButton || isButtonDue) {
+        controller->showStartScreen();
+        controller->startTimerViewFromSec(m_clock.passedTime(), m_splashScreenStandartDuration);
+    } else {
+        controller->setInterstitialUrl(m_interstitialVideoUrl);
+        controller->showEndScreen();
+    }
+    if (m_needsResumeSplashScreen)
+        controller->pauseShow();
+}
+
 void SplashScreenPresenter::registrationNotificationForWindow(QWidget *window) {
-    Window::of(window);
-    auto &center = NotificationCenter::defaultCenter();
-    const auto object = QVariant::fromValue<QObject *>(window);
-    const auto weak = weak_from_this();
-    const auto observe = [&](const QString &name, auto handler) {
-        return center.addObserver(name, object, [weak, handler](const Notification &told) {
-            if (const auto self = weak.lock())
-                handler(*self, windowOf(told));
-        });
-    };
-    auto &observations = m_windowObservations[window];
-    observations.clear();
-    observations.push_back(
-        observe(NSWindowDidBecomeKeyNotification,
-                [](SplashScreenPresenter &self, QWidget *key) { self.windowBecameActive(key); }));
-    observations.push_back(
-        observe(NSWindowDidResignKeyNotification,
-                [](SplashScreenPresenter &self, QWidget *) { self.windowBecameDisactive(); }));
-    observations.push_back(
-        observe(NSWindowWillCloseNotification, [](SplashScreenPresenter &self, QWidget *closing) {
-            self.windowWillClose(closing);
-        }));
-    QObject::disconnect(window, nullptr, &m_windowGuard, nullptr);
-    QObject::connect(window, &QObject::destroyed, &m_windowGuard,
-                     [this](QObject *gone) { windowDestroyed(gone); });
+    m_windows.observe(window);
 }
 
 void SplashScreenPresenter::deregistrationNotificationForWindow(QWidget *window) {
-    m_windowObservations.erase(window);
-    if (window)
-        QObject::disconnect(window, nullptr, &m_windowGuard, nullptr);
+    m_windows.ignore(window);
 }
 
-void SplashScreenPresenter::removeSplashScreenWithWindow(QWidget *window) {
-    const Controller controller = splashScreenControllerWithWindow(window);
+void SplashScreenPresenter::removeSplashScreenWithWindow(QWidget *widget) {
+    QWidget *window = windowOf(widget);
+    const Controller controller = m_windows.find(window);
     if (controller)
         detach(controller);
     deregistrationNotificationForWindow(window);
 }
 
 void SplashScreenPresenter::detach(const Controller &controller) {
-    if (controller == m_controllerWithVideo)
-        m_controllerWithVideo = nullptr;
+    if (controller == m_windows.playing)
+        m_windows.playing = nullptr;
     controller->hide();
     controller->removeFromWindow();
-    std::erase(m_SSControllers, controller);
+    m_windows.remove(controller);
+    watchForWindows();
 }
 
 void SplashScreenPresenter::removeAllSplashScreens() {
-    for (const Controller &controller : everyController()) {
+    for (const Controller &controller : m_windows.copy()) {
         controller->hide();
         controller->removeFromWindow();
     }
     m_show = false;
-    m_SSControllers.clear();
+    m_windows.clear();
+    watchForWindows();
 }
 
-// The host destroyed the content that a view lay in, and kept the window.
+// The host destroyed a splash screen's view, and kept the window.
 void SplashScreenPresenter::forgetGoneControllers() {
-    for (const Controller &controller : everyController()) {
+    for (const Controller &controller : m_windows.copy()) {
         if (!controller->isGone())
             continue;
-        if (controller == m_activeController)
-            m_activeController = nullptr;
+        if (controller == m_windows.active)
+            m_windows.active = nullptr;
         detach(controller);
     }
 }
 
 // The host destroyed a window without a word.
 void SplashScreenPresenter::windowDestroyed(QObject *window) {
-    m_windowObservations.erase(window);
-    for (const Controller &controller : everyController()) {
+    for (const Controller &controller : m_windows.copy()) {
         const QObject *own = controller->window();
         if (own && own != window)
             continue;
         // Not to be asked for anything any more.
         controller->setWindow(nullptr);
-        if (m_focus && controller == m_activeController)
+        if (m_windows.hasKey && controller == m_windows.active)
             windowBecameDisactive();
         detach(controller);
     }
@@ -145,8 +125,8 @@ void SplashScreenPresenter::windowDestroyed(QObject *window) {
 void SplashScreenPresenter::windowBecameActive(QWidget *window) {
     const Window *facts = Window::of(window);
     if (facts && facts->isKeyWindow()) {
-        m_focus = true;
-        m_activeController = splashScreenControllerWithWindow(window);
+        m_windows.hasKey = true;
+        m_windows.active = m_windows.find(window);
     }
     post([](SplashScreenPresenter &self) {
         if (self.m_needsResumeSplashScreen)
@@ -157,12 +137,12 @@ void SplashScreenPresenter::windowBecameActive(QWidget *window) {
 }
 
 void SplashScreenPresenter::windowBecameDisactive() {
-    m_focus = false;
+    m_windows.hasKey = false;
     if (Switches::isADSRemoved() || !m_show)
         return;
     // Asked again later: the key status may just be moving to another registered window.
     post([](SplashScreenPresenter &self) {
-        if (!self.m_focus)
+        if (!self.m_windows.hasKey)
             self.pauseSplashScreens();
     });
 }

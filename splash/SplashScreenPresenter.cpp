@@ -1,14 +1,14 @@
-#include "splash/SplashScreenPresenter.h"
+#include "SplashScreenPresenter.h"
 
-#include "content/AdsDownloader.h"
-#include "content/AdsEventLogger.h"
-#include "facade/Switches.h"
-#include "platform/MainQueue.h"
+#include "AdsDownloader.h"
+#include "AdsEventLogger.h"
+#include "MainQueue.h"
+#include "SplashScreenStyle.h"
+#include "Switches.h"
 
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -19,26 +19,9 @@ void announce(const QString &name) {
     NotificationCenter::defaultCenter().post(name);
 }
 
-void cancel(const TimerPtr &timer) {
-    if (timer)
-        timer->invalidate();
-}
-
-// Cancels a timer and lets go of it.
-void drop(TimerPtr &timer) {
-    cancel(std::exchange(timer, nullptr));
-}
+constexpr double WindowlessSeconds = 10;
 
 } // namespace
-
-TimerPtr SplashScreenPresenter::scheduled(double seconds, Timer::Kind kind, Operation operation) {
-    const TimerPtr timer = Timer::scheduled(seconds, kind, [weak = weak_from_this(), operation] {
-        if (const auto self = weak.lock())
-            (self.get()->*operation)();
-    });
-    setGodTimer(timer);
-    return timer;
-}
 
 void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> work) {
     MainQueue::post([weak = weak_from_this(), work = std::move(work)] {
@@ -47,15 +30,46 @@ void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> wo
     });
 }
 
+SplashScreenPresenter::SplashScreenPresenter()
+    : m_splashScreenStandartDuration(m_loadTime + SplashClock::VideoSeconds),
+      m_downloader(AdsDownloader::sharedInstance()),
+      m_logger(&AdsEventLogger::sharedInstance()),
+      m_splashScreenOptions(SplashScreenStyle::standardOptions()) {}
+
+SplashScreenPresenter::~SplashScreenPresenter() {
+    Timer::cancel(m_windowlessTimer);
+}
+
+std::shared_ptr<SplashScreenPresenter> SplashScreenPresenter::make() {
+    const std::shared_ptr<SplashScreenPresenter> presenter(new SplashScreenPresenter);
+    presenter->connectParts();
+    return presenter;
+}
+
+void SplashScreenPresenter::connectParts() {
+    using Self = SplashScreenPresenter;
+    m_clock.setHandlers({whileAlive(&Self::countdownTicked), whileAlive(&Self::startShowVideo),
+                         whileAlive(&Self::showCloseButton)});
+    m_windows.setHandlers({whileAlive(&Self::windowBecameActive),
+                           whileAlive(&Self::windowBecameDisactive),
+                           whileAlive(&Self::windowWillClose), whileAlive(&Self::windowDestroyed)});
+}
+
+void SplashScreenPresenter::setAllSplashScreenParamsFor(const Controller &controller) const {
+    if (controller)
+        SplashScreenStyle::restoreAll(*controller, m_splashScreenOptions);
+}
+
 // Requests.
 
 void SplashScreenPresenter::showSplashScreens() {
-    if (m_show || !m_waitTimeLeft) {
+    if (m_show || !m_waiting.isOver()) {
         LOG(m_show ? QStringLiteral("splash screen not shown: one is on screen")
                    : QStringLiteral("splash screen not shown: the waiting period is not over"));
         return;
     }
-    if (m_activeController) {
+    // The active controller stays known when its window loses the key status between sequences.
+    if (m_windows.active && m_windows.hasKey) {
         forceShowSplashScreens();
     } else {
         LOG(QStringLiteral("splash screen waits for a registered window to become key"));
@@ -64,8 +78,7 @@ void SplashScreenPresenter::showSplashScreens() {
 }
 
 void SplashScreenPresenter::needForceShowSplashScreens() {
-    cancel(m_firstStartTimer);
-    cancel(m_prepareTimer);
+    m_waiting.cancel();
     if (m_withoutSplash)
         forceShowVideoWithoutSplash();
     else
@@ -78,9 +91,9 @@ bool SplashScreenPresenter::maySequenceStart() const {
         return false;
     if (m_show || m_isStarting)
         reason = QStringLiteral("one is on screen");
-    else if (!m_focus)
+    else if (!m_windows.hasKey)
         reason = QStringLiteral("no registered window is key");
-    else if (m_SSControllers.empty())
+    else if (m_windows.isEmpty())
         reason = QStringLiteral("no window is registered");
     if (!reason.isEmpty())
         LOG(QStringLiteral("splash screen not shown: %1").arg(reason));
@@ -105,24 +118,20 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
     announce(VLMsplashScreenWillShow);
     m_isStarting = false;
     // The host may have answered by taking its windows out or removing all ads.
-    if (m_SSControllers.empty() || Switches::isADSRemoved())
+    if (m_windows.isEmpty() || Switches::isADSRemoved())
         return;
     m_needShow = false;
-    m_waitTimeLeft = false;
+    m_waiting.setNotOver();
     m_show = true;
     m_closeButtonIsDue = false;
-    m_controllerWithVideo = m_activeController;
-    if (!m_controllerWithVideo)
-        m_controllerWithVideo = m_SSControllers.front();
-    m_startTimerDate = TimeSource::current().now();
-    m_timeDuration = TimeSource::Duration::zero();
-    m_passedTime = 0;
+    m_windows.playing = m_windows.active ? m_windows.active : m_windows.all().front();
+    m_clock.begin();
     startWaitVideoTimer(double(loadTime));
     startTickTimer();
     warmUpVideo();
     updateTimerText();
-    for (const Controller &controller : everyController()) {
-        controller->startTimerViewFromSec(0, loadTime + VideoSeconds);
+    for (const Controller &controller : m_windows.copy()) {
+        controller->startTimerViewFromSec(0, loadTime + SplashClock::VideoSeconds);
         controller->showStartScreen();
     }
     m_stateSplashScreen = SplashScreenStateStart;
@@ -137,8 +146,9 @@ void SplashScreenPresenter::hideSplashScreens() {
     m_needShow = false;
     m_closeButtonIsDue = false;
     stopTickTimer();
-    m_controllerWithVideo = nullptr;
-    for (const Controller &controller : everyController())
+    Timer::cancel(m_windowlessTimer);
+    m_windows.playing = nullptr;
+    for (const Controller &controller : m_windows.copy())
         controller->hide();
     startWaitTimer();
 }
@@ -150,117 +160,127 @@ void SplashScreenPresenter::didClickClose() {
     announce(VLMsplashScreenDidClose);
 }
 
+// A sequence whose windows have all gone is over for its user, who could never close it.
+
+void SplashScreenPresenter::watchForWindows() {
+    const bool isWindowless = m_show && m_windows.isEmpty();
+    if (!isWindowless) {
+        Timer::cancel(m_windowlessTimer);
+    } else if (!m_windowlessTimer) {
+        m_windowlessTimer =
+            Timer::scheduled(WindowlessSeconds, Timer::Kind::OneShot,
+                             whileAlive(&SplashScreenPresenter::endWindowlessSequence));
+        setGodTimer(m_windowlessTimer);
+    }
+}
+
+void SplashScreenPresenter::endWindowlessSequence() {
+    LOG(QStringLiteral("the splash screen ends: it has had no window for a while"));
+    didClickClose();
+}
+
 // The waiting period.
 
 void SplashScreenPresenter::startWaitTimer() {
-    m_prepareTimer =
-        scheduled(double(m_waitTime), Timer::Kind::OneShot, &SplashScreenPresenter::endWaitTimer);
+    m_waiting.start();
 }
 
 void SplashScreenPresenter::endWaitTimer() {
-    drop(m_prepareTimer);
-    m_waitTimeLeft = true;
+    m_waiting.end();
 }
 
 void SplashScreenPresenter::refreshWaitAgain() {
-    drop(m_prepareTimer);
-    m_waitTimeLeft = false;
-    startWaitTimer();
+    m_waiting.restart();
 }
 
 // The tick.
 
 void SplashScreenPresenter::startTickTimer() {
-    m_tickTimer = scheduled(1, Timer::Kind::Repeating, &SplashScreenPresenter::tick);
+    m_clock.startTick();
 }
 
 void SplashScreenPresenter::stopTickTimer() {
-    drop(m_tickTimer);
+    m_clock.stopTick();
 }
 
 void SplashScreenPresenter::tick() {
-    // Nobody will see a sequence any more, and nothing else would end the ticking.
-    if (!m_show && m_SSControllers.empty() && Switches::isADSRemoved())
+    m_clock.tick();
+}
+
+void SplashScreenPresenter::resumeTimer() {
+    m_clock.startTick();
+    m_clock.tick();
+}
+
+void SplashScreenPresenter::countdownTicked() {
+    // The tick that makes up for a pause may come when the sequence is over, or the windows were
+    // taken out with the ads: nothing else would end the ticking.
+    if (!m_show)
         stopTickTimer();
-    ++m_passedTime;
     updateTimerText();
     updateVideoTimerText();
 }
 
-void SplashScreenPresenter::resumeTimer() {
-    tick();
-    startTickTimer();
-}
-
 void SplashScreenPresenter::updateTimerText() {
-    const qint64 left = std::max<qint64>(m_loadTime + VideoSeconds - m_passedTime, 0);
-    for (const Controller &controller : everyController())
+    const qint64 left = m_clock.secondsLeftOf(m_loadTime + SplashClock::VideoSeconds);
+    for (const Controller &controller : m_windows.copy())
         controller->setTimerText(QString::number(left));
 }
 
 void SplashScreenPresenter::updateVideoTimerText() {
-    const qint64 left = std::max<qint64>(secondsToCloseButton() - m_passedTime, 0);
-    for (const Controller &controller : everyController())
+    const qint64 left = m_clock.secondsLeftOf(secondsToCloseButton());
+    for (const Controller &controller : m_windows.copy())
         controller->setVideoTimerText(QString::number(left));
 }
 
 qint64 SplashScreenPresenter::secondsToCloseButton() const {
-    return (m_withoutSplash ? 0 : m_loadTime) + VideoSeconds;
+    return (m_withoutSplash ? 0 : m_loadTime) + SplashClock::VideoSeconds;
 }
 
 // The video timer: in the start phase it waits for the video, in the video phase for the close
 // button.
 
 void SplashScreenPresenter::startWaitVideoTimer(double seconds) {
-    m_videoTimer = scheduled(seconds, Timer::Kind::OneShot, &SplashScreenPresenter::startShowVideo);
-    for (const Controller &controller : everyController())
+    m_clock.startVideoAfter(seconds);
+    for (const Controller &controller : m_windows.copy())
         controller->continueShow();
 }
 
 void SplashScreenPresenter::stopWaitVideoTimer() {
-    drop(m_videoTimer);
-    for (const Controller &controller : everyController())
+    m_clock.stopPhaseTimer();
+    for (const Controller &controller : m_windows.copy())
         controller->pauseShow();
 }
 
 void SplashScreenPresenter::startVideoTimerWithTime(double seconds) {
-    m_videoTimer =
-        scheduled(seconds, Timer::Kind::OneShot, &SplashScreenPresenter::showCloseButton);
-    for (const Controller &controller : everyController())
+    m_clock.startCloseButtonAfter(seconds);
+    for (const Controller &controller : m_windows.copy())
         controller->continueShowVideo();
 }
 
 void SplashScreenPresenter::stopVideoTimer() {
-    drop(m_videoTimer);
-    for (const Controller &controller : everyController())
+    m_clock.stopPhaseTimer();
+    for (const Controller &controller : m_windows.copy())
         controller->pauseShowVideo();
 }
 
 // Pause and resume.
 
-double SplashScreenPresenter::timeDuration() const {
-    return std::chrono::duration<double>(m_timeDuration).count();
-}
-
-double SplashScreenPresenter::secondsLeftTo(qint64 second) const {
-    return std::chrono::duration<double>(std::chrono::seconds(second) - m_timeDuration).count();
-}
-
 void SplashScreenPresenter::pauseSplashScreens() {
     m_needsResumeSplashScreen = true;
-    m_timeDuration += TimeSource::current().now() - m_startTimerDate;
+    m_clock.pause();
     if (m_show) {
-        m_closeButtonIsDue =
-            m_closeButtonIsDue || (m_stateSplashScreen == SplashScreenStateEnd && m_videoTimer);
+        m_closeButtonIsDue = m_closeButtonIsDue || (m_stateSplashScreen == SplashScreenStateEnd &&
+                                                    m_clock.isPhaseTimerPending());
         stopWaitVideoTimer();
         stopTickTimer();
-        cancel(m_resumeTickTimer);
-        for (const Controller &controller : everyController())
+        m_clock.cancelResumeTick();
+        for (const Controller &controller : m_windows.copy())
             controller->pauseShow();
     }
-    if (const Controller playing = m_controllerWithVideo)
+    if (const Controller playing = m_windows.playing)
         playing->pauseShowVideo();
-    m_activeController = nullptr;
+    m_windows.active = nullptr;
 }
 
 void SplashScreenPresenter::resumeSplashScreen() {
@@ -269,19 +289,16 @@ void SplashScreenPresenter::resumeSplashScreen() {
         return;
     if (m_show) {
         if (m_stateSplashScreen < SplashScreenStateVideoCloseButton) {
-            m_startTimerDate = TimeSource::current().now();
-            cancel(m_resumeTickTimer);
-            const auto nextSecond = std::chrono::ceil<std::chrono::seconds>(m_timeDuration);
-            m_resumeTickTimer = scheduled(secondsLeftTo(nextSecond.count()), Timer::Kind::OneShot,
-                                          &SplashScreenPresenter::resumeTimer);
+            m_clock.resume();
+            m_clock.resumeTick();
         }
         if (m_stateSplashScreen == SplashScreenStateStart) {
-            startWaitVideoTimer(secondsLeftTo(m_loadTime));
+            startWaitVideoTimer(m_clock.secondsTo(m_loadTime));
         } else if (m_stateSplashScreen == SplashScreenStateVideo ||
                    std::exchange(m_closeButtonIsDue, false)) {
-            startVideoTimerWithTime(secondsLeftTo(secondsToCloseButton()));
+            startVideoTimerWithTime(m_clock.secondsTo(secondsToCloseButton()));
         } else if (m_stateSplashScreen == SplashScreenStateVideoCloseButton) {
-            for (const Controller &controller : everyController())
+            for (const Controller &controller : m_windows.copy())
                 controller->continueShowVideo();
         }
     }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "platform/NotificationCenter.h"
-#include "platform/TimeSource.h"
-#include "platform/Timer.h"
-#include "splash/SplashScreenController.h"
-#include "splash/SplashScreenControllerProtocolOutput.h"
+#include "SplashClock.h"
+#include "SplashScreenControllerProtocolOutput.h"
+#include "SplashWaitingPeriod.h"
+#include "SplashWindows.h"
 
 #include <QtCore/QJsonObject>
-#include <QtCore/QObject>
 #include <QtCore/QUrl>
 #include <QtCore/QVariantMap>
 
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace velmora {
@@ -27,7 +24,7 @@ class AdsEventLogger;
 class SplashScreenPresenter final : public SplashScreenControllerProtocolOutput,
                                     public std::enable_shared_from_this<SplashScreenPresenter> {
 public:
-    using Controller = std::shared_ptr<SplashScreenController>;
+    using Controller = SplashWindows::Controller;
 
     enum State : qint64 {
         SplashScreenStateClosed = -1,          ///< the user closed the sequence
@@ -36,9 +33,6 @@ public:
         SplashScreenStateVideoCloseButton = 2, ///< close button shown; the video may play on
         SplashScreenStateEnd = 3,              ///< the video has ended
     };
-
-    /// From the video's start to the close button, seconds.
-    static constexpr qint64 VideoSeconds = 5;
 
     static std::shared_ptr<SplashScreenPresenter> make();
     ~SplashScreenPresenter();
@@ -57,7 +51,7 @@ public:
     void refreshWaitAgain();
     /// Prepares a video.
     void starDownLoad();
-    bool isAdsReady() const { return m_waitTimeLeft; }
+    bool isAdsReady() const { return m_waiting.isOver(); }
 
     // Clock.
     void startWaitTimer();
@@ -82,12 +76,13 @@ public:
     void stopVideo();
 
     // Windows.
-    /// Registers a window; false when it is registered already.
+    /// Registers the window that a widget is or lies in; false when it is registered already.
+    /// During a sequence the window gets the view of the phase that it is in.
     /// @param unity the window shows a game engine's view
     bool addSplashScreenForWindow(QWidget *window, bool unity);
     void removeSplashScreenWithWindow(QWidget *window);
     void removeAllSplashScreens();
-    /// The window's controller, or null.
+    /// The controller of the window that a widget is or lies in, or null.
     Controller splashScreenControllerWithWindow(const QWidget *window) const;
     void registrationNotificationForWindow(QWidget *window);
     void deregistrationNotificationForWindow(QWidget *window);
@@ -129,51 +124,57 @@ public:
     bool isShow() const { return m_show; }
     bool withoutSplash() const { return m_withoutSplash; }
     void setWithoutSplash(bool without) { m_withoutSplash = without; }
-    bool isFocus() const { return m_focus; }
+    bool isFocus() const { return m_windows.hasKey; }
     bool needsResumeSplashScreen() const { return m_needsResumeSplashScreen; }
     bool isShowVideo() const { return m_showVideo; }
     bool isShowEnd() const { return m_showEnd; }
-    bool isWaitTimeLeft() const { return m_waitTimeLeft; }
+    bool isWaitTimeLeft() const { return m_waiting.isOver(); }
     bool isNeedShow() const { return m_needShow; }
     qint64 stateSplashScreen() const { return m_stateSplashScreen; }
     qint64 splashScreenStartCount() const { return m_splashScreenStartCount; }
-    qint64 passedTime() const { return m_passedTime; }
+    qint64 passedTime() const { return m_clock.passedTime(); }
     /// Seconds that a sequence had run when it was last paused.
-    double timeDuration() const;
+    double timeDuration() const { return m_clock.timeDuration(); }
 
     // Durations, whole seconds.
     /// From the registration of the first window to the first sequence. Default: 0.
-    qint64 delayForFirstStart() const { return m_delayForFirstStart; }
-    void setDelayForFirstStart(qint64 seconds) { m_delayForFirstStart = seconds; }
+    qint64 delayForFirstStart() const { return m_waiting.delayForFirstStart(); }
+    void setDelayForFirstStart(qint64 seconds) { m_waiting.setDelayForFirstStart(seconds); }
     /// From the end of one sequence to the next. Default: 120.
-    qint64 waitTime() const { return m_waitTime; }
-    void setWaitTime(qint64 seconds) { m_waitTime = seconds; }
+    qint64 waitTime() const { return m_waiting.waitTime(); }
+    void setWaitTime(qint64 seconds) { m_waiting.setWaitTime(seconds); }
     /// Of the start screen. Default: 5.
     qint64 loadTime() const { return m_loadTime; }
     void setLoadTime(qint64 seconds) { m_loadTime = seconds; }
     /// Where the ring ends in a window that joins a running sequence; fixed at construction.
     qint64 splashScreenStandartDuration() const { return m_splashScreenStandartDuration; }
 
-    const std::vector<Controller> &SSControllers() const { return m_SSControllers; }
-    const Controller &activeSplashScreenController() const { return m_activeController; }
-    const Controller &splashScreenControllerWithVideo() const { return m_controllerWithVideo; }
+    const std::vector<Controller> &SSControllers() const { return m_windows.all(); }
+    const Controller &activeSplashScreenController() const { return m_windows.active; }
+    const Controller &splashScreenControllerWithVideo() const { return m_windows.playing; }
 
-    const TimerPtr &firstStartTimer() const { return m_firstStartTimer; }
-    const TimerPtr &prepareTimer() const { return m_prepareTimer; }
-    const TimerPtr &tickTimer() const { return m_tickTimer; }
-    const TimerPtr &resumeTickTimer() const { return m_resumeTickTimer; }
-    const TimerPtr &videoTimer() const { return m_videoTimer; }
+    const TimerPtr &firstStartTimer() const { return m_waiting.firstStartTimer(); }
+    const TimerPtr &prepareTimer() const { return m_waiting.prepareTimer(); }
+    const TimerPtr &tickTimer() const { return m_clock.tickTimer(); }
+    const TimerPtr &resumeTickTimer() const { return m_clock.resumeTickTimer(); }
+    const TimerPtr &videoTimer() const { return m_clock.videoTimer(); }
     // Kept for their names; nothing schedules them.
     const TimerPtr &resumeCurrentTimer() const { return m_resumeCurrentTimer; }
     const TimerPtr &startVideoTimer() const { return m_startVideoTimer; }
     const TimerPtr &endVideoTimer() const { return m_endVideoTimer; }
 
 private:
-    using Operation = void (SplashScreenPresenter::*)();
-
     SplashScreenPresenter();
-    /// A timer that calls one of the presenter's operations for as long as there is a presenter.
-    TimerPtr scheduled(double seconds, Timer::Kind kind, Operation operation);
+    /// Runs one of the presenter's operations for as long as there is a presenter.
+    template<class... Arguments>
+    auto whileAlive(void (SplashScreenPresenter::*operation)(Arguments...)) {
+        return [weak = weak_from_this(), operation](Arguments... arguments) {
+            if (const auto self = weak.lock())
+                (self.get()->*operation)(arguments...);
+        };
+    }
+    void connectParts();
+    void countdownTicked();
     /// Posts work to the main queue, dropped when the presenter goes first.
     void post(std::function<void(SplashScreenPresenter &)> work);
     bool maySequenceStart() const;
@@ -181,26 +182,23 @@ private:
     void showEndScreens();
     /// Running seconds from the start of the sequence to the close button.
     qint64 secondsToCloseButton() const;
-    double secondsLeftTo(qint64 second) const;
     void warmUpVideo();
     void chooseVideo();
     void startVideo();
     void noteVideoDuration();
     void lookUpDefaultVideoName();
+    void joinSequence(const Controller &controller);
     void windowDestroyed(QObject *window);
+    void watchForWindows();
+    void endWindowlessSequence();
     void forgetGoneControllers();
     void detach(const Controller &controller);
 
-    /// A copy to walk over: what a step does to the windows may make the host add or remove some.
-    std::vector<Controller> everyController() const { return m_SSControllers; }
-
     bool m_show = false;
     bool m_withoutSplash = false;
-    bool m_focus = false;
     bool m_needsResumeSplashScreen = false;
     bool m_showVideo = false;
     bool m_showEnd = false;
-    bool m_waitTimeLeft = false;
     bool m_muted = false;
     bool m_needShow = false;
     /// The host is being told of a sequence that is about to start.
@@ -208,34 +206,21 @@ private:
     /// The video ended before the close button was due, and the button has not come yet.
     bool m_closeButtonIsDue = false;
 
-    qint64 m_delayForFirstStart = 0;
-    qint64 m_waitTime = 120;
     qint64 m_loadTime = 5;
     qint64 m_splashScreenStandartDuration;
-    qint64 m_passedTime = 0;
     qint64 m_splashScreenStartCount = 0;
     qint64 m_stateSplashScreen = SplashScreenStateStart;
     qint64 m_videoDuration = 0;
 
-    TimeSource::Duration m_startTimerDate{0};
-    TimeSource::Duration m_timeDuration{0};
+    SplashClock m_clock;
+    SplashWaitingPeriod m_waiting;
+    SplashWindows m_windows;
 
-    TimerPtr m_firstStartTimer;
-    TimerPtr m_prepareTimer;
-    TimerPtr m_tickTimer;
-    TimerPtr m_resumeTickTimer;
-    TimerPtr m_videoTimer;
     TimerPtr m_resumeCurrentTimer;
     TimerPtr m_startVideoTimer;
     TimerPtr m_endVideoTimer;
-
-    std::vector<Controller> m_SSControllers;
-    Controller m_activeController;
-    Controller m_controllerWithVideo;
-    std::unordered_map<QObject *, std::vector<NotificationCenter::Observation>>
-        m_windowObservations;
-    /// Ends the connections to the windows' destruction.
-    QObject m_windowGuard;
+    /// Runs while a sequence is shown and no window is registered.
+    TimerPtr m_windowlessTimer;
 
     std::shared_ptr<AdsDownloader> m_downloader;
     AdsEventLogger *m_logger;

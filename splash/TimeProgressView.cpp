@@ -1,4 +1,4 @@
-#include "splash/TimeProgressView.h"
+#include "TimeProgressView.h"
 
 #include <Velmora/Support.h>
 

@@ -52,17 +52,27 @@ TEST_F(AdServerTest, TheMostParticularFaultAppliesAndRunsOut) {
     EXPECT_EQ(statuses, (QList<int>{501, 501, 502, 503, 200}));
 }
 
-TEST_F(AdServerTest, ResetsWithoutAnAnswer) {
+TEST_F(AdServerTest, ResetsOrClosesWithoutAnAnswer) {
     m_server.faults().set(adPath, Fault::reset());
     RawClient reset(m_server);
     reset.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
     EXPECT_EQ(reset.waitForEnd(), ECONNRESET);
 
-    m_server.faults().set(adPath, Fault::truncated());
-    RawClient truncated(m_server);
-    truncated.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
-    EXPECT_EQ(truncated.waitForEnd(), 0);
-    EXPECT_EQ(m_server.log().count(adPath), 2);
+    for (const Fault &fault : {Fault::truncated(), Fault::close()}) {
+        m_server.faults().set(adPath, fault);
+        RawClient client(m_server);
+        client.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+        EXPECT_EQ(client.waitForEnd(), 0);
+    }
+    EXPECT_EQ(m_server.log().count(adPath), 3);
+
+    m_server.faults().set(adPath, Fault::stale());
+    RawClient reused(m_server);
+    reused.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_TRUE(reused.receive().startsWith("HTTP/1.1 "));
+    reused.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_EQ(reused.waitForEnd(), 0);
+    EXPECT_EQ(m_server.log().count(adPath), 5);
 }
 
 TEST_F(AdServerTest, StreamsAHugeBodyUntilTheClientHasEnough) {
@@ -131,8 +141,8 @@ TEST(FaultsTest, ReadsTheCommandLineForm) {
     EXPECT_EQ(faults.take(QStringLiteral("/r")).fault.location, QStringLiteral("https://x/?a=b"));
     EXPECT_TRUE(faults.setFromText(QStringLiteral("/h=huge:5000000000")));
     EXPECT_EQ(faults.take(QStringLiteral("/h")).fault.size, Q_INT64_C(5000000000));
-    for (const char *good :
-         {"*=hang", "/=reset", "/=truncated", "/=delay:0", "/=body:", "/=status:204"}) {
+    for (const char *good : {"*=hang", "/=reset", "/=close", "/=stale", "/=truncated", "/=delay:0",
+                             "/=body:", "/=status:204"}) {
         EXPECT_TRUE(faults.setFromText(QLatin1String(good))) << good;
     }
     for (const char *bad :

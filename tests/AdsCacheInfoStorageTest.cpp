@@ -1,8 +1,8 @@
-#include "content/AdsCacheInfoStorage.h"
-#include "content/AdKeys.h"
-#include "platform/Archive.h"
-#include "platform/ProcessRoot.h"
-#include "platform/SerialQueue.h"
+#include "AdsCacheInfoStorage.h"
+#include "AdKeys.h"
+#include "Archive.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
 #include "tests/support/FreshProcess.h"
 
 #include <QtCore/QCborMap>
@@ -58,6 +58,15 @@ TEST_F(AdsCacheInfoStorageTest, AKnownAdIsNotWrittenAgain) {
     storage.addBannerInfo({});
     storage.addInfo(ad(2), {});
     EXPECT_TRUE(onDisk().isEmpty());
+    storage.addBannerInfo(ad(2));
+    EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
+}
+
+TEST_F(AdsCacheInfoStorageTest, AFolderThatWasTakenAwayIsMadeAgain) {
+    AdsCacheInfoStorage storage;
+    storage.addBannerInfo(ad(1));
+    ASSERT_EQ(onDisk().size(), 1);
+    ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
     storage.addBannerInfo(ad(2));
     EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
 }

@@ -1,8 +1,10 @@
-#include "content/AdsDownloader.h"
-#include "content/AdKeys.h"
-#include "facade/Switches.h"
-#include "platform/ProcessRoot.h"
-#include "platform/SerialQueue.h"
+#include "AdsDownloader.h"
+#include "AdKeys.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
+#include "Switches.h"
+#include "tests/support/ChildTest.h"
+#include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/Waiting.h"
@@ -10,6 +12,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 
 #include <thread>
 
@@ -73,7 +76,8 @@ protected:
 
     static bool pullBanner() {
         bool called = false;
-        downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+        downloader().downloadBannerWithComplitionBlock(
+            [&](const BannerAd &, bool) { called = true; });
         return eventually([&] { return called; }, 3000);
     }
 
@@ -111,6 +115,18 @@ TEST_F(AdsDownloaderTest, ASecondCallWhileTheRequestRunsDoesNothing) {
     EXPECT_EQ(server.log().count(TablePath), 1);
 }
 
+TEST_F(AdsDownloaderTest, AConnectionThatBreaksIsNoReasonToAskTwice) {
+    for (const Fault &fault : {Fault::reset(), Fault::close()}) {
+        restartProcess();
+        server.log().clear();
+        server.faults().set(TablePath, fault);
+        EXPECT_EQ(runCycle(), 1);
+        quietly(50);
+        EXPECT_EQ(server.log().count(TablePath), 1);
+        EXPECT_FALSE(downloader().replyJSON());
+    }
+}
+
 TEST_F(AdsDownloaderTest, ACompleteCacheCallsAtOnceAndTheReplyOnlyReplacesTheTable) {
     fillCache({banner(QStringLiteral("old"))}, {video(QStringLiteral("v"))});
     serve({banner(QStringLiteral("new"))}, {});
@@ -143,6 +159,87 @@ TEST_F(AdsDownloaderTest, AnIncompleteCacheWaitsForTheReplyUnlessOffline) {
     EXPECT_EQ(downloader().bannerInfo().value(kBannerName).toString(), QStringLiteral("old"));
     quietly(50);
     EXPECT_EQ(server.log().count(TablePath), 0);
+}
+
+TEST_F(AdsDownloaderTest, TheCachesFollowTheNameThatTheHostSetsLater) {
+    const HostName name;
+    HostName::set(QStringLiteral("later"));
+    fillCache({banner(QStringLiteral("known"))}, {});
+    HostName::set(QStringLiteral("host"));
+    serve({banner(QStringLiteral("fresh"))});
+    downloader();
+    HostName::set(QStringLiteral("later"));
+    runCycle();
+    ASSERT_TRUE(pullBanner());
+    EXPECT_EQ(downloader().bannerURL().toLocalFile(),
+              cachesFolder() + QStringLiteral("/fresh.gif"));
+    restartProcess();
+    const auto known = [] {
+        QStringList names;
+        const QJsonArray ads =
+            downloader().cacheStorage().infoDictionary().value(kMainBannerKey).toArray();
+        for (const QJsonValue &ad : ads)
+            names.append(ad.toObject().value(kBannerName).toString());
+        return names;
+    };
+    EXPECT_EQ(known(), (QStringList{QStringLiteral("known"), QStringLiteral("fresh")}));
+    HostName::set(QStringLiteral("host"));
+    EXPECT_TRUE(known().isEmpty());
+    EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/fresh.gif")));
+    HostName::set(QStringLiteral("later"));
+    QDir(cachesFolder()).removeRecursively();
+}
+
+/// In a process without an application object.
+TEST(UnnamedHostTest, DISABLED_HasNoCachesAndNoMedia) {
+    const QString folder = qEnvironmentVariable("VELMORA_TEST_UNNAMED");
+    ASSERT_FALSE(folder.isEmpty());
+    static QStringList lines;
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &line) { lines.append(line); });
+    Switches::activateDebugMode();
+    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
+    downloader.startUpdateAllAds();
+    QUrl file(QStringLiteral("unset"));
+    EXPECT_FALSE(downloader.downloadDataToCacheDirectoryFromURL(
+        QUrl(QStringLiteral("https://127.0.0.1:1/a.gif")), [&](const QUrl &url) { file = url; }));
+    EXPECT_TRUE(file.isEmpty());
+    downloader.cacheStorage().addBannerInfo({{kBannerName, QStringLiteral("one")}});
+    EXPECT_EQ(lines.filter(QStringLiteral("no name yet")).size(), 2);
+    ProcessRoot::drop();
+    const QStringList files = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    EXPECT_TRUE(files.isEmpty()) << qPrintable(files.join(QLatin1Char(' ')));
+    qInstallMessageHandler(nullptr);
+    sayPartDone();
+}
+
+/// In a process that makes its application object late.
+TEST(UnnamedHostTest, DISABLED_AsksTheServerOnceItHasAnApplicationObject) {
+    adserver::AdServer server;
+    server.campaign().setReply("{}");
+    Deployment deployment = Deployment::builtIn();
+    deployment.acsURL = server.start();
+    deployment.adServerAuthorities = server.caPem();
+    deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
+    Deployment::replace(deployment);
+    AdsDownloader::sharedInstance()->startUpdateAllAds();
+    int count = 1;
+    char name[] = "host";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    EXPECT_TRUE(
+        eventually([] { return AdsDownloader::sharedInstance()->isUpdateAdsCurrentSession(); }));
+    EXPECT_EQ(server.log().count(TablePath), 1);
+    sayPartDone();
+}
+
+TEST(DownloaderWithoutANameTest, CachesNothingAndAsksOnceThereIsAnApplication) {
+    for (const char *test :
+         {"HasNoCachesAndNoMedia", "AsksTheServerOnceItHasAnApplicationObject"}) {
+        const QTemporaryDir folder;
+        runUnnamedChildTest(QStringLiteral("UnnamedHostTest.*") + QLatin1String(test),
+                            folder.path());
+    }
 }
 
 TEST_F(AdsDownloaderTest, GoingOfflineAndBackSwitchesTheTableInForce) {
@@ -179,12 +276,12 @@ TEST_F(AdsDownloaderTest, ABannerIsDownloadedCachedAndThenServedFromDiskInsideTh
               QJsonArray{ad});
 
     bool inside = false;
-    downloader().downloadBannerWithComplitionBlock([&] { inside = true; });
+    downloader().downloadBannerWithComplitionBlock([&](const BannerAd &, bool) { inside = true; });
     EXPECT_TRUE(inside);
     EXPECT_EQ(server.log().count(QStringLiteral("/media/one.gif")), 1);
 }
 
-TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneAndCallsNobody) {
+TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneWhole) {
     serve({banner(QStringLiteral("good"))});
     runCycle();
     ASSERT_TRUE(pullBanner());
@@ -195,12 +292,18 @@ TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneAndCallsNobody) {
     for (const Fault &fault : {Fault::truncated(), Fault::reset(), Fault::wrongBody({})}) {
         server.faults().set(QStringLiteral("/media/bad.gif"), fault);
         const int before = server.log().count(QStringLiteral("/media/bad.gif"));
-        bool called = false;
-        downloader().downloadBannerWithComplitionBlock([&] { called = true; });
-        ASSERT_TRUE(eventually(
-            [&] { return server.log().count(QStringLiteral("/media/bad.gif")) > before; }));
-        quietly(60);
-        EXPECT_FALSE(called);
+        std::optional<BannerAd> told;
+        downloader().downloadBannerWithComplitionBlock([&](const BannerAd &ad, bool hasFailed) {
+            EXPECT_TRUE(hasFailed);
+            told = ad;
+        });
+        ASSERT_TRUE(eventually([&] { return told.has_value(); }));
+        EXPECT_GT(server.log().count(QStringLiteral("/media/bad.gif")), before);
+        // The ad drawn last is not the one that is ready, and none of it is mixed in.
+        EXPECT_EQ(downloader().bannerInfo(), banner(QStringLiteral("bad")));
+        EXPECT_EQ(told->name, QStringLiteral("good"));
+        EXPECT_EQ(told->file, ready);
+        EXPECT_TRUE(told->link.path().endsWith(QStringLiteral("idgood")));
         EXPECT_EQ(downloader().bannerURL(), ready);
         EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/bad.gif")));
     }
@@ -210,20 +313,80 @@ TEST_F(AdsDownloaderTest, AFailedBannerLeavesTheReadyOneAndCallsNobody) {
     EXPECT_NE(downloader().bannerURL(), ready);
 }
 
-TEST_F(AdsDownloaderTest, WithoutAnAdTheCallbackComesAtOnceAndOnlyOneDownloadRuns) {
+TEST_F(AdsDownloaderTest, WithoutAnAdTheCallbackComesAtOnce) {
     int called = 0;
-    downloader().downloadBannerWithComplitionBlock([&] { ++called; });
+    downloader().downloadBannerWithComplitionBlock([&](const BannerAd &ready, bool hasFailed) {
+        ++called;
+        EXPECT_TRUE(ready.file.isEmpty());
+        EXPECT_FALSE(hasFailed);
+    });
     EXPECT_EQ(called, 1);
+}
+
+TEST_F(AdsDownloaderTest, WhoeverAsksDuringADownloadIsServedWithThatBanner) {
     serve({banner(QStringLiteral("slow"))});
     runCycle();
-    server.faults().set(QStringLiteral("/media/slow.gif"), Fault::delay(150));
-    int first = 0;
-    int second = 0;
-    downloader().downloadBannerWithComplitionBlock([&] { ++first; });
-    downloader().downloadBannerWithComplitionBlock([&] { ++second; });
-    ASSERT_TRUE(eventually([&] { return first == 1; }));
-    EXPECT_EQ(second, 0);
-    EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 1);
+    const auto ask = [this](const QString &who) {
+        downloader().downloadBannerWithComplitionBlock([this, who](const BannerAd &ad,
+                                                                   bool hasFailed) {
+            notes.append(who + QLatin1Char(' ') + (hasFailed ? QStringLiteral("none") : ad.name));
+        });
+    };
+    const QStringList served{QStringLiteral("first slow"), QStringLiteral("second slow")};
+    for (const bool fails : {true, false}) {
+        server.faults().set(QStringLiteral("/media/slow.gif"),
+                            fails ? Fault::truncated().after(80) : Fault::delay(80));
+        ask(QStringLiteral("first"));
+        downloader().downloadBannerWithComplitionBlock({});
+        // The table in force changes meanwhile: that is for the next draw.
+        downloader().setReplyJSON(QJsonObject{
+            {kMainBannerKey,
+             QJsonArray{banner(fails ? QStringLiteral("slow") : QStringLiteral("next"))}}});
+        ask(QStringLiteral("second"));
+        EXPECT_TRUE(notes.isEmpty());
+        ASSERT_TRUE(eventually([&] { return notes.size() == 2; }));
+        EXPECT_EQ(notes, fails ? QStringList(served).replaceInStrings(QStringLiteral("slow"),
+                                                                      QStringLiteral("none"))
+                               : served);
+        notes.clear();
+    }
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 2);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/next.gif")), 0);
+    EXPECT_TRUE(pullBanner());
+    EXPECT_EQ(downloader().readyBanner().name, QStringLiteral("next"));
+}
+
+TEST_F(AdsDownloaderTest, ACachesFolderThatWasTakenAwayIsMadeAgain) {
+    serve({banner(QStringLiteral("one"))});
+    runCycle();
+    ASSERT_TRUE(pullBanner());
+    ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
+    ASSERT_TRUE(pullBanner());
+    EXPECT_TRUE(QFile::exists(cachesFolder() + QStringLiteral("/one.gif")));
+
+    // Also while a download is under way.
+    const QString path = QStringLiteral("/media/one.gif");
+    QFile::remove(cachesFolder() + QStringLiteral("/one.gif"));
+    server.faults().set(path, Fault::hang());
+    bool called = false;
+    downloader().downloadBannerWithComplitionBlock([&](const BannerAd &, bool) { called = true; });
+    ASSERT_TRUE(eventually([&] { return server.log().count(path) == 3; }));
+    ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
+    server.faults().clear();
+    EXPECT_TRUE(eventually([&] { return called; }));
+}
+
+TEST_F(AdsDownloaderTest, AReadyVideoWhoseFileIsGoneCountsAsNone) {
+    serve({}, {video(QStringLiteral("film"))});
+    runCycle();
+    ASSERT_TRUE(eventually([] { return !downloader().readyVideo().file.isEmpty(); }));
+    // The next one is under way, and never there.
+    server.faults().set(QStringLiteral("/media/film.mp4"), Fault::hang());
+    ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
+    EXPECT_TRUE(downloader().readyVideo().file.isEmpty());
+    EXPECT_TRUE(downloader().readyVideo().link.isEmpty());
 }
 
 TEST_F(AdsDownloaderTest, AMissingPathEndsInTheNullName) {
@@ -232,13 +395,19 @@ TEST_F(AdsDownloaderTest, AMissingPathEndsInTheNullName) {
     serve({nameless});
     runCycle();
     bool called = false;
-    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
-    EXPECT_FALSE(called);
+    bool failed = false;
+    const auto note = [&](const BannerAd &, bool hasFailed) {
+        called = true;
+        failed = hasFailed;
+    };
+    downloader().downloadBannerWithComplitionBlock(note);
+    EXPECT_TRUE(called && failed);
     EXPECT_TRUE(downloader().bannerURL().isEmpty());
+    called = false;
 
     putInCaches(QStringLiteral("(null)"), "left over");
-    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
-    EXPECT_TRUE(called);
+    downloader().downloadBannerWithComplitionBlock(note);
+    EXPECT_TRUE(called && !failed);
     EXPECT_TRUE(downloader().bannerURL().path().contains(MissingNameMark));
 }
 
@@ -270,6 +439,44 @@ TEST_F(AdsDownloaderTest, AVideoNeedsItsStillAndEachReadPreparesTheNext) {
     ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
     EXPECT_TRUE(downloader().videoURL().path().endsWith(QStringLiteral("/second.mp4")));
     EXPECT_EQ(downloader().videoInfo(), second);
+}
+
+TEST_F(AdsDownloaderTest, AVideosPartsStayTogetherWhileOthersAreUnderWay) {
+    const auto table = [](const QJsonObject &ad) {
+        downloader().setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+    };
+    const auto fileNames = [](const VideoAd &ad) {
+        return QStringList{ad.file.fileName(), ad.still.fileName(), ad.link.fileName(), ad.name()};
+    };
+    const auto partsOf = [](const QString &name) {
+        return QStringList{name + QStringLiteral(".mp4"), name + QStringLiteral(".png"),
+                           QStringLiteral("id") + name, name};
+    };
+    serve({}, {video(QStringLiteral("first"))});
+    runCycle();
+    downloader().downloadVideo();
+    ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
+
+    const QString still = QStringLiteral("/media/second.png");
+    server.faults().set(still, Fault::hang());
+    const QJsonObject second = video(QStringLiteral("second"));
+    table(second);
+    downloader().downloadVideo();
+    ASSERT_TRUE(eventually([&] { return server.log().count(still) == 1; }));
+    server.faults().set(QStringLiteral("/media/third.mp4"), Fault::hang());
+    const QJsonObject third = video(QStringLiteral("third"));
+    table(third);
+    EXPECT_EQ(fileNames(downloader().readyVideo()), partsOf(QStringLiteral("first")));
+    EXPECT_EQ(downloader().videoInfo(), third) << "the ad drawn last";
+    EXPECT_TRUE(downloader().interstitialVideoURL().isEmpty());
+
+    server.faults().clear(still);
+    ASSERT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
+    EXPECT_EQ(fileNames(downloader().readyVideo()), partsOf(QStringLiteral("second")));
+    EXPECT_EQ(downloader().linkVideoURL().fileName(), QStringLiteral("idsecond"));
+    EXPECT_EQ(downloader().cacheStorage().infoDictionary().value(kMainVideoKey).toArray().last(),
+              QJsonValue(second));
+    EXPECT_EQ(downloader().videoInfo(), third);
 }
 
 TEST_F(AdsDownloaderTest, DelegatesAreToldInOrderUntilTheyAreGone) {
@@ -319,13 +526,28 @@ TEST_F(AdsDownloaderTest, LooksUpNamesInTheStoreOffTheMainThread) {
     EXPECT_FALSE(AdsDownloader::JSONSearchByQuery(baseUrl + QStringLiteral("/lookup?id=42")));
 }
 
+TEST_F(AdsDownloaderTest, TheProcessStateMayGoWhileNamesAreBeingLookedUp) {
+    for (int round = 0; round < 300; ++round) {
+        downloader();
+        std::vector<std::thread> lookUps;
+        for (int i = 0; i < 4; ++i) {
+            lookUps.emplace_back(
+                [] { AdsDownloader::appNameFromMarketLink(QStringLiteral("/app/id1"), false); });
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(5 * round));
+        ProcessRoot::drop();
+        for (std::thread &lookUp : lookUps)
+            lookUp.join();
+    }
+}
+
 TEST_F(AdsDownloaderTest, TheProcessEndsAtOnceWithAHungServerAndEverythingInFlight) {
     server.faults().set(QStringLiteral("*"), Fault::hang());
     downloader().startUpdateAllAds();
     downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("b"))}},
                                           {kMainVideoKey, QJsonArray{video(QStringLiteral("v"))}}});
     bool called = false;
-    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
+    downloader().downloadBannerWithComplitionBlock([&](const BannerAd &, bool) { called = true; });
     downloader().downloadVideo();
     ASSERT_TRUE(eventually([&] { return server.log().count() >= 3; }));
     QElapsedTimer clock;

@@ -1,5 +1,6 @@
-#include "content/AdsEventLogger.h"
-#include "facade/Switches.h"
+#include "AdsEventLogger.h"
+#include "Switches.h"
+#include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
@@ -41,10 +42,19 @@ TEST_F(AdsEventLoggerTest, AFailedEventIsQueuedAndSurvivesTheRun) {
     restartProcess();
     EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
     quietly(50);
-    // Nothing is sent before the first success of the run.
-    const int attempts = server.log().count(QStringLiteral("/event/1"));
-    quietly(50);
-    EXPECT_EQ(server.log().count(QStringLiteral("/event/1")), attempts);
+    // One request for one event, and nothing is sent before the first success of the run.
+    EXPECT_EQ(server.log().count(QStringLiteral("/event/1")), 1);
+}
+
+TEST_F(AdsEventLoggerTest, AConnectionThatTheServerClosedWhileIdleCostsNoEvent) {
+    server.faults().set(QStringLiteral("/event/*"), Fault::stale());
+    for (int i = 0; i < 5; ++i) {
+        logger().logEventWithURL(event(i));
+        ASSERT_TRUE(eventually([&] { return received().size() == i + 1; }));
+        quietly(20);
+        EXPECT_EQ(received().size(), i + 1);
+    }
+    EXPECT_TRUE(logger().eventStack().isEmpty());
 }
 
 TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
@@ -63,6 +73,19 @@ TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
                                   QStringLiteral("/event/3")}));
     ASSERT_TRUE(eventually([] { return stored().isEmpty(); }));
     EXPECT_EQ(server.log().requests(QStringLiteral("/event/1")).first().method, QByteArray("GET"));
+}
+
+TEST_F(AdsEventLoggerTest, AReplyCountsWhateverItsSize) {
+    for (const Fault &fault : {Fault::huge(Q_INT64_C(1) << 40), Fault::truncated()}) {
+        logger().addEventURL(event(1));
+        handleEvents();
+        server.log().clear();
+        server.faults().set(QStringLiteral("/event/0"), fault);
+        logger().logEventWithURL(event(0));
+        ASSERT_TRUE(eventually([&] { return server.log().count(event(1).path()) == 1; }));
+        quietly(50);
+        EXPECT_TRUE(logger().eventStack().isEmpty());
+    }
 }
 
 TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingGoesToTheEndAndHoldsNothingUp) {
@@ -88,6 +111,38 @@ TEST_F(AdsEventLoggerTest, TheQueueIsStoredEvenWhenNothingIsAdded) {
     handleEvents();
     EXPECT_TRUE(VLMObjForKey(QStringLiteral("eventStackData")).isValid());
     EXPECT_TRUE(logger().eventStack().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, TheQueueOfALaterNameJoinsAndNothingIsSentTwice) {
+    const HostName name;
+    logger().addEventURL(event(1));
+    handleEvents();
+    restartProcess();
+    HostName::set(QStringLiteral("later"));
+    logger().addEventURL(event(2));
+    handleEvents();
+    restartProcess();
+
+    HostName::set(QStringLiteral("host"));
+    EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
+    HostName::set(QStringLiteral("later"));
+    logger().addEventURL(event(3));
+    handleEvents();
+    EXPECT_EQ(stored(), (QList<QUrl>{event(2), event(1), event(3)}));
+    restartProcess();
+    EXPECT_EQ(logger().eventStack().size(), 3);
+    restartProcess();
+    HostName::set(QStringLiteral("host"));
+    EXPECT_TRUE(logger().eventStack().isEmpty());
+    // A run that ends before it has an event takes the queue along, too.
+    logger().addEventURL(event(4));
+    handleEvents();
+    HostName::set(QStringLiteral("later"));
+    restartProcess();
+    EXPECT_EQ(logger().eventStack().size(), 4);
+    logger().setEventStack({});
+    logger().addEventURL({});
+    handleEvents();
 }
 
 TEST_F(AdsEventLoggerTest, ForeignQueuesStartEmptyAndWhatIsNotOnTheWebIsNeverSent) {

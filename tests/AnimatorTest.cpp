@@ -1,4 +1,4 @@
-#include "platform/Animator.h"
+#include "Animator.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"

@@ -1,5 +1,5 @@
-#include "platform/Archive.h"
-#include "platform/SerialQueue.h"
+#include "Archive.h"
+#include "SerialQueue.h"
 #include "tests/support/FreshProcess.h"
 
 #include <QtCore/QCborMap>

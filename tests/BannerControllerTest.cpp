@@ -1,13 +1,14 @@
-#include "content/AdKeys.h"
-#include "controls/BannerImageView.h"
-#include "controls/CloseButtonCell.h"
-#include "facade/Switches.h"
-#include "platform/Animator.h"
+#include "AdKeys.h"
+#include "Animator.h"
+#include "BannerImageView.h"
+#include "CloseButtonCell.h"
+#include "Switches.h"
 #include "tests/support/BannerHost.h"
 #include "tests/support/TestGif.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QFile>
 #include <QtTest/QTest>
 
 #include <thread>
@@ -18,7 +19,7 @@ using adserver::Fault;
 
 class BannerControllerTest : public BannerHost {
 protected:
-    /// A real click: the toolkit decides which widget is under it.
+    /// A real click: Qt decides which widget is under it.
     void click(QWidget *target) {
         const QPoint point = target->mapTo(window.get(), target->rect().center());
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, point);
@@ -79,22 +80,75 @@ TEST_F(BannerControllerTest, WithACompleteCacheEveryWindowShowsABannerBeforeTheR
     server.faults().clear();
 }
 
-TEST_F(BannerControllerTest, RotationRestsWhileTheWindowCannotBeSeen) {
+TEST_F(BannerControllerTest, ABannerThatRestsTakesItsTurnWhenItsWindowCanBeSeen) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
     BannerController *controller = addBanner();
     ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
-    window->hide();
-    time.advance(20);
-    const QString resting = controller->selectBanner();
-    window->show();
-    time.advance(100);
-    EXPECT_EQ(controller->selectBanner(), resting);
-    EXPECT_FALSE(controller->bannerSwapTimer());
-    EXPECT_EQ(time.timerCount(), 0u);
+    struct Way {
+        void (QWidget::*away)();
+        void (QWidget::*back)();
+    };
+    for (const Way &way : {Way{&QWidget::hide, &QWidget::show},
+                           Way{&QWidget::showMinimized, &QWidget::showNormal}}) {
+        // Back before its turn, nothing happens before its turn.
+        const QString first = controller->selectBanner();
+        time.advance(5);
+        (window.get()->*way.away)();
+        time.advance(5);
+        (window.get()->*way.back)();
+        time.advance(4.9);
+        EXPECT_EQ(controller->selectBanner(), first);
+        time.advance(0.1);
+        ASSERT_TRUE(eventually([&] { return controller->selectBanner() != first; }));
 
-    AdsDownloader::sharedInstance()->downloadBanner();
-    EXPECT_TRUE(eventually([&] { return controller->selectBanner() != resting; }));
-    EXPECT_TRUE(controller->bannerSwapTimer());
+        const QString resting = controller->selectBanner();
+        (window.get()->*way.away)();
+        time.advance(100);
+        EXPECT_EQ(controller->selectBanner(), resting);
+        EXPECT_EQ(time.timerCount(), 0u);
+        (window.get()->*way.back)();
+        ASSERT_TRUE(eventually([&] { return controller->selectBanner() != resting; }));
+        EXPECT_TRUE(controller->bannerSwapTimer());
+        // One chain: one swap in the next 15 seconds.
+        const QString after = controller->selectBanner();
+        time.advance(14.9);
+        EXPECT_EQ(controller->selectBanner(), after);
+        EXPECT_EQ(time.timerCount(), 1u);
+        time.advance(0.1);
+        ASSERT_TRUE(eventually([&] { return controller->selectBanner() != after; }));
+    }
+}
+
+TEST_F(BannerControllerTest, AWindowThatIsShownAfterTheAdsCameGetsItsBannerThen) {
+    serve({banner(QStringLiteral("one"))});
+    window->hide();
+    addBanner();
+    ASSERT_TRUE(
+        eventually([] { return AdsDownloader::sharedInstance()->isUpdateAdsCurrentSession(); }));
+    time.advance(60);
+    EXPECT_EQ(current()->selectBanner(), QString());
+    EXPECT_EQ(time.timerCount(), 0u);
+    window->showMinimized();
+    handleEvents();
+    EXPECT_EQ(current()->selectBanner(), QString());
+    window->showNormal();
+    EXPECT_TRUE(shows(QStringLiteral("one")));
+    EXPECT_FALSE(Animator::isHidden(current()->view()));
+}
+
+TEST_F(BannerControllerTest, WindowsThatAskDuringADownloadAreServedWithIt) {
+    serve({banner(QStringLiteral("one"))});
+    server.faults().set(QStringLiteral("/media/one.gif"), Fault::delay(100));
+    QWidget second;
+    second.resize(900, 400);
+    second.show();
+    addBanner();
+    Velmora::addBannerForWindow(&second);
+    const BannerController *other = Velmora::BControllFromWindow(&second);
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    EXPECT_EQ(other->selectBanner(), QStringLiteral("one"));
+    EXPECT_EQ(other->currentURL(), current()->currentURL());
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/*")), 1);
 }
 
 TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
@@ -111,6 +165,33 @@ TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
     EXPECT_EQ(notifications.last(), QStringLiteral("tryremoveads:"));
     EXPECT_EQ(opened.size(), 1);
     EXPECT_FALSE(Animator::isHidden(controller->view()));
+}
+
+TEST_F(BannerControllerTest, AClickBelongsToTheAdOnScreenWhenTheButtonWentDown) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    BannerController *controller = addBanner();
+    ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
+    time.advance(1);
+    const auto swap = [&] {
+        const QString before = controller->selectBanner();
+        time.advance(15);
+        return eventually([&] { return controller->selectBanner() != before; });
+    };
+    const QString pressed = controller->selectBanner();
+    const QUrl link = controller->currentURL();
+    const QPoint point =
+        controller->bannerImage()->mapTo(window.get(), controller->bannerImage()->rect().center());
+    QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, point);
+    ASSERT_TRUE(swap());
+    QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, point);
+    EXPECT_EQ(opened, QList<QUrl>{link});
+    EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:") + pressed});
+
+    // As assistive technology presses it.
+    controller->bannerImage()->click();
+    EXPECT_EQ(opened.last(), controller->currentURL());
+    EXPECT_EQ(notifications.last(), QStringLiteral("clickforbanner:") + controller->selectBanner());
+    EXPECT_NE(opened.last(), link);
 }
 
 TEST_F(BannerControllerTest, ABannerWithoutNameOrLinkSaysSo) {
@@ -145,6 +226,53 @@ TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
         seen.insert(controller->selectBanner());
     }
     EXPECT_EQ(seen.size(), 4u);
+}
+
+TEST_F(BannerControllerTest, AHouseBannerStandsInUntilSomethingHasBeenShown) {
+    serve({banner(QStringLiteral("one"))});
+    const QString media = QStringLiteral("/media/one.gif");
+    server.faults().set(media, Fault::truncated());
+    addBanner();
+    ASSERT_TRUE(showsHouseBanner());
+    server.faults().clear();
+    time.advance(15);
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+
+    // What is shown stays when the next one can't be had.
+    const auto table = [](const QJsonObject &ad) {
+        AdsDownloader::sharedInstance()->setReplyJSON(
+            QJsonObject{{kMainBannerKey, QJsonArray{ad}}});
+    };
+    table(banner(QStringLiteral("torn")));
+    server.faults().set(QStringLiteral("/media/torn.gif"), Fault::truncated());
+    Velmora::activateDebugMode();
+    time.advance(15);
+    ASSERT_TRUE(eventually([] { return hasLogged(QStringLiteral("could not be downloaded")); }));
+    EXPECT_EQ(current()->selectBanner(), QStringLiteral("one"));
+    EXPECT_TRUE(current()->bannerSwapTimer());
+}
+
+TEST_F(BannerControllerTest, AServerThatHangsIsStoodInForByItsNextTurn) {
+    serve({banner(QStringLiteral("one"))});
+    for (const QString &what : {TablePath, QStringLiteral("/media/one.gif")}) {
+        server.faults().set(what, Fault::hang());
+        server.log().clear();
+        addBanner();
+        ASSERT_TRUE(eventually([&] { return server.log().count(what) == 1; }));
+        time.advance(14.9);
+        EXPECT_EQ(current()->selectBanner(), QString());
+        time.advance(0.1);
+        ASSERT_TRUE(showsHouseBanner()) << qPrintable(what);
+        time.advance(45);
+        EXPECT_EQ(server.log().count(), what == TablePath ? 1 : 2);
+        // It takes over as soon as it answers.
+        server.faults().clear();
+        ASSERT_TRUE(shows(QStringLiteral("one")));
+        time.advance(10);
+        EXPECT_EQ(time.timerCount(), 1u);
+        restartProcess();
+        QFile::remove(cachesFolder() + QStringLiteral("/one.gif"));
+    }
 }
 
 TEST_F(BannerControllerTest, AnUnusablePictureHidesTheBannerUntilTheNext) {
@@ -259,10 +387,12 @@ TEST_F(BannerControllerTest, ThousandsOfSwapsDoNotGrow) {
     serve(ads);
     addBanner();
     ASSERT_TRUE(eventually([&] { return current() && !current()->selectBanner().isEmpty(); }));
-    for (int i = 0; i < 40; ++i) {
+    ASSERT_TRUE(eventually([&] {
         time.advance(15);
-        quietly(2);
-    }
+        return server.log().count(QStringLiteral("/media/*")) == 4;
+    }));
+    quietly(20);
+    time.advance(15 * 20);
     const auto objects = [this] { return window->findChildren<QObject *>().size(); };
     const auto before = objects();
     time.advance(15 * 2000);

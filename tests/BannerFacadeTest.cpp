@@ -1,10 +1,14 @@
-#include "Support/StandardNames.h"
-#include "platform/Animator.h"
+#include "Animator.h"
 #include "tests/support/BannerHost.h"
 #include "tests/support/Waiting.h"
 
+#include <Velmora/StandardNames.h>
+
 #include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
+#include <QtWidgets/QApplication>
+
+#include <QtWidgets/QMainWindow>
 
 #include <cmath>
 #include <thread>
@@ -89,6 +93,88 @@ TEST_F(BannerFacadeTest, ABannerIsHiddenThroughAnyControllerInItsWindow) {
     Velmora::setBannerHidden(true, &nowhere);
     Velmora::setBannerHidden(true, nullptr);
     EXPECT_TRUE(current()->view()->isVisible());
+}
+
+TEST_F(BannerFacadeTest, AWidgetStandsForTheWindowItLiesIn) {
+    auto *inner = new QWidget(window.get());
+    auto *deeper = new QWidget(inner);
+    Velmora::addBannerForWindow(deeper);
+    Velmora::addBannerForWindow(window.get());
+    Velmora::addBannerForWindow(inner);
+    ASSERT_EQ(Velmora::BControllers().size(), 1u);
+    EXPECT_EQ(current()->view()->parentWidget(), window.get());
+    EXPECT_EQ(Velmora::BControllFromWindow(deeper), current());
+    Velmora::setBannerHeight(70, inner);
+    EXPECT_EQ(current()->height(), 70);
+}
+
+TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
+    Velmora::activateDebugMode();
+    server.stop();
+    auto gone = std::make_unique<QWidget>();
+    ViewController widowed(gone.get());
+    gone.reset();
+    ViewController nowhere(nullptr);
+    for (ViewController *host : {&nowhere, &widowed}) {
+        Velmora::addBannerForViewController(host, nullptr);
+        Velmora::setBannerHidden(true, host);
+        Velmora::setBannerHidden(false, host);
+        for (const auto &banner : Velmora::BControllers()) {
+            Velmora::setBannerHidden(false, banner.get());
+            banner->endDownloadСonfiguration();
+        }
+        time.advance(40);
+    }
+    EXPECT_TRUE(hasLogged(QStringLiteral("never shown: it was given no view")));
+    EXPECT_EQ(Velmora::BControllFromWindow(nullptr), nullptr);
+    EXPECT_EQ(time.timerCount(), 0u);
+
+    // A view that its host took out of the window is no window either.
+    addBanner();
+    ASSERT_TRUE(showsHouseBanner());
+    BannerController *removed = current();
+    removed->view()->setParent(nullptr);
+    Velmora::setBannerHidden(false, removed);
+    removed->swapBanners();
+    time.advance(20);
+    EXPECT_EQ(removed->window(), nullptr);
+    for (const QWidget *top : QApplication::topLevelWidgets())
+        EXPECT_TRUE(top == window.get() || !top->isVisible());
+
+    // A view of the host's is enough, whatever its controller has.
+    QWidget place(window.get());
+    place.resize(900, 300);
+    place.show();
+    Velmora::addBannerForViewController(&nowhere, &place);
+    EXPECT_TRUE(showsHouseBanner());
+    EXPECT_TRUE(current()->view()->isVisible());
+}
+
+TEST_F(BannerFacadeTest, ANewCentralWidgetGetsItsBannerInTheSameTurn) {
+    QMainWindow main;
+    main.setCentralWidget(new QWidget);
+    main.show();
+    Velmora::addBannerForWindow(&main);
+    ASSERT_EQ(Velmora::BControllers().size(), 1u);
+    auto *next = new QWidget;
+    main.setCentralWidget(next);
+    Velmora::addBannerForWindow(&main);
+    ASSERT_EQ(Velmora::BControllers().size(), 1u);
+    EXPECT_EQ(Velmora::BControllFromWindow(&main)->view()->parentWidget(), next);
+    handleEvents();
+    EXPECT_EQ(Velmora::BControllers().size(), 1u);
+}
+
+TEST_F(BannerFacadeTest, ARemovalInAnotherProcessTakesTheBannerAtItsNextTurn) {
+    serve({banner(QStringLiteral("one"))});
+    addBanner();
+    ASSERT_TRUE(shows(QStringLiteral("one")));
+    VLMSetObjForKey(true, QStringLiteral("adsoff"));
+    time.advance(BannerController::SwapSeconds);
+    EXPECT_TRUE(Velmora::BControllers().empty());
+    Velmora::resetAds();
+    Velmora::addBannerForWindow(window.get());
+    EXPECT_TRUE(shows(QStringLiteral("one")));
 }
 
 TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {

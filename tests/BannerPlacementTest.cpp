@@ -1,7 +1,7 @@
-#include "controls/BannerImageView.h"
-#include "controls/CloseButtonCell.h"
-#include "facade/Switches.h"
-#include "platform/Window.h"
+#include "BannerImageView.h"
+#include "CloseButtonCell.h"
+#include "Switches.h"
+#include "Window.h"
 #include "tests/support/BannerHost.h"
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
@@ -11,6 +11,9 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabWidget>
+
+#include <algorithm>
 
 namespace velmora::test {
 
@@ -63,6 +66,13 @@ TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
     EXPECT_EQ(controller->centerXInset(), 400);
     controller->setCenterXInset(-200);
     EXPECT_EQ(controller->view()->x(), -104);
+    // However far out of sight, it stays whole.
+    for (const double far : {-1e300, -1e10}) {
+        controller->setCenterXInset(far);
+        controller->setBottomInset(far);
+        EXPECT_EQ(controller->view()->size(), QSize(809, 100));
+        EXPECT_FALSE(controller->view()->geometry().intersects(window->rect()));
+    }
 }
 
 TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
@@ -84,6 +94,37 @@ TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
                     .contains(QRect(close->mapTo(controller->view(), QPoint()), close->size())));
 }
 
+TEST_F(BannerPlacementTest, InAFlatWindowItFitsAndCanBeClosed) {
+    BannerController *controller = placed();
+    const QWidget *close = controller->closeButton();
+    for (const double inset : {0.0, 30.0, 500.0}) {
+        controller->setBottomInset(inset);
+        for (const int height : {130, 100, 60, 40, 20, 10}) {
+            window->resize(1000, height);
+            handleEvents();
+            const QRect frame = controller->view()->geometry();
+            EXPECT_TRUE(window->rect().contains(frame)) << inset << ' ' << height;
+            // As large as fits; a distance from the bottom takes half of the window at most.
+            const double room = std::max(height - inset - 4, std::min(100.0, height / 2.0));
+            EXPECT_NEAR(frame.height(), std::min(room, 100.0), 1) << inset << ' ' << height;
+            EXPECT_NEAR(frame.width(), frame.height() * 728 / 90.0, 8);
+            EXPECT_NEAR(frame.center().x(), 500, 1);
+
+            const QRect button(close->mapTo(window.get(), QPoint()), close->size());
+            EXPECT_TRUE(frame.contains(button)) << inset << ' ' << height;
+            EXPECT_EQ(button.height(), std::min(24, frame.height()));
+            EXPECT_EQ(window->childAt(button.center()), close);
+            if (button.height() > 12) {
+                EXPECT_NE(pixelAt(button.center()), QColor(Qt::red)) << inset << ' ' << height;
+            }
+        }
+    }
+    window->resize(1000, 600);
+    handleEvents();
+    EXPECT_EQ(controller->view()->geometry().height(), 100);
+    EXPECT_EQ(close->size(), QSize(24, 24));
+}
+
 TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
     auto *field = new QPushButton(QStringLiteral("host"), window.get());
     field->setGeometry(0, 400, 1000, 200);
@@ -95,6 +136,9 @@ TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
     late->setGeometry(0, 400, 1000, 200);
     late->show();
     EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
+    // Its shadow too.
+    const QColor lit = pixelAt({50, 597});
+    EXPECT_LT(pixelAt({500, 597}).lightness(), lit.lightness());
     EXPECT_TRUE(field->hasFocus());
     for (const QWidget *part : controller->view()->findChildren<QWidget *>())
         EXPECT_EQ(part->focusPolicy(), Qt::NoFocus) << qPrintable(part->objectName());
@@ -116,6 +160,90 @@ TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
     EXPECT_EQ(Velmora::BControllFromWindow(&host), nullptr);
     Velmora::addBannerForWindow(&host);
     EXPECT_NE(Velmora::BControllFromWindow(&host), nullptr);
+}
+
+TEST_F(BannerPlacementTest, APageTakesItsBannerFromWindowToWindow) {
+    serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    // Shown by itself once, as a page may be before it has its place.
+    auto *page = new QWidget;
+    page->show();
+    page->hide();
+    auto *other = new QWidget;
+    ViewController host(page);
+    Velmora::addBannerForViewController(&host, nullptr);
+    Velmora::addBannerForWindow(other);
+    const auto banners = Velmora::BControllers();
+    BannerController &first = *banners.at(0);
+    BannerController &second = *banners.at(1);
+
+    QMainWindow main;
+    main.resize(1000, 600);
+    auto *tabs = new QTabWidget;
+    tabs->addTab(page, QStringLiteral("page"));
+    tabs->addTab(other, QStringLiteral("other"));
+    main.setCentralWidget(tabs);
+    EXPECT_EQ(first.window(), &main);
+    EXPECT_EQ(Velmora::BControllFromWindow(page), &second);
+    EXPECT_EQ(Velmora::BControllFromWindow(&main), &second);
+    ASSERT_TRUE(
+        eventually([] { return AdsDownloader::sharedInstance()->isUpdateAdsCurrentSession(); }));
+    time.advance(20);
+    EXPECT_EQ(first.selectBanner(), QString());
+
+    // What is shown is shown at once; the page behind has its banner ready and then rests.
+    main.show();
+    const auto has = [](const BannerController &banner) {
+        return eventually([&] { return !banner.selectBanner().isEmpty(); });
+    };
+    ASSERT_TRUE(has(first) && has(second));
+    time.advance(60);
+    EXPECT_TRUE(first.bannerSwapTimer());
+    EXPECT_FALSE(second.bannerSwapTimer());
+    tabs->setCurrentWidget(other);
+    handleEvents();
+    EXPECT_TRUE(second.bannerSwapTimer());
+    time.advance(60);
+    EXPECT_FALSE(first.bannerSwapTimer());
+
+    // Torn off into a window of its own.
+    QWidget torn;
+    torn.resize(900, 300);
+    page->setParent(&torn);
+    page->setGeometry(torn.rect());
+    page->show();
+    EXPECT_EQ(Velmora::BControllFromWindow(&torn), &first);
+    time.advance(20);
+    EXPECT_FALSE(first.bannerSwapTimer());
+    torn.show();
+    handleEvents();
+    EXPECT_TRUE(first.bannerSwapTimer());
+    main.hide();
+    time.advance(60);
+    EXPECT_TRUE(first.bannerSwapTimer());
+    EXPECT_FALSE(second.bannerSwapTimer());
+    EXPECT_TRUE(first.view()->isVisible());
+    delete page;
+    EXPECT_EQ(Velmora::BControllFromWindow(&torn), nullptr);
+}
+
+TEST_F(BannerPlacementTest, InAnotherSuperviewItIsPlacedAnewWithItsShadow) {
+    BannerController *controller = placed();
+    QWidget other;
+    other.resize(900, 300);
+    other.show();
+    controller->view()->setParent(&other);
+    controller->view()->show();
+    EXPECT_EQ(Velmora::BControllFromWindow(&other), controller);
+    EXPECT_EQ(controller->view()->geometry(), QRect(46, 196, 809, 100));
+    handleEvents();
+    const QImage image = other.grab().toImage();
+    const auto lightness = [&](QPoint point) {
+        return image.pixelColor(point * image.devicePixelRatio()).lightness();
+    };
+    EXPECT_LT(lightness({450, 297}), lightness({20, 297}));
+    other.resize(900, 400);
+    handleEvents();
+    EXPECT_EQ(controller->view()->y(), 296);
 }
 
 TEST_F(BannerPlacementTest, ASplitterGetsNoPaneMore) {
@@ -171,6 +299,7 @@ TEST(ConstraintLayoutTest, SolvesWithAnyNumbers) {
                 const QRectF frame =
                     ConstraintLayout::solve(constraints(height, aspect, center, 4), {800, 600});
                 EXPECT_GE(frame.height(), 0);
+                EXPECT_GE(frame.top(), -1e-6);
                 EXPECT_LE(frame.width(), 800);
                 EXPECT_LE(frame.right(), 800 + 1e-6);
                 EXPECT_NEAR(frame.bottom(), 596, 1e-6);

@@ -1,16 +1,21 @@
-#include "controls/BannerImageView.h"
-#include "controls/CloseButtonCell.h"
-#include "controls/ColoredButtonCell.h"
-#include "platform/InterfaceLoader.h"
-#include "platform/SystemVersion.h"
+#include "BannerImageView.h"
+#include "CloseButtonCell.h"
+#include "ColoredButtonCell.h"
+#include "InterfaceLoader.h"
+#include "SystemVersion.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
 #include <Velmora/Velmora.h>
 
+#include <QtCore/QBuffer>
 #include <QtGui/QPainter>
+#include <QtTest/QTest>
 #include <QtWidgets/QScrollArea>
+
+#include <algorithm>
+#include <vector>
 
 namespace velmora::test {
 
@@ -132,6 +137,91 @@ TEST_F(BannerImageViewTest, CornersAreRoundedByHeight) {
     EXPECT_EQ(pixel(window, {191, 99}), behind);
     EXPECT_EQ(pixel(window, {15, 15}), QColor(Qt::red));
     EXPECT_EQ(pixel(window, {14, 10}), QColor(Qt::red));
+}
+
+// The brightness of the pixels in a widget's middle row.
+static std::vector<int> middleRow(QWidget &widget) {
+    const QImage image = widget.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    const uchar *row = image.constScanLine(image.height() / 2);
+    return {row, row + image.width()};
+}
+
+static QByteArray pngOf(const QImage &image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "png"));
+    return bytes;
+}
+
+TEST_F(BannerImageViewTest, APictureOfOneFrameIsSharpAtEverySizeAfterAnyOther) {
+    const QSize whole(1456, 180);
+    QImage halves(whole, QImage::Format_RGB32);
+    halves.fill(Qt::black);
+    QPainter(&halves).fillRect(728, 0, 728, 180, Qt::white);
+    window.resize(900, 400);
+    window.show();
+    const auto drawnAt = [&](const QSize &size) {
+        view->setNominalHeight(size.height());
+        view->resize(size);
+        quietly(30);
+        const int decoded = view->decodedFrames();
+        const auto row = middleRow(*view);
+        // Drawn again at the same size it is not decoded again.
+        EXPECT_EQ(view->decodedFrames(), decoded);
+        return row;
+    };
+    int number = 0;
+    const auto show = [&](const QByteArray &picture) {
+        const QString name = QStringLiteral("still%1.gif").arg(++number);
+        putInCaches(name, picture);
+        view->setImage(cachesFolder() + QLatin1Char('/') + name);
+    };
+    for (const QByteArray &picture : {stillGif(Qt::black, Qt::white, whole), pngOf(halves)}) {
+        show(picture);
+        for (const QSize &size : {QSize(91, 11), QSize(364, 45), QSize(728, 90), QSize(809, 100)}) {
+            const auto row = drawnAt(size);
+            const auto blurred =
+                std::count_if(row.begin(), row.end(), [](int c) { return c > 8 && c < 247; });
+            EXPECT_LE(blurred, 3) << number << " at width " << size.width();
+        }
+    }
+    // Made smaller, details run together instead of flickering as black and white.
+    for (int x = 0; x < whole.width(); x += 12)
+        QPainter(&halves).fillRect(x, 0, 6, 180, x < 728 ? Qt::white : Qt::black);
+    show(pngOf(halves));
+    drawnAt({728, 90});
+    for (const int brightness : drawnAt({91, 11}))
+        EXPECT_NEAR(brightness, 128, 70);
+}
+
+TEST_F(BannerImageViewTest, AnAnimationThatHasEndedIsSharpAtItsNewSize) {
+    QByteArray once = gif({Qt::red, Qt::green}, {182, 22}, 2);
+    once.remove(once.indexOf("\x21\xff\x0b"), 19);
+    putInCaches(QStringLiteral("once.gif"), once);
+    view->setImage(cachesFolder() + QStringLiteral("/once.gif"));
+    window.show();
+    ASSERT_TRUE(eventually([&] { return view->decodedFrames() == 2; }));
+    quietly(80);
+    EXPECT_EQ(view->decodedFrames(), 2);
+    view->setNominalHeight(60);
+    EXPECT_TRUE(eventually([&] { return view->decodedFrames() == 4; }, 2000));
+    EXPECT_EQ(pixel(*view, {90, 11}), QColor(Qt::green));
+}
+
+TEST_F(BannerImageViewTest, ADragThatComesBackIsStillTheSamePress) {
+    window.show();
+    int presses = 0;
+    int clicks = 0;
+    QObject::connect(view, &BannerImageView::wentDown, [&] { ++presses; });
+    QObject::connect(view, &QAbstractButton::clicked, [&] { ++clicks; });
+    QTest::mousePress(view, Qt::LeftButton, {}, {50, 10});
+    QTest::mouseMove(view, {50, 100});
+    QTest::mouseMove(view, {60, 10});
+    QTest::mouseRelease(view, Qt::LeftButton, {}, {60, 10});
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(clicks, 1);
+    view->click();
+    EXPECT_EQ(presses, 2);
 }
 
 class ButtonsTest : public FreshProcess {};

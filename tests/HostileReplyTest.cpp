@@ -1,14 +1,15 @@
-#include "content/AdKeys.h"
-#include "content/AdsDownloader.h"
-#include "facade/Switches.h"
-#include "platform/ProcessRoot.h"
-#include "platform/SerialQueue.h"
+#include "AdKeys.h"
+#include "AdsDownloader.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
+#include "Switches.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 
 namespace velmora::test {
@@ -110,7 +111,6 @@ TEST_F(HostileReplyTest, AdsWithHostileFieldsAreNeverDrawn) {
     spoilt(kBannerURL, QStringLiteral("file:///etc/passwd"));
     spoilt(kBannerURL, QJsonObject());
     spoilt(kBannerPriority, QJsonArray{1});
-    spoilt(kBannerPriority, QJsonValue::Null);
     startWith(QJsonObject{{kMainBannerKey, ads}, {kMainVideoKey, ads}});
     for (const QString &name : drawMany())
         EXPECT_EQ(name, QStringLiteral("good"));
@@ -120,6 +120,46 @@ TEST_F(HostileReplyTest, AdsWithHostileFieldsAreNeverDrawn) {
         EXPECT_TRUE(hasLogged(QLatin1String(reason))) << reason;
     EXPECT_EQ(outside(), before);
     EXPECT_EQ(server.log().requests(QStringLiteral("/media/bad*")).size(), 0);
+}
+
+TEST_F(HostileReplyTest, WhatIsMerelyEmptyOrOddDisqualifiesNoAd) {
+    const auto with = [&](const QString &key, const QJsonValue &value) {
+        QJsonObject ad = banner(QStringLiteral("plain"));
+        ad.insert(key, value);
+        return ad;
+    };
+    for (const QJsonObject &ad :
+         {with(kBannerURL, QString()), with(kBannerURL, QStringLiteral(" \t\n")),
+          with(kBannerURL, QJsonValue::Null), with(kBannerPriority, QJsonValue::Null)}) {
+        // An ad without a weight takes the weight of the next, as ever.
+        startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad, banner(QStringLiteral("next"), 5)}}});
+        downloader().downloadBannerWithComplitionBlock({});
+        EXPECT_EQ(logged().filter(QStringLiteral("refused")), QStringList());
+        EXPECT_EQ(downloader().replyJSON()->value(kMainBannerKey).toArray().size(), 2);
+    }
+
+    // The lock of the table's file is in nobody's way.
+    const QString path = QStringLiteral("/x/savedAds.lock");
+    server.campaign().setMedia(path, "a picture");
+    const QJsonObject ad = with(kBannerImgURL, path);
+    startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad}}});
+    drawMany();
+    EXPECT_EQ(downloader().bannerURL().fileName(), QStringLiteral("savedAds.lock"));
+    EXPECT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    EXPECT_TRUE(AdsCacheInfoStorage::cacheInfo()->value(kMainBannerKey).toArray().contains(ad));
+    EXPECT_FALSE(hasLogged(QStringLiteral("without its lock")));
+    EXPECT_EQ(QFileInfo(downloader().bannerURL().toLocalFile()).size(), 9);
+}
+
+TEST_F(HostileReplyTest, ANameTooLongForTheDiskIsTheDisksToRefuse) {
+    QJsonObject ad = banner(QStringLiteral("long"));
+    const QString path = QLatin1Char('/') + QString(300, QLatin1Char('a'));
+    server.campaign().setMedia(path, "a picture");
+    ad.insert(kBannerImgURL, path);
+    startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad}}});
+    drawMany();
+    EXPECT_TRUE(downloader().bannerURL().isEmpty());
+    EXPECT_TRUE(eventually([] { return hasLogged(QStringLiteral("name too long")); }));
 }
 
 TEST_F(HostileReplyTest, TheTableFileSurvivesAnAdThatNamesIt) {
@@ -141,16 +181,16 @@ TEST_F(HostileReplyTest, AnErrorPageIsStoredUnderTheMediasNameAndAFolderIsNot) {
     server.faults().set(QStringLiteral("/media/page.gif"),
                         Fault::statusCode(404, "<html>none</html>"));
     downloader().downloadBannerWithComplitionBlock({});
-    EXPECT_TRUE(eventually(
-        [] { return QFile(cachesFolder() + QStringLiteral("/page.gif")).size() == 17; }));
+    EXPECT_TRUE(eventually([] { return !downloader().bannerURL().isEmpty(); }));
+    EXPECT_EQ(QFile(cachesFolder() + QStringLiteral("/page.gif")).size(), 17);
 
     QDir().mkpath(cachesFolder() + QStringLiteral("/folder.gif"));
     downloader().setReplyJSON(
         QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("folder"))}}});
-    bool called = false;
-    downloader().downloadBannerWithComplitionBlock([&] { called = true; });
-    quietly(60);
-    EXPECT_FALSE(called);
+    bool failed = false;
+    downloader().downloadBannerWithComplitionBlock(
+        [&](const BannerAd &, bool hasFailed) { failed = hasFailed; });
+    EXPECT_TRUE(failed);
     EXPECT_TRUE(hasLogged(QStringLiteral("a folder has its name")));
 }
 

@@ -5,13 +5,15 @@ namespace velmora::test {
 TEST_F(NetworkOfOurOwn, IsReadAtAnyMoment) {
     if (!isInside())
         return runInside();
-    EXPECT_EQ(query("127.0.0.1"), RouteReachable | RouteIsLocalAddress | RouteIsDirect);
-    EXPECT_EQ(query("10.9.0.1"), RouteReachable | RouteIsLocalAddress | RouteIsDirect);
-    EXPECT_EQ(query("10.9.0.2"), RouteReachable | RouteIsDirect);
-    EXPECT_EQ(query("::ffff:10.9.0.2"), RouteReachable | RouteIsDirect);
-    EXPECT_EQ(query("fd09::2"), RouteReachable | RouteIsDirect);
+    EXPECT_EQ(query("127.0.0.1"), ReachabilityFlagReachable | ReachabilityFlagIsLocalAddress |
+                                      ReachabilityFlagIsDirect);
+    EXPECT_EQ(query("10.9.0.1"), ReachabilityFlagReachable | ReachabilityFlagIsLocalAddress |
+                                     ReachabilityFlagIsDirect);
+    EXPECT_EQ(query("10.9.0.2"), ReachabilityFlagReachable | ReachabilityFlagIsDirect);
+    EXPECT_EQ(query("::ffff:10.9.0.2"), ReachabilityFlagReachable | ReachabilityFlagIsDirect);
+    EXPECT_EQ(query("fd09::2"), ReachabilityFlagReachable | ReachabilityFlagIsDirect);
     EXPECT_EQ(query("192.0.2.1"), 0u);
-    EXPECT_EQ(query("fe80::1%nowhere") & RouteIsLocalAddress, 0u);
+    EXPECT_EQ(query("fe80::1%nowhere") & ReachabilityFlagIsLocalAddress, 0u);
     EXPECT_EQ(RouteMonitor::query({}), 0u);
 
     const auto internet = Reachability::reachabilityForInternetConnection();
@@ -22,13 +24,13 @@ TEST_F(NetworkOfOurOwn, IsReadAtAnyMoment) {
     EXPECT_TRUE(local->isReachable());
 
     ip("route add default via 10.9.0.2");
-    EXPECT_EQ(internet->reachabilityFlags(), RouteFlags(RouteReachable));
+    EXPECT_EQ(internet->reachabilityFlags(), ReachabilityFlags(ReachabilityFlagReachable));
     EXPECT_EQ(internet->currentReachabilityStatus(), NetworkStatusWiFi);
     EXPECT_EQ(internet->currentReachabilityString(), QStringLiteral("WiFi"));
     EXPECT_FALSE(internet->isReachableViaWWAN());
     EXPECT_TRUE(AdsMacHelper::isInternetConnection());
     EXPECT_TRUE(internet->description().contains(QLatin1String("(XR -------)>")));
-    EXPECT_EQ(query("192.0.2.1"), RouteFlags(RouteReachable));
+    EXPECT_EQ(query("192.0.2.1"), ReachabilityFlags(ReachabilityFlagReachable));
 
     Deployment probe = Deployment::builtIn();
     probe.reachabilityProbe = QStringLiteral("10.8.0.1");
@@ -57,8 +59,7 @@ TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
     if (!isInside())
         return runInside();
     const auto internet = Reachability::reachabilityForInternetConnection();
-    const auto neighbour =
-        Reachability::reachabilityWithAddress(QHostAddress(QStringLiteral("10.9.0.2")));
+    const auto neighbour = Reachability::reachabilityWithAddress(QStringLiteral("10.9.0.2"));
     Recorder ofInternet(*internet);
     Recorder ofNeighbour(*neighbour);
     ASSERT_TRUE(internet->startNotifier());
@@ -103,15 +104,16 @@ TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
         })) << row.command
             << ": " << ofInternet.notified << " of " << internetChanges << ", "
             << ofNeighbour.notified << " of " << neighbourChanges;
-        EXPECT_EQ((ofInternet.last & RouteReachable) != 0, internetAfter) << row.command;
+        EXPECT_EQ((ofInternet.reports->last & ReachabilityFlagReachable) != 0, internetAfter)
+            << row.command;
         EXPECT_EQ(internet->isReachable(), internetAfter) << row.command;
         EXPECT_EQ(neighbour->isReachable(), row.neighbourAfter) << row.command;
         internetBefore = internetAfter;
         neighbourBefore = row.neighbourAfter;
     }
-    EXPECT_EQ(ofInternet.all, internetChanges);
-    EXPECT_EQ(ofInternet.reachable + ofInternet.unreachable, internetChanges);
-    EXPECT_EQ(ofNeighbour.reachable + ofNeighbour.unreachable, neighbourChanges);
+    EXPECT_EQ(ofInternet.reports->all, internetChanges);
+    EXPECT_EQ(ofInternet.reports->reachable + ofInternet.reports->unreachable, internetChanges);
+    EXPECT_EQ(ofNeighbour.reports->reachable + ofNeighbour.reports->unreachable, neighbourChanges);
 
     // While nothing changes nobody wakes up.
     EXPECT_GE(watcherWakeUps(), 2);
@@ -134,8 +136,9 @@ TEST_F(NetworkOfOurOwn, KnowsPointToPointLinks) {
     ip("link set tunnel addrgenmode none");
     ip("link set tunnel up");
     ip("route add default dev tunnel");
-    const RouteFlags unheld =
-        RouteReachable | RouteTransientConnection | RouteConnectionRequired | RouteIsDirect;
+    const ReachabilityFlags unheld = ReachabilityFlagReachable |
+                                     ReachabilityFlagTransientConnection |
+                                     ReachabilityFlagConnectionRequired | ReachabilityFlagIsDirect;
     EXPECT_EQ(query("10.7.0.2"), unheld);
     EXPECT_EQ(query("0.0.0.0"), unheld);
     EXPECT_FALSE(AdsMacHelper::isInternetConnection());
@@ -152,11 +155,14 @@ TEST_F(NetworkOfOurOwn, KnowsPointToPointLinks) {
     qstrncpy(request.ifr_name, "tunnel", sizeof request.ifr_name);
     request.ifr_flags = IFF_TUN;
     ASSERT_EQ(ioctl(holder, TUNSETIFF, &request), 0);
-    EXPECT_TRUE(eventually([&] { return recorder.reachable == 1; }));
-    EXPECT_EQ(recorder.last, RouteReachable | RouteTransientConnection | RouteIsDirect);
+    EXPECT_TRUE(eventually([&] { return recorder.reports->all == 1; }));
+    EXPECT_EQ(recorder.reports->reachable, 1);
+    EXPECT_EQ(recorder.reports->last, ReachabilityFlagReachable |
+                                          ReachabilityFlagTransientConnection |
+                                          ReachabilityFlagIsDirect);
     EXPECT_TRUE(AdsMacHelper::isInternetConnection());
     close(holder);
-    EXPECT_TRUE(eventually([&] { return recorder.unreachable == 1; }));
+    EXPECT_TRUE(eventually([&] { return recorder.reports->unreachable == 1; }));
     internet->stopNotifier();
 }
 
@@ -181,11 +187,11 @@ TEST_F(NetworkOfOurOwn, FollowsHostNames) {
     Recorder recorder(*monitor);
     ASSERT_TRUE(monitor->startNotifier());
     ip("link set far down");
-    EXPECT_TRUE(eventually([&] { return recorder.unreachable == 1; }));
+    EXPECT_TRUE(eventually([&] { return recorder.reports->unreachable == 1; }));
     setAddress("192.0.2.1"); // which only the default route leads to
     ip("link set far up");
     ip("route add default via 10.9.0.2");
-    EXPECT_TRUE(eventually([&] { return recorder.last == RouteReachable; }));
+    EXPECT_TRUE(eventually([&] { return recorder.reports->last == ReachabilityFlagReachable; }));
     monitor->stopNotifier();
 
     // Nobody answers this look-up; destroying its monitor does not wait for it either.
@@ -215,8 +221,7 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
     std::atomic<bool> done = false;
     std::atomic<int> reports = 0;
     std::vector<std::thread> threads;
-    const auto shared =
-        Reachability::reachabilityWithAddress(QHostAddress(QStringLiteral("192.0.2.1")));
+    const auto shared = Reachability::reachabilityWithAddress(QStringLiteral("192.0.2.1"));
     for (int i = 0; i < 3; ++i) {
         threads.emplace_back([&, life = std::chrono::milliseconds(10 + 40 * i)] {
             while (!done) {
@@ -224,8 +229,7 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
                     ++reports;
                 };
                 shared->startNotifier();
-                const auto own = Reachability::reachabilityWithAddress(
-                    QHostAddress(QStringLiteral("192.0.2.2")));
+                const auto own = Reachability::reachabilityWithAddress(QStringLiteral("192.0.2.2"));
                 own->reachableBlock = [&reports](Reachability *) { ++reports; };
                 own->startNotifier();
                 std::this_thread::sleep_for(life);
@@ -254,8 +258,7 @@ TEST_F(NetworkOfOurOwn, SaysWhenItCannotBeWatched) {
 #endif
     if (!isInside())
         return runInside();
-    const auto monitor =
-        Reachability::reachabilityWithAddress(QHostAddress(QStringLiteral("10.9.0.2")));
+    const auto monitor = Reachability::reachabilityWithAddress(QStringLiteral("10.9.0.2"));
     rlimit before{};
     getrlimit(RLIMIT_NOFILE, &before);
     rlimit none = before;

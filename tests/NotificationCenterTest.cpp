@@ -1,5 +1,5 @@
-#include "platform/NotificationCenter.h"
 #include "tests/support/FreshProcess.h"
+#include <Velmora/NotificationCenter.h>
 
 #include <optional>
 

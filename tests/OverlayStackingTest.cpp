@@ -224,7 +224,7 @@ TEST_P(OverlayAnewTest, AWindowMadeAnewKeepsItsOverlay) {
     addContent();
     overlay->setHiddenNow(false);
     window->setWindowFlag(Qt::WindowStaysOnTopHint);
-    quietly(100); // or else the toolkit confuses the old native window with the new one
+    quietly(100); // or else Qt confuses the old native window with the new one
     window->show();
     expectOverlayInForce();
 }
@@ -234,7 +234,7 @@ const auto nameOfContent = [](const ::testing::TestParamInfo<Content> &content) 
 };
 INSTANTIATE_TEST_SUITE_P(Contents, OverlayStackingTest, ::testing::ValuesIn(Contents),
                          nameOfContent);
-// Without the native widget: the toolkit itself loses its window then.
+// Without the native widget: Qt itself loses its window then.
 INSTANTIATE_TEST_SUITE_P(Contents, OverlayAnewTest,
                          ::testing::Values(Contents[0], Contents[1], Contents[2], Contents[4],
                                            Contents[5]),

@@ -1,3 +1,4 @@
+#include "MachineIdentifier.h"
 #include "tests/support/NetworkOfOurOwn.h"
 
 namespace velmora::test {
@@ -35,36 +36,33 @@ TEST(Reachability, DerivesItsAnswersFromTheFlags) {
 TEST(Reachability, TakesAddressAndPortFromUrl) {
     struct Row {
         const char *url;
-        const char *address;
+        const char *host;
         int port;
-        const char *hostName;
     };
     const Row rows[] = {
-        {"https://127.0.0.1/a", "127.0.0.1", 443, ""},
-        {"http://127.0.0.1", "127.0.0.1", 80, ""},
-        {"ftp://127.0.0.1", "127.0.0.1", 80, ""},
-        {"https://127.0.0.1:8443", "127.0.0.1", 8443, ""},
-        {"https://localhost:8443", "", 0, "localhost"},
+        {"https://127.0.0.1/a", "127.0.0.1", 443},  {"http://127.0.0.1", "127.0.0.1", 80},
+        {"ftp://127.0.0.1", "127.0.0.1", 80},       {"https://127.0.0.1:8443", "127.0.0.1", 8443},
+        {"https://localhost:8443", "localhost", 0},
     };
     for (const Row &row : rows) {
         const auto monitor = Reachability::reachabilityWithURL(QUrl(QLatin1String(row.url)));
         ASSERT_TRUE(monitor) << row.url;
-        EXPECT_EQ(monitor->target().address, QHostAddress(QLatin1String(row.address))) << row.url;
-        EXPECT_EQ(monitor->target().port, row.port) << row.url;
-        EXPECT_EQ(monitor->target().hostName, QLatin1String(row.hostName)) << row.url;
+        EXPECT_EQ(monitor->targetHost(), QLatin1String(row.host)) << row.url;
+        EXPECT_EQ(monitor->targetPort(), row.port) << row.url;
     }
     for (const char *text : {"1.2.3", "1.2.3.4.5", "256.1.1.1", "::1", "", "a.b.c.d", "1.2.3.4 "})
         EXPECT_FALSE(Reachability::isIpAddress(QLatin1String(text))) << text;
     EXPECT_FALSE(Reachability::isIpAddress(QStringLiteral("1.2.3.4") + QChar::Null));
 
     EXPECT_FALSE(Reachability::reachabilityWithURL(QUrl(QStringLiteral("file:///etc/hosts"))));
-    EXPECT_FALSE(Reachability::reachabilityWithAddress(QHostAddress()));
+    for (const char *text : {"", "localhost", "1.2.3.4.5"})
+        EXPECT_FALSE(Reachability::reachabilityWithAddress(QLatin1String(text))) << text;
     EXPECT_FALSE(Reachability::reachabilityWithHostName(QString(300, QLatin1Char('a'))));
     EXPECT_FALSE(Reachability::reachabilityWithHostname(QStringLiteral("a") + QChar::Null));
 }
 
 TEST(Reachability, NotifierKeepsItsMonitorAlive) {
-    auto monitor = Reachability::reachabilityWithAddress(QHostAddress(QHostAddress::LocalHost));
+    auto monitor = Reachability::reachabilityWithAddress(QStringLiteral("127.0.0.1"));
     ASSERT_TRUE(monitor);
     const std::weak_ptr<Reachability> weak = monitor;
     EXPECT_TRUE(monitor->startNotifier());
@@ -74,18 +72,19 @@ TEST(Reachability, NotifierKeepsItsMonitorAlive) {
     weak.lock()->stopNotifier();
     EXPECT_TRUE(weak.expired());
 
-    auto idle = Reachability::reachabilityWithAddress(QHostAddress(QHostAddress::LocalHost));
+    auto idle = Reachability::reachabilityWithAddress(QStringLiteral("127.0.0.1"));
     idle->stopNotifier();
     EXPECT_EQ(idle.use_count(), 1);
 }
 
 TEST(SystemIdentity, IsUuidText) {
-    EXPECT_EQ(AdsMacHelper::uuidText("3d1219c7c4c5404aaa1f6d2a48adfda4\n"),
+    EXPECT_EQ(MachineIdentifier::uuidText("3d1219c7c4c5404aaa1f6d2a48adfda4\n"),
               QStringLiteral("3D1219C7-C4C5-404A-AA1F-6D2A48ADFDA4"));
-    EXPECT_EQ(AdsMacHelper::uuidText("3d1219c7-c4c5-404a-aa1f-6d2a48adfda4"),
+    EXPECT_EQ(MachineIdentifier::uuidText("3d1219c7-c4c5-404a-aa1f-6d2a48adfda4"),
               QStringLiteral("3D1219C7-C4C5-404A-AA1F-6D2A48ADFDA4"));
-    EXPECT_EQ(AdsMacHelper::uuidText(""), QString());
-    EXPECT_EQ(AdsMacHelper::getSystemUUID(), AdsMacHelper::uuidText(QSysInfo::machineUniqueId()));
+    EXPECT_EQ(MachineIdentifier::uuidText(""), QString());
+    EXPECT_EQ(AdsMacHelper::getSystemUUID(),
+              MachineIdentifier::uuidText(QSysInfo::machineUniqueId()));
 }
 
 } // namespace velmora::test

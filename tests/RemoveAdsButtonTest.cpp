@@ -1,7 +1,7 @@
-#include "controls/RemoveAdsButton.h"
+#include "RemoveAdsButton.h"
 
-#include "Support/NSBezierPath+Extension.h"
-#include "controls/ColoredView.h"
+#include "ColoredView.h"
+#include "NSBezierPath+Extension.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"

@@ -5,6 +5,11 @@
 #include <QtGui/QPainter>
 #include <QtGui/QRasterWindow>
 #include <QtGui/QScreen>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace velmora::test {
@@ -24,15 +29,17 @@ protected:
 /// A splash screen over a window that a game engine fills, as it is seen on a real screen.
 class SplashDisplayTest : public SplashHost, public ::testing::WithParamInterface<bool> {
 protected:
-    bool isSeen(const QColor &color, QPoint place) const {
-        const QPoint point = window->mapToGlobal(place);
-        return window->screen()
+    bool isSeen(const QColor &color, QPoint place) const { return isSeenAt(color, window, place); }
+
+    static bool isSeenAt(const QColor &color, const QWidget *widget, QPoint place) {
+        const QPoint point = widget->mapToGlobal(place);
+        return widget->screen()
                    ->grabWindow(0, point.x(), point.y(), 1, 1)
                    .toImage()
                    .pixelColor(0, 0) == color;
     }
 
-    void clickOn(const QWidget *button) {
+    static void clickOn(const QWidget *button) {
         const QPoint point = button->mapToGlobal(button->rect().center());
         runOnDisplay(QStringLiteral("xdotool"),
                      {QStringLiteral("mousemove"), QString::number(point.x()),
@@ -70,6 +77,54 @@ TEST_P(SplashDisplayTest, ItCoversAnEngineAndIsClosedByTheMouse) {
     EXPECT_TRUE(eventually([] { return !Velmora::isShowSplashScreen(); }));
     EXPECT_EQ(heard(), (QStringList{QStringLiteral("splashscreendidclose")}));
     EXPECT_TRUE(eventually([this] { return isSeen(Qt::darkGreen, {20, 20}); }));
+}
+
+TEST_P(SplashDisplayTest, ItCoversAMainWindowBelowItsMenuBar) {
+    QMainWindow main;
+    main.menuBar()->setNativeMenuBar(false);
+    main.menuBar()->addMenu(QStringLiteral("File"));
+    auto *dock = new QDockWidget;
+    auto *inDock = new QPushButton(QStringLiteral("in the dock"));
+    inDock->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    dock->setWidget(inDock);
+    main.addDockWidget(Qt::LeftDockWidgetArea, dock);
+    if (GetParam())
+        main.setCentralWidget(QWidget::createWindowContainer(new Engine));
+    else
+        main.setCentralWidget(new QLabel(QStringLiteral("content")));
+    int hostClicks = 0;
+    QObject::connect(inDock, &QPushButton::clicked, [&hostClicks] { ++hostClicks; });
+    main.resize(600, 400);
+    main.show();
+    Velmora::addSplashScreenToWindow(&main);
+    ASSERT_TRUE(eventually([&main] {
+        if (!main.isActiveWindow())
+            main.activateWindow();
+        return presenter().isFocus();
+    }));
+    const QPoint inMenu = main.menuBar()->rect().center();
+    const QColor menuColor = main.palette().color(QPalette::Window);
+    ASSERT_TRUE(eventually([&] { return isSeenAt(menuColor, main.menuBar(), inMenu); }));
+
+    Velmora::forceShow();
+    time.advance(1);
+    EXPECT_EQ(controller(&main).overlay()->isNative(), GetParam());
+    for (const QWidget *covered : {static_cast<QWidget *>(inDock), main.centralWidget()})
+        EXPECT_TRUE(eventually([covered] { return isSeenAt(Qt::white, covered, {9, 9}); }));
+    EXPECT_TRUE(isSeenAt(menuColor, main.menuBar(), inMenu));
+    // The host's new content is covered as well.
+    main.setCentralWidget(new QLabel(QStringLiteral("new content")));
+    EXPECT_TRUE(eventually([&main] { return isSeenAt(Qt::white, main.centralWidget(), {9, 9}); }));
+    clickOn(inDock);
+    time.advance(10);
+    const QWidget *close = controller(&main).outlets().closeButton;
+    ASSERT_TRUE(eventually([close] { return close->isVisible(); }));
+    clickOn(close);
+    EXPECT_TRUE(eventually([] { return !Velmora::isShowSplashScreen(); }));
+    EXPECT_EQ(hostClicks, 0);
+    time.advance(1);
+    clickOn(inDock);
+    EXPECT_TRUE(eventually([&hostClicks] { return hostClicks == 1; }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Registered, SplashDisplayTest, ::testing::Bool(),

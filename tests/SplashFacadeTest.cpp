@@ -1,4 +1,6 @@
-#include "facade/FacadeState.h"
+#include "BannerController.h"
+#include "FacadeState.h"
+#include "tests/support/LocalAdServer.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
 
@@ -37,7 +39,8 @@ TEST_F(SplashFacadeTest, ThePresenterIsMadeByTheFirstCallThatNeedsIt) {
     // The message says the opposite, and the setter goes on.
     Velmora::setSplashScreenTextColor(Qt::red);
     EXPECT_EQ(warnings("SplashScreen controller not initialized!"), 1);
-    EXPECT_EQ(controller(openRegistered(QStringLiteral("window"))).textColor(), QColor(Qt::red));
+    EXPECT_EQ(controller(openRegistered(QStringLiteral("window"))).appearance().textColor,
+              QColor(Qt::red));
     EXPECT_FALSE(Velmora::isInitializedSplashScreenWithLOG_ERROR());
 }
 
@@ -83,6 +86,65 @@ TEST_F(SplashFacadeTest, ADefaultVideoIsGivenByAddressOrByName) {
     Velmora::setDefaultVideoName(QStringLiteral("missing.mp4"), QStringLiteral("42"));
     EXPECT_TRUE(presenter().defaultVideoUrl().isEmpty());
     EXPECT_TRUE(hasLogged(QStringLiteral("LOAD VIDEO WITH URL : (null)")));
+}
+
+// Hosts with a real ad server whose first call is about splash screens.
+class SplashOnlyHostTest : public LocalAdServer {
+protected:
+    SplashOnlyHostTest() {
+        serve({}, {video(QStringLiteral("film"))});
+        window.show();
+    }
+    int requests() { return server.log().count(TablePath); }
+    static bool hasVideo() { return !AdsDownloader::sharedInstance()->linkVideoURL().isEmpty(); }
+
+    QWidget window;
+};
+
+TEST_F(SplashOnlyHostTest, TheAdServerIsAskedOnceARun) {
+    Velmora::setSplashScreenDelay(3);
+    Velmora::addSplashScreenToWindow(&window);
+    Velmora::addBannerForWindow(&window);
+    EXPECT_TRUE(eventually(hasVideo));
+    EXPECT_EQ(requests(), 1);
+}
+
+TEST_F(SplashOnlyHostTest, ABannerAddedInTheSameTurnFindsTheStoredTable) {
+    serve({banner(QStringLiteral("stored"))}, {video(QStringLiteral("film"))});
+    const auto shown = [this] {
+        return Velmora::BControllFromWindow(&window)->selectBanner() == QStringLiteral("stored");
+    };
+    Velmora::addBannerForWindow(&window);
+    ASSERT_TRUE(eventually([&] { return shown() && hasVideo(); }));
+    restartProcess();
+
+    server.stop();
+    Velmora::setSplashScreenDelay(3);
+    // However long the host takes in between: the ad server is not asked before the next turn.
+    EXPECT_FALSE(AdsDownloader::sharedInstance()->hasToldDelegates());
+    Velmora::addBannerForWindow(&window);
+    EXPECT_TRUE(eventually(shown));
+}
+
+TEST_F(SplashOnlyHostTest, AdsThatGoOffInTheSameTurnOnlyPutTheCycleOff) {
+    Velmora::addSplashScreenToWindow(&window);
+    Velmora::removeAdsNow();
+    handleEvents();
+    Velmora::resetAds();
+    Velmora::addSplashScreenToWindow(&window);
+    EXPECT_TRUE(eventually(hasVideo));
+    EXPECT_EQ(requests(), 1);
+}
+
+TEST_F(SplashOnlyHostTest, TheCycleWaitsUntilAdsAreAllowed) {
+    Velmora::removeAdsNow();
+    Velmora::setSplashScreenDelay(3);
+    handleEvents();
+    EXPECT_EQ(requests(), 0);
+    Velmora::resetAds();
+    Velmora::addSplashScreenToWindow(&window);
+    EXPECT_TRUE(eventually(hasVideo));
+    EXPECT_EQ(requests(), 1);
 }
 
 } // namespace velmora::test

@@ -1,15 +1,23 @@
-#include "Support/StandardNames.h"
-#include "banners/BannerController.h"
-#include "controls/ColoredView.h"
-#include "platform/SystemVersion.h"
-#include "platform/Window.h"
-#include "splash/SplashScreenLayout.h"
+#include "BannerController.h"
+#include "ColoredView.h"
+#include "SplashScreenLayout.h"
+#include "SplashScreenStyle.h"
+#include "SystemVersion.h"
+#include "Window.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
 
+#include <Velmora/StandardNames.h>
+
 #include <QtCore/QDir>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QToolBar>
 
 #include <thread>
 
@@ -113,6 +121,103 @@ TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
     EXPECT_EQ(fixed->size(), QSize(300, 200));
 }
 
+TEST_F(SplashScreenControllerTest, AWindowThatItsHostFixedCanBeMadeResizableAfterwards) {
+    const auto free = [this] {
+        window->setMinimumSize(0, 0);
+        window->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        handleEvents();
+    };
+    const auto isFree = [this] {
+        const QWindow *native = window->windowHandle();
+        return native->minimumSize().isEmpty() && native->maximumWidth() > 10'000;
+    };
+    window->setFixedSize(300, 200);
+    splash().showStartScreen();
+    splash().hide();
+    free();
+    EXPECT_TRUE(isFree()) << "fixed before";
+
+    splash().showStartScreen();
+    window->setFixedSize(320, 240);
+    handleEvents();
+    splash().hide();
+    EXPECT_FALSE(Window::of(window)->isResizable());
+    free();
+    EXPECT_TRUE(isFree()) << "fixed meanwhile";
+
+    window->setFixedSize(300, 200);
+    splash().showStartScreen();
+    free();
+    EXPECT_FALSE(isFree()) << "freed while it is covered";
+    splash().hide();
+    handleEvents();
+    EXPECT_TRUE(isFree());
+    EXPECT_TRUE(Window::of(window)->isResizable());
+}
+
+TEST_F(SplashScreenControllerTest, AMainWindowIsCoveredBelowItsMenuBar) {
+    auto *main = new QMainWindow;
+    main->setAttribute(Qt::WA_DeleteOnClose);
+    auto *menus = new QMenuBar;
+    menus->setNativeMenuBar(false);
+    menus->addMenu(QStringLiteral("File"));
+    main->setMenuBar(menus);
+    main->addToolBar(QStringLiteral("tools"))->addAction(QStringLiteral("cut"));
+    main->addDockWidget(Qt::LeftDockWidgetArea, new QDockWidget(QStringLiteral("dock")));
+    main->statusBar()->showMessage(QStringLiteral("ready"));
+    main->resize(640, 480);
+    main->show();
+    Velmora::addSplashScreenToWindow(main);
+    controller(main).showStartScreen();
+    handleEvents();
+    const auto below = [&](int top) { return main->rect().adjusted(0, top, 0, 0); };
+    const Overlay *overlay = controller(main).overlay();
+    ASSERT_GT(menus->height(), 0);
+    EXPECT_EQ(overlay->frame(), below(menus->height()));
+    main->resize(500, 400);
+    EXPECT_EQ(overlay->frame(), below(menus->height()));
+    menus->setFixedHeight(60);
+    handleEvents();
+    EXPECT_EQ(overlay->frame(), below(60));
+    controller(main).setTopInset(25);
+    EXPECT_EQ(overlay->frame(), below(85));
+    menus->hide();
+    handleEvents();
+    EXPECT_EQ(overlay->frame(), below(25));
+    delete main->menuBar();
+    main->setMenuBar(nullptr);
+    handleEvents();
+    EXPECT_EQ(overlay->frame(), below(25));
+    EXPECT_EQ(main->childAt(main->rect().center())->window(), main);
+    delete main;
+}
+
+TEST_F(SplashScreenControllerTest, TheIconIsTheApplicationsElseTheWindowsElseTheColumnClosesUp) {
+    QPixmap square(64, 64);
+    square.fill(Qt::red);
+    splash().showStartScreen();
+    handleEvents();
+    EXPECT_TRUE(outlets().iconImageView->image().isNull());
+    const int above = outlets().lablesView->y();
+    const int below = outlets().removeAdsButton->y() - outlets().lablesView->geometry().bottom();
+    EXPECT_NEAR(above, below, 0.1 * window->height()) << "nothing is kept free for an icon";
+
+    QWidget *iconic = openWindow(QStringLiteral("iconic"));
+    iconic->setWindowIcon(square);
+    Velmora::addSplashScreenToWindow(iconic);
+    handleEvents();
+    const auto shown = [](QWidget *of) {
+        return controller(of).outlets().iconImageView->image().pixelColor(32, 32);
+    };
+    EXPECT_EQ(shown(iconic), QColor(Qt::red));
+    square.fill(Qt::green);
+    QApplication::setWindowIcon(square);
+    EXPECT_EQ(shown(openRegistered(QStringLiteral("later"))), QColor(Qt::green));
+    QApplication::setWindowIcon({});
+    Velmora::setSplashScreenIcon(square.toImage());
+    EXPECT_GT(outlets().lablesView->y(), above) << "an icon that comes later gets its room";
+}
+
 TEST_F(SplashScreenControllerTest, TransitionsMoveThemselvesToTheMainThread) {
     std::thread worker([this] { splash().showStartScreen(); });
     worker.join();
@@ -138,8 +243,8 @@ TEST_F(SplashScreenControllerTest, AppearanceReachesThoseThatAreThereAndThoseToC
     EXPECT_FALSE(options.contains(QStringLiteral("backgroundImageScaling")));
 
     QWidget *later = openRegistered(QStringLiteral("later"));
-    EXPECT_EQ(splash().topInset(), 12.7);
-    EXPECT_EQ(controller(later).topInset(), 12);
+    EXPECT_EQ(splash().appearance().topInset, 12.7);
+    EXPECT_EQ(controller(later).appearance().topInset, 12);
     EXPECT_EQ(controller(later).overlay()->frame(), QRect(0, 12, 640, 468));
     for (QWidget *each : {window, later}) {
         const SplashScreenOutlets &tree = controller(each).outlets();
@@ -165,18 +270,32 @@ TEST_F(SplashScreenControllerTest, WithoutAWishTheUsualLookApplies) {
     QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
     QWidget *other = openRegistered(QStringLiteral("other"));
     const SplashScreenController &usual = controller(other);
-    EXPECT_EQ(usual.textColor(), QColor(Qt::black));
-    EXPECT_EQ(usual.backgroundColor(), QColor(Qt::white));
-    EXPECT_EQ(usual.timerBorderColor().red(), 128);
-    EXPECT_EQ(usual.timerProgressColor().red(), 85);
-    EXPECT_EQ(usual.timerBorderWidth(), 2);
-    EXPECT_EQ(usual.timerProgressWidth(), 4);
-    EXPECT_EQ(usual.topInset(), 0);
+    EXPECT_EQ(usual.appearance().textColor, QColor(Qt::black));
+    EXPECT_EQ(usual.appearance().backgroundColor, QColor(Qt::white));
+    EXPECT_EQ(usual.appearance().timerBorderColor.red(), 128);
+    EXPECT_EQ(usual.appearance().timerProgressColor.red(), 85);
+    EXPECT_EQ(usual.appearance().timerBorderWidth, 2);
+    EXPECT_EQ(usual.appearance().timerProgressWidth, 4);
+    EXPECT_EQ(usual.appearance().topInset, 0);
     EXPECT_EQ(usual.overlay()->frame(), other->rect());
     EXPECT_EQ(usual.outlets().iconImageView->image().pixelColor(5, 5), QColor(Qt::magenta));
     Velmora::setSplashScreenIcon(QImage(8, 8, QImage::Format_RGB32));
     EXPECT_EQ(usual.outlets().iconImageView->image().width(), 8);
     QApplication::setWindowIcon({});
+}
+
+// With VELMORA_WRITE_DOCS set, the page is written instead of compared.
+TEST_F(SplashScreenControllerTest, ThePageOfOptionsIsMadeFromTheirTable) {
+    QFile page(QStringLiteral(VELMORA_SOURCE_DIR "/docs/splash-options.md"));
+    const bool writes = qEnvironmentVariableIsSet("VELMORA_WRITE_DOCS");
+    ASSERT_TRUE(page.open(writes ? QIODevice::ReadWrite : QIODevice::ReadOnly));
+    const QByteArray head = page.readAll().split('|').constFirst();
+    const QByteArray wanted = head + SplashScreenStyle::documentation().toUtf8();
+    page.seek(0);
+    if (writes)
+        EXPECT_TRUE(page.resize(0) && page.write(wanted) == wanted.size());
+    else
+        EXPECT_EQ(page.readAll(), wanted);
 }
 
 TEST_F(SplashScreenControllerTest, TheFirstTimerConstraintIsLoweredForBoth) {

@@ -1,7 +1,13 @@
-#include "facade/FacadeState.h"
-#include "platform/Window.h"
+#include "AdKeys.h"
+#include "AdsDownloader.h"
+#include "FacadeState.h"
+#include "Window.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
+
+#include <QtCore/QJsonArray>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMainWindow>
 
 #include <thread>
 
@@ -94,13 +100,12 @@ TEST_F(SplashScreenPresenterTest, ASoftRequestWithoutFocusIsRememberedAForcedOne
     activate(window);
     EXPECT_EQ(heard(), QStringList());
 
-    // The key status left while nothing was shown, so the active window is still known.
+    // The key status left while nothing was shown: the active window is known, and not key.
     activate(other);
-    Velmora::show();
-    EXPECT_EQ(heard(), QStringList());
-    presenter().pauseSplashScreens();
+    EXPECT_TRUE(presenter().activeSplashScreenController());
     Velmora::show();
     EXPECT_TRUE(presenter().isNeedShow());
+    EXPECT_EQ(heard(), QStringList());
     activate(window);
     EXPECT_EQ(heard(), (QStringList{WillShow, DidShow}));
     EXPECT_FALSE(presenter().isNeedShow());
@@ -278,10 +283,82 @@ TEST_F(SplashScreenPresenterTest, AJoiningWindowGetsThePhaseThatIsShown) {
     EXPECT_TRUE(isShown(controller(late).outlets().closeButton));
     controller(window).didVideoEnded();
     QWidget *last = openRegistered(QStringLiteral("last"));
-    EXPECT_TRUE(controller(last).overlay()->isHidden());
+    EXPECT_TRUE(isShown(controller(last).outlets().closeButton));
+    EXPECT_FALSE(controller(last).overlay()->isHidden());
     EXPECT_FALSE(Velmora::addSplashScreenToWindow(last)) << "registered already";
     EXPECT_FALSE(Velmora::addSplashScreenToWindow(nullptr));
     EXPECT_EQ(presenter().SSControllers().size(), 5u);
+}
+
+TEST_F(SplashScreenPresenterTest, AWindowThatJoinsAfterAnEarlyEndWaitsForTheCloseButton) {
+    useUnplayableVideo();
+    QWidget *other = openWindow(QStringLiteral("other"));
+    activate(window);
+    Velmora::forceShow();
+    time.advance(7);
+    controller(window).didVideoEnded();
+    activate(other);
+    // Registered while the sequence is paused: its ring rests like the others.
+    ASSERT_TRUE(presenter().needsResumeSplashScreen());
+    QWidget *joining = openWindow(QStringLiteral("joining"));
+    activate(other);
+    Velmora::addSplashScreenToWindow(joining);
+    const SplashScreenOutlets &outlets = controller(joining).outlets();
+    EXPECT_TRUE(isShown(outlets.lablesView));
+    EXPECT_FALSE(isShown(outlets.closeButton));
+    time.advance(1); // shown, and redrawn once by that
+    const auto progress = outlets.lablesView->timeProgressView()->val1();
+    time.advance(30);
+    EXPECT_EQ(outlets.lablesView->timeProgressView()->val1(), progress);
+    activate(window);
+    time.advance(3);
+    EXPECT_TRUE(isShown(outlets.closeButton));
+}
+
+TEST_F(SplashScreenPresenterTest, ASequenceWithoutAnyWindowEndsAfterTenSeconds) {
+    for (const double moment : {1.0, 6.0, 12.0}) {
+        Velmora::addSplashScreenToWindow(window);
+        Velmora::forceShow();
+        time.advance(moment);
+        Velmora::removeSplashScreenFromWindow(window);
+        time.advance(9);
+        EXPECT_TRUE(Velmora::isShowSplashScreen()) << moment;
+        // A window in between takes it over.
+        Velmora::addSplashScreenToWindow(window);
+        time.advance(15);
+        EXPECT_TRUE(Velmora::isShowSplashScreen()) << moment;
+        EXPECT_TRUE(isShown(controller(window).outlets().closeButton)) << moment;
+        Velmora::removeSplashScreenFromWindow(window);
+        heard();
+        time.advance(10);
+        EXPECT_FALSE(Velmora::isShowSplashScreen()) << moment;
+        EXPECT_EQ(heard(), (QStringList{DidClose})) << moment;
+        EXPECT_EQ(presenter().stateSplashScreen(), Presenter::SplashScreenStateClosed);
+        EXPECT_FALSE(Velmora::isADSReady());
+        time.advance(120);
+        EXPECT_TRUE(Velmora::isADSReady());
+        EXPECT_EQ(time.timerCount(), 0u);
+    }
+    // A destroyed window counts as one that was taken out, and a removal of all ads ends the count.
+    QWidget *doomed = openRegistered(QStringLiteral("doomed"));
+    Velmora::forceShow();
+    heard();
+    closeWindow(doomed);
+    Velmora::removeAdsNow();
+    time.advance(200);
+    EXPECT_FALSE(heard().contains(DidClose));
+}
+
+TEST_F(SplashScreenPresenterTest, AnyWidgetStandsForItsWindow) {
+    auto *inner = new QWidget(new QWidget(window));
+    EXPECT_FALSE(Velmora::addSplashScreenToWindow(inner)) << "its window is registered";
+    Velmora::setSplashScreenTopInset(30, inner);
+    EXPECT_EQ(controller(window).appearance().topInset, 30);
+    Velmora::removeSplashScreenFromWindow(inner);
+    EXPECT_TRUE(presenter().SSControllers().empty());
+    EXPECT_TRUE(Velmora::addSplashScreenToWindow(inner));
+    EXPECT_EQ(presenter().splashScreenControllerWithWindow(inner)->window(), window);
+    EXPECT_TRUE(presenter().isFocus());
 }
 
 TEST_F(SplashScreenPresenterTest, TheFirstStartDelayRunsAgainOnceTheListIsEmpty) {
@@ -358,19 +435,56 @@ TEST_F(SplashScreenPresenterTest, TheHostMayDestroyAWindowAtAnyMoment) {
     EXPECT_TRUE(presenter().SSControllers().empty());
 }
 
-TEST_F(SplashScreenPresenterTest, AWindowWithNewContentIsRegisteredAnew) {
+TEST_F(SplashScreenPresenterTest, AWindowWithNewContentKeepsItsSplashScreen) {
+    auto *main = new QMainWindow;
+    main->setCentralWidget(new QWidget);
     QWidget *second = openWindow(QStringLiteral("second"));
     auto *old = new QWidget(second);
+    old->resize(second->size());
+    old->show();
     auto content = std::make_unique<ViewController>(old);
     content->setContentOf(second);
-    EXPECT_TRUE(Velmora::addSplashScreenToWindow(second));
-    delete old;
-    content.reset();
-    EXPECT_TRUE(Velmora::addSplashScreenToWindow(second));
-    EXPECT_EQ(presenter().SSControllers().size(), 2u);
+    main->show();
+    activate(main);
+    Velmora::addSplashScreenToWindow(second);
+    Velmora::addSplashScreenToWindow(main);
+    useUnplayableVideo();
+    const auto covers = [](QWidget *covered) {
+        const Overlay *overlay = controller(covered).overlay();
+        const QWidget *view = controller(covered).viewIfLoaded();
+        const QWidget *hit = covered->childAt(covered->rect().center());
+        return !overlay->isHidden() && view && view->isVisible() && hit &&
+               (hit == view || view->isAncestorOf(hit));
+    };
     Velmora::forceShow();
-    EXPECT_FALSE(controller(second).overlay()->isHidden());
-    EXPECT_EQ(presenter().splashScreenControllerWithVideo()->window(), second);
+    for (const double moment : {1.0, 5.0, 6.0}) {
+        time.advance(moment);
+        auto *next = new QLabel(QStringLiteral("new content"));
+        main->setCentralWidget(next);
+        next->setFocus();
+        delete old;
+        old = new QWidget(second);
+        old->resize(second->size());
+        old->show();
+        content = std::make_unique<ViewController>(old);
+        content->setContentOf(second);
+        handleEvents();
+        EXPECT_TRUE(covers(main)) << moment;
+        EXPECT_TRUE(covers(second)) << moment;
+        EXPECT_EQ(controller(second).overlay()->superview(), old);
+        main->takeCentralWidget()->deleteLater();
+        handleEvents();
+        EXPECT_TRUE(covers(main)) << moment;
+    }
+    EXPECT_NE(controller(main).playerlayer(), nullptr) << "the video went on";
+    controller(second).outlets().closeButton->click();
+    time.advance(1);
+    EXPECT_FALSE(controller(main).view()->isVisible());
+    // The view itself, destroyed: the window may be registered anew.
+    delete controller(second).view();
+    EXPECT_TRUE(Velmora::addSplashScreenToWindow(second));
+    EXPECT_EQ(presenter().SSControllers().size(), 3u);
+    delete main;
 }
 
 TEST_F(SplashScreenPresenterTest, RemovingAdsTakesEverythingAway) {
@@ -418,6 +532,57 @@ TEST_F(SplashScreenPresenterTest, TheHostMayAnswerANotificationWithAnything) {
     EXPECT_FALSE(Velmora::isShowSplashScreen());
 }
 
+TEST_F(SplashScreenPresenterTest, LinkNameAndStillAreThoseOfTheFilmThatPlays) {
+    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
+    downloader.startUpdateAllAds();
+    ASSERT_TRUE(eventually([&] { return downloader.isUpdateAdsCurrentSession(); }));
+    const auto draw = [&](const QString &name) {
+        const QJsonObject ad{{kMainNameKey, name},
+                             {kVideoCapture, QStringLiteral("/%1.mp4").arg(name)},
+                             {kVideoImage, QStringLiteral("/%1.png").arg(name)},
+                             {kVideoPriority, 1},
+                             {kVideoURL, QStringLiteral("https://store.example/app/%1").arg(name)}};
+        downloader.setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+        downloader.downloadVideo();
+    };
+    const auto click = [&] {
+        heard();
+        opened.clear();
+        presenter().didClickOnVideo();
+    };
+    useUnplayableVideo();
+    const QUrl link(QStringLiteral("https://store.example/app/default"));
+    Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
+    ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
+
+    // Drawn, but its film cannot be had: the default video plays.
+    draw(QStringLiteral("ghost"));
+    Velmora::forceShow();
+    time.advance(5);
+    click();
+    EXPECT_EQ(opened, QList<QUrl>{link});
+    EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:null")});
+    EXPECT_TRUE(presenter().interstitialVideoUrl().isEmpty());
+    time.advance(5);
+    presenter().didClickClose();
+
+    putInCaches(QStringLiteral("own.mp4"), "a film");
+    putInCaches(QStringLiteral("own.png"), "a still");
+    ASSERT_TRUE(eventually([&] {
+        draw(QStringLiteral("own")); // not while the ghost is being asked for
+        return !downloader.interstitialVideoURL().isEmpty();
+    }));
+    draw(QStringLiteral("ghost"));
+    Velmora::forceShow();
+    time.advance(5);
+    draw(QStringLiteral("ghost"));
+    click();
+    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://store.example/app/own"))});
+    EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:own")});
+    EXPECT_EQ(presenter().videoUrl().fileName(), QStringLiteral("own.mp4"));
+    EXPECT_EQ(presenter().interstitialVideoUrl().fileName(), QStringLiteral("own.png"));
+}
+
 TEST_F(SplashScreenPresenterTest, AClickOpensTheLinkAndMutingReachesEveryWindow) {
     QWidget *second = openRegistered(QStringLiteral("second"));
     presenter().didClickOnVideo();
@@ -440,6 +605,8 @@ TEST_F(SplashScreenPresenterTest, AClickOpensTheLinkAndMutingReachesEveryWindow)
     EXPECT_TRUE(presenter().isMuted());
     EXPECT_TRUE(controller(window).isMuted());
     EXPECT_TRUE(controller(second).playerlayer()->isMuted());
+    QWidget *late = openRegistered(QStringLiteral("late"));
+    EXPECT_TRUE(controller(late).isMuted()) << "a window that comes after the sound was turned off";
     controller(second).outlets().soundButton->click();
     EXPECT_FALSE(controller(window).isMuted());
 }

@@ -1,6 +1,6 @@
-#include "Support/StandardNames.h"
 #include "tests/support/FreshProcess.h"
 
+#include <Velmora/StandardNames.h>
 #include <Velmora/Support.h>
 
 #include <QtCore/QFile>

@@ -1,7 +1,7 @@
-#include "splash/TimeProgressView.h"
+#include "TimeProgressView.h"
 
-#include "platform/Animator.h"
-#include "splash/SplashScreenLabelsView.h"
+#include "Animator.h"
+#include "SplashScreenLabelsView.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"

@@ -1,9 +1,9 @@
-#include "platform/Timer.h"
-#include "platform/MainQueue.h"
-#include "platform/ProcessRoot.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
+#include <Velmora/Timer.h>
 
 #include <thread>
 

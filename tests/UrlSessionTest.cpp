@@ -1,5 +1,5 @@
-#include "platform/UrlSession.h"
-#include "platform/MainQueue.h"
+#include "UrlSession.h"
+#include "MainQueue.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
@@ -81,7 +81,8 @@ TEST_F(UrlSessionTest, AFileTakesItsNameOnlyWhenTheBodyArrivedWhole) {
 
     UrlRequest nowhere = toFile();
     server.faults().clear();
-    nowhere.destination = folder.filePath(QStringLiteral("missing/media"));
+    ASSERT_TRUE(QFile(folder.filePath(QStringLiteral("file"))).open(QIODevice::WriteOnly));
+    nowhere.destination = folder.filePath(QStringLiteral("file/media"));
     EXPECT_FALSE(answer(session, nowhere)->error.isEmpty());
     EXPECT_EQ(answer(session, toFile())->error, QString());
 }
@@ -177,6 +178,65 @@ TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
                         Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
     EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
     EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceDoesHoweverTheConnectionBreaks) {
+    UrlSession session(trusting());
+    UrlRequest get;
+    get.url = QUrl(baseUrl + QStringLiteral("/event"));
+    get.onlyOnce = true;
+    UrlRequest post = get;
+    post.method = "POST";
+    post.body = "{}";
+    for (const Fault &fault : {Fault::reset(), Fault::close(), Fault::stale()}) {
+        const bool isStale = fault.kind == Fault::Kind::Stale;
+        for (const bool isWarm : {false, true}) {
+            for (const UrlRequest &request : {get, post}) {
+                SCOPED_TRACE(QStringLiteral("fault %1, warm %2, %3")
+                                 .arg(int(fault.kind))
+                                 .arg(isWarm)
+                                 .arg(QString::fromLatin1(request.method))
+                                 .toStdString());
+                server.faults().clear();
+                if (isWarm) {
+                    ASSERT_EQ(answer(session, toFile())->error, QString());
+                }
+                server.faults().set(QStringLiteral("/event"), fault);
+                server.log().clear();
+                // A connection that is fresh cannot be stale.
+                EXPECT_EQ(answer(session, request)->error.isEmpty(), isStale);
+                EXPECT_EQ(server.log().count(QStringLiteral("/event")), 1);
+            }
+        }
+    }
+}
+
+TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceFollowsRedirectsAndAsksEachPlaceOnce) {
+    UrlSession session(trusting());
+    UrlRequest request;
+    request.url = QUrl(baseUrl + QStringLiteral("/event/a"));
+    request.method = "POST";
+    request.body = "{}";
+    request.onlyOnce = true;
+    server.faults().set(QStringLiteral("/event/a"), Fault::redirect(QStringLiteral("b")));
+    EXPECT_EQ(answer(session, request)->status, 204);
+    const auto received = server.log().requests();
+    ASSERT_EQ(received.size(), 2);
+    EXPECT_EQ(received.last().path(), QStringLiteral("/event/b"));
+    EXPECT_EQ(received.last().method, QByteArray("GET"));
+    EXPECT_TRUE(received.last().body.isEmpty());
+
+    server.faults().set(QStringLiteral("/event/b"), Fault::reset());
+    EXPECT_FALSE(answer(session, request)->error.isEmpty());
+    EXPECT_EQ(server.log().count(), 4);
+
+    server.log().clear();
+    server.faults().set(QStringLiteral("/event/b"), Fault::redirect(QStringLiteral("/event/a")));
+    EXPECT_EQ(answer(session, request)->status, 302);
+    EXPECT_LT(server.log().count(), 100);
+    server.faults().set(QStringLiteral("/event/a"),
+                        Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
+    EXPECT_EQ(answer(session, request)->status, 302);
 }
 
 TEST_F(UrlSessionTest, ASilentServerTimesOut) {

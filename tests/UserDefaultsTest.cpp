@@ -1,13 +1,35 @@
-#include "facade/Switches.h"
+#include "HostSettings.h"
+#include "ProcessRoot.h"
+#include "Switches.h"
+#include "tests/support/ChildTest.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/HostName.h"
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
 #include <thread>
 
 namespace velmora::test {
 
-class UserDefaultsTest : public FreshProcess {};
+class UserDefaultsTest : public FreshProcess {
+protected:
+    /// What is on disk under a name.
+    static QVariant stored(const QString &application, const QString &key) {
+        return QSettings(QStringLiteral("Velmora Tests"), application).value(key);
+    }
+
+    HostName name;
+};
 
 TEST_F(UserDefaultsTest, ValuesSurviveTheProcess) {
     VLMSetObjForKey(QByteArray("\0bytes\xff", 7), QStringLiteral("test-bytes"));
@@ -47,6 +69,150 @@ TEST_F(UserDefaultsTest, AdsOffIsReadAfreshAndSurvivesButDebugModeDoesNot) {
     EXPECT_FALSE(Switches::isARCActivate());
     Switches::setADSRemoved(false);
     EXPECT_FALSE(Switches::isADSRemoved());
+}
+
+TEST_F(UserDefaultsTest, APurchaseIsFoundUnderTheNameThatTheHostSetsLater) {
+    HostName::set(QStringLiteral("paid"));
+    Switches::setADSRemoved(true);
+    restartProcess();
+    HostName::set(QStringLiteral("unpaid"));
+    EXPECT_FALSE(Switches::isADSRemoved());
+    HostName::set(QStringLiteral("paid"));
+    EXPECT_TRUE(Switches::isADSRemoved());
+}
+
+TEST_F(UserDefaultsTest, WhatThisRunWroteGoesAlongToALaterName) {
+    HostName::set(QStringLiteral("early"));
+    Switches::setADSRemoved(true);
+    VLMSetObjForKey(7, QStringLiteral("test-gone"));
+    VLMUserDefaults().removeObject(QStringLiteral("test-gone"));
+    HostName::set(QStringLiteral("late"));
+    std::thread([] { EXPECT_TRUE(Switches::isADSRemoved()); }).join();
+    EXPECT_TRUE(Switches::isADSRemoved());
+    restartProcess();
+    EXPECT_TRUE(Switches::isADSRemoved());
+    EXPECT_FALSE(VLMObjForKey(QStringLiteral("test-gone")).isValid());
+    // What was only read stays where it is.
+    HostName::set(QStringLiteral("later still"));
+    EXPECT_FALSE(Switches::isADSRemoved());
+}
+
+TEST_F(UserDefaultsTest, AnotherProcessesSwitchCountsAtTheNextReading) {
+    const QByteArray child = qgetenv("VELMORA_TEST_CHILD");
+    if (!child.isEmpty()) {
+        Switches::setADSRemoved(child == "remove");
+        sayPartDone();
+        return;
+    }
+    const auto inAnotherProcess = [](const char *what) {
+        runChildTest(QStringLiteral("*AnotherProcessesSwitchCountsAtTheNextReading"),
+                     QLatin1String(what));
+    };
+    EXPECT_FALSE(Switches::isADSRemoved());
+    inAnotherProcess("remove");
+    EXPECT_TRUE(Switches::isADSRemoved());
+    inAnotherProcess("reset");
+    EXPECT_FALSE(Switches::isADSRemoved());
+    inAnotherProcess("remove");
+    EXPECT_TRUE(Switches::isADSRemoved());
+    // It stays cheap to ask.
+    constexpr int Questions = 1000;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < Questions; ++i)
+        Switches::isADSRemoved();
+    EXPECT_LT(clock.nsecsElapsed() / Questions, 1'000'000);
+    RecordProperty("nanoseconds", int(clock.nsecsElapsed() / Questions));
+}
+
+TEST_F(UserDefaultsTest, AStoreThatCannotBeWrittenIsSaidAndTheSwitchHolds) {
+    HostName::set(QStringLiteral("stubborn"));
+    const QString file = HostSettings::place();
+    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    const rlimit nothing{0, RLIM_INFINITY};
+    std::signal(SIGXFSZ, SIG_IGN);
+    const struct {
+        const char *what;
+        std::function<void()> spoil;
+        std::function<void()> mend;
+    } cases[] = {{"a folder in its place", [&] { QDir().mkpath(file + QStringLiteral("/x")); },
+                  [&] { QDir(file).removeRecursively(); }},
+                 {"a full disk", [&] { setrlimit(RLIMIT_FSIZE, &nothing); },
+                  [&] { setrlimit(RLIMIT_FSIZE, &unlimited); }}};
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.what);
+        restartProcess();
+        QFile::remove(file);
+        Switches::activateDebugMode();
+        const qsizetype before = logged().size();
+        test.spoil();
+        Switches::setADSRemoved(true);
+        EXPECT_TRUE(Switches::isADSRemoved());
+        EXPECT_EQ(
+            logged().mid(before).filter(QStringLiteral("stubborn.conf cannot be written")).size(),
+            1);
+        test.mend();
+        // It is written as soon as it can be.
+        EXPECT_TRUE(Switches::isADSRemoved());
+        EXPECT_TRUE(stored(QStringLiteral("stubborn"), QStringLiteral("adsoff")).toBool());
+        Switches::setADSRemoved(false);
+        EXPECT_FALSE(stored(QStringLiteral("stubborn"), QStringLiteral("adsoff")).toBool());
+    }
+}
+
+/// In a process without an application object.
+TEST(UnnamedHostTest, DISABLED_NothingIsWrittenBeforeThereIsAName) {
+    const QString folder = qEnvironmentVariable("VELMORA_TEST_UNNAMED");
+    ASSERT_FALSE(folder.isEmpty());
+    static QStringList lines;
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &line) { lines.append(line); });
+    const auto files = [&] {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    };
+    Switches::activateDebugMode();
+    EXPECT_FALSE(Switches::isADSRemoved());
+    Switches::setADSRemoved(true);
+    EXPECT_TRUE(Switches::isADSRemoved());
+    VLMUserDefaults().removeObject(QStringLiteral("test"));
+    LOG(QStringLiteral("not heard while ads are removed"));
+    VLMStringFromKey(QStringLiteral("RemoveAdsText"));
+    VLMMainAppBundle();
+    EXPECT_TRUE(files().isEmpty()) << qPrintable(files().join(QLatin1Char(' ')));
+    EXPECT_EQ(lines.filter(QStringLiteral("the application has no name yet")).size(), 2);
+    EXPECT_EQ(lines.size(), 2) << qPrintable(lines.join(QLatin1Char('\n')));
+    // An organisation's folder is all its programs'.
+    QCoreApplication::setOrganizationName(QStringLiteral("Acme"));
+    EXPECT_TRUE(Switches::isADSRemoved());
+    EXPECT_TRUE(files().isEmpty());
+    QCoreApplication::setApplicationName(QStringLiteral("named"));
+    EXPECT_TRUE(Switches::isADSRemoved());
+    EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/Acme/named.conf")));
+    // The bundle's place is known from now on.
+    EXPECT_TRUE(VLMMainAppBundle().resourcePath().isEmpty());
+    int count = 1;
+    char name[] = "host";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    EXPECT_EQ(VLMMainAppBundle().resourcePath(), application.applicationDirPath());
+    ProcessRoot::drop();
+    EXPECT_TRUE(Switches::isADSRemoved());
+    qInstallMessageHandler(nullptr);
+    sayPartDone();
+}
+
+TEST(UserDefaultsWithoutANameTest, HoldInMemoryUntilThereIsOne) {
+    const QTemporaryDir folder;
+    runUnnamedChildTest(QStringLiteral("UnnamedHostTest.*NothingIsWrittenBeforeThereIsAName"),
+                        folder.path());
+}
+
+TEST_F(UserDefaultsTest, DebugModeIsHeardWhateverRulesTheHostHasForDebugMessages) {
+    Switches::activateDebugMode();
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nvelmora=false"));
+    LOG(QStringLiteral("one"));
+    QLoggingCategory::setFilterRules({});
+    EXPECT_EQ(logged(), QStringList{QStringLiteral("one")});
 }
 
 TEST_F(UserDefaultsTest, TheLogSpeaksOnlyInDebugModeWhileAdsAreOn) {

@@ -1,7 +1,7 @@
-#include "platform/VideoPlayer.h"
+#include "VideoPlayer.h"
 
-#include "facade/Switches.h"
-#include "platform/VideoModule.h"
+#include "Switches.h"
+#include "VideoModule.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/Waiting.h"
 

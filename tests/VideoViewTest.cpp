@@ -1,4 +1,4 @@
-#include "platform/VideoView.h"
+#include "VideoView.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Waiting.h"
 

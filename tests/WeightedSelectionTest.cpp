@@ -1,4 +1,4 @@
-#include "content/WeightedSelection.h"
+#include "WeightedSelection.h"
 #include "tests/support/TestRandom.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +68,7 @@ TEST(WeightedSelectionTest, TheAdOnScreenIsOutWhileThereIsAnother) {
 TEST(WeightedSelectionTest, WeightsPairWithAdsByPosition) {
     FixedRandom random(4);
     EXPECT_EQ(drawn({ad("unweighted"), ad("five", 5)}), "unweighted");
+    EXPECT_EQ(drawn({ad("null", QJsonValue::Null), ad("five", 5)}), "null");
     random.set(5);
     EXPECT_EQ(drawn({ad("a", 3), ad("unweighted"), ad("c", 4)}), "unweighted");
 }

@@ -1,4 +1,4 @@
-#include "platform/Window.h"
+#include "Window.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/OwnDisplay.h"
 #include "tests/support/Waiting.h"
@@ -45,6 +45,20 @@ TEST_F(WindowDisplayTest, TheUserOfAWindowThatIsNotResizableIsNotOfferedIt) {
     window->setStyleMask(Window::Resizable);
     EXPECT_TRUE(eventuallyMay(resize, true));
     EXPECT_EQ(host.size(), QSize(450, 350));
+}
+
+TEST_F(WindowDisplayTest, TellsWhenItsUserRestoresIt) {
+    int shown = 0;
+    QObject::connect(window, &Window::becameVisible, [&] { ++shown; });
+    const QString id = QString::number(host.winId());
+    runOnDisplay(QStringLiteral("xdotool"), {QStringLiteral("windowminimize"), id});
+    ASSERT_TRUE(eventually([this] { return !window->isVisible(); }));
+    EXPECT_EQ(shown, 0);
+    runOnDisplay(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), id});
+    EXPECT_TRUE(eventually([&] { return shown == 1; }));
+    quietly(50);
+    EXPECT_EQ(shown, 1);
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(WindowDisplayTest, AMaximisedWindowStaysSoAndComesBackAsItWas) {

@@ -1,7 +1,7 @@
-#include "platform/Window.h"
-#include "platform/NotificationCenter.h"
+#include "Window.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/Waiting.h"
+#include <Velmora/NotificationCenter.h>
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
@@ -117,6 +117,55 @@ TEST_F(WindowTest, AMinimisedWindowIsNotVisible) {
     window->showNormal();
     handleEvents();
     EXPECT_TRUE(Window::of(window.get())->isVisible());
+}
+
+TEST_F(WindowTest, TellsWhenItBecomesVisibleAndOnlyThen) {
+    QWidget window;
+    int shown = 0;
+    QObject::connect(Window::of(&window), &Window::becameVisible, [&] {
+        ++shown;
+        EXPECT_TRUE(Window::of(&window)->isVisible());
+    });
+    const auto times = [&] {
+        handleEvents();
+        return std::exchange(shown, 0);
+    };
+    window.showMinimized();
+    EXPECT_EQ(times(), 0);
+    window.showNormal();
+    EXPECT_EQ(times(), 1);
+    window.showMaximized();
+    window.showNormal();
+    window.raise();
+    EXPECT_EQ(times(), 0);
+    window.hide();
+    EXPECT_EQ(times(), 0);
+    window.show();
+    EXPECT_EQ(times(), 1);
+}
+
+TEST_F(WindowTest, AWidgetThatEnteredAWindowIsNoWindowUntilItIsOneAgain) {
+    auto page = shown("page");
+    const auto host = shown("host");
+    page->activateWindow();
+    handleEvents();
+    EXPECT_TRUE(Window::of(page.get())->isKeyWindow());
+    heard.clear();
+    page->setParent(host.get());
+    page->show();
+    EXPECT_EQ(Window::of(page.get()), Window::of(host.get()));
+    EXPECT_EQ(heard, QStringList{QStringLiteral("resign page")});
+    const auto third = shown("third");
+    host->activateWindow();
+    handleEvents();
+    EXPECT_TRUE(Window::of(page.get())->isKeyWindow());
+    EXPECT_EQ(heard.filter(QStringLiteral("page")).size(), 1);
+
+    page->setParent(nullptr);
+    page->show();
+    page->activateWindow();
+    handleEvents();
+    EXPECT_TRUE(Window::of(page.get())->isKeyWindow());
 }
 
 class WindowStyleTest : public WindowTest {

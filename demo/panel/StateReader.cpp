@@ -1,8 +1,8 @@
 #include "demo/panel/StateReader.h"
 
-#include "content/AdsDownloader.h"
-#include "platform/TimeSource.h"
-#include "splash/SplashScreenPresenter.h"
+#include "AdsDownloader.h"
+#include "SplashScreenPresenter.h"
+#include "TimeSource.h"
 
 #include <Velmora/Velmora.h>
 

@@ -56,11 +56,10 @@ bool SeveralWindowsScene::videoOnly() {
     press("showTab", "videoOnlyButton");
     if (!awaitVideo())
         return false;
-    click(m_window->panel()->findChild<QWidget *>(QStringLiteral("stateTab")));
     parkPointer();
     await(QStringLiteral("a video that has begun"),
           [this] { return isSettled() && countdown() != QStringLiteral("5"); });
-    picture(QStringLiteral("video-only-with-state"));
+    picture(QStringLiteral("video-only"));
     return awaitCloseButton() && close();
 }
 

@@ -1,19 +1,17 @@
 #include "demo/tour/SplashFormatScene.h"
 
 #include "demo/JournalWindow.h"
-#include "demo/Page.h"
 #include "demo/tour/Waiting.h"
 
 #include <Velmora/Velmora.h>
 
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QStatusBar>
 
 namespace demo {
 
 namespace {
 constexpr QSize UsualSize(880, 600);
-constexpr QSize SmallContent(320, 240);
+constexpr QSize SmallSize(320, 240);
 
 QString wordForAds() {
     return qEnvironmentVariable("LANGUAGE") == QLatin1String("ja") ? QStringLiteral("広告")
@@ -48,12 +46,9 @@ void SplashFormatScene::play() {
 void SplashFormatScene::pictures(const QString &stage) {
     picture(stage, m_small);
     m_small = !m_small;
-    const int below = m_window->statusBar()->height();
-    const QSize size = m_small ? SmallContent + QSize(0, below) : UsualSize;
-    resizeWindow(size);
-    await(QStringLiteral("the splash screen in its new size"), [this] {
-        return splash() && splash()->size() == m_window->page()->size() && isSettled();
-    });
+    resizeWindow(m_small ? SmallSize : UsualSize);
+    await(QStringLiteral("the splash screen in its new size"),
+          [this] { return splash() && splash()->size() == m_window->size() && isSettled(); });
     picture(stage, m_small);
 }
 

@@ -99,9 +99,8 @@ void SplashScene::clickElement(const char *name) {
 }
 
 QWidget *SplashScene::splash(const JournalWindow *window) const {
-    auto *root = (window ? window : m_window)
-                     ->page()
-                     ->findChild<QWidget *>(QStringLiteral("splashScreenView"));
+    auto *root =
+        (window ? window : m_window)->findChild<QWidget *>(QStringLiteral("splashScreenView"));
     return root && root->isVisible() ? root : nullptr;
 }
 

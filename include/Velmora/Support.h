@@ -11,7 +11,7 @@
 
 /// @file
 /// The framework's support functions, which a host may call too. None throws or reports an
-/// error. They need the application object (QApplication) to exist.
+/// error. They may be called before the application object (QApplication) exists.
 
 /// The host's persistent settings store. Any thread.
 VELMORA_EXPORT velmora::UserDefaults &VLMUserDefaults();
@@ -34,8 +34,9 @@ VELMORA_EXPORT const QStringList &VLMAllowLocale();
 /// process. Any thread.
 VELMORA_EXPORT QString VLMStringFromKey(const QString &key);
 
-/// Prints a message to the system log (logging category "velmora") while debug mode is on and
-/// ads are not removed; otherwise does nothing. Any thread.
+/// Prints a message to the system log (logging category "velmora", through the installed message
+/// handler) while debug mode is on and ads are not removed; otherwise does nothing. Qt's rules for
+/// logging categories do not silence it. Any thread.
 VELMORA_EXPORT void LOG(const QString &message);
 
 /// Lets a timer fire also while the user drags, resizes or holds a menu. Neither schedules,

@@ -25,6 +25,9 @@ public:
     /// Cancels the timer for good and lets go of its callback. Harmless when repeated.
     void invalidate();
 
+    /// Cancels a timer and resets the pointer to it; null is ignored.
+    static void cancel(std::shared_ptr<Timer> &timer);
+
     /// True until the timer is invalidated or, if one-shot, has fired.
     bool isValid() const { return m_valid; }
 

@@ -25,9 +25,9 @@ class SplashScreenPresenter;
 ///
 /// All operations are called on the main thread, after the application object (QApplication)
 /// was made; those that show or remove advertising move themselves there when called on another
-/// thread. None throws or reports an error: what is refused does nothing, and says why in the
-/// system log while debug mode is on. Windows are never owned: the host may destroy one at any
-/// time.
+/// thread. Without an application object nothing is added or shown. None throws or reports an
+/// error: what is refused does nothing, and says why in the system log while debug mode is on.
+/// Windows are never owned: the host may destroy one at any time.
 class VELMORA_EXPORT Velmora {
 public:
     Velmora() = delete;
@@ -64,21 +64,26 @@ public:
     /// a countdown, a video, an end screen with a close button. Only one window plays the video:
     /// the key one. Losing the key status to a window that is not registered pauses the sequence.
     ///
-    /// The first of these calls prepares everything and asks for the first ad. Operations that
+    /// The first of these calls prepares everything and asks the ad server, once a run together
+    /// with the banners, for the first ads. Where a window is asked for, any widget in it will do:
+    /// its window is taken. Operations that
     /// show do nothing while ads are removed. Main thread; the four that show or wait move
     /// themselves there.
     /// @{
 
     /// Registers a window.
-    /// @param window a top-level widget; in a main window the splash screen covers the central
-    ///               widget, and goes with it: a host that replaces that registers the window anew
+    /// In a main window the splash screen covers everything below the menu bar; the top inset
+    /// spares what the host wants to keep. A window that is registered while splash screens are
+    /// shown joins in.
+    /// @param window a top-level widget, or any widget in it
     /// @return false when nothing was registered: the window is registered already, is null, or
     ///         ads are removed
     static bool addSplashScreenToWindow(QWidget *window);
     /// The same for a window with a game engine's view: the splash screen is then a native window
     /// of its own inside it, above any other.
     static bool addSplashScreenToUnityWindow(QWidget *window);
-    /// Takes a window out; a sequence goes on in the others. Also while ads are removed.
+    /// Takes a window out; a sequence goes on in the others, and ends as if closed when there has
+    /// been no window for ten seconds. Also while ads are removed.
     static void removeSplashScreenFromWindow(QWidget *window);
     /// Does nothing; here for hosts that call it.
     static void removeADSFromWindow(QWidget *window);
@@ -176,24 +181,37 @@ public:
 
     /// @name Banners
     /// Heights and insets are in device-independent pixels. A banner keeps its picture's
-    /// aspect; where it would be wider than its window it is shown smaller. Banners are not
-    /// added while ads are removed.
+    /// aspect; where it would be wider or higher than the room there is, it is shown smaller. In
+    /// a flat window the bottom inset takes half of the height at most. Banners are not added
+    /// while ads are removed.
+    ///
+    /// A banner appears when its first picture is there. A house banner stands in when that could
+    /// not be had, or has not come within 15 seconds. Every 15 seconds the next one follows; out
+    /// of sight (its window is hidden or minimised, its page lies behind another) the rotation
+    /// rests, and goes on as soon as the banner can be seen again.
+    ///
+    /// Where a window is asked for, any widget in it will do: its window is taken. A banner's
+    /// window is the one that it lies in by now: a page may get its banner before it enters a
+    /// window, and take it along to another.
     /// @{
 
     /// Puts a banner at the bottom of a window's content. A window gets one at most; a second
-    /// call does nothing. The banner appears when its first picture is there. It goes with the
-    /// widget it lies in: a host that replaces a window's central widget adds the banner anew.
-    /// Content made of native child windows (a game engine's view) would hide it.
-    /// @param window a top-level widget; in a main window the banner lies in the central widget
+    /// call does nothing. The banner goes with the widget it lies in: a host that replaces a
+    /// window's central widget adds the banner anew. Content made of native child windows (a game
+    /// engine's view) would hide it.
+    /// @param window a top-level widget, or any widget in it; in a main window the banner lies in
+    ///               the central widget
     static void addBannerForWindow(QWidget *window);
 
     /// Puts a banner at the bottom of a view, each call a further one.
     /// @param controller the controller of the host's view; on another thread than the main one,
     ///                   nothing happens when it is gone before the main thread has got to it
-    /// @param view       the view to put the banner into; null for the controller's own
+    /// @param view       the view to put the banner into; null for the controller's own. When
+    ///                   there is neither, the banner is never shown
     static void addBannerForViewController(velmora::ViewController *controller, QWidget *view);
 
-    /// The banner added last to a window, or null (and a log line). Owned by the framework.
+    /// The banner added last among those that lie in a window, or null (and a log line). Owned by
+    /// the framework.
     static velmora::BannerController *BControllFromWindow(QWidget *window);
 
     /// The banner that is the given controller itself, or null (and a log line).

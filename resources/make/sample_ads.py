@@ -21,6 +21,14 @@ VIDEOS = (
     ("Kartovia", 7201, "1645302987", 3, "Kartovia – Trip Planner", 18342, 4.7),
     ("Halcorra", 7202, "1652749318", 2, "Halcorra – Sleep Sounds", 9615, 4.8),
 )
+
+# What the store's look-up service calls the applications, by store id.
+LOOKUP = {
+    "1645302987": "Kartovia - Trip Planner",
+    "1652749318": "Halcorra - Sleep Sounds",
+    "1668015472": "Saffrello - Recipes",
+    "1671936854": "Glaswyn - Weather",
+}
 UPDATED = "2026-09-14T08:00:00Z"
 
 
@@ -53,7 +61,11 @@ def video_ad(name, banner_id, store_id, priority, title, votes, rating):
 
 def make(sample):
     (sample / "media").mkdir(parents=True, exist_ok=True)
-    campaign = {"standard": [banner_ad(*row) for row in BANNERS], "video": [video_ad(*row) for row in VIDEOS]}
+    campaign = {
+        "standard": [banner_ad(*row) for row in BANNERS],
+        "video": [video_ad(*row) for row in VIDEOS],
+        "lookup": LOOKUP,
+    }
     text = json.dumps(campaign, indent=2, ensure_ascii=False) + "\n"
     (sample / "campaign.json").write_text(text, encoding="utf-8")
     for name, *_ in BANNERS:

@@ -63,6 +63,7 @@ public:
 
     void send(const QByteArray &bytes) {
         m_socket.write(bytes);
+        m_socket.flush();
         while (m_socket.encryptedBytesToWrite() > 0 && m_socket.waitForBytesWritten(patienceMs)) {
         }
     }

@@ -1,6 +1,6 @@
 #include "tests/support/BannerHost.h"
 
-#include "platform/Workspace.h"
+#include "Workspace.h"
 #include "tests/support/Waiting.h"
 
 namespace velmora::test {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "banners/BannerController.h"
+#include "BannerController.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/VirtualTime.h"
 

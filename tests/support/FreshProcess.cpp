@@ -1,6 +1,6 @@
 #include "tests/support/FreshProcess.h"
 
-#include "platform/ProcessRoot.h"
+#include "ProcessRoot.h"
 #include "tests/support/Waiting.h"
 
 #include <Velmora/UserDefaults.h>

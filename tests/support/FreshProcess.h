@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/Deployment.h"
+#include "Deployment.h"
 #include "tests/support/Printing.h"
 
 #include <QtCore/QJsonObject>

@@ -22,6 +22,9 @@ int main(int argc, char **argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
+    // For a test of what a host may do before it has its application object.
+    if (qEnvironmentVariableIsSet("VELMORA_TEST_UNNAMED"))
+        return RUN_ALL_TESTS();
     Application::setOrganizationName(QStringLiteral("Velmora Tests"));
     Application::setApplicationName(QStringLiteral("host"));
     Application application(argc, argv);

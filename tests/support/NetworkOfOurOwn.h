@@ -1,13 +1,14 @@
 #pragma once
 
-#include "Support/Deployment.h"
-#include "content/AdsMacHelper.h"
-#include "content/Reachability.h"
-#include "platform/MainQueue.h"
+#include "Deployment.h"
+#include "MainQueue.h"
+#include "RouteMonitor.h"
 #include "tests/support/Waiting.h"
 
+#include <Velmora/AdsMacHelper.h>
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
+#include <Velmora/Reachability.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -28,40 +29,56 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <memory>
 #include <thread>
 
 namespace velmora::test {
 
 constexpr char insideVariable[] = "VELMORA_TEST_IN_NAMESPACE";
 
-inline RouteFlags query(const char *address) {
+inline ReachabilityFlags query(const char *address) {
     return RouteMonitor::query(QHostAddress(QLatin1String(address)));
 }
 
-// Collects what a monitor reports; keeps itself as long as the callbacks do.
-struct Recorder {
-    explicit Recorder(Reachability &monitor) {
-        monitor.reachableBlock = [this](Reachability *) { onQueue(), ++reachable; };
-        monitor.unreachableBlock = [this](Reachability *) { onQueue(), ++unreachable; };
-        monitor.reachabilityBlock = [this](Reachability *, ReachabilityFlags flags) {
-            onQueue();
-            last = flags;
-            ++all;
-        };
-        observation = NotificationCenter::defaultCenter().addObserver(
-            kReachabilityChangedNotification, QVariant::fromValue(monitor.shared_from_this()),
-            [this](const Notification &) {
-                EXPECT_TRUE(MainQueue::isMainThread());
-                ++notified;
-            });
-    }
-
-    void onQueue() { EXPECT_FALSE(MainQueue::isMainThread()); }
-
+// What a monitor reported. The watching thread may still be inside a callback when the monitor has
+// stopped and the test is over, so that the callbacks share these counts.
+struct Reports {
     std::atomic<int> reachable = 0;
     std::atomic<int> unreachable = 0;
     std::atomic<int> all = 0;
     std::atomic<ReachabilityFlags> last = 0;
+    std::atomic<bool> cameOnMainThread = false;
+};
+
+struct Recorder {
+    explicit Recorder(Reachability &monitor)
+        : observation(NotificationCenter::defaultCenter().addObserver(
+              kReachabilityChangedNotification, QVariant::fromValue(monitor.shared_from_this()),
+              [this](const Notification &) {
+                  EXPECT_TRUE(MainQueue::isMainThread());
+                  ++notified;
+              })) {
+        const auto count = [](Reports &reports, std::atomic<int> Reports::*counter) {
+            if (MainQueue::isMainThread())
+                reports.cameOnMainThread = true;
+            ++(reports.*counter);
+        };
+        monitor.reachableBlock = [count, reports = reports](Reachability *) {
+            count(*reports, &Reports::reachable);
+        };
+        monitor.unreachableBlock = [count, reports = reports](Reachability *) {
+            count(*reports, &Reports::unreachable);
+        };
+        monitor.reachabilityBlock = [count, reports = reports](Reachability *,
+                                                               ReachabilityFlags flags) {
+            reports->last = flags;
+            count(*reports, &Reports::all);
+        };
+    }
+
+    ~Recorder() { EXPECT_FALSE(reports->cameOnMainThread); }
+
+    const std::shared_ptr<Reports> reports = std::make_shared<Reports>();
     int notified = 0;
     NotificationCenter::Observation observation;
 };
@@ -98,7 +115,7 @@ protected:
         ip("-6 addr add fd09::1/64 dev near nodad");
         ip("link set near up");
         ip("link set far up");
-        ASSERT_TRUE(eventually([] { return query("10.9.0.2") & RouteReachable; }));
+        ASSERT_TRUE(eventually([] { return query("10.9.0.2") & ReachabilityFlagReachable; }));
     }
 
     // Runs this very test inside.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Overlay.h"
+#include "Overlay.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 

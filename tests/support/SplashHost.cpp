@@ -1,7 +1,7 @@
 #include "tests/support/SplashHost.h"
 
-#include "platform/Animator.h"
-#include "platform/Workspace.h"
+#include "Animator.h"
+#include "Workspace.h"
 #include "tests/support/Waiting.h"
 
 namespace velmora::test {

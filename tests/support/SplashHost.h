@@ -1,6 +1,6 @@
 #pragma once
 
-#include "splash/SplashScreenPresenter.h"
+#include "SplashScreenPresenter.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 

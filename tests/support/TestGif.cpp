@@ -17,8 +17,9 @@ QByteArray header(QSize size) {
     return bytes;
 }
 
-// Writes the pixels of one flat frame as LZW codes of 3 bits, cleared before they would grow.
-QByteArray flatPixels(int count) {
+// Writes a frame whose first columns have the first colour and the others the second, as LZW codes
+// of 3 bits, cleared before they would grow.
+QByteArray packedPixels(QSize size, int firstColumns) {
     QByteArray packed;
     int held = 0;
     int heldBits = 0;
@@ -29,10 +30,10 @@ QByteArray flatPixels(int count) {
     };
     constexpr int Clear = 4;
     constexpr int End = 5;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < size.width() * size.height(); ++i) {
         if (i % 2 == 0)
             code(Clear);
-        code(0);
+        code(i % size.width() < firstColumns ? 0 : 1);
     }
     code(End);
     packed += char(held & 0xff);
@@ -46,30 +47,38 @@ QByteArray flatPixels(int count) {
     return blocks + '\0';
 }
 
+QByteArray frame(QSize size, int delay, const QColor &first, const QColor &second,
+                 const QByteArray &pixels) {
+    QByteArray bytes = QByteArray::fromHex("21f90404");
+    appendWord(bytes, delay);
+    bytes += QByteArray::fromHex("0000");
+    bytes += ',';
+    appendWord(bytes, 0);
+    appendWord(bytes, 0);
+    appendWord(bytes, size.width());
+    appendWord(bytes, size.height());
+    bytes += char(0x81); // four colours of its own
+    for (const QColor &color : {first, second, first, second}) {
+        bytes += char(color.red());
+        bytes += char(color.green());
+        bytes += char(color.blue());
+    }
+    return bytes + pixels;
+}
+
 } // namespace
 
 QByteArray gif(const QList<QColor> &frames, QSize size, int delay) {
     QByteArray bytes = header(size);
     bytes += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
-    const QByteArray pixels = flatPixels(size.width() * size.height());
-    for (const QColor &color : frames) {
-        bytes += QByteArray::fromHex("21f90404");
-        appendWord(bytes, delay);
-        bytes += QByteArray::fromHex("0000");
-        bytes += ',';
-        appendWord(bytes, 0);
-        appendWord(bytes, 0);
-        appendWord(bytes, size.width());
-        appendWord(bytes, size.height());
-        bytes += char(0x81); // four colours of its own
-        for (int i = 0; i < 4; ++i) {
-            bytes += char(color.red());
-            bytes += char(color.green());
-            bytes += char(color.blue());
-        }
-        bytes += pixels;
-    }
+    const QByteArray pixels = packedPixels(size, size.width());
+    for (const QColor &color : frames)
+        bytes += frame(size, delay, color, color, pixels);
     return bytes + ';';
+}
+
+QByteArray stillGif(const QColor &left, const QColor &right, QSize size) {
+    return header(size) + frame(size, 0, left, right, packedPixels(size, size.width() / 2)) + ';';
 }
 
 QByteArray gifHeaderOnly(QSize size) {

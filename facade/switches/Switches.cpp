@@ -1,0 +1,52 @@
+#include "Switches.h"
+
+#include "HostSettings.h"
+#include "Log.h"
+#include "ProcessRoot.h"
+
+#include <atomic>
+
+namespace velmora {
+
+namespace {
+
+const QString AdsOffKey = QStringLiteral("adsoff");
+
+// Atomic only because messages may be logged from a worker thread.
+struct ProcessSwitches {
+    std::atomic<bool> debugMode = false;
+    std::atomic<bool> arcMode = false;
+};
+
+std::shared_ptr<ProcessSwitches> switches() {
+    return ProcessRoot::share<ProcessSwitches>();
+}
+
+} // namespace
+
+void Switches::activateDebugMode() {
+    Log::setGates(&Switches::isDebugModeActivate, &Switches::isADSRemoved);
+    switches()->debugMode = true;
+}
+
+bool Switches::isDebugModeActivate() {
+    return switches()->debugMode;
+}
+
+void Switches::setARCToWindows(bool on) {
+    switches()->arcMode = on;
+}
+
+bool Switches::isARCActivate() {
+    return switches()->arcMode;
+}
+
+bool Switches::isADSRemoved() {
+    return HostSettings::value(AdsOffKey).toBool();
+}
+
+void Switches::setADSRemoved(bool removed) {
+    HostSettings::setValue(removed, AdsOffKey);
+}
+
+} // namespace velmora

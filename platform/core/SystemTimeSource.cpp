@@ -1,0 +1,71 @@
+#include "SystemTimeSource.h"
+
+#include "ProcessRoot.h"
+#include <Velmora/Timer.h>
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+TimeSource *s_replacement = nullptr;
+}
+
+TimeSource &TimeSource::current() {
+    return s_replacement ? *s_replacement : ProcessRoot::get<SystemTimeSource>();
+}
+
+void TimeSource::setCurrent(TimeSource *source) {
+    s_replacement = source;
+}
+
+SystemTimeSource::~SystemTimeSource() {
+    for (auto &[timer, scheduled] : m_scheduled)
+        timer->sourceGone();
+}
+
+TimeSource::Duration SystemTimeSource::now() const {
+    return std::chrono::duration_cast<Duration>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void SystemTimeSource::add(const std::shared_ptr<Timer> &timer) {
+    auto clock = std::make_unique<QTimer>();
+    clock->setTimerType(Qt::PreciseTimer);
+    clock->setSingleShot(true);
+    Timer *key = timer.get();
+    QObject::connect(clock.get(), &QTimer::timeout, clock.get(), [this, key] { fire(key); });
+    arm(m_scheduled[key] = {timer, std::move(clock)});
+}
+
+void SystemTimeSource::remove(Timer *timer) {
+    const auto found = m_scheduled.find(timer);
+    if (found == m_scheduled.end())
+        return;
+    // The Qt timer may be the one whose signal is being delivered right now.
+    found->second.clock->stop();
+    found->second.clock.release()->deleteLater();
+    m_scheduled.erase(found);
+}
+
+void SystemTimeSource::arm(Scheduled &scheduled) {
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(scheduled.timer->deadline() - now());
+    // Qt counts milliseconds in an int; what is further away is armed again on the way.
+    const std::chrono::milliseconds longest = std::chrono::hours(24);
+    scheduled.clock->start(std::clamp(left, std::chrono::milliseconds(0), longest));
+}
+
+void SystemTimeSource::fire(Timer *timer) {
+    const auto found = m_scheduled.find(timer);
+    if (found == m_scheduled.end())
+        return;
+    const std::shared_ptr<Timer> alive = found->second.timer;
+    if (now() >= alive->deadline())
+        alive->fire(now());
+    const auto still = m_scheduled.find(timer);
+    if (still != m_scheduled.end())
+        arm(still->second);
+}
+
+} // namespace velmora

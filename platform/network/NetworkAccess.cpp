@@ -1,0 +1,53 @@
+#include "NetworkAccess.h"
+
+#include "ProcessRoot.h"
+
+#include <QtNetwork/QNetworkCookieJar>
+
+#include <utility>
+
+namespace velmora {
+
+NetworkAccess::NetworkAccess(UrlSession::Configuration configuration)
+    : m_configuration(std::move(configuration)) {}
+
+NetworkAccess::~NetworkAccess() = default;
+
+QNetworkAccessManager &NetworkAccess::shared() {
+    if (!m_shared)
+        m_shared = newManager();
+    return *m_shared;
+}
+
+std::unique_ptr<QNetworkAccessManager> NetworkAccess::fresh() {
+    auto manager = newManager();
+    QNetworkCookieJar *cookies = shared().cookieJar();
+    manager->setCookieJar(cookies);
+    cookies->setParent(m_shared.get());
+    return manager;
+}
+
+std::unique_ptr<QNetworkAccessManager> NetworkAccess::newManager() const {
+    auto manager = std::make_unique<QNetworkAccessManager>();
+    manager->setTransferTimeout(m_configuration.idleTimeoutMs);
+    static const bool prepared = [] {
+        ProcessRoot::dropAtExit();
+        return true;
+    }();
+    Q_UNUSED(prepared)
+    return manager;
+}
+
+QSslConfiguration NetworkAccess::tlsFor(const QUrl &url) {
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    if (m_configuration.privateHost.isEmpty() || url.host() != m_configuration.privateHost)
+        return tls;
+    if (m_privateAuthorities.isEmpty())
+        m_privateAuthorities =
+            QSslCertificate::fromData(m_configuration.privateAuthorities, QSsl::Pem);
+    if (!m_privateAuthorities.isEmpty())
+        tls.setCaCertificates(m_privateAuthorities);
+    return tls;
+}
+
+} // namespace velmora

@@ -1,0 +1,192 @@
+#include "NetlinkRoutes.h"
+
+#include <QtNetwork/QNetworkInterface>
+
+#include <arpa/inet.h>
+#include <libmnl/libmnl.h>
+#include <linux/if.h>
+#include <linux/if_addr.h>
+#include <linux/rtnetlink.h>
+
+#include <array>
+#include <set>
+
+namespace velmora {
+
+namespace {
+
+// A look-up of 0.0.0.0 itself is answered "local" by the kernel, also without any network. An
+// address that nobody has a route of its own for is answered by the default route, with the
+// metrics, the policy rules and the dead next hops all weighed, and without reading the table.
+QHostAddress anyIpv4Host() {
+    return QHostAddress(QStringLiteral("128.0.0.1"));
+}
+
+QHostAddress anyIpv6Host() {
+    return QHostAddress(QStringLiteral("2000::1"));
+}
+
+template<typename Body>
+class Message {
+public:
+    Message(quint16 type, quint16 flags) : m_header(mnl_nlmsg_put_header(m_buffer.data())) {
+        m_header->nlmsg_type = type;
+        m_header->nlmsg_flags = flags;
+        m_body = static_cast<Body *>(mnl_nlmsg_put_extra_header(m_header, sizeof(Body)));
+    }
+
+    nlmsghdr *header() { return m_header; }
+    Body *operator->() { return m_body; }
+
+private:
+    alignas(nlmsghdr) std::array<char, 256> m_buffer{};
+    nlmsghdr *m_header;
+    Body *m_body;
+};
+
+template<typename Body>
+const Body *bodyOf(const nlmsghdr *message) {
+    return static_cast<const Body *>(mnl_nlmsg_get_payload(message));
+}
+
+bool isRoutable(int type) {
+    switch (type) {
+    case RTN_UNICAST:
+    case RTN_LOCAL:
+    case RTN_BROADCAST:
+    case RTN_ANYCAST:
+    case RTN_MULTICAST:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QHostAddress normalised(const QHostAddress &address) {
+    bool isIpv4 = false;
+    const quint32 ipv4 = address.toIPv4Address(&isIpv4); // also of an IPv4-mapped address
+    return isIpv4 ? QHostAddress(ipv4) : address;
+}
+
+} // namespace
+
+ReachabilityFlags NetlinkRoutes::better(ReachabilityFlags first, ReachabilityFlags second) {
+    const auto rank = [](ReachabilityFlags flags) {
+        return !(flags & ReachabilityFlagReachable)         ? 0
+               : flags & ReachabilityFlagConnectionRequired ? 1
+                                                            : 2;
+    };
+    return rank(second) > rank(first) ? second : first;
+}
+
+ReachabilityFlags NetlinkRoutes::flags(const QHostAddress &target) {
+    if (!m_socket.isOpen() || target.isNull())
+        return 0;
+    const QHostAddress address = normalised(target);
+    if (address == QHostAddress(QHostAddress::AnyIPv4) || address == QHostAddress::Any)
+        return internetFlags(false);
+    if (address == QHostAddress(QHostAddress::AnyIPv6))
+        return internetFlags(true);
+    if (address == QHostAddress(QStringLiteral("169.254.0.0")))
+        return localNetworkFlags();
+    return hostFlags(address);
+}
+
+// A machine with an IPv6 network alone is on the internet too.
+ReachabilityFlags NetlinkRoutes::internetFlags(bool onlyIpv6) {
+    const ReachabilityFlags ipv4 = onlyIpv6 ? 0 : hostFlags(anyIpv4Host());
+    if (ipv4 & ReachabilityFlagReachable && !(ipv4 & ReachabilityFlagConnectionRequired))
+        return ipv4;
+    return better(ipv4, hostFlags(anyIpv6Host()));
+}
+
+// The network 169.254.0.0 has rarely a route of its own, and no gateway leads there: any local
+// network that carries an IPv4 address will do.
+ReachabilityFlags NetlinkRoutes::localNetworkFlags() {
+    Message<ifaddrmsg> request(RTM_GETADDR, NLM_F_DUMP);
+    request->ifa_family = AF_INET;
+    std::set<int> links;
+    m_socket.request(request.header(), [&links](const nlmsghdr *message) {
+        if (message->nlmsg_type == RTM_NEWADDR)
+            links.insert(static_cast<int>(bodyOf<ifaddrmsg>(message)->ifa_index));
+    });
+    for (int link : links) {
+        const unsigned state = linkFlags(link);
+        if (state & IFF_UP && state & IFF_RUNNING && !(state & (IFF_LOOPBACK | IFF_POINTOPOINT)))
+            return ReachabilityFlagReachable | ReachabilityFlagIsDirect;
+    }
+    return 0;
+}
+
+ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
+    const std::optional<Route> found = route(target);
+    if (!found)
+        return 0;
+    const unsigned state = linkFlags(found->link);
+    if (!(state & IFF_UP))
+        return 0;
+    ReachabilityFlags flags = ReachabilityFlagReachable;
+    if (!found->gateway)
+        flags |= ReachabilityFlagIsDirect;
+    if (found->type == RTN_LOCAL)
+        return flags | ReachabilityFlagIsLocalAddress;
+    // The kernel keeps routes over a link that has lost its carrier.
+    const bool running = state & IFF_RUNNING;
+    if (!(state & IFF_POINTOPOINT))
+        return running ? flags : 0;
+    return running
+               ? flags | ReachabilityFlagTransientConnection
+               : flags | ReachabilityFlagTransientConnection | ReachabilityFlagConnectionRequired;
+}
+
+std::optional<NetlinkRoutes::Route> NetlinkRoutes::route(const QHostAddress &target) {
+    Message<rtmsg> request(RTM_GETROUTE, 0);
+    if (target.protocol() == QAbstractSocket::IPv4Protocol) {
+        const quint32 address = htonl(target.toIPv4Address());
+        request->rtm_family = AF_INET;
+        request->rtm_dst_len = 32;
+        mnl_attr_put(request.header(), RTA_DST, sizeof address, &address);
+    } else {
+        const Q_IPV6ADDR address = target.toIPv6Address();
+        request->rtm_family = AF_INET6;
+        request->rtm_dst_len = 128;
+        mnl_attr_put(request.header(), RTA_DST, sizeof address, &address);
+        if (!target.scopeId().isEmpty()) {
+            const int link = QNetworkInterface::interfaceIndexFromName(target.scopeId());
+            mnl_attr_put_u32(request.header(), RTA_OIF, static_cast<quint32>(link));
+        }
+    }
+
+    std::optional<Route> found;
+    const bool answered = m_socket.request(request.header(), [&found](const nlmsghdr *message) {
+        if (message->nlmsg_type != RTM_NEWROUTE)
+            return;
+        Route &result = found.emplace();
+        result.type = bodyOf<rtmsg>(message)->rtm_type;
+        const auto read = [](const nlattr *attribute, void *data) -> int {
+            Route &into = *static_cast<Route *>(data);
+            const int type = mnl_attr_get_type(attribute);
+            if (type == RTA_OIF)
+                into.link = static_cast<int>(mnl_attr_get_u32(attribute));
+            if (type == RTA_GATEWAY || type == RTA_VIA)
+                into.gateway = true;
+            return MNL_CB_OK;
+        };
+        mnl_attr_parse(message, sizeof(rtmsg), read, &result);
+    });
+    return answered && found && isRoutable(found->type) ? found : std::nullopt;
+}
+
+unsigned NetlinkRoutes::linkFlags(int link) {
+    Message<ifinfomsg> request(RTM_GETLINK, 0);
+    request->ifi_index = link;
+    mnl_attr_put_u32(request.header(), IFLA_EXT_MASK, RTEXT_FILTER_SKIP_STATS);
+    unsigned flags = 0;
+    m_socket.request(request.header(), [&flags](const nlmsghdr *message) {
+        if (message->nlmsg_type == RTM_NEWLINK)
+            flags = bodyOf<ifinfomsg>(message)->ifi_flags;
+    });
+    return flags;
+}
+
+} // namespace velmora

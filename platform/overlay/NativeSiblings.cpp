@@ -1,0 +1,88 @@
+#include "NativeSiblings.h"
+
+#include <QtCore/QEvent>
+
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+// The nearest widget from the superview upwards that has a native window of its own.
+QWidget *nativeWidget(QWidget *superview) {
+    return superview->windowHandle() ? superview : superview->nativeParentWidget();
+}
+
+} // namespace
+
+NativeSiblings::NativeSiblings(QWidget *superview, std::function<void()> changed)
+    : m_superview(superview), m_changed(std::move(changed)) {
+    follow();
+}
+
+bool NativeSiblings::areVisible(const QWindow *own) const {
+    const QWidget *native = nativeWidget(m_superview);
+    const QWindow *root = native ? native->windowHandle() : nullptr;
+    if (!root)
+        return false;
+    const QRect covered(m_superview->mapTo(native, QPoint()), m_superview->size());
+    for (const QObject *object : root->children()) {
+        const auto *child = qobject_cast<const QWindow *>(object);
+        if (child && child != own && child->isVisible() && child->geometry().intersects(covered))
+            return true;
+    }
+    return false;
+}
+
+bool NativeSiblings::follow() {
+    QWidget *native = nativeWidget(m_superview);
+    QWindow *root = native ? native->windowHandle() : nullptr;
+    if (root == m_root)
+        return false;
+    if (m_root) {
+        m_root->removeEventFilter(this);
+        for (QObject *child : m_root->children())
+            child->disconnect(this);
+    }
+    m_root = root;
+    if (!root)
+        return false;
+    root->installEventFilter(this);
+    watchChildren();
+    return std::exchange(m_hadRoot, true);
+}
+
+bool NativeSiblings::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_root && event->type() == QEvent::ChildAdded)
+        note();
+    return false;
+}
+
+void NativeSiblings::watchChildren() {
+    for (QObject *object : m_root->children()) {
+        auto *child = qobject_cast<QWindow *>(object);
+        if (!child)
+            continue;
+        child->disconnect(this);
+        connect(child, &QWindow::visibleChanged, this, &NativeSiblings::note);
+        connect(child, &QWindow::xChanged, this, &NativeSiblings::note);
+        connect(child, &QWindow::yChanged, this, &NativeSiblings::note);
+        connect(child, &QWindow::widthChanged, this, &NativeSiblings::note);
+        connect(child, &QWindow::heightChanged, this, &NativeSiblings::note);
+    }
+}
+
+void NativeSiblings::note() {
+    if (std::exchange(m_noted, true))
+        return;
+    // A window that is being added is none yet.
+    const auto tell = [this] {
+        m_noted = false;
+        if (m_root)
+            watchChildren();
+        m_changed();
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
+
+} // namespace velmora

@@ -1,0 +1,124 @@
+#include "OverlayContainer.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPlatformSurfaceEvent>
+
+#include <algorithm>
+
+namespace velmora {
+
+QWidget *topmostChild(const QWidget *superview) {
+    const QObjectList &children = superview->children();
+    const auto last = std::find_if(children.rbegin(), children.rend(), [](const QObject *child) {
+        return child->isWidgetType() && !static_cast<const QWidget *>(child)->isWindow();
+    });
+    return last == children.rend() ? nullptr : static_cast<QWidget *>(*last);
+}
+
+OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> lost)
+    : m_root(new QWidget), m_shell(new QWindow), m_lost(std::move(lost)) {
+    constexpr auto Flags = Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
+    m_root->setWindowFlags(Flags);
+    m_root->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_root->setAttribute(Qt::WA_QuitOnClose, false);
+    // What a child would have inherited.
+    m_root->setPalette(superview->palette());
+    m_root->setFont(superview->font());
+    m_root->setLayoutDirection(superview->layoutDirection());
+    m_root->winId();
+
+    m_shell->setFlags(Flags);
+    m_shell->installEventFilter(this);
+    connect(m_shell, &QWindow::visibleChanged, m_root, &QWidget::setVisible);
+    m_container = QWidget::createWindowContainer(m_shell, superview);
+    m_container->setFocusPolicy(Qt::NoFocus);
+    m_container->hide();
+    m_root->windowHandle()->setParent(m_shell);
+    m_keyProxy = new OverlayKeyProxy(superview);
+    connect(m_keyProxy, &QObject::destroyed, this, &OverlayContainer::noteLost);
+}
+
+OverlayContainer::~OverlayContainer() {
+    if (m_shell) {
+        m_shell->removeEventFilter(this);
+        leaveShell();
+    }
+    delete m_container;
+    // Either may be delivering the very event that ends the overlay.
+    if (m_keyProxy) {
+        m_keyProxy->disconnect(this);
+        m_keyProxy->hide();
+        m_keyProxy->setParent(nullptr);
+        m_keyProxy->deleteLater();
+    }
+    m_root->deleteLater();
+}
+
+void OverlayContainer::setView(QWidget *view) {
+    m_view = view;
+    m_keyProxy->setView(view);
+    view->setParent(m_root, view->windowFlags());
+    view->setGeometry(m_root->rect());
+}
+
+void OverlayContainer::setFrame(const QRect &frame) {
+    if (m_container)
+        m_container->setGeometry(frame);
+}
+
+void OverlayContainer::setVisible(bool visible) {
+    if (m_container)
+        m_container->setVisible(visible);
+}
+
+void OverlayContainer::raise() {
+    if (!m_container)
+        return;
+    m_container->raise();
+    // Says nothing to the window when the container is the last child already.
+    if (QWindow *native = window())
+        native->raise();
+}
+
+QWindow *OverlayContainer::window() const {
+    // The container has one of its own where its siblings have.
+    QWindow *native = m_container ? m_container->windowHandle() : nullptr;
+    return native ? native : m_shell.data();
+}
+
+bool OverlayContainer::isLastChild() const {
+    return !m_container || topmostChild(m_container->parentWidget()) == m_container;
+}
+
+bool OverlayContainer::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_shell)
+        return false;
+    if (event->type() == QEvent::Resize) {
+        fillShell();
+    } else if (event->type() == QEvent::PlatformSurface &&
+               static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
+                   QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
+        leaveShell();
+        noteLost();
+    }
+    return false;
+}
+
+void OverlayContainer::noteLost() {
+    QMetaObject::invokeMethod(this, m_lost, Qt::QueuedConnection);
+}
+
+void OverlayContainer::leaveShell() {
+    m_shell->disconnect(m_root);
+    // Hidden first: a visible window without a parent would be one on the screen.
+    m_root->hide();
+    m_root->windowHandle()->setParent(nullptr);
+}
+
+void OverlayContainer::fillShell() {
+    m_root->setGeometry({QPoint(), m_shell->size()});
+    if (m_view)
+        m_view->setGeometry(m_root->rect());
+}
+
+} // namespace velmora

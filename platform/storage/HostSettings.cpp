@@ -1,0 +1,43 @@
+#include "HostSettings.h"
+
+#include "Log.h"
+#include "ProcessRoot.h"
+
+namespace velmora {
+
+namespace {
+
+std::shared_ptr<SettingsStore> store() {
+    return ProcessRoot::share<SettingsStore>();
+}
+
+// Said even while ads are removed, since the switch itself may be what is not stored.
+void sayComplaints(SettingsStore &store) {
+    for (const QString &complaint : store.takeComplaints())
+        Log::writeAlways(complaint);
+}
+
+} // namespace
+
+QVariant HostSettings::value(const QString &key) {
+    const auto settings = store();
+    QVariant value = settings->value(key);
+    sayComplaints(*settings);
+    return value;
+}
+
+void HostSettings::setValue(const QVariant &value, const QString &key,
+                            SettingsStore::OnRename onRename) {
+    const auto settings = store();
+    settings->setValue(key, value, onRename);
+    sayComplaints(*settings);
+}
+
+QString HostSettings::place() {
+    const auto settings = store();
+    QString place = settings->place();
+    sayComplaints(*settings);
+    return place;
+}
+
+} // namespace velmora

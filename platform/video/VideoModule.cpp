@@ -1,0 +1,73 @@
+#include "VideoModule.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QLibrary>
+
+#include <mutex>
+
+#include <dlfcn.h>
+
+namespace velmora {
+
+namespace {
+
+constexpr QLatin1String FileName("velmora_video.so");
+
+// The folder of the file that this very code was loaded from.
+QString ownFolder() {
+    Dl_info info{};
+    if (!dladdr(reinterpret_cast<const void *>(&ownFolder), &info) || !info.dli_fname)
+        return {};
+    return QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath();
+}
+
+VideoEngineFactory load(QString *error) {
+    for (const QString &path : VideoModule::candidates()) {
+        if (!QFileInfo::exists(path))
+            continue;
+        QLibrary library(path);
+        // Media frameworks keep threads and types that do not survive being unloaded.
+        library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+        if (const auto symbol = library.resolve(VideoEngineFactoryName))
+            return reinterpret_cast<VideoEngineFactory>(symbol);
+        *error = library.errorString();
+        return nullptr;
+    }
+    *error = QStringLiteral("%1 is not installed; looked for %2")
+                 .arg(FileName, VideoModule::candidates().join(QStringLiteral(", ")));
+    return nullptr;
+}
+
+} // namespace
+
+QStringList VideoModule::candidates() {
+    QStringList paths;
+#ifdef VELMORA_DEVELOPER_BUILD
+    if (qEnvironmentVariableIsSet("VELMORA_VIDEO_MODULE"))
+        return {qEnvironmentVariable("VELMORA_VIDEO_MODULE")};
+#endif
+    if (const QString folder = ownFolder(); !folder.isEmpty())
+        paths << folder + QLatin1Char('/') + FileName
+              << folder + QStringLiteral("/velmora/") + FileName;
+#ifdef VELMORA_DEVELOPER_BUILD
+    paths << QStringLiteral(VELMORA_VIDEO_MODULE_BUILT);
+#endif
+    return paths;
+}
+
+std::unique_ptr<VideoEngine> VideoModule::createEngine(VideoEngineListener *listener,
+                                                       QString *error) {
+    static std::mutex mutex;
+    static VideoEngineFactory factory = nullptr;
+    VideoEngineFactory make = nullptr;
+    {
+        const std::lock_guard lock(mutex);
+        // Looked for again when it was missing: it may have been installed meanwhile.
+        if (!factory)
+            factory = load(error);
+        make = factory;
+    }
+    return std::unique_ptr<VideoEngine>(make ? make(listener, error) : nullptr);
+}
+
+} // namespace velmora

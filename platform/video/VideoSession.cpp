@@ -1,0 +1,238 @@
+#include "VideoSession.h"
+
+#include "BackgroundThread.h"
+#include "Log.h"
+#include "VideoModule.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+
+#include <chrono>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Enough for a thread to end what it is at; the process ends in any case.
+constexpr auto LongestEnding = 2s;
+
+// The sessions whose threads run. They may be loading libraries, which must not go on while the
+// process takes its libraries down: it ends them first.
+class RunningSessions {
+public:
+    static RunningSessions &instance() {
+        // Never destroyed: a thread that does not end in time still comes to leave.
+        static auto *sessions = new RunningSessions;
+        return *sessions;
+    }
+
+    void enter(const std::shared_ptr<VideoSession> &session) {
+        const std::lock_guard lock(m_mutex);
+        m_sessions.push_back(session);
+    }
+
+    void leave(const std::shared_ptr<VideoSession> &session) {
+        {
+            const std::lock_guard lock(m_mutex);
+            std::erase(m_sessions, session);
+        }
+        m_left.notify_all();
+    }
+
+private:
+    RunningSessions() {
+        std::atexit([] { instance().end(); });
+    }
+
+    void end() {
+        std::unique_lock lock(m_mutex);
+        for (const auto &session : m_sessions)
+            session->close();
+        m_left.wait_for(lock, LongestEnding, [this] { return m_sessions.empty(); });
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_left;
+    std::vector<std::shared_ptr<VideoSession>> m_sessions;
+};
+
+} // namespace
+
+VideoSession::VideoSession(QObject *receiver, VideoSource source)
+    : m_source(std::move(source)), m_receiver(receiver) {}
+
+void VideoSession::warmUp() {
+    const auto session = std::make_shared<VideoSession>(nullptr, VideoSource{});
+    session->m_warmsUpOnly = true;
+    // There is nobody to tell anything.
+    session->m_closed = true;
+    session->begin();
+}
+
+void VideoSession::begin() {
+    QString error;
+    RunningSessions::instance().enter(shared_from_this());
+    const auto work = [self = shared_from_this()] {
+        self->serve();
+        RunningSessions::instance().leave(self);
+    };
+    if (startBackgroundThread("velmora-video", work, &error))
+        return;
+    RunningSessions::instance().leave(shared_from_this());
+    failed(error, false);
+}
+
+void VideoSession::run(Command command) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_commands.push_back(std::move(command));
+    }
+    m_wake.notify_one();
+}
+
+void VideoSession::seek(double seconds) {
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_seeksUnderWay;
+        m_update.ended = false;
+    }
+    run([this, seconds](VideoEngine &engine) {
+        engine.seek(seconds);
+        const std::lock_guard lock(m_mutex);
+        --m_seeksUnderWay;
+    });
+}
+
+void VideoSession::close() {
+    std::deque<Command> dropped;
+    VideoUpdate untold;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_closed = true;
+        m_receiver = nullptr;
+        dropped.swap(m_commands);
+        std::swap(untold, m_update);
+    }
+    m_wake.notify_one();
+}
+
+VideoUpdate VideoSession::takeUpdate() {
+    const std::lock_guard lock(m_mutex);
+    m_updatePosted = false;
+    return std::exchange(m_update, {});
+}
+
+VideoProgress VideoSession::progress() const {
+    const std::lock_guard lock(m_mutex);
+    return m_progress;
+}
+
+// On the session's thread from here.
+
+void VideoSession::serve() {
+    if (m_warmsUpOnly) {
+        QString unheard;
+        if (const auto engine = VideoModule::createEngine(this, &unheard))
+            engine->warmUp();
+        return;
+    }
+    QString error = faultOfSource();
+    std::unique_ptr<VideoEngine> engine;
+    if (error.isEmpty()) {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_closed)
+                return;
+        }
+        engine = VideoModule::createEngine(this, &error);
+    }
+    if (!engine)
+        return failed(error, false);
+    engine->load(m_source);
+    runCommands(*engine);
+}
+
+void VideoSession::runCommands(VideoEngine &engine) {
+    std::unique_lock lock(m_mutex);
+    for (;;) {
+        m_wake.wait(lock, [this] { return m_closed || !m_commands.empty(); });
+        if (m_closed)
+            return;
+        const Command command = std::move(m_commands.front());
+        m_commands.pop_front();
+        lock.unlock();
+        command(engine);
+        lock.lock();
+    }
+}
+
+// What is no ordinary file could keep the thread waiting for ever.
+QString VideoSession::faultOfSource() const {
+    if (m_source.path.isEmpty())
+        return QStringLiteral("it is not a local file");
+    const QFileInfo file(m_source.path);
+    if (!file.exists())
+        return QStringLiteral("there is no such file");
+    if (!file.isFile())
+        return QStringLiteral("it is not a file");
+    return file.size() > 0 ? QString() : QStringLiteral("the file is empty");
+}
+
+// On any thread from here.
+
+void VideoSession::change(const std::function<void(VideoUpdate &)> &change) {
+    const std::lock_guard lock(m_mutex);
+    if (m_closed)
+        return;
+    change(m_update);
+    // Under the lock: the receiver is there until close() has returned.
+    if (!std::exchange(m_updatePosted, true))
+        QCoreApplication::postEvent(m_receiver, new QEvent(QEvent::User));
+}
+
+void VideoSession::prepared() {
+    // The engine can be asked on its own thread only.
+    run([this](VideoEngine &engine) {
+        engine.opened();
+        const double duration = engine.durationSeconds();
+        change([duration](VideoUpdate &update) { update.duration = duration; });
+    });
+}
+
+void VideoSession::frame(const QImage &picture) {
+    // The picture that is replaced goes without the lock: that may mean work for the engine.
+    QImage latest = picture;
+    change([&latest](VideoUpdate &update) { update.frame.swap(latest); });
+}
+
+void VideoSession::moved(double position, double quietFor) {
+    const std::lock_guard lock(m_mutex);
+    ++m_progress.moves;
+    m_progress.position = position;
+    m_progress.quietFor = quietFor;
+}
+
+void VideoSession::ended() {
+    change([this](VideoUpdate &update) { update.ended = m_seeksUnderWay == 0; });
+}
+
+void VideoSession::failed(const QString &reason, bool soundIsAtFault) {
+    change([&](VideoUpdate &update) {
+        if (!update.failure.isEmpty())
+            return;
+        update.failure = reason;
+        update.soundIsAtFault = soundIsAtFault;
+    });
+}
+
+void VideoSession::remark(const QString &text) {
+    Log::write(QStringLiteral("video %1: %2").arg(m_source.path, text));
+}
+
+} // namespace velmora

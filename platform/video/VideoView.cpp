@@ -1,0 +1,54 @@
+#include "VideoView.h"
+
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+
+#include <cmath>
+
+namespace velmora {
+
+VideoView::VideoView(QWidget *parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void VideoView::showFrame(const QImage &frame) {
+    const bool samePlace = frame.size() == m_frame.size();
+    m_frame = frame;
+    // The black around it stays as it is.
+    if (samePlace)
+        update(frameRect().toAlignedRect());
+    else
+        update();
+}
+
+QRect VideoView::framePixels() const {
+    const double scale = devicePixelRatioF();
+    const QSize whole(int(std::lround(width() * scale)), int(std::lround(height() * scale)));
+    const QSize size = m_frame.size().scaled(whole, Qt::KeepAspectRatio);
+    return {QPoint((whole.width() - size.width()) / 2, (whole.height() - size.height()) / 2), size};
+}
+
+QRectF VideoView::frameRect() const {
+    const QRectF pixels(framePixels());
+    const double scale = devicePixelRatioF();
+    return {pixels.topLeft() / scale, pixels.size() / scale};
+}
+
+void VideoView::paintEvent(QPaintEvent *event) {
+    QPainter painter(this);
+    const QRectF place = m_frame.isNull() ? QRectF() : frameRect();
+    // Rounded inwards: a pixel that belongs to both is black with the picture drawn over it.
+    const QPoint first(int(std::ceil(place.left())), int(std::ceil(place.top())));
+    const QPoint beyond(int(std::floor(place.right())), int(std::floor(place.bottom())));
+    const QRect covered(first, beyond - QPoint(1, 1));
+    for (const QRect &bar : event->region() - covered)
+        painter.fillRect(bar, Qt::black);
+    if (m_frame.isNull())
+        return;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, framePixels().size() != m_frame.size());
+    painter.drawImage(place, m_frame);
+}
+
+} // namespace velmora

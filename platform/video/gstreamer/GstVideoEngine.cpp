@@ -1,0 +1,371 @@
+#include "GstVideoEngine.h"
+
+#include "GstFrame.h"
+#include "GstSoundSink.h"
+
+#include <QtCore/QFile>
+
+#include <algorithm>
+#include <cstring>
+#include <mutex>
+
+namespace velmora {
+
+namespace {
+
+constexpr int SkipFactory = 2; // what "autoplug-select" takes; its type is not public
+constexpr int TryFactory = 0;
+
+constexpr qint64 LongestIdleMs = 300;
+constexpr GstClockTime LongestChange = 2 * GST_SECOND;
+
+double seconds(GstClockTime time) {
+    return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
+}
+
+// More than any screen has: the decoder's memory is the host's, and a small file can ask for
+// gigabytes of it.
+constexpr int LargestSide = 4096;
+
+// What one thread decodes in a fraction of its time; more of them cost more than they help.
+constexpr int LargestForOneThread = 1280;
+
+// The longer side of the pictures; 0 when the format does not tell.
+int longerSide(const GstCaps *caps) {
+    const GstStructure *format = gst_caps_get_structure(caps, 0);
+    int width = 0;
+    int height = 0;
+    if (!gst_structure_get_int(format, "width", &width) ||
+        !gst_structure_get_int(format, "height", &height))
+        return 0;
+    return std::max(width, height);
+}
+
+// A file from a server may be a playlist, a project or a session description in disguise: what
+// would make it reach for the network or for other files does not take part. A still is no video.
+bool isWanted(GstElementFactory *factory, const GstCaps *caps) {
+    if (g_str_has_prefix(gst_structure_get_name(gst_caps_get_structure(caps, 0)), "image/"))
+        return false;
+    const char *kind = gst_element_factory_get_metadata(factory, GST_ELEMENT_METADATA_KLASS);
+    for (const char *refused : {"Adaptive", "Editing", "Network", "Source"}) {
+        if (kind && std::strstr(kind, refused))
+            return false;
+    }
+    return true;
+}
+
+// Whether a thread runs any of the elements, waiting for its turn included.
+bool isAtWork(GstElement *pipeline) {
+    bool found = false;
+    const auto lookAt = [](const GValue *value, gpointer result) {
+        auto *element = GST_ELEMENT(g_value_get_object(value));
+        const auto lookAtPad = [](GstElement *, GstPad *pad, gpointer running) -> gboolean {
+            if (gst_pad_get_task_state(pad) != GST_TASK_STARTED)
+                return TRUE;
+            *static_cast<bool *>(running) = true;
+            return FALSE;
+        };
+        gst_element_foreach_pad(element, lookAtPad, result);
+    };
+    GstIterator *elements = gst_bin_iterate_recurse(GST_BIN(pipeline));
+    while (gst_iterator_foreach(elements, lookAt, &found) == GST_ITERATOR_RESYNC)
+        gst_iterator_resync(elements);
+    gst_iterator_free(elements);
+    return found;
+}
+
+// Square pixels, upright, and no larger than an image may sensibly be.
+QByteArray pictureDescription() {
+    const GstPointer<GstElementFactory> flip(gst_element_factory_find("videoflip"));
+    return QByteArray("queue max-size-buffers=3 max-size-bytes=0 max-size-time=0 ! ") +
+           (flip ? "videoflip video-direction=auto ! " : "") +
+           "videoconvert ! videoscale ! video/x-raw,format=" + gstFrameFormat() +
+           ",pixel-aspect-ratio=1/1,width=[1,4096],height=[1,4096] ! "
+           "appsink name=pictures max-buffers=2 drop=true sync=true enable-last-sample=false";
+}
+
+} // namespace
+
+// Messages may still be on their way when the engine goes.
+struct GstVideoEngine::BusTap {
+    std::mutex mutex;
+    GstVideoEngine *engine = nullptr;
+};
+
+// What the media framework calls, on threads of the pipeline's.
+struct GstVideoEngine::Callbacks {
+    static GstVideoEngine *engine(gpointer data) { return static_cast<GstVideoEngine *>(data); }
+
+    static GstBusSyncReply message(GstBus *, GstMessage *message, gpointer data) {
+        const auto &tap = *static_cast<std::shared_ptr<BusTap> *>(data);
+        const std::lock_guard lock(tap->mutex);
+        if (tap->engine)
+            tap->engine->heard(message);
+        gst_message_unref(message);
+        return GST_BUS_DROP;
+    }
+
+    static void dropTap(gpointer data) { delete static_cast<std::shared_ptr<BusTap> *>(data); }
+
+    static int chooseFactory(GstElement *, GstPad *, GstCaps *caps, GstElementFactory *factory,
+                             gpointer data) {
+        return engine(data)->accepts(caps) && isWanted(factory, caps) ? TryFactory : SkipFactory;
+    }
+
+    static void partAdded(GstBin *, GstElement *part, gpointer data) {
+        if (engine(data)->m_isSmall &&
+            g_object_class_find_property(G_OBJECT_GET_CLASS(part), "max-threads"))
+            g_object_set(part, "max-threads", 1, nullptr);
+    }
+
+    static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->decoded(pad); }
+
+    static GstFlowReturn newPreroll(GstAppSink *sink, gpointer data) {
+        const GstSamplePointer sample(gst_app_sink_try_pull_preroll(sink, 0));
+        if (sample)
+            engine(data)->showSample(sample.get());
+        return GST_FLOW_OK;
+    }
+
+    static GstFlowReturn newSample(GstAppSink *sink, gpointer data) {
+        const GstSamplePointer sample(gst_app_sink_try_pull_sample(sink, 0));
+        if (sample)
+            engine(data)->showSample(sample.get());
+        return GST_FLOW_OK;
+    }
+
+    static GstPadProbeReturn soundBuffer(GstPad *, GstPadProbeInfo *info, gpointer data) {
+        engine(data)->soundMoved(GST_PAD_PROBE_INFO_BUFFER(info));
+        return GST_PAD_PROBE_OK;
+    }
+};
+
+GstVideoEngine::GstVideoEngine(VideoEngineListener *listener)
+    : m_listener(listener), m_tap(std::make_shared<BusTap>()) {
+    m_tap->engine = this;
+}
+
+GstVideoEngine::~GstVideoEngine() {
+    {
+        const std::lock_guard lock(m_tap->mutex);
+        m_tap->engine = nullptr;
+    }
+    if (m_pipeline)
+        gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
+}
+
+void GstVideoEngine::warmUp() {
+    // Of an MP4 file with H.264 and AAC, and of what every pipeline here is made of.
+    for (const char *name :
+         {"qtdemux", "h264parse", "avdec_h264", "avdec_aac", "filesrc", "decodebin", "videoflip",
+          "videoconvert", "videoscale", "appsink", "audioconvert", "audioresample", "volume"}) {
+        if (const GstPointer<GstElementFactory> factory{gst_element_factory_find(name)})
+            GstPointer<GstPluginFeature>(
+                gst_plugin_feature_load(GST_PLUGIN_FEATURE(factory.get())));
+    }
+}
+
+void GstVideoEngine::load(const VideoSource &source) {
+    m_wantsSound = source.sound;
+    m_pipeline.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
+    const GstPointer<GstBus> bus(gst_element_get_bus(m_pipeline.get()));
+    gst_bus_set_sync_handler(bus.get(), Callbacks::message, new std::shared_ptr<BusTap>(m_tap),
+                             Callbacks::dropTap);
+
+    GstElement *file = gst_element_factory_make("filesrc", nullptr);
+    GstElement *decoder = gst_element_factory_make("decodebin", nullptr);
+    if (!file || !decoder) {
+        for (GstElement *element : {file, decoder}) {
+            if (element)
+                gst_object_unref(gst_object_ref_sink(element));
+        }
+        return m_listener->failed(
+            QStringLiteral("the package gstreamer1.0-plugins-base is missing"), false);
+    }
+    g_object_set(file, "location", QFile::encodeName(source.path).constData(), nullptr);
+    // Decoders on graphics hardware drag drivers into the host, and save little at this size.
+    g_object_set(decoder, "force-sw-decoders", TRUE, nullptr);
+    g_signal_connect(decoder, "autoplug-select", G_CALLBACK(Callbacks::chooseFactory), this);
+    g_signal_connect(decoder, "element-added", G_CALLBACK(Callbacks::partAdded), this);
+    g_signal_connect(decoder, "pad-added", G_CALLBACK(Callbacks::padAdded), this);
+    gst_bin_add_many(GST_BIN(m_pipeline.get()), file, decoder, nullptr);
+    gst_element_link(file, decoder);
+    setState(GST_STATE_PAUSED);
+}
+
+void GstVideoEngine::setState(GstState state) {
+    if (!m_pipeline)
+        return;
+    if (gst_element_set_state(m_pipeline.get(), state) == GST_STATE_CHANGE_FAILURE)
+        m_listener->failed(QStringLiteral("the pipeline refuses to start"), false);
+}
+
+// The decoder swallows the error of a part that gives up while it is being fitted in. Nothing is
+// heard of it any more then, and no thread of the pipeline has anything to do.
+void GstVideoEngine::checkOpening() {
+    if (!m_pipeline || m_isPrepared || isAtWork(m_pipeline.get()))
+        m_idleTime.invalidate();
+    else if (!m_idleTime.isValid())
+        m_idleTime.start();
+    else if (m_idleTime.hasExpired(LongestIdleMs))
+        m_listener->failed(QStringLiteral("there is nothing in it to play"), false);
+}
+
+void GstVideoEngine::opened() {
+    m_isOpened = true;
+    settle();
+    if (m_wantsToPlay)
+        play();
+}
+
+void GstVideoEngine::play() {
+    m_wantsToPlay = true;
+    if (!m_isOpened)
+        return;
+    setState(GST_STATE_PLAYING);
+    settle();
+}
+
+void GstVideoEngine::pause() {
+    m_wantsToPlay = false;
+    if (!m_isOpened)
+        return;
+    setState(GST_STATE_PAUSED);
+    settle();
+}
+
+// A pipeline that is asked for another state while it is on its way to one may stop half-way for
+// good.
+void GstVideoEngine::settle() {
+    if (m_pipeline)
+        gst_element_get_state(m_pipeline.get(), nullptr, nullptr, LongestChange);
+}
+
+void GstVideoEngine::seek(double target) {
+    if (!m_isPrepared)
+        return;
+    const auto flags = GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
+    if (!gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME, flags,
+                                 gint64(target * GST_SECOND)))
+        return m_listener->remark(QStringLiteral("it cannot be sent to another place"));
+    settle();
+}
+
+void GstVideoEngine::setMuted(bool muted) {
+    m_muted = muted;
+    applyMuted();
+}
+
+void GstVideoEngine::applyMuted() {
+    if (!m_pipeline)
+        return;
+    const GstPointer<GstElement> volume(gst_bin_get_by_name(GST_BIN(m_pipeline.get()), "volume"));
+    if (volume)
+        g_object_set(volume.get(), "mute", m_muted ? TRUE : FALSE, nullptr);
+}
+
+double GstVideoEngine::durationSeconds() {
+    gint64 duration = 0;
+    if (!m_pipeline || !gst_element_query_duration(m_pipeline.get(), GST_FORMAT_TIME, &duration))
+        return 0;
+    return duration > 0 ? seconds(GstClockTime(duration)) : 0;
+}
+
+// On the pipeline's threads from here.
+
+bool GstVideoEngine::accepts(const GstCaps *caps) {
+    const int side = longerSide(caps);
+    if (side > 0)
+        m_isSmall = side <= LargestForOneThread;
+    if (side <= LargestSide)
+        return true;
+    m_listener->failed(QStringLiteral("its pictures are too large"), false);
+    return false;
+}
+
+void GstVideoEngine::decoded(GstPad *pad) {
+    const GstCapsPointer caps(gst_pad_get_current_caps(pad));
+    if (!caps)
+        return;
+    const char *kind = gst_structure_get_name(gst_caps_get_structure(caps.get(), 0));
+    // Of several streams of a kind, the first.
+    if (!accepts(caps.get()))
+        return;
+    if (g_str_has_prefix(kind, "video/") && !m_hasPictures.exchange(true))
+        showPictures(pad);
+    else if (g_str_has_prefix(kind, "audio/") && !m_hasSound.exchange(true))
+        playSound(pad);
+}
+
+GstElement *GstVideoEngine::addPart(const char *description) {
+    GError *raw = nullptr;
+    GstElement *part = gst_parse_bin_from_description_full(description, TRUE, nullptr,
+                                                           GST_PARSE_FLAG_FATAL_ERRORS, &raw);
+    const GlibError error(raw);
+    if (part)
+        gst_bin_add(GST_BIN(m_pipeline.get()), part);
+    else
+        m_listener->failed(
+            QStringLiteral("%1 (from the package gstreamer1.0-plugins-base or -good)")
+                .arg(QString::fromUtf8(raw ? raw->message : "a plugin is missing")),
+            false);
+    return part;
+}
+
+void GstVideoEngine::showPictures(GstPad *pad) {
+    GstElement *part = addPart(pictureDescription());
+    if (!part)
+        return;
+    const GstPointer<GstElement> sink(gst_bin_get_by_name(GST_BIN(part), "pictures"));
+    GstAppSinkCallbacks callbacks{};
+    callbacks.new_preroll = Callbacks::newPreroll;
+    callbacks.new_sample = Callbacks::newSample;
+    gst_app_sink_set_callbacks(GST_APP_SINK(sink.get()), &callbacks, this, nullptr);
+    gst_element_sync_state_with_parent(part);
+    const GstPointer<GstPad> input(gst_element_get_static_pad(part, "sink"));
+    gst_pad_link(pad, input.get());
+}
+
+void GstVideoEngine::playSound(GstPad *pad) {
+    GstPointer<GstElement> device = m_wantsSound ? openGstSoundSink() : nullptr;
+    if (m_wantsSound && !device)
+        m_listener->remark(QStringLiteral("no sound device answers, so it plays without"));
+    // What nobody hears only keeps its time.
+    GstElement *part =
+        addPart(device ? "queue ! audioconvert ! audioresample ! volume name=volume" : "queue");
+    if (!part)
+        return;
+    applyMuted();
+    GstElement *sink = device ? GST_ELEMENT(gst_object_ref(device.get()))
+                              : gst_element_factory_make("fakesink", nullptr);
+    if (!device)
+        g_object_set(sink, "sync", TRUE, nullptr);
+    gst_bin_add(GST_BIN(m_pipeline.get()), sink);
+    // The bin has a reference of its own now.
+    if (device)
+        gst_object_unref(sink);
+    m_soundSink = sink;
+    const GstPointer<GstPad> end(gst_element_get_static_pad(sink, "sink"));
+    gst_pad_add_probe(end.get(), GST_PAD_PROBE_TYPE_BUFFER, Callbacks::soundBuffer, this, nullptr);
+    gst_element_link(part, sink);
+    gst_element_sync_state_with_parent(sink);
+    gst_element_sync_state_with_parent(part);
+    const GstPointer<GstPad> input(gst_element_get_static_pad(part, "sink"));
+    gst_pad_link(pad, input.get());
+}
+
+void GstVideoEngine::showSample(GstSample *sample) {
+    const GstBuffer *buffer = gst_sample_get_buffer(sample);
+    const GstClockTime shown = gst_segment_to_stream_time(gst_sample_get_segment(sample),
+                                                          GST_FORMAT_TIME, GST_BUFFER_PTS(buffer));
+    m_listener->moved(seconds(shown), seconds(GST_BUFFER_DURATION(buffer)));
+    const QImage picture = gstFrameImage(sample);
+    if (!picture.isNull())
+        m_listener->frame(picture);
+}
+
+void GstVideoEngine::soundMoved(GstBuffer *buffer) {
+    m_listener->moved(seconds(GST_BUFFER_PTS(buffer)), 0);
+}
+
+} // namespace velmora

@@ -1,0 +1,126 @@
+#include "ConstraintLayout.h"
+
+#include "MainQueue.h"
+
+#include <QtCore/QEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+
+namespace {
+
+// As far as any screen reaches, and well within an int.
+double withinReach(double length) {
+    constexpr double Farthest = 100'000;
+    return std::clamp(length, -Farthest, Farthest);
+}
+
+} // namespace
+
+ConstraintLayout::ConstraintLayout(QWidget *view) : QObject(view), m_view(view) {
+    m_view->installEventFilter(this);
+    followSuperview();
+}
+
+void ConstraintLayout::followSuperview() {
+    if (m_superview)
+        m_superview->removeEventFilter(this);
+    m_superview = m_view->parentWidget();
+    if (!m_superview)
+        return;
+    m_superview->installEventFilter(this);
+    m_view->raise();
+    apply();
+}
+
+void ConstraintLayout::add(const LayoutConstraintPtr &constraint) {
+    constraint->setChangeHandler([self = QPointer<ConstraintLayout>(this)] {
+        if (self)
+            self->apply();
+    });
+    m_constraints.push_back(constraint);
+    apply();
+}
+
+void ConstraintLayout::remove(const LayoutConstraintPtr &constraint) {
+    if (std::erase(m_constraints, constraint) > 0)
+        constraint->setChangeHandler(nullptr);
+}
+
+QRectF ConstraintLayout::solve(const std::vector<LayoutConstraintPtr> &constraints,
+                               QSizeF superview) {
+    double height = 0;
+    double aspect = 0;
+    double offset = 0;
+    double bottom = 0;
+    bool trailingInside = false;
+    for (const LayoutConstraintPtr &constraint : constraints) {
+        switch (constraint->relation()) {
+        case LayoutConstraint::Relation::Height:
+            height = std::max(withinReach(constraint->constant()), 0.0);
+            break;
+        case LayoutConstraint::Relation::Aspect:
+            aspect = constraint->multiplier();
+            break;
+        case LayoutConstraint::Relation::CenterX:
+            offset = withinReach(constraint->constant());
+            break;
+        case LayoutConstraint::Relation::Bottom:
+            bottom = withinReach(constraint->constant());
+            break;
+        case LayoutConstraint::Relation::TrailingInside:
+            trailingInside = true;
+            break;
+        case LayoutConstraint::Relation::Spacing:
+            break;
+        }
+    }
+    // In a flat superview the distance from the bottom leaves the view half of the height, and
+    // the view fits above it.
+    bottom = std::min(bottom, superview.height() - std::min(height, superview.height() / 2));
+    height = std::min(height, superview.height() - std::max(bottom, 0.0));
+    double width = height * aspect;
+    if (width > superview.width()) {
+        width = superview.width();
+        height = width / aspect;
+    }
+    double x = (superview.width() - width) / 2 + offset;
+    if (trailingInside)
+        x = std::min(x, superview.width() - width);
+    return {x, superview.height() - bottom - height, width, height};
+}
+
+void ConstraintLayout::apply() {
+    if (!m_superview)
+        return;
+    const QRect frame = solve(m_constraints, m_superview->size()).toRect();
+    m_view->setGeometry(frame);
+    if (m_placed)
+        m_placed(frame);
+}
+
+bool ConstraintLayout::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_view && event->type() == QEvent::ParentChange)
+        followSuperview();
+    if (watched != m_superview)
+        return false;
+    if (event->type() == QEvent::Resize)
+        apply();
+    if (event->type() == QEvent::ChildAdded && !m_raisePosted) {
+        // The new child is not a widget yet while this event is delivered.
+        m_raisePosted = true;
+        MainQueue::post([self = QPointer<ConstraintLayout>(this)] {
+            if (!self)
+                return;
+            self->m_raisePosted = false;
+            self->m_view->raise();
+            // What accompanies the view comes up with it.
+            self->apply();
+        });
+    }
+    return false;
+}
+
+} // namespace velmora

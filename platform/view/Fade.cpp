@@ -1,0 +1,86 @@
+#include "Fade.h"
+
+#include "Animator.h"
+
+#include <QtWidgets/QGraphicsOpacityEffect>
+
+#include <algorithm>
+
+namespace velmora {
+
+Fade *Fade::of(const QWidget *view) {
+    return view->findChild<Fade *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+Fade::Fade(QWidget *view)
+    : QObject(view),
+      m_view(view),
+      m_opacity(view->isHidden() ? 0 : 1),
+      m_hidden(view->isHidden()) {}
+
+Fade::~Fade() {
+    if (m_timer)
+        m_timer->invalidate();
+}
+
+void Fade::run(bool hidden) {
+    // Qt can't draw a fade within a fade.
+    const auto inner = m_view->findChildren<Fade *>();
+    for (Fade *fade : inner) {
+        if (fade != this)
+            fade->finish(fade->isTowardsHidden());
+    }
+    m_hidden = hidden;
+    m_view->setAttribute(Qt::WA_TransparentForMouseEvents, hidden);
+    setOpacity(m_opacity);
+    m_view->show();
+    m_lastFrame = TimeSource::current().now();
+    if (m_timer && m_timer->isValid())
+        return;
+    m_timer = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
+    m_timer->setFiresDuringTracking();
+}
+
+void Fade::finish(bool hidden) {
+    m_hidden = hidden;
+    end();
+}
+
+void Fade::frame() {
+    const auto now = TimeSource::current().now();
+    const double passed = std::chrono::duration<double>(now - m_lastFrame).count();
+    m_lastFrame = now;
+    const double step = passed / Animator::Duration;
+    setOpacity(std::clamp(m_opacity + (m_hidden ? -step : step), 0.0, 1.0));
+    const bool arrived = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
+    // A view that went off screen meanwhile has nobody to fade for.
+    if (arrived || !m_view->isVisible())
+        end();
+}
+
+void Fade::setOpacity(double opacity) {
+    m_opacity = opacity;
+    auto *effect = qobject_cast<QGraphicsOpacityEffect *>(m_view->graphicsEffect());
+    if (!effect) {
+        effect = new QGraphicsOpacityEffect;
+        m_view->setGraphicsEffect(effect);
+    }
+    effect->setOpacity(opacity);
+}
+
+void Fade::end() {
+    if (m_timer)
+        m_timer->invalidate();
+    // Taken out of its superview meanwhile, the view would become a window.
+    m_view->setVisible(!m_hidden && m_view->parentWidget());
+    m_view->setGraphicsEffect(nullptr);
+    m_view->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    if (m_hidden && m_removes) {
+        m_view->setParent(nullptr);
+        m_view->deleteLater();
+    }
+    deleteLater();
+    setParent(nullptr);
+}
+
+} // namespace velmora

@@ -1,0 +1,141 @@
+#include "Window.h"
+
+#include "MainQueue.h"
+#include "ResizeLock.h"
+#include <Velmora/NotificationCenter.h>
+
+#include <QtCore/QEvent>
+#include <QtCore/QVariant>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QSplitter>
+
+namespace velmora {
+
+const QString NSWindowDidBecomeKeyNotification = QStringLiteral("NSWindowDidBecomeKeyNotification");
+const QString NSWindowDidResignKeyNotification = QStringLiteral("NSWindowDidResignKeyNotification");
+const QString NSWindowWillCloseNotification = QStringLiteral("NSWindowWillCloseNotification");
+
+namespace {
+// The key window among those with a companion.
+Window *s_keyWindow = nullptr;
+} // namespace
+
+Window *Window::of(QWidget *widget) {
+    if (!widget)
+        return nullptr;
+    QWidget *window = widget->window();
+    if (auto *known = window->findChild<Window *>(QString(), Qt::FindDirectChildrenOnly))
+        return known;
+    return new Window(window);
+}
+
+Window::Window(QWidget *window) : QObject(window), m_window(window), m_wasVisible(isVisible()) {
+    window->installEventFilter(this);
+    if (window->isActiveWindow() && isVisible())
+        s_keyWindow = this;
+}
+
+Window::~Window() {
+    if (s_keyWindow == this)
+        s_keyWindow = nullptr;
+}
+
+bool Window::isVisible() const {
+    return m_window->isVisible() && !m_window->isMinimized();
+}
+
+bool Window::isKeyWindow() const {
+    return s_keyWindow == this && isVisible();
+}
+
+QWidget *Window::contentView() const {
+    const auto *mainWindow = qobject_cast<const QMainWindow *>(m_window);
+    QWidget *central = mainWindow ? mainWindow->centralWidget() : nullptr;
+    // A splitter would take whatever is put into it for one more pane.
+    return central && !qobject_cast<QSplitter *>(central) ? central : m_window;
+}
+
+quint64 Window::styleMask() const {
+    const bool fixed = m_resizeLock || m_window->minimumSize() == m_window->maximumSize() ||
+                       m_window->windowFlags().testFlag(Qt::MSWindowsFixedSizeDialogHint);
+    return fixed ? 0 : Resizable;
+}
+
+void Window::setStyleMask(quint64 mask) {
+    if (mask & Resizable)
+        m_resizeLock.reset();
+    else if (!m_resizeLock)
+        m_resizeLock = std::make_unique<ResizeLock>(m_window);
+}
+
+bool Window::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_window)
+        return false;
+    if (!m_window->isWindow()) {
+        m_wasVisible = false;
+        lostActivation();
+        return false;
+    }
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+        noteVisibility(isVisible());
+        break;
+    case QEvent::WindowActivate:
+        becameActive();
+        break;
+    case QEvent::WindowDeactivate:
+        lostActivation();
+        break;
+    case QEvent::Close:
+        // The host may still refuse; only a hide that follows at once is a close.
+        m_closing = true;
+        MainQueue::post([self = QPointer<Window>(this)] {
+            if (self)
+                self->m_closing = false;
+        });
+        break;
+    case QEvent::Hide:
+        if (event->spontaneous())
+            break;
+        noteVisibility(false);
+        if (std::exchange(m_closing, false))
+            post(NSWindowWillCloseNotification);
+        lostActivation();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void Window::noteVisibility(bool visible) {
+    if (std::exchange(m_wasVisible, visible) != visible && visible)
+        Q_EMIT becameVisible();
+}
+
+void Window::becameActive() {
+    if (s_keyWindow == this || !isVisible())
+        return;
+    const QPointer<Window> self(this);
+    if (Window *previous = s_keyWindow)
+        previous->lostActivation();
+    // An observer may have destroyed this window.
+    if (!self)
+        return;
+    s_keyWindow = this;
+    post(NSWindowDidBecomeKeyNotification);
+}
+
+void Window::lostActivation() {
+    if (s_keyWindow != this)
+        return;
+    s_keyWindow = nullptr;
+    post(NSWindowDidResignKeyNotification);
+}
+
+void Window::post(const QString &name) {
+    NotificationCenter::defaultCenter().post(name, QVariant::fromValue<QObject *>(m_window));
+}
+
+} // namespace velmora

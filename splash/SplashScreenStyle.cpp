@@ -1,0 +1,53 @@
+#include "SplashScreenStyle.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velmora {
+
+namespace {
+
+QString latin1(std::string_view text) {
+    return QLatin1String(text.data(), qsizetype(text.size()));
+}
+
+QString shown(const QVariant &value) {
+    if (!value.isValid())
+        return QStringLiteral("none");
+    return value.typeId() == QMetaType::QColor ? value.value<QColor>().name() : value.toString();
+}
+
+} // namespace
+
+// Truncated toward zero, where the variant's own conversion would round.
+double SplashScreenStyle::wholePart(const QVariant &value) {
+    constexpr double farthest = std::numeric_limits<int>::max();
+    return double(int(std::clamp(value.toDouble(), -farthest, farthest)));
+}
+
+QVariantMap SplashScreenStyle::standardOptions() {
+    QVariantMap options;
+    for (const SplashScreenOption &row : Table::rows) {
+        const QVariant value = row.standardValue();
+        if (value.isValid())
+            options.insert(row.keyText(), value);
+    }
+    return options;
+}
+
+void SplashScreenStyle::restoreAll(SplashScreenController &controller, const QVariantMap &options) {
+    for (const SplashScreenOption &row : Table::rows)
+        row.restore(controller, options.value(row.keyText()));
+}
+
+QString SplashScreenStyle::documentation() {
+    QString page = QStringLiteral("| Operation of `Velmora` | Key | Default | What it is |\n"
+                                  "| --- | --- | --- | --- |\n");
+    for (const SplashScreenOption &row : Table::rows)
+        page += QStringLiteral("| `%1` | `%2` | %3 | %4 |\n")
+                    .arg(latin1(row.operation), row.keyText(), shown(row.standardValue()),
+                         latin1(row.meaning));
+    return page;
+}
+
+} // namespace velmora

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "SplashScreenController.h"
+
+#include <QtCore/QLatin1String>
+#include <QtCore/QVariantMap>
+
+#include <string_view>
+
+namespace velmora {
+
+/// One option of the splash screens' appearance: a row of SplashScreenStyle's table.
+struct SplashScreenOption {
+    /// Key in the presenter's options. Hosts know it by this spelling.
+    std::string_view key;
+    /// The facade's operation that sets it, and what it is, for the documentation.
+    std::string_view operation;
+    std::string_view meaning;
+    /// The value that a presenter starts with; invalid when there is none.
+    QVariant (*standardValue)();
+    /// Gives a splash screen a value that a host has just set.
+    void (*set)(SplashScreenController &, const QVariant &);
+    /// Gives a splash screen that is made later the stored value. A missing one counts as null,
+    /// 0 or false.
+    void (*restore)(SplashScreenController &, const QVariant &);
+
+    QString keyText() const { return QLatin1String(key.data(), qsizetype(key.size())); }
+};
+
+/// The options of the splash screens' appearance. A new option is a row in the table and an
+/// operation of the facade. Main thread only.
+class SplashScreenStyle {
+public:
+    /// The row of a key; a key without a row does not compile.
+    static consteval const SplashScreenOption &option(std::string_view key);
+
+    /// The options of a new presenter, by key.
+    static QVariantMap standardOptions();
+    /// Applies all options to one splash screen, in the table's order.
+    static void restoreAll(SplashScreenController &controller, const QVariantMap &options);
+    /// The table as a page of the documentation (Markdown).
+    static QString documentation();
+
+private:
+    template<class Setter>
+    struct ValueOf;
+    template<class Parameter>
+    struct ValueOf<void (SplashScreenController::*)(Parameter)> {
+        using Type = std::remove_cvref_t<Parameter>;
+    };
+
+    template<class Value>
+    static Value asStored(const QVariant &value) {
+        return value.value<Value>();
+    }
+    static double wholePart(const QVariant &value);
+    static double singlePrecision(const QVariant &value) { return double(value.toFloat()); }
+
+    template<auto Setter, auto Read = asStored<typename ValueOf<decltype(Setter)>::Type>>
+    static consteval SplashScreenOption row(std::string_view key, QVariant (*standardValue)(),
+                                            std::string_view operation, std::string_view meaning) {
+        using Value = typename ValueOf<decltype(Setter)>::Type;
+        return {
+            key,
+            operation,
+            meaning,
+            standardValue,
+            [](SplashScreenController &to, const QVariant &value) {
+                (to.*Setter)(value.value<Value>());
+            },
+            [](SplashScreenController &to, const QVariant &value) { (to.*Setter)(Read(value)); }};
+    }
+
+    static QVariant none() { return {}; }
+    static QVariant off() { return false; }
+    static QVariant black() { return QColor(Qt::black); }
+    static QVariant white() { return QColor(Qt::white); }
+    static QVariant grey() { return QColor::fromRgbF(0.5f, 0.5f, 0.5f); }
+    static QVariant darkGrey() { return QColor::fromRgbF(1 / 3.f, 1 / 3.f, 1 / 3.f); }
+    template<auto Number>
+    static QVariant number() {
+        return Number;
+    }
+
+    struct Table;
+};
+
+struct SplashScreenStyle::Table {
+    using To = SplashScreenController;
+
+    static constexpr SplashScreenOption rows[] = {
+        row<&To::setTopInset, wholePart>(
+            "topInset", number<0>, "setSplashScreenTopInset",
+            "height of the strip at the top that stays uncovered, points; splash screens that are "
+            "added later take the whole part"),
+        row<&To::setIcon>("icon", none, "setSplashScreenIcon",
+                          "picture on the start and end screens; without one the application's "
+                          "icon, else the window's"),
+        row<&To::setTextColor>("textColor", black, "setSplashScreenTextColor",
+                               "colour of the two lines of text"),
+        row<&To::setBackgroundColor>("backgroundColor", white, "setSplashScreenBackgroundColor",
+                                     "colour behind everything"),
+        row<&To::setBackgroundImage>("backgroundImage", none, "setSplashScreenBackgroundImage",
+                                     "picture behind everything"),
+        // The key lacks a letter, and hosts know it so.
+        row<&To::setBackgroundImageScaling>(
+            "backgoundImageScaling", number<0u>, "setSplashScreenBackgroundImageScaling",
+            "how that picture fills the window: 0 smaller when it has to be, 1 to the window's "
+            "size, 2 in its own size, 3 as large as it fits"),
+        row<&To::setHiddenButtonAfterVideo>("hiddenButtonAfterVideo", off,
+                                            "setSplashScreenHiddenButtonAfterVideo",
+                                            "leaves the remove-ads button out of the end screen"),
+        row<&To::setHiddenButtonBeforeVideo>(
+            "hiddenButtonBeforeVideo", off, "setSplashScreenHiddenButtonBeforeVideo",
+            "leaves the remove-ads button out of the start screen"),
+        row<&To::setTimerTextColor>("timerTextColor", black, "setSplashScreenTimerTextColor",
+                                    "colour of the seconds inside the rings"),
+        row<&To::setTimerBackgroundColor>("timerBackgroundColor", white,
+                                          "setSplashScreenTimerBackgroundColor",
+                                          "colour of the rings' discs"),
+        row<&To::setTimerBorderColor>("timerBorderColor", grey, "setSplashScreenTimerBorderColor",
+                                      "colour of the rings' tracks"),
+        row<&To::setTimerProgressColor>("timerProgressColor", darkGrey,
+                                        "setSplashScreenTimerBorderColor",
+                                        "colour of the rings' elapsed parts"),
+        row<&To::setTimerBorderWidth, singlePrecision>("timerBorderWidth", number<2>,
+                                                       "setSplashScreenTimerBorderWidth",
+                                                       "thickness of the rings' tracks, points"),
+        row<&To::setTimerProgressWidth, singlePrecision>(
+            "timerProgressWidth", number<4>, "setSplashScreenTimerBorderWidth",
+            "how much thicker the elapsed parts are, points"),
+        row<&To::setHiddenIcon>("hiddenIcon", off, "setSplashScreenHiddenIcon",
+                                "leaves the icon out of both screens"),
+        row<&To::setHiddenIconAfterVideo>("hiddenIconAfterVideo", off,
+                                          "setSplashScreenHiddenIconAfterVideo",
+                                          "leaves the icon out of the end screen"),
+        row<&To::setHiddenIconBeforeVideo>("hiddenIconBeforeVideo", off,
+                                           "setSplashScreenHiddenIconBeforeVideo",
+                                           "leaves the icon out of the start screen"),
+        row<&To::setHiddenBackgroundImage>("hiddenBackgroundImage", off,
+                                           "setSplashScreenHiddenBackgroundImage",
+                                           "leaves the background picture out of both screens"),
+        row<&To::setHiddenBackgroundImageAfterVideo>(
+            "hiddenBackgroundImageAfterVideo", off,
+            "setSplashScreenHiddenBackgroundImageAfterVideo",
+            "leaves the background picture out of the end screen"),
+        row<&To::setHiddenBackgroundImageBeforeVideo>(
+            "hiddenBackgroundImageBeforeVideo", off,
+            "setSplashScreenHiddenBackgroundImageBeforeVideo",
+            "leaves the background picture out of the start screen"),
+    };
+};
+
+consteval const SplashScreenOption &SplashScreenStyle::option(std::string_view key) {
+    for (const SplashScreenOption &row : Table::rows) {
+        if (row.key == key)
+            return row;
+    }
+    throw "there is no such option";
+}
+
+} // namespace velmora

@@ -1,0 +1,119 @@
+#include "SplashScreenVisibility.h"
+
+#include "Animator.h"
+
+namespace velmora {
+
+namespace {
+
+using Conditions = SplashScreenVisibility::Conditions;
+using Rule = bool (*)(const Conditions &);
+
+bool no(const Conditions &) {
+    return false;
+}
+
+bool yes(const Conditions &) {
+    return true;
+}
+
+bool withStart(const Conditions &now) {
+    return !now.withoutSplash;
+}
+
+bool withStill(const Conditions &now) {
+    return now.hasStill;
+}
+
+bool iconBefore(const Conditions &now) {
+    const SplashScreenAppearance &look = now.appearance;
+    return !now.withoutSplash && !look.hiddenIcon && !look.hiddenIconBeforeVideo;
+}
+
+bool iconAfter(const Conditions &now) {
+    const SplashScreenAppearance &look = now.appearance;
+    return !now.hasStill && !look.hiddenIcon && !look.hiddenIconAfterVideo;
+}
+
+bool backgroundBefore(const Conditions &now) {
+    const SplashScreenAppearance &look = now.appearance;
+    return !now.withoutSplash && !look.hiddenBackgroundImage &&
+           !look.hiddenBackgroundImageBeforeVideo;
+}
+
+bool backgroundAfter(const Conditions &now) {
+    const SplashScreenAppearance &look = now.appearance;
+    return !now.hasStill && !look.hiddenBackgroundImage && !look.hiddenBackgroundImageAfterVideo;
+}
+
+bool buttonBefore(const Conditions &now) {
+    return !now.withoutSplash && !now.appearance.hiddenButtonBeforeVideo;
+}
+
+bool buttonAfter(const Conditions &now) {
+    return !now.hasStill && !now.appearance.hiddenButtonAfterVideo;
+}
+
+struct Row {
+    QWidget *(*element)(const SplashScreenOutlets &);
+    Rule start;
+    Rule video;
+    Rule videoWithCloseButton;
+    Rule end;
+};
+
+template<auto Outlet>
+QWidget *element(const SplashScreenOutlets &outlets) {
+    return outlets.*Outlet;
+}
+
+using Outlets = SplashScreenOutlets;
+
+// clang-format off
+constexpr Row Rows[] = {
+    // element                                  start             video  + button  end
+    {element<&Outlets::bgImage>,                backgroundBefore, no,    no,       backgroundAfter},
+    {element<&Outlets::iconImageView>,          iconBefore,       no,    no,       iconAfter},
+    {element<&Outlets::lablesView>,             withStart,        no,    no,       no},
+    {element<&Outlets::removeAdsButton>,        buttonBefore,     no,    no,       buttonAfter},
+    {element<&Outlets::splashScreenPlayerView>, no,               yes,   yes,      no},
+    {element<&Outlets::timeVideoLabel>,         no,               yes,   no,       no},
+    {element<&Outlets::videoProgressView>,      no,               yes,   no,       no},
+    {element<&Outlets::soundButton>,            no,               yes,   yes,      no},
+    {element<&Outlets::removeAdsImageButton>,   no,               yes,   yes,      no},
+    {element<&Outlets::interstitialImage>,      no,               no,    no,       withStill},
+    {element<&Outlets::closeButton>,            no,               no,    yes,      yes},
+};
+// clang-format on
+
+Rule ruleOf(const Row &row, SplashScreenVisibility::Phase phase) {
+    switch (phase) {
+    case SplashScreenVisibility::Phase::Start:
+        return row.start;
+    case SplashScreenVisibility::Phase::Video:
+        return row.video;
+    case SplashScreenVisibility::Phase::VideoWithCloseButton:
+        return row.videoWithCloseButton;
+    case SplashScreenVisibility::Phase::End:
+        return row.end;
+    }
+    return no;
+}
+
+} // namespace
+
+void SplashScreenVisibility::apply(const SplashScreenOutlets &outlets, Phase phase,
+                                   const Conditions &conditions) {
+    for (const Row &row : Rows) {
+        QWidget *view = row.element(outlets);
+        if (!view)
+            continue;
+        const Rule isVisible = ruleOf(row, phase);
+        if (phase == Phase::Start && isVisible == no)
+            Animator::setHiddenNow(view, true);
+        else
+            Animator::setHidden(view, !isVisible(conditions));
+    }
+}
+
+} // namespace velmora

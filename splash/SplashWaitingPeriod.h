@@ -1,0 +1,51 @@
+#pragma once
+
+#include <Velmora/Timer.h>
+
+#include <memory>
+
+namespace velmora {
+
+/// The wait before the first splash-screen sequence and between two of them: while it lasts,
+/// splash screens that are only asked for softly are refused. Main thread only.
+///
+/// A wait that is started anew does not cancel the one before it, which ends it as well.
+class SplashWaitingPeriod {
+public:
+    ~SplashWaitingPeriod() { cancel(); }
+
+    bool isOver() const { return m_isOver; }
+    /// A sequence begins: the next one has to wait.
+    void setNotOver() { m_isOver = false; }
+
+    /// From the registration of the first window to the first sequence, whole seconds.
+    qint64 delayForFirstStart() const { return m_delayForFirstStart; }
+    void setDelayForFirstStart(qint64 seconds) { m_delayForFirstStart = seconds; }
+    /// From the end of one sequence to the next, whole seconds.
+    qint64 waitTime() const { return m_waitTime; }
+    void setWaitTime(qint64 seconds) { m_waitTime = seconds; }
+
+    void startFirst();
+    void start();
+    void end();
+    /// The whole wait again, from now on.
+    void restart();
+    /// Cancels both timers: nothing is left that would end the wait.
+    void cancel();
+
+    const TimerPtr &firstStartTimer() const { return m_firstStartTimer; }
+    const TimerPtr &prepareTimer() const { return m_prepareTimer; }
+
+private:
+    TimerPtr scheduled(qint64 seconds);
+
+    bool m_isOver = false;
+    qint64 m_delayForFirstStart = 0;
+    qint64 m_waitTime = 120;
+    TimerPtr m_firstStartTimer;
+    TimerPtr m_prepareTimer;
+    /// Expires with this object, for timers that are still pending then.
+    std::shared_ptr<int> m_alive = std::make_shared<int>();
+};
+
+} // namespace velmora
