@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Prints what playing a clip costs beside Qt's own way and beside bare decoding, each in
 // a process of its own over the same stretch of the clip, and how soon and how surely it plays.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Prints what a banner costs beside a bare movie label that shows the same picture at the same
 // size, each in a process of its own, measured by the kernel's counters in the same run.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Everything but the library itself is built only when Velmora is the top-level project.
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})

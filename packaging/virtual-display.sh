@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Shell functions that the scripts in the project's root share. The virtual display needs the
 # packages of the group "run" and goes with the script; a function fail() is expected.
 

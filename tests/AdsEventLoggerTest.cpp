@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "AdsEventLogger.h"
 #include "Switches.h"
 #include "tests/support/HostName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "AdKeys.h"
 #include "Animator.h"
 #include "BannerImageView.h"

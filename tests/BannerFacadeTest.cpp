@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Animator.h"
 #include "tests/support/BannerHost.h"
 #include "tests/support/Waiting.h"

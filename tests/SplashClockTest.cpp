@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "SplashClock.h"
 #include "SplashWaitingPeriod.h"
 #include "tests/support/FreshProcess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "BannerController.h"
 #include "FacadeState.h"
 #include "tests/support/LocalAdServer.h"

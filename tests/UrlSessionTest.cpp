@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "UrlSession.h"
 #include "MainQueue.h"
 #include "tests/support/LocalAdServer.h"

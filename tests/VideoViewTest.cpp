@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "VideoView.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Waiting.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Window.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/OwnDisplay.h"

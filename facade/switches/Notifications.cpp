@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <Velmora/Notifications.h>
 
 const QString VLMtryRemoveAds = QStringLiteral("com.tamsel.tryremoveads");

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Drawing helpers on cairo and Pango shared by every picture in this folder."""
 
 import math

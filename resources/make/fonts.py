@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The typefaces in use, and a check that none of them is silently replaced."""
 
 import subprocess

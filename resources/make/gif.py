@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Animated GIF banners: a story told in holds and short bursts of motion.
 
 A banner module has STORY, a list of beats, and draw(ctx, stage). Stage 0 is the first message,

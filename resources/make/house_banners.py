@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The four banners built into the framework, one GIF per row of house-banners.json."""
 
 import importlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Interface images: the close and sound buttons at three densities, and the demo's icon."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The sample campaign the development ad server hands out: its banners and campaign.json."""
 
 import importlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The sample campaign's films and the still picture shown after each."""
 
 import importlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """String tables: one UTF-16 Localizable.strings per language, from string-tables.json."""
 
 import json

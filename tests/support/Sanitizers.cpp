@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the sanitizers are told of the libraries that are not ours. Without a sanitizer nobody
 // calls these.
 

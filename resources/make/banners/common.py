@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What several banners share."""
 
 from contextlib import contextmanager

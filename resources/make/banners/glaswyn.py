@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Glaswyn, a photo editor: a handle draws the colour back into a grey afternoon."""
 
 

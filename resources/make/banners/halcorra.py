@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Halcorra, sounds for sleeping: the sea and a halo round the moon breathe in and out."""
 
 import math

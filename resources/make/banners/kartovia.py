@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Kartovia, a travel planner: the straight line between two pins learns to wander."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Orrivane, a weather forecast: a rain front crosses the banner and takes the words along."""
 
 import math

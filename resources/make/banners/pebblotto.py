@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Pebblotto, a puzzle with pebbles that have faces: one more falls, three of a kind burst."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Quillmoor, a journal: a pen writes the second line of the thought."""
 
 import math

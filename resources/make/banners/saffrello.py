@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Saffrello, recipes from what is at home: loose ingredients jump into the pan and become dinner."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Tallowick, a household budget: a muddle of bars sorts itself and one of them owns up."""
 
 from banners.common import brand, swap, tile

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Renders a film frame by frame and encodes it with its sound."""
 
 import subprocess

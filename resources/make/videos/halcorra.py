@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Halcorra's film: the messages of the day sink into a night sea that breathes."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Kartovia's film: three days off, no plan, and a line that finds its own way."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Small synthesiser: soft music beds of a few seconds, always the same for the same film."""
 
 import numpy
