@@ -59,10 +59,10 @@ struct Recorder {
                   EXPECT_TRUE(MainQueue::isMainThread());
                   ++notified;
               })) {
-        const auto count = [](Reports &reports, std::atomic<int> Reports::*counter) {
+        const auto count = [](Reports &to, std::atomic<int> Reports::*counter) {
             if (MainQueue::isMainThread())
-                reports.cameOnMainThread = true;
-            ++(reports.*counter);
+                to.cameOnMainThread = true;
+            ++(to.*counter);
         };
         monitor.reachableBlock = [count, reports = reports](Reachability *) {
             count(*reports, &Reports::reachable);
