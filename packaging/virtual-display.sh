@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
+# shellcheck shell=bash
 # Shell functions that the scripts in the project's root share. The virtual display needs the
 # packages of the group "run" and goes with the script; a function fail() is expected.
 
