@@ -20,7 +20,7 @@ namespace velmora::bench {
 namespace {
 
 constexpr QSize WindowSize(1000, 600);
-// A 728x90 picture at a height of 100, where the framework puts it.
+// Where the framework puts a banner of 728x90 in its large size.
 constexpr QRect BannerPlace(96, 496, 809, 100);
 
 void ready() {
@@ -60,7 +60,6 @@ void fetchAndShowLabel(QWidget &window) {
 
 void showBanner(QWidget &window, bool hidden) {
     Velmora::addBannerForWindow(&window);
-    // The picture comes from the ad server; wait until it is there.
     auto *poll = new QTimer(&window);
     QObject::connect(poll, &QTimer::timeout, &window, [&window, poll, hidden] {
         const auto *picture = window.findChild<QWidget *>(QStringLiteral("bannerImage"));

@@ -6,16 +6,18 @@
 
 namespace velmora::bench {
 
-/// One of the programs that are compared: a window that shows the same picture at the same size
-/// in one way or another, until it is ended.
+/// The programs that are compared. Each runs until it is killed and shows a window with the same
+/// picture in the same size, by one of these means:
+/// - "window": the empty window
+/// - "label": a QLabel with a QMovie of a file
+/// - "label-https": the same, after downloading the file over HTTPS from the ad server
+/// - "banner": a banner
+/// - "banner-hidden": a banner whose window was hidden after the banner had appeared
 class BannerSubject {
 public:
-    /// "window": nothing. "label": a movie label of a file. "label-https": the same in a host
-    /// that has fetched the file itself, over HTTPS, from the same server. "banner" and
-    /// "banner-hidden": the framework's, the latter in a window that was hidden again.
     static QStringList names();
 
-    /// Runs the subject in this process; prints "ready" once the picture is on screen.
+    /// Runs the program of that name in this process. It prints "ready" when the picture is shown.
     static int run(const QString &name, int argc, char **argv);
 };
 

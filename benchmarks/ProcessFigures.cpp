@@ -18,7 +18,7 @@ QByteArray contents(qint64 processId, const char *file) {
 
 ProcessFigures ProcessFigures::of(qint64 processId) {
     ProcessFigures figures;
-    // Finer than the kernel's clock ticks, and with the threads that have ended.
+    // This clock is finer than the ticks in /proc/PID/stat and includes threads that have ended.
     clockid_t clock{};
     timespec used{};
     if (clock_getcpuclockid(static_cast<pid_t>(processId), &clock) == 0 &&

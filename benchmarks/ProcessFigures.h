@@ -5,11 +5,11 @@
 
 namespace velmora::bench {
 
-/// What a process has used up to now, as the kernel counts it.
+/// The processor time and memory that a process has used, from the kernel's counters.
 struct ProcessFigures {
     double cpuSeconds = 0;
-    /// Pages that the process has written and shares with nobody. Unwritten pages of a library
-    /// are left out: whether they are shared depends on what else happens to run.
+    /// Memory that the process has written and does not share. A library's unwritten pages do not
+    /// count, because which of them are shared depends on the other processes that run.
     double privateMegabytes = 0;
 
     static ProcessFigures of(qint64 processId);

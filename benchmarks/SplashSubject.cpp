@@ -29,7 +29,7 @@ bool SplashSubject::has(const QString &name) {
 
 int SplashSubject::run(const QString &name, int argc, char **argv) {
     const bool isVideo = name == SplashVideo;
-    // Nothing of the person who measures is read or written.
+    // The user's own settings and caches stay unused.
     const QTemporaryDir home;
     for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
         qputenv(place, home.path().toUtf8());
@@ -49,14 +49,14 @@ int SplashSubject::run(const QString &name, int argc, char **argv) {
             std::puts("PLAYING");
             std::fflush(stdout);
         });
-    // Refused until one of them is the key window.
-    QTimer asking;
-    QObject::connect(&asking, &QTimer::timeout, [&asking, isVideo] {
+    // A splash screen is refused until one of the windows is the key window.
+    QTimer retrying;
+    QObject::connect(&retrying, &QTimer::timeout, [&retrying, isVideo] {
         isVideo ? Velmora::showWithouSplash() : Velmora::forceShow();
         if (Velmora::isShowSplashScreen())
-            asking.stop();
+            retrying.stop();
     });
-    asking.start(100);
+    retrying.start(100);
     return QApplication::exec();
 }
 

@@ -5,14 +5,15 @@
 
 namespace velmora::bench {
 
-/// Splash screens as a host shows them. "start screens": counting down in four windows.
-/// "splash video": one that plays the clip pixel by pixel, with all that lies over it.
+/// Programs that show splash screens:
+/// - "start screens": start screens that count down in four windows
+/// - "splash video": a splash screen that plays the clip in its own size, with all controls over it
 class SplashSubject {
 public:
     static bool has(const QString &name);
 
-    /// Runs the subject in this process until it is ended. Prints a line with "PLAYING" once it
-    /// is shown.
+    /// Runs the program of that name in this process until it is killed. It prints "PLAYING" when
+    /// the splash screen is shown.
     static int run(const QString &name, int argc, char **argv);
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints what playing a clip costs beside Qt's own way and beside bare decoding, each in
-// a process of its own over the same stretch of the clip, and how soon and how surely it plays.
+// Compares the CPU time of the framework's video player with that of Qt's video widget and of
+// decoding alone, each in a process of its own and over the same part of the clip. Then measures
+// splash screens, how soon the player shows a frame, and whether it survives a blocked main thread.
 
 #include "benchmarks/ProcessFigures.h"
 #include "benchmarks/SplashSubject.h"
@@ -24,9 +25,9 @@ using velmora::bench::VideoTrials;
 
 namespace {
 
-// Of the clip's eight seconds.
+// The clip lasts eight seconds.
 constexpr int SkippedMs = 1000;
-constexpr int StretchMs = 6000;
+constexpr int MeasuredMs = 6000;
 constexpr int UsualStalls = 100;
 
 double median(std::vector<double> values) {
@@ -34,7 +35,7 @@ double median(std::vector<double> values) {
     return values.at(values.size() / 2);
 }
 
-// Nothing when the subject did not play: Qt's sometimes does not.
+// Returns nothing if the clip was not played; Qt's player sometimes does not start.
 std::optional<double> cpuPercent(const QString &subject) {
     QStringList arguments = SplashSubject::has(subject)
                                 ? QStringList{QCoreApplication::applicationFilePath(),
@@ -54,27 +55,27 @@ std::optional<double> cpuPercent(const QString &subject) {
     }
     QThread::msleep(SkippedMs);
     const double before = ProcessFigures::of(child.processId()).cpuSeconds;
-    QThread::msleep(StretchMs);
+    QThread::msleep(MeasuredMs);
     const double after = ProcessFigures::of(child.processId()).cpuSeconds;
     const bool isAlive = child.state() == QProcess::Running;
     child.kill();
     child.waitForFinished();
     if (!isAlive)
         return {};
-    return (after - before) / (StretchMs / 1000.0) * 100;
+    return (after - before) / (MeasuredMs / 1000.0) * 100;
 }
 
 double cpuPercentOfPlaying(const QString &subject) {
     for (int attempt = 0; attempt < 5; ++attempt) {
         if (const auto percent = cpuPercent(subject))
             return *percent;
-        std::fprintf(stderr, "%s did not play, once more\n", qPrintable(subject));
+        std::fprintf(stderr, "%s did not play; trying again\n", qPrintable(subject));
     }
     qFatal("%s does not play", qPrintable(subject));
 }
 
 void printCosts(int rounds) {
-    // In turn, so that whatever else the machine does falls on all of them.
+    // The subjects take turns, so that other load of the machine affects all of them alike.
     std::map<QString, std::vector<double>> cpu;
     for (int round = 0; round < rounds; ++round) {
         for (const QString &subject : VideoSubject::names())

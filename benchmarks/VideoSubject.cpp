@@ -20,7 +20,7 @@ namespace velmora::bench {
 
 namespace {
 
-// That of the clip: its pictures are shown pixel by pixel.
+// The size of the clip, so that frames are not scaled.
 constexpr QSize WindowSize(960, 540);
 
 void playing() {

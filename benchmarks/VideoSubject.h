@@ -6,19 +6,18 @@
 
 namespace velmora::bench {
 
-/// One of the ways to play the same clip that are compared.
+/// The programs that are compared. They play the same clip by different means:
+/// - "player": the framework's player and view
+/// - "widget": Qt's player and video widget, if Qt Multimedia was found at build time
+/// - "decoding": GStreamer alone, which decodes in real time and shows nothing
 class VideoSubject {
 public:
-    /// "player": the framework's player and view. "widget": Qt's player and video
-    /// widget, when the benchmarks were built with them. "decoding": the media framework alone,
-    /// which decodes at the clip's pace and throws away what comes.
     static QStringList names();
 
-    /// The command that plays as the subject does, in a process of its own. It prints a line with
-    /// "PLAYING" once the clip plays.
+    /// The command that starts the program of that name. It prints "PLAYING" when the clip plays.
     static QStringList command(const QString &name);
 
-    /// Runs the subject, other than "decoding", in this process until it is ended.
+    /// Runs a program other than "decoding" in this process until it is killed.
     static int run(const QString &name, int argc, char **argv);
 };
 

@@ -14,7 +14,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr double PatienceMs = 30'000;
+constexpr double TimeoutMs = 30'000;
 
 double milliseconds(const QElapsedTimer &clock) {
     return double(clock.nsecsElapsed()) / 1e6;
@@ -23,7 +23,7 @@ double milliseconds(const QElapsedTimer &clock) {
 void waitFor(const std::function<bool()> &condition) {
     QElapsedTimer clock;
     clock.start();
-    while (!condition() && milliseconds(clock) < PatienceMs)
+    while (!condition() && milliseconds(clock) < TimeoutMs)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
 }
 

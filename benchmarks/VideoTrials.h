@@ -5,23 +5,23 @@
 
 namespace velmora::bench {
 
-/// What is measured of the framework's player in this process, which has an application object
-/// and a display. Main thread only.
+/// Measurements of the framework's player in this process. They need an application object and a
+/// display, and run on the main thread.
 class VideoTrials {
 public:
-    /// One clip, loaded and played in a window that shows already, and destroyed while it plays.
+    /// One player that is started in a visible window and destroyed during playback.
     struct Start {
-        /// From before load() until its first picture was painted.
+        /// From the call of load() to the painting of the first frame.
         double firstPaintMs = 0;
-        /// For how long destroying the player held the main thread.
+        /// How long the destructor of the player blocked the main thread.
         double destroyMs = 0;
     };
     static std::vector<Start> starts(int count);
 
-    /// Several clips at once, with a main thread that stops for two seconds in their middle.
+    /// Several players at once, while the main thread is blocked for two seconds during playback.
     struct Stalls {
         int started = 0;
-        /// Those that showed pictures again and reached their end once, in their time.
+        /// The number of players that showed frames again and reached the end once and on time.
         int good = 0;
     };
     static Stalls stalls(int atOnce);

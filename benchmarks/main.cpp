@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints what a banner costs beside a bare movie label that shows the same picture at the same
-// size, each in a process of its own, measured by the kernel's counters in the same run.
+// Compares the CPU time and memory of a banner with those of a QLabel that shows the same picture
+// in the same size. Each runs in a process of its own.
 
 #include "adserver/AdServer.h"
 #include "benchmarks/BannerSubject.h"
@@ -29,7 +29,7 @@ using velmora::bench::ProcessFigures;
 
 namespace {
 
-// Long enough for what is done once, and for idle connections to be let go.
+// Long enough for the work at the start, and for idle connections to be closed.
 constexpr int WarmUpMs = 8000;
 
 struct Sample {
@@ -53,9 +53,9 @@ void serveOneBanner(velmora::adserver::AdServer &server) {
             .toJson());
 }
 
-// How long the sample banner plays before it starts anew. A measurement takes whole turns, or it
-// would depend on how much of a still moment it caught.
-int turnMs() {
+// The duration of the sample banner's animation. A measurement covers complete runs of it;
+// otherwise the result would depend on how much of a motionless part falls into the measurement.
+int animationMs() {
     QImageReader reader(QStringLiteral(VELMORA_SAMPLE_BANNER));
     int length = 0;
     for (QImage frame = reader.read(); !frame.isNull(); frame = reader.read())
@@ -90,7 +90,7 @@ double median(std::vector<double> values) {
 } // namespace
 
 int main(int argc, char **argv) {
-    // A subject makes its own application object, with windows.
+    // The programs that are compared make a QApplication of their own.
     for (int i = 1; i + 1 < argc; ++i) {
         if (qstrcmp(argv[i], "--subject") == 0)
             return BannerSubject::run(QString::fromLocal8Bit(argv[i + 1]), argc, argv);
@@ -99,9 +99,9 @@ int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    const QCommandLineOption turnsOption(
-        QStringLiteral("turns"), QStringLiteral("turns of the picture that one measurement takes"),
-        QStringLiteral("n"), QStringLiteral("2"));
+    const QCommandLineOption turnsOption(QStringLiteral("turns"),
+                                         QStringLiteral("runs of the animation in one measurement"),
+                                         QStringLiteral("n"), QStringLiteral("2"));
     const QCommandLineOption roundsOption(QStringLiteral("rounds"),
                                           QStringLiteral("measurements of each subject"),
                                           QStringLiteral("n"), QStringLiteral("3"));
@@ -124,12 +124,12 @@ int main(int argc, char **argv) {
     for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
         environment.insert(QLatin1String(place), folder.filePath(QLatin1String(place)));
 
-    // Pages of a file that was just built count as a process's own until they are written.
+    // The pages of a file that was just built count as private memory until they are on disk.
     sync();
 
-    const int lengthMs = turnMs() * parser.value(turnsOption).toInt();
+    const int lengthMs = animationMs() * parser.value(turnsOption).toInt();
 
-    // Rounds in turn, so that whatever else the machine does falls on all of them.
+    // The subjects take turns, so that other load of the machine affects all of them alike.
     std::map<QString, std::vector<double>> cpu;
     std::map<QString, std::vector<double>> memory;
     for (int round = 0; round < parser.value(roundsOption).toInt(); ++round) {

@@ -20,7 +20,7 @@ Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links,
     auto &centre = velmora::NotificationCenter::defaultCenter();
     for (const QString &name : notifications())
         m_observations.push_back(centre.addObserver(
-            name, [this](const velmora::Notification &notification) { hear(notification); }));
+            name, [this](const velmora::Notification &notification) { record(notification); }));
     setTimes(times);
     Velmora::setSplashScreenIcon(AppIcon::picture(IconSide));
     SplashLook::day().apply();
@@ -66,7 +66,7 @@ void Advertising::resetAds() {
     }
 }
 
-void Advertising::hear(const velmora::Notification &notification) {
+void Advertising::record(const velmora::Notification &notification) {
     m_log.record(notification.name, notification.object.toString());
     if (notification.name == VLMtryRemoveAds)
         Q_EMIT removalWanted();

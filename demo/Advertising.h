@@ -19,27 +19,28 @@ class DemoServer;
 class EventLog;
 class LinkOpener;
 
-/// All that the journal has to do with advertising: it gives its windows banners and splash
-/// screens, listens to the framework, and takes advertising away when the reader pays for that.
+/// The journal's use of the framework: adds banners and splash screens to its windows, logs the
+/// notifications, and removes advertising when the reader has paid for that.
 class Advertising : public QObject {
     Q_OBJECT
 
 public:
     Advertising(DemoServer &server, EventLog &log, LinkOpener &links, const SplashTimes &times);
 
-    /// All that the framework says about advertising.
+    /// Names of all notifications that the framework posts about advertising.
     static const QStringList &notifications();
 
-    /// Puts a banner and a splash screen into a window, now and whenever ads are reset.
+    /// Adds a banner and a splash screen to a window, and again whenever ads are reset.
     void addWindow(QWidget *window);
 
-    /// A good moment for a splash screen, if one is due: the reader turns the page.
+    /// The reader has turned a page: a good moment for a splash screen, which is shown if it is
+    /// due.
     void pageTurned();
 
-    /// Takes banners and splash screens away, for good.
+    /// Removes banners and splash screens, also for later runs.
     void removeAds();
 
-    /// Allows ads again and gives every window what it had.
+    /// Allows ads again and adds them to every window.
     void resetAds();
 
     const SplashTimes &times() const { return m_times; }
@@ -50,11 +51,11 @@ public:
     LinkOpener &links() { return m_links; }
 
 Q_SIGNALS:
-    /// The reader wants to be rid of advertising.
+    /// The reader has clicked a button that asks for the removal of advertising.
     void removalWanted();
 
 private:
-    void hear(const velmora::Notification &notification);
+    void record(const velmora::Notification &notification);
 
     DemoServer &m_server;
     EventLog &m_log;

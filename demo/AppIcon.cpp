@@ -10,7 +10,7 @@ namespace {
 
 constexpr double CornerRadius = 0.225;
 
-// All in a square of side 1.
+// The icon is drawn in a square of side 1.
 void paintSail(QPainter &painter) {
     QPainterPath main(QPointF(0.47, 0.16));
     main.quadTo(QPointF(0.74, 0.36), QPointF(0.78, 0.62));
@@ -54,7 +54,7 @@ QImage AppIcon::picture(int side) {
     sky.setColorAt(1, QColor(0xf6, 0xc4, 0x7d));
     QPainterPath outline;
     outline.addRoundedRect(QRectF(0, 0, 1, 1), CornerRadius, CornerRadius);
-    // Clipping has no smooth edges; a picture as brush has.
+    // A clip path is not antialiased; a path that is filled with a picture is.
     QImage scene(side, side, QImage::Format_ARGB32_Premultiplied);
     scene.fill(Qt::transparent);
     {

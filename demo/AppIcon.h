@@ -5,13 +5,13 @@
 
 namespace demo {
 
-/// The journal's icon, drawn: a sail before the evening sun.
+/// Draws the journal's icon, a sail before the evening sun.
 class AppIcon {
 public:
-    /// In all the sizes that desktops ask for.
+    /// The icon in all sizes that desktops use.
     static QIcon icon();
 
-    /// In one size. @param side in pixels
+    /// The icon in one size. @param side width and height in pixels
     static QImage picture(int side);
 };
 

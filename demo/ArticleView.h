@@ -13,8 +13,8 @@ struct JournalEntry;
 class SceneryView;
 class ScrollFade;
 
-/// Shows one entry of the journal to read: heading, illustration, facts and text, in a column
-/// that stays at a comfortable width.
+/// Shows one entry of the journal: heading, illustration, facts and text, in a column whose width
+/// is limited.
 class ArticleView : public QScrollArea {
     Q_OBJECT
 

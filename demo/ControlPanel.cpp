@@ -5,6 +5,7 @@
 #include "demo/EventDelegate.h"
 #include "demo/EventLog.h"
 #include "demo/JournalWindow.h"
+#include "demo/Text.h"
 #include "demo/Theme.h"
 #include "demo/panel/BannerPage.h"
 #include "demo/panel/HostPage.h"
@@ -43,7 +44,7 @@ ControlPanel::ControlPanel(Advertising &advertising, JournalWindow *window)
     : m_tabs(new QButtonGroup(this)), m_pages(new QStackedWidget) {
     setFixedWidth(Width);
     setStyleSheet(PanelPage::look() + tabLook());
-    auto *title = new QLabel(QStringLiteral("Advertising"));
+    auto *title = new QLabel(Text::of(Text::PanelTitle));
     title->setFont(theme::heading(18));
     title->setContentsMargins(Margin, 0, Margin, 0);
     auto *layout = new QVBoxLayout(this);
@@ -56,11 +57,11 @@ ControlPanel::ControlPanel(Advertising &advertising, JournalWindow *window)
 
     auto *host = new HostPage(advertising, window);
     connect(host, &HostPage::secondWindowWanted, this, &ControlPanel::secondWindowWanted);
-    addPage(new ShowPage(advertising), QStringLiteral("Show"), QStringLiteral("showTab"));
-    addPage(new LookPage(window), QStringLiteral("Look"), QStringLiteral("lookTab"));
-    addPage(new BannerPage(window), QStringLiteral("Banner"), QStringLiteral("bannerTab"));
-    addPage(host, QStringLiteral("Host"), QStringLiteral("hostTab"));
-    addPage(new StatePage, QStringLiteral("State"), QStringLiteral("stateTab"));
+    addPage(new ShowPage(advertising), Text::PanelShowTab, QStringLiteral("showTab"));
+    addPage(new LookPage(window), Text::PanelLookTab, QStringLiteral("lookTab"));
+    addPage(new BannerPage(window), Text::PanelBannerTab, QStringLiteral("bannerTab"));
+    addPage(host, Text::PanelHostTab, QStringLiteral("hostTab"));
+    addPage(new StatePage, Text::PanelStateTab, QStringLiteral("stateTab"));
     m_tabs->button(0)->setChecked(true);
     connect(m_tabs, &QButtonGroup::idClicked, m_pages, &QStackedWidget::setCurrentIndex);
 }
@@ -79,10 +80,10 @@ QWidget *ControlPanel::newTabs() {
     return inset;
 }
 
-void ControlPanel::addPage(QWidget *page, const QString &title, const QString &name) {
+void ControlPanel::addPage(QWidget *page, Text::Key title, const QString &name) {
     auto *tab = new QToolButton;
     tab->setObjectName(name);
-    tab->setText(title);
+    tab->setText(Text::of(title));
     tab->setCheckable(true);
     tab->setFont(theme::text(12, QFont::Medium));
     tab->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -95,7 +96,7 @@ QWidget *ControlPanel::newLog(Advertising &advertising) {
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(Margin, 0, Margin, 0);
     layout->setSpacing(6);
-    layout->addWidget(PanelPage::newCaption(QStringLiteral("Events")));
+    layout->addWidget(PanelPage::newCaption(Text::PanelEvents));
     auto *view = new QListView;
     view->setModel(&advertising.log());
     view->setItemDelegate(new EventDelegate(view));
@@ -103,7 +104,7 @@ QWidget *ControlPanel::newLog(Advertising &advertising) {
     view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view->setMinimumHeight(LogHeight);
-    view->setAccessibleName(QStringLiteral("Events"));
+    view->setAccessibleName(Text::of(Text::PanelEvents));
     connect(&advertising.log(), &EventLog::recorded, view, &QListView::scrollToBottom,
             Qt::QueuedConnection);
     layout->addWidget(view);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "demo/Text.h"
+
 #include <QtWidgets/QWidget>
 
 class QButtonGroup;
@@ -11,8 +13,8 @@ namespace demo {
 class Advertising;
 class JournalWindow;
 
-/// The developer's panel: everything that the framework offers, to try out, in pages, and the
-/// log of what the framework said.
+/// The panel for developers: pages with controls for everything that the framework offers, and
+/// below them the list of events.
 class ControlPanel : public QWidget {
     Q_OBJECT
 
@@ -29,7 +31,7 @@ protected:
 
 private:
     QWidget *newTabs();
-    void addPage(QWidget *page, const QString &title, const QString &name);
+    void addPage(QWidget *page, Text::Key title, const QString &name);
     QWidget *newLog(Advertising &advertising);
 
     QButtonGroup *m_tabs;

@@ -1,20 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/DemoApplication.h"
 
+#include "demo/AppIcon.h"
 #include "demo/JournalWindow.h"
 #include "demo/PurchaseSheet.h"
+#include "demo/Text.h"
+#include "demo/Theme.h"
 
 #include <QtWidgets/QApplication>
 
 namespace demo {
 
 namespace {
-constexpr QPoint Cascade(40, 40);
+constexpr QPoint Cascade(40, 40); // from one window to the next
 }
 
 DemoApplication::~DemoApplication() {
     for (const auto &window : std::as_const(m_windows))
         delete window;
+}
+
+void DemoApplication::setUp(QApplication &application) {
+    QApplication::setOrganizationName(QStringLiteral("Tidewick"));
+    QApplication::setApplicationName(QStringLiteral("tidewick"));
+    QApplication::setApplicationDisplayName(Text::of(Text::ApplicationName));
+    QApplication::setWindowIcon(AppIcon::icon());
+    theme::applyTo(application);
 }
 
 bool DemoApplication::startServer(const QString &campaignFolder) {
@@ -52,7 +63,7 @@ void DemoApplication::offerPurchase() {
 void DemoApplication::showInStatusLine(const QString &name, const QString &object) {
     for (const auto &window : std::as_const(m_windows)) {
         if (window)
-            window->say(object.isEmpty() ? name : name + QStringLiteral(":  ") + object);
+            window->showMessage(object.isEmpty() ? name : name + QStringLiteral(":  ") + object);
     }
 }
 

@@ -11,24 +11,30 @@
 
 #include <memory>
 
+class QApplication;
+
 namespace demo {
 
 class JournalWindow;
 
-/// The running journal: the ad server, the advertising and the windows.
+/// The demo: its ad server, its advertising and its windows.
 class DemoApplication : public QObject {
     Q_OBJECT
 
 public:
     ~DemoApplication() override;
 
-    /// Starts the ad server, before the framework's first use.
+    /// Gives the application the journal's names, icon and look.
+    static void setUp(QApplication &application);
+
+    /// Starts the ad server. To be called before the framework is first used.
+    /// @return false on failure; server().errorString() has the reason
     bool startServer(const QString &campaignFolder);
 
-    /// The times that splash screens get; to be called before the first window.
+    /// Sets the times of the splash screens. To be called before the first openWindow().
     void setTimes(const SplashTimes &times) { m_times = times; }
 
-    /// Opens a window of the journal with a banner and a splash screen.
+    /// Opens a window of the journal, with a banner and a splash screen. It is deleted on close.
     JournalWindow *openWindow();
 
     /// The advertising; null before the first window.

@@ -3,9 +3,6 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QUrl>
 
 namespace demo {
@@ -41,12 +38,6 @@ void DemoServer::setRunning(bool on) {
         m_server.stop();
 }
 
-void DemoServer::withholdVideos() {
-    QJsonObject table = QJsonDocument::fromJson(m_server.campaign().reply()).object();
-    table[QStringLiteral("video")] = QJsonArray();
-    m_server.campaign().setReply(QJsonDocument(table).toJson());
-}
-
 QStringList DemoServer::clips() const {
     QStringList files;
     QDirIterator found(m_folder, {QStringLiteral("*.mp4")}, QDir::Files,
@@ -55,19 +46,6 @@ QStringList DemoServer::clips() const {
         files.append(QFileInfo(found.next()).absoluteFilePath());
     files.sort();
     return files;
-}
-
-int DemoServer::requests(const QString &path) {
-    return m_server.log().count(path);
-}
-
-QStringList DemoServer::campaignValues(const QString &placement, const QString &key) {
-    const QJsonArray ads =
-        QJsonDocument::fromJson(m_server.campaign().reply()).object().value(placement).toArray();
-    QStringList values;
-    for (const QJsonValue &ad : ads)
-        values.append(ad[key].toString());
-    return values;
 }
 
 } // namespace demo

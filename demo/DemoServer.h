@@ -8,30 +8,23 @@
 
 namespace demo {
 
-/// The development ad server inside the demo's own process, and the environment that leads the
-/// framework to it.
+/// Runs the development ad server inside the demo's process and sets the environment variables that
+/// make the framework use it.
 class DemoServer {
 public:
-    /// Starts on a free port and sets the environment. To be called before the framework's
-    /// first use. @return false with errorString() set when it could not.
+    /// Starts the server on a free port and sets the environment. To be called before the framework
+    /// is first used. @return false on failure; errorString() has the reason
     bool start(const QString &campaignFolder);
     QString errorString() const { return m_error; }
 
-    /// Stops the server as if it had gone away, or brings it back at the same address.
+    /// Stops the server, or starts it again at the same address.
     void setRunning(bool on);
     bool isRunning() const { return m_server.isRunning(); }
 
-    /// From now on there are no videos in the ad table.
-    void withholdVideos();
-
-    /// The campaign's videos, as local files.
+    /// The campaign's videos, as paths of local files.
     QStringList clips() const;
 
-    /// Requests that arrived so far, for a path or a pattern with * at its end.
-    int requests(const QString &path = QStringLiteral("*"));
-
-    /// What the campaign's ads of a placement ("standard", "video") say under a key.
-    QStringList campaignValues(const QString &placement, const QString &key);
+    velmora::adserver::AdServer &adServer() { return m_server; }
 
 private:
     velmora::adserver::AdServer m_server;

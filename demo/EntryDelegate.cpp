@@ -31,7 +31,7 @@ void EntryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     rounded.addRoundedRect(picture, 6, 6);
     painter->save();
     painter->setClipPath(rounded);
-    // A wide drawing behind a square window: the middle of the picture, not a squeezed one.
+    // The drawing is wider than the clip path, so that its middle is shown undistorted.
     entry.scenery.paint(*painter, picture.adjusted(-20, 0, 20, 0));
     painter->restore();
 

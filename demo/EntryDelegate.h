@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// Draws one entry in the list: a small picture, the title and where and when it was.
+/// Draws an entry of the list: a small illustration, the title, the date and the place.
 class EntryDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

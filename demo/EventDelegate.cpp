@@ -2,6 +2,7 @@
 #include "demo/EventDelegate.h"
 
 #include "demo/EventLog.h"
+#include "demo/Text.h"
 #include "demo/Theme.h"
 
 #include <QtGui/QPainter>
@@ -26,8 +27,8 @@ void EventDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                           QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
     };
     painter->save();
-    const QString time =
-        QStringLiteral("%1 s").arg(index.data(EventLog::TimeRole).toLongLong() / 1000.0, 0, 'f', 1);
+    const QString time = Text::of(Text::Seconds)
+                             .arg(index.data(EventLog::TimeRole).toLongLong() / 1000.0, 0, 'f', 1);
     line(0, theme::text(12, QFont::DemiBold), theme::Ink, 52,
          index.data(EventLog::NameRole).toString());
     painter->setFont(theme::text(11));

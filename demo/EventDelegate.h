@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// Draws one event: when, what, and below it what about.
+/// Draws an event: its name and time, and its object below them.
 class EventDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

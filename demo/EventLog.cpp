@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/EventLog.h"
 
-#include <algorithm>
-
 namespace demo {
 
 EventLog::EventLog(QObject *parent) : QAbstractListModel(parent) {
@@ -15,19 +13,6 @@ void EventLog::record(const QString &name, const QString &object) {
     m_events.append({m_clock.elapsed(), name, object});
     endInsertRows();
     Q_EMIT recorded(name, object);
-}
-
-int EventLog::count(const QString &name) const {
-    return int(std::count_if(m_events.begin(), m_events.end(),
-                             [&](const Event &event) { return event.name == name; }));
-}
-
-QString EventLog::lastObject(const QString &name) const {
-    for (auto event = m_events.rbegin(); event != m_events.rend(); ++event) {
-        if (event->name == name)
-            return event->object;
-    }
-    return {};
 }
 
 int EventLog::rowCount(const QModelIndex &parent) const {

@@ -8,8 +8,8 @@
 
 namespace demo {
 
-/// What has happened in this run, oldest first: the framework's notifications, opened links and
-/// what the host did itself.
+/// The events of this run, oldest first: the framework's notifications, opened links and actions of
+/// the host. TimeRole gives milliseconds since the log was made.
 class EventLog : public QAbstractListModel {
     Q_OBJECT
 
@@ -19,11 +19,6 @@ public:
     explicit EventLog(QObject *parent = nullptr);
 
     void record(const QString &name, const QString &object = {});
-
-    /// How often an event was recorded.
-    int count(const QString &name) const;
-    /// The object of the last such event; null when there was none.
-    QString lastObject(const QString &name) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

@@ -9,7 +9,7 @@
 
 namespace demo {
 
-/// One day in the travel journal.
+/// One entry of the travel journal: its texts, from texts/journal.json, and its illustration.
 struct JournalEntry {
     QString title;
     QString place;
@@ -22,7 +22,7 @@ struct JournalEntry {
 
     int words() const;
 
-    /// The journal that the demo opens.
+    /// All entries, oldest first. The first call reads the texts.
     static const QList<JournalEntry> &all();
 };
 

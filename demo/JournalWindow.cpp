@@ -7,6 +7,7 @@
 #include "demo/JournalEntry.h"
 #include "demo/Page.h"
 #include "demo/Sidebar.h"
+#include "demo/Text.h"
 #include "demo/Theme.h"
 
 #include <QtGui/QScreen>
@@ -21,7 +22,7 @@ namespace demo {
 
 namespace {
 
-constexpr int SidebarNeeds = 720;
+constexpr int LeastWidthWithSidebar = 720;
 constexpr int PanelHeight = 620;
 constexpr int MessageMs = 6000;
 
@@ -63,7 +64,7 @@ JournalWindow::JournalWindow(Advertising &advertising)
       m_sidebar(new Sidebar),
       m_panel(new ControlPanel(advertising, this)),
       m_article(new ArticleView) {
-    setWindowTitle(QStringLiteral("Tidewick"));
+    setWindowTitle(Text::of(Text::ApplicationName));
     setStyleSheet(look());
     m_page->column()->addWidget(newHeader());
     m_page->column()->addWidget(m_article, 1);
@@ -100,11 +101,10 @@ QWidget *JournalWindow::newHeader() {
     auto *header = new QWidget;
     header->setObjectName(QStringLiteral("header"));
     header->setAttribute(Qt::WA_StyledBackground);
-    QToolButton *back = newHeaderButton(QStringLiteral("‹"), QStringLiteral("Previous entry"));
-    QToolButton *forward = newHeaderButton(QStringLiteral("›"), QStringLiteral("Next entry"));
+    QToolButton *back = newHeaderButton(QStringLiteral("‹"), Text::of(Text::PreviousEntry));
+    QToolButton *forward = newHeaderButton(QStringLiteral("›"), Text::of(Text::NextEntry));
     forward->setObjectName(QStringLiteral("nextButton"));
-    m_panelButton = newHeaderButton(QStringLiteral("Advertising"),
-                                    QStringLiteral("Show the advertising panel"));
+    m_panelButton = newHeaderButton(Text::of(Text::PanelButton), Text::of(Text::PanelButtonHint));
     m_panelButton->setObjectName(QStringLiteral("panelButton"));
     m_panelButton->setCheckable(true);
     m_panelButton->setShortcut(QKeySequence(Qt::Key_F9));
@@ -152,8 +152,8 @@ void JournalWindow::openEntry(int entry) {
     const JournalEntry &shown = JournalEntry::all().at(m_entry);
     m_article->show(shown);
     m_sidebar->setCurrent(m_entry);
-    m_position->setText(QStringLiteral("%1 of %2").arg(m_entry + 1).arg(count));
-    m_words->setText(QStringLiteral("%1 words").arg(shown.words()));
+    m_position->setText(Text::of(Text::EntryPosition).arg(m_entry + 1).arg(count));
+    m_words->setText(Text::of(Text::WordCount).arg(shown.words()));
 }
 
 void JournalWindow::setPanelShown(bool shown) {
@@ -171,10 +171,10 @@ void JournalWindow::setPanelShown(bool shown) {
 
 void JournalWindow::makeRoom() {
     const int panel = m_panelDock->isHidden() ? 0 : ControlPanel::Width;
-    m_sidebarDock->setVisible(width() - panel >= SidebarNeeds);
+    m_sidebarDock->setVisible(width() - panel >= LeastWidthWithSidebar);
 }
 
-void JournalWindow::say(const QString &message) {
+void JournalWindow::showMessage(const QString &message) {
     statusBar()->showMessage(QStringLiteral("  ") + message, MessageMs);
 }
 

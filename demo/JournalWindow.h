@@ -15,8 +15,8 @@ class ControlPanel;
 class Page;
 class Sidebar;
 
-/// One window of the journal: entries at the left, the open one in the middle and, on demand,
-/// the advertising panel at the right.
+/// A window of the journal: the list of entries at the left, the open entry in the middle and, when
+/// it is switched on, the advertising panel at the right.
 class JournalWindow : public QMainWindow {
     Q_OBJECT
 
@@ -27,14 +27,13 @@ public:
     explicit JournalWindow(Advertising &advertising);
 
     Page *page() const { return m_page; }
-    ControlPanel *panel() const { return m_panel; }
 
-    /// Opens or closes the advertising panel. Where the screen has room the window grows, so
-    /// that the page keeps its width.
+    /// Shows or hides the advertising panel. The window grows and shrinks with it, so that the page
+    /// keeps its width, unless the screen is too narrow for that.
     void setPanelShown(bool shown);
 
-    /// A line at the bottom of the window, for some seconds.
-    void say(const QString &message);
+    /// Shows a message in the status bar for some seconds.
+    void showMessage(const QString &message);
 
 Q_SIGNALS:
     void secondWindowWanted();
@@ -46,7 +45,7 @@ private:
     QWidget *newHeader();
     QToolButton *newHeaderButton(const QString &text, const QString &name);
     QDockWidget *newSide(QWidget *content, Qt::DockWidgetArea area);
-    /// The reader goes to another entry; entries wrap around.
+    /// Opens another entry on the reader's behalf. Numbers wrap around.
     void turnTo(int entry);
     void openEntry(int entry);
     void makeRoom();

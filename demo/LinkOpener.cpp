@@ -10,29 +10,29 @@ namespace demo {
 const QString LinkOpener::Opened = QStringLiteral("opened-link");
 
 LinkOpener::LinkOpener(EventLog &log) : m_log(log) {
-    handle(true);
+    setHandling(true);
 }
 
 LinkOpener::~LinkOpener() {
-    handle(false);
+    setHandling(false);
 }
 
-void LinkOpener::handle(bool on) {
+void LinkOpener::setHandling(bool on) {
     for (const char *scheme : {"macappstores", "https", "http"}) {
         if (on)
-            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "take");
+            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "open");
         else
             QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
     }
 }
 
-void LinkOpener::take(const QUrl &link) {
+void LinkOpener::open(const QUrl &link) {
     m_log.record(Opened, link.toString());
     if (!m_opensBrowser)
         return;
-    handle(false);
+    setHandling(false);
     QDesktopServices::openUrl(link);
-    handle(true);
+    setHandling(true);
 }
 
 } // namespace demo

@@ -8,8 +8,8 @@ namespace demo {
 
 class EventLog;
 
-/// Takes the links that the framework opens, so that the demo needs neither a browser nor a
-/// store: it records them, and passes them on only when asked to.
+/// Receives the links that the framework opens and records them. They reach the browser only when
+/// that is switched on, so that the demo needs neither a browser nor a store.
 class LinkOpener : public QObject {
     Q_OBJECT
 
@@ -24,10 +24,11 @@ public:
     void setOpensBrowser(bool on) { m_opensBrowser = on; }
 
 public Q_SLOTS:
-    void take(const QUrl &link);
+    void open(const QUrl &link);
 
 private:
-    void handle(bool on);
+    /// Installs or removes open() as the handler of web and store links.
+    void setHandling(bool on);
 
     EventLog &m_log;
     bool m_opensBrowser = false;

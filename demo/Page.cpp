@@ -20,7 +20,7 @@ Page::Page(QWidget *parent) : QWidget(parent), m_column(new QVBoxLayout(this)) {
 }
 
 void Page::childEvent(QChildEvent *event) {
-    // A banner comes whole, named and all; other children need no watching.
+    // The framework names the view before it adds it.
     if (event->added() && event->child()->objectName() == BannerName) {
         m_banner = qobject_cast<QWidget *>(event->child());
         event->child()->installEventFilter(this);
@@ -50,7 +50,7 @@ bool Page::eventFilter(QObject *watched, QEvent *event) {
 void Page::makeRoom() {
     const bool there = m_banner && !m_banner->isHidden();
     const int room = there ? qMax(0, height() - m_banner->y() + GapAboveBanner) : 0;
-    // A short window rather shows the banner over its text than no text.
+    // A short window keeps a third for its text, even if the banner then covers some of it.
     m_column->setContentsMargins(0, 0, 0, qMin(room, height() * 2 / 3));
     update();
     Q_EMIT bannerChanged();

@@ -8,8 +8,8 @@ class QVBoxLayout;
 
 namespace demo {
 
-/// The window's content area. The framework lays its banner over the bottom of it, so the page
-/// keeps its own content clear of the place where a banner is.
+/// The window's content area. The framework lays its banner over the bottom, so the page keeps its
+/// own content out of that strip as long as there is a banner.
 class Page : public QWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
 
     QVBoxLayout *column() const { return m_column; }
 
-    /// The banner's view while there is one, else null.
+    /// The banner's view; null while there is none.
     QWidget *banner() const { return m_banner; }
 
 Q_SIGNALS:

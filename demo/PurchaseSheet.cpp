@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/PurchaseSheet.h"
 
+#include "demo/Text.h"
 #include "demo/Theme.h"
 
 #include <QtWidgets/QHBoxLayout>
@@ -25,20 +26,19 @@ QString look() {
 } // namespace
 
 PurchaseSheet::PurchaseSheet(QWidget *parent) : QDialog(parent) {
-    setWindowTitle(QStringLiteral("Remove ads"));
+    setWindowTitle(Text::of(Text::PurchaseTitle));
     setAttribute(Qt::WA_DeleteOnClose);
     setStyleSheet(look());
-    auto *title = new QLabel(QStringLiteral("Just your journal"));
+    auto *title = new QLabel(Text::of(Text::PurchaseHeading));
     title->setFont(theme::heading(22));
-    auto *text = new QLabel(QStringLiteral("Keep writing without advertising, on this computer and "
-                                           "for good. One payment, no subscription."));
+    auto *text = new QLabel(Text::of(Text::PurchaseOffer));
     text->setWordWrap(true);
     text->setFont(theme::text(14));
     QPalette palette = text->palette();
     palette.setColor(QPalette::WindowText, theme::InkSoft);
     text->setPalette(palette);
-    auto *later = new QPushButton(QStringLiteral("Not now"));
-    auto *buy = new QPushButton(QStringLiteral("Remove ads for 4.99 €"));
+    auto *later = new QPushButton(Text::of(Text::PurchaseLater));
+    auto *buy = new QPushButton(Text::of(Text::PurchaseNow));
     buy->setObjectName(QStringLiteral("buyButton"));
     buy->setFont(theme::text(13, QFont::DemiBold));
     buy->setDefault(true);

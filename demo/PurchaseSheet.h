@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// Offers the journal without advertising. Nothing is charged, it is a demo.
+/// Offers to remove advertising for a price. It is a demo: nothing is charged.
 class PurchaseSheet : public QDialog {
     Q_OBJECT
 

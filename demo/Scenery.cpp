@@ -160,7 +160,7 @@ void Scenery::paintRidge(QPainter &painter, const QRectF &frame, const Ridge &ri
     const int steps = std::max(24, int(frame.width() / 3));
     for (int i = 0; i <= steps; ++i) {
         const double x = double(i) / steps;
-        // Wide pictures show more of the land, not the same hills stretched.
+        // A wider picture shows more hills, not the same hills stretched.
         const double along = x * frame.width() / (frame.height() * 2.4);
         path.lineTo(frame.left() + x * frame.width(),
                     frame.top() + ridgeLine(ridge, index, along) * frame.height());

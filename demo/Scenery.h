@@ -10,31 +10,30 @@ class QPainter;
 
 namespace demo {
 
-/// A drawn landscape: sky, sun, ridges one behind the other, perhaps water, and one small thing
-/// that tells the place.
+/// A drawn landscape: sky, sun, ridges one behind the other, water if wanted, and one motif.
 struct Scenery {
     enum class Motif { Sailboat, Lighthouse, Pines, Lanterns, Dunes, Church };
 
     struct Ridge {
         QColor color;
-        double height;    ///< of its middle line above the bottom, 0 to 1 of the picture
-        double amplitude; ///< of its hills, 0 to 1 of the picture
-        double steepness; ///< 0 rolls like dunes, 1 is jagged like rock
+        double height;    ///< of its middle line above the bottom, as a share of the picture's
+        double amplitude; ///< of its hills, as a share of the picture's height
+        double steepness; ///< from 0, rolling like dunes, to 1, jagged like rock
     };
 
     QColor skyTop;
     QColor skyBottom;
     QColor sun;
-    double sunX = 0.7;
-    double sunY = 0.35;
+    double sunX = 0.7;  ///< share of the picture's width
+    double sunY = 0.35; ///< share of its height, from the top
     QList<Ridge> ridges;
-    QColor water; ///< invalid: no water
+    QColor water; ///< invalid for no water
     Motif motif = Motif::Pines;
-    int seed = 1;
+    int seed = 1; ///< varies the ridges
 
     void paint(QPainter &painter, const QRectF &frame) const;
 
-    /// The landscape as a picture of its own.
+    /// Paints the landscape into a new picture.
     QImage picture(const QSize &size) const;
 
 private:

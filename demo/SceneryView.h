@@ -8,7 +8,7 @@
 
 namespace demo {
 
-/// The illustration of an entry, with rounded corners, as wide as its place.
+/// The illustration of an entry, with rounded corners. Its height follows its width.
 class SceneryView : public QWidget {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// Lets text that scrolls out at the bottom fade into the paper, instead of cutting its lines.
+/// Fades the text at the bottom of a scroll area into the background.
 class ScrollFade : public QWidget {
     Q_OBJECT
 

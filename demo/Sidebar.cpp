@@ -3,6 +3,7 @@
 
 #include "demo/EntryDelegate.h"
 #include "demo/JournalEntry.h"
+#include "demo/Text.h"
 #include "demo/Theme.h"
 
 #include <QtGui/QPainter>
@@ -27,7 +28,7 @@ Sidebar::Sidebar(QWidget *parent) : QWidget(parent), m_list(new QListWidget(this
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setMouseTracking(true);
-    m_list->setAccessibleName(QStringLiteral("Journal entries"));
+    m_list->setAccessibleName(Text::of(Text::EntryList));
     m_list->setItemDelegate(new EntryDelegate(m_list));
     for (const JournalEntry &entry : JournalEntry::all())
         new QListWidgetItem(entry.title, m_list);
@@ -49,14 +50,14 @@ void Sidebar::paintEvent(QPaintEvent *) {
     painter.setPen(theme::OnDeep);
     painter.setFont(theme::heading(20));
     painter.drawText(QRectF(68, 20, width() - 80, 24), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Tidewick"));
+                     Text::of(Text::ApplicationName));
     painter.setPen(theme::OnDeepSoft);
     painter.setFont(theme::text(12));
     painter.drawText(QRectF(68, 43, width() - 80, 18), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Travel journal"));
+                     Text::of(Text::ApplicationSubtitle));
     painter.drawText(QRectF(20, height() - FooterHeight, width() - 40, FooterHeight),
                      Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1 entries this year").arg(JournalEntry::all().size()));
+                     Text::of(Text::EntryCount).arg(JournalEntry::all().size()));
 }
 
 } // namespace demo

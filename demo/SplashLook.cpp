@@ -17,7 +17,7 @@ Scenery nightScenery() {
     Scenery night;
     night.skyTop = QColor(0x0d, 0x17, 0x2b);
     night.skyBottom = QColor(0x2d, 0x3f, 0x5c);
-    night.sunY = -1; // set
+    night.sunY = -1; // outside the picture
     night.ridges = {{QColor(0x22, 0x33, 0x4c), 0.42, 0.1, 0.6},
                     {QColor(0x17, 0x25, 0x3a), 0.3, 0.08, 0.45}};
     night.motif = Scenery::Motif::Pines;

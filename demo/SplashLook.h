@@ -6,7 +6,7 @@
 
 namespace demo {
 
-/// A whole appearance of the splash screens.
+/// All options of the splash screens' look.
 struct SplashLook {
     QColor background = Qt::white;
     QColor text = Qt::black;
@@ -15,20 +15,20 @@ struct SplashLook {
     QColor track = QColor(0x80, 0x80, 0x80);
     QColor elapsed = QColor(0x55, 0x55, 0x55);
     double trackWidth = 2;
-    double elapsedWidth = 4;      ///< on top of the track's
+    double elapsedWidth = 4;      ///< added to the track's
     QImage picture = noPicture(); ///< behind everything
     unsigned scaling = 3;
     double topInset = 0;
 
-    /// The framework's own look, but for the ring in the journal's colours.
+    /// The framework's defaults, with the ring in the journal's colours.
     static SplashLook day();
-    /// Dark, before a landscape at night, with a strip of the journal left free.
+    /// Dark, with a landscape at night behind it and a strip left free at the top.
     static SplashLook night();
 
-    /// There is no way to take a picture back; this one cannot be seen.
+    /// A transparent picture. The framework has no operation that removes a picture.
     static QImage noPicture();
 
-    /// Gives it to all splash screens, present and future.
+    /// Sets the look of all splash screens, present and future.
     void apply() const;
 };
 

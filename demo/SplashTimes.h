@@ -3,8 +3,8 @@
 
 namespace demo {
 
-/// The times of the splash screens, whole seconds. Shorter than a real host's, so that there is
-/// something to see soon.
+/// The times of the splash screens, in whole seconds. They are shorter than a real host's, so that
+/// a splash screen comes soon.
 struct SplashTimes {
     int delay = 10; ///< from the first window to the first splash screen
     int load = 5;   ///< length of the start screen

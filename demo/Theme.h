@@ -8,8 +8,8 @@ class QApplication;
 
 namespace demo {
 
-/// The journal's colours and typefaces. They are its own and fixed, so that it looks the same
-/// on every desktop.
+/// The journal's colours and typefaces. They do not follow the desktop's, so that the journal looks
+/// the same everywhere.
 namespace theme {
 
 inline const QColor Paper(0xfb, 0xf8, 0xf1);
@@ -24,14 +24,14 @@ inline const QColor OnDeepSoft(0xa3, 0xb9, 0xb9);
 inline const QColor Accent(0xb6, 0x4a, 0x2f);
 inline const QColor AccentDark(0x97, 0x3a, 0x23);
 
-/// Typeface for running text. @param size in points of the 96 dpi grid, that is in pixels
+/// Typeface for running text. @param size in device-independent pixels
 QFont text(int size, QFont::Weight weight = QFont::Normal);
 /// Typeface for headings.
 QFont heading(int size, QFont::Weight weight = QFont::Bold);
-/// Small capitals for labels, letters spaced.
+/// Typeface for headings of sections: capitals with wide spacing.
 QFont label(int size);
 
-/// Style, palette and font for the whole application.
+/// Sets style, palette and font of the whole application.
 void applyTo(QApplication &application);
 
 } // namespace theme

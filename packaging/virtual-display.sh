@@ -1,10 +1,10 @@
-# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=bash
-# Shell functions that the scripts in the project's root share. The virtual display needs the
-# packages of the group "run" and goes with the script; a function fail() is expected.
+# SPDX-License-Identifier: Apache-2.0
+# Functions that the scripts in the project's root share. A script that sources this file must define
+# fail(). start_display needs the packages of the group "run".
 
-# The compiler cache and the desktop libraries want a home to write to.
-ensure_home() { # project folder
+# Sets HOME if it is missing or read-only; ccache and the desktop libraries write there.
+ensure_home() { # PROJECT-FOLDER
     if [ -z "${HOME:-}" ] || [ ! -w "$HOME" ]; then
         export HOME=$1/build/home
         mkdir -p "$HOME"
@@ -21,7 +21,8 @@ clean_up() {
     [ -z "$display_folder" ] || rm -rf "$display_folder"
 }
 
-wait_for() { # what condition...
+# Fails the script if the condition, a command, does not become true.
+wait_for() { # PROGRAM CONDITION...
     local what=$1 deadline=$((SECONDS + 15))
     shift
     until "$@"; do
@@ -30,6 +31,8 @@ wait_for() { # what condition...
     done
 }
 
+# Starts a virtual display with a window manager. Both end with the script, as do the processes that it
+# adds to "started".
 start_display() { # WIDTHxHEIGHT
     display_folder=$(mktemp -d)
     trap clean_up EXIT

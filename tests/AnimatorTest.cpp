@@ -41,7 +41,7 @@ TEST_F(AnimatorTest, TheStateChangesAtOnceAndTheFadeFollows) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(AnimatorTest, AFadeTurnsRoundFromWhereItIs) {
+TEST_F(AnimatorTest, AFadeIsReversedFromItsPresentOpacity) {
     Animator::setHidden(view, true);
     time.advance(0.1);
     const double reached = opacity();
@@ -61,7 +61,7 @@ TEST_F(AnimatorTest, AFadeTurnsRoundFromWhereItIs) {
     EXPECT_TRUE(view->isVisible());
 }
 
-TEST_F(AnimatorTest, NobodyFadesOffScreen) {
+TEST_F(AnimatorTest, AViewThatIsNotVisibleChangesWithoutAFade) {
     window.hide();
     Animator::setHidden(view, true);
     EXPECT_TRUE(view->isHidden());
@@ -75,7 +75,7 @@ TEST_F(AnimatorTest, NobodyFadesOffScreen) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(AnimatorTest, ARemovedViewIsDestroyedAfterItsFadeAndTimersGoWithAView) {
+TEST_F(AnimatorTest, RemoveDestroysTheViewAfterItsFadeAndADestroyedViewEndsItsTimer) {
     Animator::remove(view);
     ASSERT_TRUE(view);
     time.advance(1);

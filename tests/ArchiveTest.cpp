@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-TEST(ArchiveTest, OnlyAWholeArchiveOfTheSameKindIsRead) {
+TEST(ArchiveTest, OnlyACompleteArchiveOfTheSameKindIsDecoded) {
     const QCborMap root{{QStringLiteral("n"), 5}, {QStringLiteral("text"), QStringLiteral("ä")}};
     const QByteArray bytes = Archive::encode(QStringLiteral("kind"), root);
     ASSERT_EQ(Archive::decode(QStringLiteral("kind"), bytes), QCborValue(root));
@@ -22,7 +22,7 @@ TEST(ArchiveTest, OnlyAWholeArchiveOfTheSameKindIsRead) {
         EXPECT_FALSE(Archive::decode(QStringLiteral("kind"), bytes.left(length))) << length;
 }
 
-TEST(ArchiveTest, AFailedWriteLeavesTheOldFile) {
+TEST(ArchiveTest, AFailedWriteKeepsTheOldFile) {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("state"));
     ASSERT_TRUE(Archive::write(path, "old"));
@@ -35,7 +35,7 @@ TEST(ArchiveTest, AFailedWriteLeavesTheOldFile) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
-TEST(SerialQueueTest, FinishesInOrderBeforeItGoes) {
+TEST(SerialQueueTest, RunsAllWorkInOrderBeforeItIsDestroyed) {
     std::vector<int> done;
     {
         SerialQueue queue;

@@ -9,8 +9,8 @@
 
 namespace velmora::test {
 
-/// A host in a process without an application object, until it makes one.
-TEST(HostWithoutAnApplication, DISABLED_MayCallAnything) {
+/// Runs in a child process that has no application object at first.
+TEST(HostWithoutAnApplication, DISABLED_CallsTheFacade) {
     ASSERT_EQ(QCoreApplication::instance(), nullptr);
     Velmora::activateDebugMode();
     Velmora::removeAdsNow();
@@ -40,9 +40,9 @@ TEST(HostWithoutAnApplication, DISABLED_MayCallAnything) {
     sayPartDone();
 }
 
-TEST(EarlyHostTest, CallsBeforeTheApplicationObjectDoNoHarm) {
+TEST(EarlyHostTest, TheFacadeWorksBeforeThereIsAnApplicationObject) {
     const QTemporaryDir folder;
-    runUnnamedChildTest(QStringLiteral("HostWithoutAnApplication.*MayCallAnything"), folder.path());
+    runUnnamedChildTest(QStringLiteral("HostWithoutAnApplication.*CallsTheFacade"), folder.path());
 }
 
 } // namespace velmora::test

@@ -69,8 +69,8 @@ TEST(InfoPlist, ReadsEveryType) {
     EXPECT_EQ(InfoPlistReader::read(nested(64), &error).size(), 1) << qPrintable(error);
 }
 
-// What is refused gives nothing at all, and the reason tells which of the guards it met.
-TEST(InfoPlist, RefusesTornAndHostileLists) {
+// A refused list gives no values at all. The reason shows which check has refused it.
+TEST(InfoPlist, RefusesDamagedAndHostileLists) {
     const QByteArray big(4000, 'x');
     const struct {
         QByteArray bytes;
@@ -123,8 +123,8 @@ TEST(InfoPlist, RefusesTornAndHostileLists) {
     }
 }
 
-// A damaged file may still be readable; what counts is an orderly outcome.
-TEST(InfoPlist, SurvivesDamage) {
+// A damaged list may still be readable. It must give either values or an error.
+TEST(InfoPlist, GivesValuesOrAnErrorForRandomDamage) {
     std::mt19937 random(20240229);
     int refused = 0;
     for (int round = 0; round < 10'000; ++round) {

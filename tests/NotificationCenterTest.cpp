@@ -31,7 +31,7 @@ TEST_F(NotificationCenterTest, DeliversByNameAndObjectInOrderOfRegistration) {
                                   QStringLiteral("all:b")}));
 }
 
-TEST_F(NotificationCenterTest, ARegistrationEndsWithItsValue) {
+TEST_F(NotificationCenterTest, AnObserverIsRegisteredAsLongAsItsObservation) {
     Observation first = listen(QStringLiteral("first"));
     {
         const Observation second = std::move(first);
@@ -44,7 +44,7 @@ TEST_F(NotificationCenterTest, ARegistrationEndsWithItsValue) {
 TEST_F(NotificationCenterTest, HandlersMayRemoveEachOtherAndRegisterNewOnes) {
     std::optional<Observation> victim;
     std::vector<Observation> late;
-    const Observation killer =
+    const Observation remover =
         center.addObserver(QStringLiteral("news"), [&](const Notification &) {
             victim.reset();
             late.push_back(listen(QStringLiteral("late")));
@@ -56,7 +56,7 @@ TEST_F(NotificationCenterTest, HandlersMayRemoveEachOtherAndRegisterNewOnes) {
     EXPECT_EQ(heard, QStringList{QStringLiteral("late:")});
 }
 
-TEST_F(NotificationCenterTest, AnObserverThatRemovesItselfWhileItRunsIsNotLeftDangling) {
+TEST_F(NotificationCenterTest, AnObserverMayRemoveItselfWhileItRuns) {
     std::optional<Observation> self;
     int calls = 0;
     auto counter = std::make_shared<int>(0);
@@ -64,7 +64,7 @@ TEST_F(NotificationCenterTest, AnObserverThatRemovesItselfWhileItRunsIsNotLeftDa
         self.reset();
         ++*counter;
         ++calls;
-        // Posting from inside a handler reaches those who are still registered.
+        // A notification that a handler posts reaches only the observers that are still registered.
         center.post(QStringLiteral("news"));
     });
     QObject context;

@@ -6,7 +6,8 @@
 
 namespace velmora::test {
 
-/// Once as a plain child and once in a container: the same for the one who types.
+/// The keyboard focus of an overlay. Each test runs with a plain child widget and with a native
+/// window; the user must not notice a difference.
 class OverlayFocusTest : public OverlayHost, public ::testing::WithParamInterface<Overlay::Kind> {
 protected:
     OverlayFocusTest() { make(GetParam()); }
@@ -16,17 +17,16 @@ protected:
         handleEvents();
         ASSERT_EQ(overlay->isNative(), GetParam() == Overlay::Kind::Native);
     }
-    /// Nobody but the overlay gets keys.
-    bool overlayHasKeys() const {
+    bool overlayHasFocus() const {
         const QWidget *focus = QApplication::focusWidget();
         return focus && focus != name && focus != city && focus != search && focus != content;
     }
 };
 
-TEST_P(OverlayFocusTest, TabStaysInTheViewAndKeysReachItsButtons) {
+TEST_P(OverlayFocusTest, TabStaysInTheOverlayAndKeysReachItsButtons) {
     name->setFocus();
     show();
-    EXPECT_TRUE(overlayHasKeys());
+    EXPECT_TRUE(overlayHasFocus());
     press(Qt::Key_Tab);
     press(Qt::Key_Space);
     press(Qt::Key_Tab);
@@ -43,12 +43,12 @@ TEST_P(OverlayFocusTest, TabStaysInTheViewAndKeysReachItsButtons) {
     close->hide();
     more->hide();
     press(Qt::Key_Tab);
-    EXPECT_TRUE(overlayHasKeys() || !QApplication::focusWidget());
+    EXPECT_TRUE(overlayHasFocus() || !QApplication::focusWidget());
     press(Qt::Key_X);
     EXPECT_EQ(name->text() + city->text() + search->text(), QString());
 }
 
-TEST_P(OverlayFocusTest, TheFocusGoesBackWhereItWas) {
+TEST_P(OverlayFocusTest, TheFocusReturnsToTheWidgetThatHadIt) {
     city->setFocus();
     show();
     press(Qt::Key_Tab);
@@ -57,7 +57,7 @@ TEST_P(OverlayFocusTest, TheFocusGoesBackWhereItWas) {
     time.advance(1);
     EXPECT_EQ(QApplication::focusWidget(), city);
 
-    // Back to a field that has gone: to none of the host's others.
+    // If that widget is gone, the focus does not go to another of the host's widgets.
     show();
     delete city;
     overlay->setHidden(true);
@@ -65,16 +65,16 @@ TEST_P(OverlayFocusTest, TheFocusGoesBackWhereItWas) {
     EXPECT_NE(QApplication::focusWidget(), name);
 }
 
-TEST_P(OverlayFocusTest, AFocusThatTheHostMovesBelowIsTakenBack) {
+TEST_P(OverlayFocusTest, TheOverlayTakesBackAFocusThatTheHostMovesBelowIt) {
     show();
     name->setFocus();
     city->setFocus();
     handleEvents();
-    EXPECT_TRUE(overlayHasKeys());
+    EXPECT_TRUE(overlayHasFocus());
     overlay->setHidden(true);
     EXPECT_EQ(QApplication::focusWidget(), city);
 
-    // A host that insists wins in the end, and nothing spins.
+    // If the host sets its focus again and again, the overlay gives up; there is no endless loop.
     show();
     QObject::connect(qApp, &QApplication::focusChanged, name, [this](QWidget *, QWidget *now) {
         if (now != name)
@@ -86,7 +86,7 @@ TEST_P(OverlayFocusTest, AFocusThatTheHostMovesBelowIsTakenBack) {
     EXPECT_EQ(QApplication::focusWidget(), name);
 }
 
-TEST_P(OverlayFocusTest, AFocusElsewhereInTheWindowIsLeftAlone) {
+TEST_P(OverlayFocusTest, AFocusOutsideTheOverlayStaysWhereItIs) {
     search->setFocus();
     show();
     EXPECT_EQ(QApplication::focusWidget(), search);
@@ -94,7 +94,7 @@ TEST_P(OverlayFocusTest, AFocusElsewhereInTheWindowIsLeftAlone) {
     time.advance(1);
     EXPECT_EQ(QApplication::focusWidget(), search);
 
-    // A strip left free at the top is the host's.
+    // The strip that an overlay leaves free at the top belongs to the host.
     overlay->setFrame(content->rect().adjusted(0, 55, 0, 0));
     show();
     name->setFocus();
@@ -102,7 +102,7 @@ TEST_P(OverlayFocusTest, AFocusElsewhereInTheWindowIsLeftAlone) {
     EXPECT_EQ(QApplication::focusWidget(), name);
     city->setFocus();
     handleEvents();
-    EXPECT_TRUE(overlayHasKeys());
+    EXPECT_TRUE(overlayHasFocus());
     search->setFocus();
     overlay->setHidden(true);
     time.advance(1);
@@ -118,7 +118,7 @@ TEST_P(OverlayFocusTest, AnInactiveWindowStaysInactive) {
     quietly(50);
     EXPECT_EQ(QApplication::activeWindow(), &other);
     ASSERT_TRUE(activate(window.get()));
-    EXPECT_TRUE(eventually([&] { return overlayHasKeys(); }));
+    EXPECT_TRUE(eventually([&] { return overlayHasFocus(); }));
 }
 
 const auto nameOfKind = [](const ::testing::TestParamInfo<Overlay::Kind> &kind) {
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, OverlayFocusTest,
                          ::testing::Values(Overlay::Kind::Automatic, Overlay::Kind::Native),
                          nameOfKind);
 #else
-// Without a display every window that appears becomes the active one.
+// On the offscreen platform every window that is shown becomes active, an overlay's native one too.
 INSTANTIATE_TEST_SUITE_P(Kinds, OverlayFocusTest, ::testing::Values(Overlay::Kind::Automatic),
                          nameOfKind);
 #endif

@@ -25,7 +25,7 @@ constexpr QRgb OverlayColor = 0xffc01080;
 
 int s_hostClicks = 0;
 
-void note(const QEvent *event) {
+void countClick(const QEvent *event) {
     if (event->type() == QEvent::MouseButtonPress)
         ++s_hostClicks;
 }
@@ -43,7 +43,7 @@ public:
 
 protected:
     bool event(QEvent *event) override {
-        note(event);
+        countClick(event);
         return QWidget::event(event);
     }
     void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), QColor(HostColor)); }
@@ -55,7 +55,7 @@ public:
 
 protected:
     bool event(QEvent *event) override {
-        note(event);
+        countClick(event);
         return QOpenGLWidget::event(event);
     }
     void paintGL() override { clearToHostColor(); }
@@ -64,7 +64,7 @@ protected:
 class GLWindowContent : public QOpenGLWindow {
 protected:
     bool event(QEvent *event) override {
-        note(event);
+        countClick(event);
         return QOpenGLWindow::event(event);
     }
     void paintGL() override { clearToHostColor(); }
@@ -76,7 +76,7 @@ public:
 
 protected:
     bool event(QEvent *event) override {
-        note(event);
+        countClick(event);
         if (event->type() == QEvent::Expose && isExposed()) {
             m_store.resize(size());
             const QRect whole({}, size());
@@ -115,7 +115,7 @@ struct Content {
     QWidget *(*make)();
     bool native;
 
-    // What a failed test is called.
+    // For the message of a failed test.
     friend void PrintTo(const Content &content, std::ostream *out) { *out << content.name; }
 };
 
@@ -130,7 +130,7 @@ const Content Contents[] = {
 
 } // namespace
 
-/// What is really seen and clicked, over every kind of content: on the root window of a display.
+/// What the display shows of an overlay over every kind of content, and where clicks arrive.
 class OverlayStackingTest : public OverlayHost, public ::testing::WithParamInterface<Content> {
 protected:
     OverlayStackingTest() {
@@ -150,18 +150,18 @@ protected:
         return widget;
     }
 
-    static QRgb seenAt(const QWidget *place, const QPoint &point) {
+    static QRgb colorAt(const QWidget *place, const QPoint &point) {
         const QPoint global = place->mapToGlobal(point);
         const QImage pixel =
             QApplication::primaryScreen()->grabWindow(0, global.x(), global.y(), 1, 1).toImage();
         return pixel.pixel(0, 0) | 0xff000000;
     }
-    bool isSeenAllOver(QRgb color) const {
+    bool isShownEverywhere(QRgb color) const {
         const QRect area = content->rect().adjusted(3, 3, -3, -3);
         return eventually([&] {
             for (const QPoint &point : {area.topLeft(), area.topRight(), area.bottomLeft(),
                                         area.bottomRight(), area.center()}) {
-                if (seenAt(content, point) != color)
+                if (colorAt(content, point) != color)
                     return false;
             }
             return true;
@@ -180,54 +180,55 @@ protected:
         EXPECT_TRUE(eventually([&] { return clicked.size() == 1; }));
         EXPECT_EQ(s_hostClicks, 0);
     }
-    void expectOverlayInForce() {
+    void expectOverlayOnTop() {
         EXPECT_EQ(overlay->isNative(), GetParam().native);
-        EXPECT_TRUE(isSeenAllOver(OverlayColor));
+        EXPECT_TRUE(isShownEverywhere(OverlayColor));
         clickOverlayAndButton();
     }
 };
 
-TEST_P(OverlayStackingTest, ItIsSeenAndClickedOverContentThatIsThere) {
+TEST_P(OverlayStackingTest, AnOverlayCoversContentThatExistsBeforeIt) {
     addContent();
-    EXPECT_TRUE(isSeenAllOver(HostColor));
+    EXPECT_TRUE(isShownEverywhere(HostColor));
     overlay->setHiddenNow(false);
-    expectOverlayInForce();
+    expectOverlayOnTop();
     window->resize(520, 410);
     handleEvents();
-    expectOverlayInForce();
+    expectOverlayOnTop();
     EXPECT_EQ(QApplication::activeWindow(), window.get());
 
     overlay->setHiddenNow(true);
     content->findChild<QWidget *>()->resize(content->size());
-    EXPECT_TRUE(isSeenAllOver(HostColor));
+    EXPECT_TRUE(isShownEverywhere(HostColor));
     click(content->mapToGlobal(content->rect().center()));
     EXPECT_TRUE(eventually([&] { return s_hostClicks == 1; }));
     EXPECT_EQ(clicked.size(), 1);
 }
 
-TEST_P(OverlayStackingTest, ItIsSeenAndClickedOverContentThatComesLater) {
+TEST_P(OverlayStackingTest, AnOverlayCoversContentThatIsAddedLater) {
     overlay->setHiddenNow(false);
-    EXPECT_TRUE(isSeenAllOver(OverlayColor));
+    EXPECT_TRUE(isShownEverywhere(OverlayColor));
     addContent();
     EXPECT_TRUE(eventually([&] { return overlay->isNative() == GetParam().native; }));
-    expectOverlayInForce();
+    expectOverlayOnTop();
     EXPECT_EQ(QApplication::activeWindow(), window.get());
     QWidget *second = addContent();
     handleEvents();
     second->raise();
     handleEvents();
-    expectOverlayInForce();
+    expectOverlayOnTop();
 }
 
-class OverlayAnewTest : public OverlayStackingTest {};
+/// The host changes its window's flags, for which Qt creates the native window again.
+class OverlayRecreatedWindowTest : public OverlayStackingTest {};
 
-TEST_P(OverlayAnewTest, AWindowMadeAnewKeepsItsOverlay) {
+TEST_P(OverlayRecreatedWindowTest, TheOverlayStaysOnTop) {
     addContent();
     overlay->setHiddenNow(false);
     window->setWindowFlag(Qt::WindowStaysOnTopHint);
-    quietly(100); // or else Qt confuses the old native window with the new one
+    quietly(100); // too early, Qt mistakes the old native window for the new one
     window->show();
-    expectOverlayInForce();
+    expectOverlayOnTop();
 }
 
 const auto nameOfContent = [](const ::testing::TestParamInfo<Content> &content) {
@@ -235,16 +236,16 @@ const auto nameOfContent = [](const ::testing::TestParamInfo<Content> &content) 
 };
 INSTANTIATE_TEST_SUITE_P(Contents, OverlayStackingTest, ::testing::ValuesIn(Contents),
                          nameOfContent);
-// Without the native widget: Qt itself loses its window then.
-INSTANTIATE_TEST_SUITE_P(Contents, OverlayAnewTest,
+// Not with the native widget, whose native window Qt does not create again.
+INSTANTIATE_TEST_SUITE_P(Contents, OverlayRecreatedWindowTest,
                          ::testing::Values(Contents[0], Contents[1], Contents[2], Contents[4],
                                            Contents[5]),
                          nameOfContent);
 
-/// A game engine's view: it may come while nothing is shown yet, and it has the keyboard.
+/// The overlay of a window that is registered as a game engine's.
 class OverlayNativeTest : public OverlayHost {};
 
-TEST_F(OverlayNativeTest, RealKeysReachItsButtons) {
+TEST_F(OverlayNativeTest, KeysOfTheDisplayReachItsButtons) {
     make(Overlay::Kind::Native);
     overlay->setHiddenNow(false);
     EXPECT_TRUE(overlay->isNative());

@@ -13,7 +13,7 @@ namespace velmora::test {
 
 namespace {
 
-// Counts what the host's content gets of the mouse.
+// Counts the mouse events that reach the host's content.
 class MouseCounter : public QObject {
 public:
     using QObject::QObject;
@@ -45,7 +45,7 @@ protected:
         handleEvents();
         return container;
     }
-    QWidget *onTop() const {
+    QWidget *topmostChild() const {
         const auto widgets = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
         return widgets.last();
     }
@@ -63,18 +63,18 @@ TEST_F(OverlayTest, TheFrameFollowsTheSuperviewWithItsMargins) {
     handleEvents();
     EXPECT_EQ(overlay->frame(), content->rect().adjusted(0, 12, 0, 0));
     EXPECT_EQ(view->geometry(), overlay->frame());
-    // Smaller than its margins and back.
+    // The superview becomes smaller than the margins, and larger again.
     content->resize(700, 5);
     EXPECT_EQ(view->height(), 0);
     content->resize(700, 100);
     EXPECT_EQ(view->geometry(), QRect(0, 12, 700, 88));
-    // Larger than the superview, and still so.
+    // An overlay that is larger than the superview stays larger by the same amount.
     overlay->setFrame({-10, -10, 720, 120});
     content->resize(400, 200);
     EXPECT_EQ(view->geometry(), QRect(-10, -10, 420, 220));
 }
 
-TEST_F(OverlayTest, TheMouseGoesNoFurther) {
+TEST_F(OverlayTest, MouseEventsDoNotReachTheContent) {
     make(Overlay::Kind::Automatic);
     MouseCounter counter;
     content->installEventFilter(&counter);
@@ -97,7 +97,7 @@ TEST_F(OverlayTest, TheMouseGoesNoFurther) {
     QTest::mouseClick(native, Qt::LeftButton, {}, close->mapTo(window.get(), QPoint(9, 9)));
     EXPECT_EQ(clicked.size(), 1);
 
-    // One that fades out takes no more.
+    // An overlay that fades out receives no mouse events any more.
     overlay->setHidden(true);
     EXPECT_TRUE(overlay->isHidden());
     QTest::mouseClick(native, Qt::LeftButton, {}, point);
@@ -105,7 +105,7 @@ TEST_F(OverlayTest, TheMouseGoesNoFurther) {
     window->removeEventFilter(&counter);
 }
 
-TEST_F(OverlayTest, ItStaysTheTopmostChildWithoutFightingForIt) {
+TEST_F(OverlayTest, ItRaisesItselfButGivesUpWhenTheHostRaisesAWidgetAgainAndAgain) {
     make(Overlay::Kind::Automatic);
     overlay->setHiddenNow(false);
     handleEvents();
@@ -113,24 +113,24 @@ TEST_F(OverlayTest, ItStaysTheTopmostChildWithoutFightingForIt) {
     added->setGeometry(0, 0, 50, 50);
     added->show();
     handleEvents();
-    EXPECT_EQ(onTop(), view);
+    EXPECT_EQ(topmostChild(), view);
     name->raise();
     handleEvents();
-    EXPECT_EQ(onTop(), view);
+    EXPECT_EQ(topmostChild(), view);
 
     time.advance(2);
     int raised = 0;
     for (; raised < 100; ++raised) {
         added->raise();
         handleEvents();
-        if (onTop() != view)
+        if (topmostChild() != view)
             break;
     }
     EXPECT_GT(raised, 2);
     EXPECT_LT(raised, 20);
     overlay->setHiddenNow(true);
     overlay->setHiddenNow(false);
-    EXPECT_EQ(onTop(), view);
+    EXPECT_EQ(topmostChild(), view);
 }
 
 TEST_F(OverlayTest, TheSameViewMovesIntoAContainerAndBack) {
@@ -158,11 +158,11 @@ TEST_F(OverlayTest, TheSameViewMovesIntoAContainerAndBack) {
     overlay->setHidden(false);
     EXPECT_FALSE(overlay->isNative());
     EXPECT_EQ(view->parentWidget(), content);
-    EXPECT_EQ(onTop(), view);
+    EXPECT_EQ(topmostChild(), view);
     EXPECT_TRUE(close->isVisible());
 }
 
-TEST_F(OverlayTest, ANativeWindowElsewhereOrHiddenIsNoReasonForAContainer) {
+TEST_F(OverlayTest, ANativeWindowThatIsHiddenOrOutsideNeedsNoContainer) {
     make(Overlay::Kind::Automatic);
     QWidget *container = addNativeWindow();
     container->hide();
@@ -178,7 +178,7 @@ TEST_F(OverlayTest, ANativeWindowElsewhereOrHiddenIsNoReasonForAContainer) {
     EXPECT_TRUE(overlay->isNative());
 }
 
-TEST_F(OverlayTest, TheContainerFollowsItsWindowOutOfSight) {
+TEST_F(OverlayTest, TheContainerIsHiddenAndShownWithItsWindow) {
     make(Overlay::Kind::Native);
     overlay->setHiddenNow(false);
     handleEvents();
@@ -187,7 +187,7 @@ TEST_F(OverlayTest, TheContainerFollowsItsWindowOutOfSight) {
     handleEvents();
     EXPECT_FALSE(view->isVisible());
     EXPECT_FALSE(overlay->isHidden());
-    // Made anew by the host.
+    // Qt creates the native window again for this.
     window->setWindowFlag(Qt::WindowStaysOnTopHint);
     window->show();
     handleEvents();
@@ -195,7 +195,7 @@ TEST_F(OverlayTest, TheContainerFollowsItsWindowOutOfSight) {
     EXPECT_EQ(view->size(), content->size());
 }
 
-/// The host destroys something while the overlay is in one of its states.
+/// The host destroys something while the overlay is in each of its states.
 class OverlayEndTest : public OverlayTest {
 protected:
     using Step = std::function<void()>;
@@ -282,7 +282,7 @@ TEST_F(OverlayEndTest, Removed) {
         overlay->remove();
         EXPECT_EQ(overlay->superview(), nullptr);
     });
-    // From a click of its own.
+    // By the click handler of a button on the overlay.
     for (const auto kind : {Overlay::Kind::Automatic, Overlay::Kind::Native}) {
         OverlayHost::reset();
         make(kind);
@@ -310,7 +310,7 @@ TEST_F(OverlayEndTest, Removed) {
 }
 
 TEST_F(OverlayEndTest, EveryChildOfTheSuperview) {
-    // The view goes with the others, unless it is in a container: then it comes back.
+    // The view is destroyed with the others, unless it is in a container; then it is shown again.
     ended = [this] { EXPECT_TRUE(!view || !overlay->isHidden()); };
     inEachState([this] {
         const auto doomed = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);

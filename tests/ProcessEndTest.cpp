@@ -10,8 +10,9 @@
 
 namespace velmora::test {
 
-/// A host in a process of its own that shows a banner and ends in some way at some moment.
-TEST(HostThatEnds, DISABLED_EndsAsItIsTold) {
+/// Runs in a child process: shows a banner and ends the process after VELMORA_TEST_MOMENT
+/// milliseconds, by exit() or by quit().
+TEST(HostThatEnds, DISABLED_ShowsABanner) {
     const QByteArray way = qgetenv("VELMORA_TEST_CHILD");
     Deployment deployment = Deployment::builtIn();
     deployment.acsURL = qEnvironmentVariable("VELMORA_TEST_SERVER");
@@ -47,7 +48,7 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(ProcessEndTest, AHostMayEndAtAnyMoment) {
+TEST_F(ProcessEndTest, AHostWithABannerMayEndAtAnyTime) {
     for (const char *way : {"exit", "quit"}) {
         for (const int moment : {0, 2, 4, 7, 11, 16, 25, 60, 120}) {
             SCOPED_TRACE(moment);

@@ -17,7 +17,7 @@ protected:
     VirtualTime time;
 };
 
-TEST_F(VirtualTimerTest, OneShotFiresOnceThoughNobodyKeepsIt) {
+TEST_F(VirtualTimerTest, AOneShotTimerFiresOnceEvenIfItIsNotStored) {
     int fired = 0;
     const std::weak_ptr<Timer> timer = Timer::scheduled(15, Kind::OneShot, [&] { ++fired; });
     time.advance(14.999);
@@ -31,7 +31,7 @@ TEST_F(VirtualTimerTest, OneShotFiresOnceThoughNobodyKeepsIt) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(VirtualTimerTest, ReplacingAFieldDoesNotCancelTheOldTimer) {
+TEST_F(VirtualTimerTest, ReplacingATimerPointerDoesNotCancelTheTimer) {
     int first = 0;
     int second = 0;
     TimerPtr field = Timer::scheduled(5, Kind::OneShot, [&] { ++first; });
@@ -41,7 +41,7 @@ TEST_F(VirtualTimerTest, ReplacingAFieldDoesNotCancelTheOldTimer) {
     EXPECT_EQ(second, 1);
 }
 
-TEST_F(VirtualTimerTest, RepeatsUntilInvalidatedFromItsOwnCallback) {
+TEST_F(VirtualTimerTest, ARepeatingTimerMayBeInvalidatedByItsOwnCallback) {
     int fired = 0;
     TimerPtr timer;
     timer = Timer::scheduled(0.1, Kind::Repeating, [&] {
@@ -53,7 +53,7 @@ TEST_F(VirtualTimerTest, RepeatsUntilInvalidatedFromItsOwnCallback) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(VirtualTimerTest, IntervalsOfZeroAreNextTurnOrOnceAFrame) {
+TEST_F(VirtualTimerTest, AnIntervalOfZeroMeansTheNextEventLoopTurnOrOncePerFrame) {
     int once = 0;
     int frames = 0;
     Timer::scheduled(-3, Kind::OneShot, [&] { ++once; });
@@ -67,7 +67,7 @@ TEST_F(VirtualTimerTest, IntervalsOfZeroAreNextTurnOrOnceAFrame) {
     odd->invalidate();
 }
 
-TEST_F(VirtualTimerTest, ATimerMayDestroyItsOwnerWhenItFires) {
+TEST_F(VirtualTimerTest, ACallbackMayDestroyTheOwnerOfItsTimer) {
     struct Owner {
         TimerPtr timer;
         std::shared_ptr<Owner> self;
@@ -86,7 +86,7 @@ TEST_F(VirtualTimerTest, ATimerMayDestroyItsOwnerWhenItFires) {
 
 class SystemTimerTest : public FreshProcess {};
 
-TEST_F(SystemTimerTest, RealTimersFireInOrderAndStopWithTheProcess) {
+TEST_F(SystemTimerTest, TimersFireInOrderAndEndWithTheProcessState) {
     QList<int> order;
     Timer::scheduled(0.03, Kind::OneShot, [&] { order.append(2); });
     Timer::scheduled(0, Kind::OneShot, [&] { order.append(1); });
@@ -106,7 +106,7 @@ TEST_F(SystemTimerTest, RealTimersFireInOrderAndStopWithTheProcess) {
     EXPECT_FALSE(order.contains(9));
 }
 
-TEST_F(SystemTimerTest, ADistantTimerDoesNotFireNow) {
+TEST_F(SystemTimerTest, AnIntervalOfThirtyDaysDoesNotOverflow) {
     bool fired = false;
     const TimerPtr distant =
         Timer::scheduled(30.0 * 24 * 3600, Kind::OneShot, [&] { fired = true; });
@@ -140,7 +140,7 @@ TEST_F(MainQueueTest, RunsPostedWorkLaterInOrderOnTheMainThread) {
     EXPECT_FALSE(postedFromMain);
 }
 
-TEST_F(MainQueueTest, PostedWorkGoesWithTheProcessState) {
+TEST_F(MainQueueTest, PostedWorkIsDroppedWithTheProcessState) {
     bool ran = false;
     MainQueue::post([&] { ran = true; });
     ProcessRoot::drop();

@@ -34,7 +34,7 @@ protected:
         return request;
     }
 
-    /// What came back; nothing when no completion was called in time.
+    /// Starts a request and waits. @return nothing when the completion was not called in time
     static std::optional<UrlResponse> answer(UrlSession &session, const UrlRequest &request) {
         std::optional<UrlResponse> response;
         const UrlTaskPtr task = session.start(request, [&](const UrlResponse &r) { response = r; });
@@ -44,7 +44,7 @@ protected:
         return response;
     }
 
-    /// Names left in the download folder.
+    /// Names of the files in the download folder.
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
     QTemporaryDir folder;
@@ -65,7 +65,7 @@ TEST_F(UrlSessionTest, PostsExactlyTheBodyWithoutAContentType) {
     EXPECT_TRUE(received.first().header("Content-Type").isEmpty());
 }
 
-TEST_F(UrlSessionTest, AFileTakesItsNameOnlyWhenTheBodyArrivedWhole) {
+TEST_F(UrlSessionTest, AFileGetsItsNameOnlyWhenItIsComplete) {
     UrlSession session(trusting());
     ASSERT_EQ(answer(session, toFile())->error, QString());
     EXPECT_EQ(QFile(toFile().destination).size(), 300'000);
@@ -88,7 +88,7 @@ TEST_F(UrlSessionTest, AFileTakesItsNameOnlyWhenTheBodyArrivedWhole) {
     EXPECT_EQ(answer(session, toFile())->error, QString());
 }
 
-TEST_F(UrlSessionTest, ABodyLargerThanTheReadAheadArrivesWhole) {
+TEST_F(UrlSessionTest, ABodyLargerThanTheReadBufferArrivesCompletely) {
     UrlSession session(trusting());
     server.faults().set(QStringLiteral("/file"), Fault::huge(12'345'678));
     const auto response = answer(session, toFile());
@@ -96,7 +96,7 @@ TEST_F(UrlSessionTest, ABodyLargerThanTheReadAheadArrivesWhole) {
     EXPECT_EQ(QFile(toFile().destination).size(), 12'345'678);
 }
 
-TEST_F(UrlSessionTest, AnyReplyIsASuccessWhateverItsStatus) {
+TEST_F(UrlSessionTest, AReplyOfAnyStatusIsASuccess) {
     UrlSession session(trusting());
     for (const int status : {404, 401, 500, 503}) {
         server.faults().set(QStringLiteral("/file"), Fault::statusCode(status, "<html>sorry"));
@@ -107,7 +107,7 @@ TEST_F(UrlSessionTest, AnyReplyIsASuccessWhateverItsStatus) {
     }
 }
 
-TEST_F(UrlSessionTest, ALinkInTheFolderIsNotWrittenThrough) {
+TEST_F(UrlSessionTest, ADownloadDoesNotFollowASymbolicLink) {
     UrlSession session(trusting());
     QTemporaryDir elsewhere;
     const QString target = elsewhere.filePath(QStringLiteral("precious"));
@@ -116,7 +116,7 @@ TEST_F(UrlSessionTest, ALinkInTheFolderIsNotWrittenThrough) {
     EXPECT_FALSE(QFile::exists(target));
 }
 
-TEST_F(UrlSessionTest, OnlyTrustedServersAreBelieved) {
+TEST_F(UrlSessionTest, OnlyTrustedServersAreAccepted) {
     adserver::CertificateAuthority stranger;
     const struct {
         const char *what;
@@ -134,7 +134,7 @@ TEST_F(UrlSessionTest, OnlyTrustedServersAreBelieved) {
         EXPECT_TRUE(files().isEmpty()) << test.what;
         EXPECT_EQ(server.log().count(), 0) << test.what;
     }
-    // The private authority is good for its own host alone.
+    // The private authority is trusted for its own host only.
     server.stop();
     server.setIdentity(server.authority().validLeaf());
     baseUrl = server.start();
@@ -147,7 +147,7 @@ TEST_F(UrlSessionTest, OnlyTrustedServersAreBelieved) {
     EXPECT_EQ(answer(session, byName)->error, QString());
 }
 
-TEST_F(UrlSessionTest, ConnectionsAreLetGoWhenThereIsNothingToCarry) {
+TEST_F(UrlSessionTest, IdleConnectionsAreClosed) {
     VirtualTime time;
     UrlSession session(trusting());
     const auto threads = [] {
@@ -167,7 +167,7 @@ TEST_F(UrlSessionTest, ConnectionsAreLetGoWhenThereIsNothingToCarry) {
     EXPECT_EQ(answer(session, toFile())->error, QString());
 }
 
-TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
+TEST_F(UrlSessionTest, RefusesOtherSchemesAndUnsafeRedirects) {
     UrlSession session(trusting());
     for (const char *address : {"", "file:///etc/passwd", "ftp://127.0.0.1/x", "https://",
                                 "data:,x", "https:///x", "127.0.0.1/x"}) {
@@ -181,7 +181,7 @@ TEST_F(UrlSessionTest, RefusesWhatIsNotOnTheWebAndUnsafeRedirects) {
     EXPECT_TRUE(files().isEmpty());
 }
 
-TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceDoesHoweverTheConnectionBreaks) {
+TEST_F(UrlSessionTest, AnOnlyOnceRequestIsNotRepeatedWhenItsConnectionBreaks) {
     UrlSession session(trusting());
     UrlRequest get;
     get.url = QUrl(baseUrl + QStringLiteral("/event"));
@@ -204,7 +204,7 @@ TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceDoesHoweverTheConnectionBreaks) {
                 }
                 server.faults().set(QStringLiteral("/event"), fault);
                 server.log().clear();
-                // A connection that is fresh cannot be stale.
+                // The stale fault breaks reused connections only, and this request has a new one.
                 EXPECT_EQ(answer(session, request)->error.isEmpty(), isStale);
                 EXPECT_EQ(server.log().count(QStringLiteral("/event")), 1);
             }
@@ -212,7 +212,7 @@ TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceDoesHoweverTheConnectionBreaks) {
     }
 }
 
-TEST_F(UrlSessionTest, WhatMayGoOutOnlyOnceFollowsRedirectsAndAsksEachPlaceOnce) {
+TEST_F(UrlSessionTest, AnOnlyOnceRequestFollowsRedirectsAndRequestsEachAddressOnce) {
     UrlSession session(trusting());
     UrlRequest request;
     request.url = QUrl(baseUrl + QStringLiteral("/event/a"));
@@ -246,7 +246,7 @@ TEST_F(UrlSessionTest, ASilentServerTimesOut) {
     EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
 }
 
-TEST_F(UrlSessionTest, ManyRequestsAreCarriedInOrderAFewAtATime) {
+TEST_F(UrlSessionTest, RequestsBeyondTheLimitWaitAndFinishInOrder) {
     UrlSession::Configuration configuration = trusting();
     configuration.mostAtOnce = 1;
     UrlSession session(configuration);
@@ -261,7 +261,7 @@ TEST_F(UrlSessionTest, ManyRequestsAreCarriedInOrderAFewAtATime) {
     EXPECT_TRUE(std::is_sorted(finished.begin(), finished.end()));
 }
 
-TEST_F(UrlSessionTest, EndsAtOnceWithAHungServerAndCallsNobody) {
+TEST_F(UrlSessionTest, ItIsDestroyedAtOnceWithAHungServerAndCallsNoCompletion) {
     server.faults().set(QStringLiteral("*"), Fault::hang());
     bool called = false;
     QElapsedTimer clock;
@@ -278,7 +278,7 @@ TEST_F(UrlSessionTest, EndsAtOnceWithAHungServerAndCallsNobody) {
     EXPECT_TRUE(files().isEmpty());
 }
 
-TEST_F(UrlSessionTest, AWorkerMayWaitForAnAnswerAndIsFreedWhenTheSessionGoes) {
+TEST_F(UrlSessionTest, FetchBlocksAWorkerUntilTheReplyOrTheEndOfTheSession) {
     auto session = std::make_unique<UrlSession>(trusting());
     UrlRequest request;
     request.url = QUrl(baseUrl + QStringLiteral("/file"));

@@ -24,7 +24,7 @@ namespace velmora::test {
 
 class UserDefaultsTest : public FreshProcess {
 protected:
-    /// What is on disk under a name.
+    /// A value on disk, in the settings of an application name.
     static QVariant stored(const QString &application, const QString &key) {
         return QSettings(QStringLiteral("Velmora Tests"), application).value(key);
     }
@@ -58,7 +58,7 @@ TEST_F(UserDefaultsTest, ManyThreadsMayReadAndWrite) {
         EXPECT_EQ(VLMObjForKey(QStringLiteral("test-%1").arg(t)).toInt(), 24);
 }
 
-TEST_F(UserDefaultsTest, AdsOffIsReadAfreshAndSurvivesButDebugModeDoesNot) {
+TEST_F(UserDefaultsTest, RemovalOfAdsSurvivesARestartAndDebugModeDoesNot) {
     EXPECT_FALSE(Switches::isADSRemoved());
     VLMSetObjForKey(true, QStringLiteral("adsoff"));
     EXPECT_TRUE(Switches::isADSRemoved());
@@ -72,7 +72,7 @@ TEST_F(UserDefaultsTest, AdsOffIsReadAfreshAndSurvivesButDebugModeDoesNot) {
     EXPECT_FALSE(Switches::isADSRemoved());
 }
 
-TEST_F(UserDefaultsTest, APurchaseIsFoundUnderTheNameThatTheHostSetsLater) {
+TEST_F(UserDefaultsTest, APurchaseIsFoundWhenTheHostSetsItsNameLate) {
     HostName::set(QStringLiteral("paid"));
     Switches::setADSRemoved(true);
     restartProcess();
@@ -82,7 +82,7 @@ TEST_F(UserDefaultsTest, APurchaseIsFoundUnderTheNameThatTheHostSetsLater) {
     EXPECT_TRUE(Switches::isADSRemoved());
 }
 
-TEST_F(UserDefaultsTest, WhatThisRunWroteGoesAlongToALaterName) {
+TEST_F(UserDefaultsTest, ValuesOfThisRunMoveToANameThatIsSetLate) {
     HostName::set(QStringLiteral("early"));
     Switches::setADSRemoved(true);
     VLMSetObjForKey(7, QStringLiteral("test-gone"));
@@ -93,12 +93,12 @@ TEST_F(UserDefaultsTest, WhatThisRunWroteGoesAlongToALaterName) {
     restartProcess();
     EXPECT_TRUE(Switches::isADSRemoved());
     EXPECT_FALSE(VLMObjForKey(QStringLiteral("test-gone")).isValid());
-    // What was only read stays where it is.
+    // A value that this run only read does not move.
     HostName::set(QStringLiteral("later still"));
     EXPECT_FALSE(Switches::isADSRemoved());
 }
 
-TEST_F(UserDefaultsTest, AnotherProcessesSwitchCountsAtTheNextReading) {
+TEST_F(UserDefaultsTest, AValueThatAnotherProcessWroteIsReadAtOnce) {
     const QByteArray child = qgetenv("VELMORA_TEST_CHILD");
     if (!child.isEmpty()) {
         Switches::setADSRemoved(child == "remove");
@@ -106,7 +106,7 @@ TEST_F(UserDefaultsTest, AnotherProcessesSwitchCountsAtTheNextReading) {
         return;
     }
     const auto inAnotherProcess = [](const char *what) {
-        runChildTest(QStringLiteral("*AnotherProcessesSwitchCountsAtTheNextReading"),
+        runChildTest(QStringLiteral("*AValueThatAnotherProcessWroteIsReadAtOnce"),
                      QLatin1String(what));
     };
     EXPECT_FALSE(Switches::isADSRemoved());
@@ -116,17 +116,17 @@ TEST_F(UserDefaultsTest, AnotherProcessesSwitchCountsAtTheNextReading) {
     EXPECT_FALSE(Switches::isADSRemoved());
     inAnotherProcess("remove");
     EXPECT_TRUE(Switches::isADSRemoved());
-    // It stays cheap to ask.
-    constexpr int Questions = 1000;
+    // Reading stays cheap.
+    constexpr int Readings = 1000;
     QElapsedTimer clock;
     clock.start();
-    for (int i = 0; i < Questions; ++i)
+    for (int i = 0; i < Readings; ++i)
         Switches::isADSRemoved();
-    EXPECT_LT(clock.nsecsElapsed() / Questions, 1'000'000);
-    RecordProperty("nanoseconds", int(clock.nsecsElapsed() / Questions));
+    EXPECT_LT(clock.nsecsElapsed() / Readings, 1'000'000);
+    RecordProperty("nanoseconds", int(clock.nsecsElapsed() / Readings));
 }
 
-TEST_F(UserDefaultsTest, AStoreThatCannotBeWrittenIsSaidAndTheSwitchHolds) {
+TEST_F(UserDefaultsTest, AnUnwritableFileIsLoggedAndTheValueHoldsInMemory) {
     HostName::set(QStringLiteral("stubborn"));
     const QString file = HostSettings::place();
     const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
@@ -153,7 +153,7 @@ TEST_F(UserDefaultsTest, AStoreThatCannotBeWrittenIsSaidAndTheSwitchHolds) {
             logged().mid(before).filter(QStringLiteral("stubborn.conf cannot be written")).size(),
             1);
         test.mend();
-        // It is written as soon as it can be.
+        // The next reading tries to write it again.
         EXPECT_TRUE(Switches::isADSRemoved());
         EXPECT_TRUE(stored(QStringLiteral("stubborn"), QStringLiteral("adsoff")).toBool());
         Switches::setADSRemoved(false);
@@ -161,7 +161,7 @@ TEST_F(UserDefaultsTest, AStoreThatCannotBeWrittenIsSaidAndTheSwitchHolds) {
     }
 }
 
-/// In a process without an application object.
+/// Runs in a child process without an application object.
 TEST(UnnamedHostTest, DISABLED_NothingIsWrittenBeforeThereIsAName) {
     const QString folder = qEnvironmentVariable("VELMORA_TEST_UNNAMED");
     ASSERT_FALSE(folder.isEmpty());
@@ -176,20 +176,20 @@ TEST(UnnamedHostTest, DISABLED_NothingIsWrittenBeforeThereIsAName) {
     Switches::setADSRemoved(true);
     EXPECT_TRUE(Switches::isADSRemoved());
     VLMUserDefaults().removeObject(QStringLiteral("test"));
-    LOG(QStringLiteral("not heard while ads are removed"));
+    LOG(QStringLiteral("not logged while ads are removed"));
     VLMStringFromKey(QStringLiteral("RemoveAdsText"));
     VLMMainAppBundle();
     EXPECT_TRUE(files().isEmpty()) << qPrintable(files().join(QLatin1Char(' ')));
     EXPECT_EQ(lines.filter(QStringLiteral("the application has no name yet")).size(), 2);
     EXPECT_EQ(lines.size(), 2) << qPrintable(lines.join(QLatin1Char('\n')));
-    // An organisation's folder is all its programs'.
+    // All programs of an organisation share its folder.
     QCoreApplication::setOrganizationName(QStringLiteral("Acme"));
     EXPECT_TRUE(Switches::isADSRemoved());
     EXPECT_TRUE(files().isEmpty());
     QCoreApplication::setApplicationName(QStringLiteral("named"));
     EXPECT_TRUE(Switches::isADSRemoved());
     EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/Acme/named.conf")));
-    // The bundle's place is known from now on.
+    // The bundle's folder is known only with an application object.
     EXPECT_TRUE(VLMMainAppBundle().resourcePath().isEmpty());
     int count = 1;
     char name[] = "host";
@@ -202,13 +202,13 @@ TEST(UnnamedHostTest, DISABLED_NothingIsWrittenBeforeThereIsAName) {
     sayPartDone();
 }
 
-TEST(UserDefaultsWithoutANameTest, HoldInMemoryUntilThereIsOne) {
+TEST(UserDefaultsWithoutANameTest, ValuesStayInMemoryUntilThereIsOne) {
     const QTemporaryDir folder;
     runUnnamedChildTest(QStringLiteral("UnnamedHostTest.*NothingIsWrittenBeforeThereIsAName"),
                         folder.path());
 }
 
-TEST_F(UserDefaultsTest, DebugModeIsHeardWhateverRulesTheHostHasForDebugMessages) {
+TEST_F(UserDefaultsTest, DebugModeLogsRegardlessOfTheHostsLoggingRules) {
     Switches::activateDebugMode();
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nvelmora=false"));
     LOG(QStringLiteral("one"));
@@ -216,7 +216,7 @@ TEST_F(UserDefaultsTest, DebugModeIsHeardWhateverRulesTheHostHasForDebugMessages
     EXPECT_EQ(logged(), QStringList{QStringLiteral("one")});
 }
 
-TEST_F(UserDefaultsTest, TheLogSpeaksOnlyInDebugModeWhileAdsAreOn) {
+TEST_F(UserDefaultsTest, LogWritesOnlyInDebugModeAndWhileAdsAreNotRemoved) {
     LOG(QStringLiteral("one"));
     Switches::activateDebugMode();
     LOG(QStringLiteral("two %1 %@"));

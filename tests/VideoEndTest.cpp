@@ -6,11 +6,12 @@
 
 namespace velmora::test {
 
-/// A host in a process of its own that plays videos and ends in some way at some moment.
-TEST(HostThatPlays, DISABLED_EndsAsItIsTold) {
+/// Runs in a child process: plays videos and ends the process after VELMORA_TEST_MOMENT
+/// milliseconds, by exit() or by quit().
+TEST(HostThatPlays, DISABLED_PlaysVideos) {
     const QByteArray way = qgetenv("VELMORA_TEST_CHILD");
     const auto clip = QUrl::fromLocalFile(QStringLiteral(VELMORA_TEST_CLIPS "/longer.mp4"));
-    // Out of all functions' reach, as a host's own static objects are.
+    // Destroyed after main(), as static objects of a host are.
     static std::unique_ptr<VideoPlayer> players[2];
     for (auto &player : players) {
         player = std::make_unique<VideoPlayer>(VideoPlayer::Handlers());
@@ -28,11 +29,11 @@ TEST(HostThatPlays, DISABLED_EndsAsItIsTold) {
     QCoreApplication::exec();
 }
 
-TEST(VideoEndTest, AHostMayEndAtAnyMoment) {
+TEST(VideoEndTest, AHostWithVideosMayEndAtAnyTime) {
     for (const char *way : {"exit", "quit"}) {
         for (const int moment : {0, 3, 8, 15, 25, 40, 60, 90, 130, 180, 250, 400}) {
             SCOPED_TRACE(moment);
-            // Threads that are about to end have not given back everything yet.
+            // Without the leak check, since threads that are about to end still own memory.
             runChildTest(QStringLiteral("HostThatPlays.*"), QLatin1String(way),
                          {{QStringLiteral("VELMORA_TEST_MOMENT"), QString::number(moment)},
                           {QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0")}});

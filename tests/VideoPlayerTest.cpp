@@ -36,7 +36,7 @@ QByteArray still() {
     return buffer.data();
 }
 
-// A player and what it has told.
+// A player that counts the calls of its handlers.
 struct Played {
     int firstFrames = 0;
     int frames = 0;
@@ -50,7 +50,7 @@ struct Played {
     bool isOver() const { return ends > 0 || failures > 0; }
 };
 
-// Threads of the process but those that wait in the media framework's own pool for more to do.
+// The process's threads without those of GStreamer's thread pools, which stay for some time.
 int busyThreads() {
     int count = 0;
     for (const QString &task :
@@ -85,8 +85,8 @@ protected:
     QTemporaryDir folder;
 };
 
-// First, since a module that is loaded stays.
-TEST_F(VideoPlayerTest, WithoutItsModuleAVideoFailsAndTheLogSaysWhy) {
+// This test must come first, because a module that is loaded stays loaded.
+TEST_F(VideoPlayerTest, WithoutTheModuleAVideoFailsWithALogLine) {
     if (isModuleLoaded())
         GTEST_SKIP() << "the module is loaded already";
     qputenv("VELMORA_VIDEO_MODULE", QFile::encodeName(folder.filePath(QStringLiteral("none.so"))));
@@ -102,7 +102,7 @@ TEST_F(VideoPlayerTest, WithoutItsModuleAVideoFailsAndTheLogSaysWhy) {
     EXPECT_TRUE(hasLogged(broken));
     EXPECT_EQ(unloadable.player.status(), VideoPlayer::Status::Failed);
 
-    // Installed meanwhile.
+    // The module has been installed meanwhile.
     qunsetenv("VELMORA_VIDEO_MODULE");
     Played present(clip("short.mp4"));
     EXPECT_TRUE(eventually([&] { return present.firstFrames == 1; }));
@@ -124,7 +124,7 @@ TEST_F(VideoPlayerTest, PlaysToItsEndOnceAndAgainFromTheStart) {
     EXPECT_EQ(video.player.frame().size(), QSize(960, 540));
     EXPECT_GT(video.frames, 15);
 
-    // At the end, play() leads nowhere.
+    // At the end, play() does nothing.
     const int frames = video.frames;
     video.player.play();
     quietly(200);
@@ -139,16 +139,17 @@ TEST_F(VideoPlayerTest, PlaysToItsEndOnceAndAgainFromTheStart) {
     EXPECT_EQ(video.failures, 0);
 }
 
-TEST_F(VideoPlayerTest, RestsWhilePausedAndGoesOn) {
+TEST_F(VideoPlayerTest, PausesAndContinues) {
     Played video(clip("short.mp4"));
-    ASSERT_TRUE(eventually([&] { return video.firstFrames == 1; })) << "at rest, the start shows";
+    ASSERT_TRUE(eventually([&] { return video.firstFrames == 1; }))
+        << "a paused player shows the first frame";
     quietly(100);
     EXPECT_EQ(video.frames, 1);
     video.player.play();
     ASSERT_TRUE(eventually([&] { return video.frames > 8; }));
     video.player.setMuted(true);
     video.player.pause();
-    quietly(100); // a picture may have been on its way
+    quietly(100); // one more frame may already be under way
     const int frames = video.frames;
     quietly(1500);
     EXPECT_EQ(video.frames, frames);
@@ -160,7 +161,7 @@ TEST_F(VideoPlayerTest, RestsWhilePausedAndGoesOn) {
     EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
 }
 
-TEST_F(VideoPlayerTest, SentBackWhilePlayingItPlaysOnFromTheStart) {
+TEST_F(VideoPlayerTest, SeekingToTheStartDuringPlaybackContinuesFromThere) {
     Played video(clip("short.mp4"));
     video.player.play();
     QElapsedTimer clock;
@@ -175,31 +176,31 @@ TEST_F(VideoPlayerTest, SentBackWhilePlayingItPlaysOnFromTheStart) {
     EXPECT_GT(clock.elapsed(), 1000);
 }
 
-TEST_F(VideoPlayerTest, AMainThreadThatIsBusyMissesPicturesAndNothingElse) {
+TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
     Played video(clip("longer.mp4"));
     video.player.play();
     QElapsedTimer clock;
     clock.start();
-    QThread::msleep(700); // before the first picture
+    QThread::msleep(700); // before the first frame
     ASSERT_TRUE(eventually([&] { return video.frames > 2; }));
     const int frames = video.frames;
     QThread::msleep(2000);
     handleEvents();
-    EXPECT_LE(video.frames, frames + 3) << "what is late is not shown late";
+    EXPECT_LE(video.frames, frames + 3) << "late frames are dropped";
     ASSERT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
     EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
 }
 
-TEST_F(VideoPlayerTest, AStallOverTheEndHidesNothing) {
+TEST_F(VideoPlayerTest, AnEndDuringABlockedMainThreadIsReportedOnce) {
     Played video(clip("short.mp4"));
     video.player.play();
     ASSERT_TRUE(eventually([&] { return video.frames > 5; }));
     QThread::msleep(1500);
     EXPECT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
-    // An end that was not heard of yet is forgotten when the video is sent back.
+    // seekToStart() discards an end that has not been reported yet.
     video.player.seekToStart();
     video.player.play();
     ASSERT_TRUE(eventually([&] { return video.frames > 15; }));
@@ -211,7 +212,7 @@ TEST_F(VideoPlayerTest, AStallOverTheEndHidesNothing) {
     EXPECT_EQ(video.failures, 0);
 }
 
-TEST_F(VideoPlayerTest, AVideoLacksAnyOneOfItsStreams) {
+TEST_F(VideoPlayerTest, AVideoMayLackSoundOrPictures) {
     Played noSound(clip("without-sound.mp4"));
     Played noPictures(clip("without-pictures.mp4"));
     noSound.player.play();
@@ -224,7 +225,7 @@ TEST_F(VideoPlayerTest, AVideoLacksAnyOneOfItsStreams) {
     EXPECT_NEAR(noPictures.player.durationSeconds(), 1.2, 0.1);
 }
 
-TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
+TEST_F(VideoPlayerTest, AnUnplayableFileFailsOnceWithALogLine) {
     const QByteArray whole = contents(clip("index-last.mp4"));
     QByteArray strange = contents(clip("without-sound.mp4"));
     strange.replace("avc1", "zz9q");
@@ -252,7 +253,7 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
         SCOPED_TRACE(path.toStdString());
         Played video(path);
         video.player.play();
-        EXPECT_EQ(video.failures, 0) << "never from inside a call";
+        EXPECT_EQ(video.failures, 0) << "handlers must not run inside a call";
         EXPECT_TRUE(eventually([&] { return video.isOver(); }));
         EXPECT_EQ(video.player.status(), VideoPlayer::Status::Failed);
         EXPECT_TRUE(hasLogged(QLatin1String(logged)));
@@ -270,10 +271,10 @@ TEST_F(VideoPlayerTest, WhatIsNoVideoFailsOnceAndTheLogSaysWhy) {
     video.player.load(QUrl());
     video.player.load(QUrl::fromLocalFile(clip("short.mp4")));
     EXPECT_TRUE(eventually([&] { return video.firstFrames == 1; }));
-    EXPECT_EQ(video.failures, 1) << "what was loaded before is forgotten";
+    EXPECT_EQ(video.failures, 1) << "the earlier failure must not be reported again";
 }
 
-TEST_F(VideoPlayerTest, ATornVideoIsPlayedAsFarAsItGoes) {
+TEST_F(VideoPlayerTest, ATruncatedVideoIsPlayedAsFarAsPossible) {
     const QByteArray whole = contents(clip("short.mp4"));
     Played video(file("torn.mp4", whole.left(whole.size() * 3 / 4)));
     video.player.play();
@@ -282,7 +283,7 @@ TEST_F(VideoPlayerTest, ATornVideoIsPlayedAsFarAsItGoes) {
     EXPECT_EQ(video.ends + video.failures, 1);
 }
 
-TEST_F(VideoPlayerTest, AnEngineThatFallsSilentIsGivenUpAfterNewAttempts) {
+TEST_F(VideoPlayerTest, AnEngineThatMakesNoProgressIsRestartedTwiceAndThenFails) {
     Played video(clip("silence.webm"));
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.isOver(); }, 20'000));
@@ -291,7 +292,7 @@ TEST_F(VideoPlayerTest, AnEngineThatFallsSilentIsGivenUpAfterNewAttempts) {
     EXPECT_EQ(logged().filter(QStringLiteral("taken up again")).size(), 2);
 }
 
-TEST_F(VideoPlayerTest, ASoundServerThatHangsDoesNotHoldPicturesUp) {
+TEST_F(VideoPlayerTest, AHangingSoundServerDoesNotDelayTheVideo) {
     QLocalServer server;
     ASSERT_TRUE(server.listen(folder.filePath(QStringLiteral("sound"))));
     qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(server.fullServerName()));
@@ -323,13 +324,13 @@ TEST_F(VideoPlayerTest, AHandlerMayDestroyThePlayer) {
     }
 }
 
-TEST_F(VideoPlayerTest, DestroyedInAnyStateItWaitsForNothingAndLeavesNothing) {
+TEST_F(VideoPlayerTest, DestroyingItInAnyStateIsFastAndLeaksNoThreadsOrFiles) {
     {
         Played warm(clip("longer.mp4"));
         warm.player.play();
         ASSERT_TRUE(eventually([&] { return warm.frames > 2; }));
     }
-    // Threads that the media framework keeps for the process's life are there by now.
+    // By now GStreamer has started the threads that it keeps until the process ends.
     quietly(500);
     const int threads = busyThreads();
     const int files = openFiles();
@@ -371,11 +372,11 @@ TEST_F(VideoPlayerTest, DestroyedInAnyStateItWaitsForNothingAndLeavesNothing) {
             return playing;
         });
     }
-    // A busy machine may take the main thread off its processor now and then.
+    // On a busy machine the main thread may lose its processor now and then.
     std::sort(times.begin(), times.end());
     EXPECT_LT(times.at(times.size() * 9 / 10), 10'000);
     EXPECT_LT(times.back(), 100'000);
-    // The media framework's idle threads go after 15 s.
+    // GStreamer ends its idle threads after 15 s.
     EXPECT_TRUE(
         eventually([&] { return busyThreads() <= threads && openFiles() <= files; }, 30'000))
         << busyThreads() << " threads after " << threads << ", " << openFiles() << " files after "

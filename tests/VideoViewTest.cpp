@@ -12,7 +12,7 @@ namespace velmora::test {
 
 namespace {
 
-// Stripes of one pixel show every resampling.
+// Stripes one pixel wide, which any resampling would change.
 QImage stripes(QSize size) {
     QImage image(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {
@@ -33,7 +33,7 @@ QImage drawn(VideoView &view) {
 
 } // namespace
 
-TEST(VideoViewTest, APictureOfThePlacesSizeIsCopiedPixelByPixel) {
+TEST(VideoViewTest, AFrameOfTheViewsSizeIsDrawnWithoutResampling) {
     VideoView view;
     view.resize(160, 90);
     const QImage picture = stripes((QSizeF(view.size()) * view.devicePixelRatioF()).toSize());
@@ -43,7 +43,7 @@ TEST(VideoViewTest, APictureOfThePlacesSizeIsCopiedPixelByPixel) {
     EXPECT_EQ(shown, picture);
 }
 
-TEST(VideoViewTest, ThePictureIsAsLargeAsFitsAndTheRestIsBlack) {
+TEST(VideoViewTest, AFrameIsScaledToFitAndTheRestIsBlack) {
     const struct {
         QSize view;
         QRectF picture;
@@ -73,13 +73,13 @@ TEST(VideoViewTest, ThePictureIsAsLargeAsFitsAndTheRestIsBlack) {
                 EXPECT_EQ(at(bar), 0xff000000);
             }
         }
-        // Whatever was there before, nothing of it shines through between picture and bars.
+        // No line of the green background is left between frame and bars.
         for (int y = 0; y < image.height(); ++y)
             EXPECT_EQ(qGreen(image.pixel(image.width() / 2, y)), 0) << y;
     }
 }
 
-TEST(VideoViewTest, ANewPictureRepaintsItsPlaceOnlyAndOnce) {
+TEST(VideoViewTest, SeveralNewFramesRepaintTheFrameRectOnce) {
     struct Watched : VideoView {
         std::vector<QRect> painted;
         void paintEvent(QPaintEvent *event) override {
@@ -104,7 +104,7 @@ TEST(VideoViewTest, ANewPictureRepaintsItsPlaceOnlyAndOnce) {
     EXPECT_EQ(view.painted, std::vector{view.frameRect().toAlignedRect()});
 }
 
-TEST(VideoViewTest, WithoutAPictureTheViewIsBlack) {
+TEST(VideoViewTest, WithoutAFrameTheViewIsBlack) {
     VideoView view;
     view.resize(40, 30);
     QImage black = drawn(view);

@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-/// What a window manager makes of the style mask.
+/// The effect of the style mask with a window manager.
 class WindowDisplayTest : public FreshProcess {
 protected:
     WindowDisplayTest() {
@@ -18,7 +18,7 @@ protected:
         eventually([this] { return host.isActiveWindow(); });
     }
     bool userMay(const QString &action) const {
-        QCursor::pos(); // asks the server, and so sends what is still to be sent
+        QCursor::pos(); // a round trip to the X server, which flushes pending requests
         const QString allowed = runOnDisplay(QStringLiteral("xprop"),
                                              {QStringLiteral("-id"), QString::number(host.winId()),
                                               QStringLiteral("_NET_WM_ALLOWED_ACTIONS")});
@@ -33,7 +33,7 @@ protected:
     Window *window = Window::of(&host);
 };
 
-TEST_F(WindowDisplayTest, TheUserOfAWindowThatIsNotResizableIsNotOfferedIt) {
+TEST_F(WindowDisplayTest, TheWindowManagerDoesNotOfferToResizeAWindowThatIsNotResizable) {
     EXPECT_TRUE(eventuallyMay(resize, true));
     window->setStyleMask(0);
     EXPECT_TRUE(eventuallyMay(resize, false));
@@ -48,7 +48,7 @@ TEST_F(WindowDisplayTest, TheUserOfAWindowThatIsNotResizableIsNotOfferedIt) {
     EXPECT_EQ(host.size(), QSize(450, 350));
 }
 
-TEST_F(WindowDisplayTest, TellsWhenItsUserRestoresIt) {
+TEST_F(WindowDisplayTest, BecameVisibleIsEmittedWhenTheUserRestoresTheWindow) {
     int shown = 0;
     QObject::connect(window, &Window::becameVisible, [&] { ++shown; });
     const QString id = QString::number(host.winId());
@@ -62,7 +62,7 @@ TEST_F(WindowDisplayTest, TellsWhenItsUserRestoresIt) {
     EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(WindowDisplayTest, AMaximisedWindowStaysSoAndComesBackAsItWas) {
+TEST_F(WindowDisplayTest, AMaximisedWindowStaysMaximisedAndRestoresItsSize) {
     for (const auto state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
         host.setWindowState(state);
         EXPECT_TRUE(eventually([this] { return host.width() > 1000; }));

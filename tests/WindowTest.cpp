@@ -53,7 +53,7 @@ protected:
     std::vector<NotificationCenter::Observation> observations;
 };
 
-TEST_F(WindowTest, ResignComesBeforeBecomeWhenTheKeyWindowChanges) {
+TEST_F(WindowTest, ResignKeyIsPostedBeforeBecomeKey) {
     const auto a = shown("a");
     const auto b = shown("b");
     EXPECT_TRUE(Window::of(b.get())->isKeyWindow());
@@ -81,7 +81,7 @@ TEST_F(WindowTest, AHiddenOrClosedWindowIsNotKey) {
     EXPECT_FALSE(Window::of(closed.get())->isVisible());
 }
 
-TEST_F(WindowTest, ARefusedCloseIsNoClose) {
+TEST_F(WindowTest, ARefusedCloseIsNotPosted) {
     const auto window = shown<RefusingWindow>("w");
     window->close();
     handleEvents();
@@ -89,7 +89,7 @@ TEST_F(WindowTest, ARefusedCloseIsNoClose) {
     EXPECT_FALSE(heard.contains(QStringLiteral("close w")));
 }
 
-TEST_F(WindowTest, KeyStatusDoesNotOutliveAWindowThatIsDeletedOutright) {
+TEST_F(WindowTest, ADeletedWindowIsNotKeyAnyMore) {
     auto doomed = shown("doomed");
     doomed.reset();
     const auto next = shown("next");
@@ -97,7 +97,7 @@ TEST_F(WindowTest, KeyStatusDoesNotOutliveAWindowThatIsDeletedOutright) {
     EXPECT_EQ(heard.count(QStringLiteral("become next")), 1);
 }
 
-TEST_F(WindowTest, TheContentViewIsWhereAViewDoesNotDisturbTheHost) {
+TEST_F(WindowTest, TheContentViewIsAWidgetThatAcceptsAnotherChild) {
     QMainWindow window;
     EXPECT_EQ(Window::of(&window)->contentView(), &window);
     auto *page = new QWidget;
@@ -120,7 +120,7 @@ TEST_F(WindowTest, AMinimisedWindowIsNotVisible) {
     EXPECT_TRUE(Window::of(window.get())->isVisible());
 }
 
-TEST_F(WindowTest, TellsWhenItBecomesVisibleAndOnlyThen) {
+TEST_F(WindowTest, BecameVisibleIsEmittedOnlyWhenTheWindowBecomesVisible) {
     QWidget window;
     int shown = 0;
     QObject::connect(Window::of(&window), &Window::becameVisible, [&] {
@@ -145,7 +145,7 @@ TEST_F(WindowTest, TellsWhenItBecomesVisibleAndOnlyThen) {
     EXPECT_EQ(times(), 1);
 }
 
-TEST_F(WindowTest, AWidgetThatEnteredAWindowIsNoWindowUntilItIsOneAgain) {
+TEST_F(WindowTest, AReparentedWidgetBelongsToItsNewWindow) {
     auto page = shown("page");
     const auto host = shown("host");
     page->activateWindow();
@@ -171,8 +171,8 @@ TEST_F(WindowTest, AWidgetThatEnteredAWindowIsNoWindowUntilItIsOneAgain) {
 
 class WindowStyleTest : public WindowTest {
 protected:
-    // What the window's user is let do.
-    static bool isHeld(const QWidget &window) {
+    // Whether the user cannot resize the window.
+    static bool isFixedForUser(const QWidget &window) {
         const QWindow *native = window.windowHandle();
         return native->minimumSize() == window.size() && native->maximumSize() == window.size();
     }
@@ -183,7 +183,7 @@ protected:
     }
 };
 
-TEST_F(WindowStyleTest, AWindowThatIsNotResizableStaysAsItIsForItsUserAlone) {
+TEST_F(WindowStyleTest, OnlyTheUserCannotResizeAWindowThatIsNotResizable) {
     const auto host = shown("w");
     host->setMinimumSize(200, 100);
     host->resize(500, 300);
@@ -193,14 +193,14 @@ TEST_F(WindowStyleTest, AWindowThatIsNotResizableStaysAsItIsForItsUserAlone) {
 
     window->setStyleMask(window->styleMask() & ~Window::Resizable);
     EXPECT_FALSE(window->isResizable());
-    EXPECT_TRUE(isHeld(*host));
+    EXPECT_TRUE(isFixedForUser(*host));
     EXPECT_EQ(host->size(), QSize(500, 300));
     EXPECT_EQ(host->minimumSize(), QSize(200, 100));
 
     host->resize(600, 350);
     handleEvents();
     EXPECT_EQ(host->size(), QSize(600, 350));
-    EXPECT_TRUE(isHeld(*host));
+    EXPECT_TRUE(isFixedForUser(*host));
     host->setMaximumSize(900, 800);
     host->activateWindow();
     handleEvents();
@@ -212,7 +212,7 @@ TEST_F(WindowStyleTest, AWindowThatIsNotResizableStaysAsItIsForItsUserAlone) {
     EXPECT_EQ(host->size(), QSize(600, 350));
 }
 
-TEST_F(WindowStyleTest, AWindowThatItsHostFixedIsNotResizableAndStaysSo) {
+TEST_F(WindowStyleTest, AWindowThatItsHostFixedStaysFixed) {
     const auto host = shown("w");
     host->setFixedSize(300, 200);
     Window *window = Window::of(host.get());
@@ -223,7 +223,7 @@ TEST_F(WindowStyleTest, AWindowThatItsHostFixedIsNotResizableAndStaysSo) {
     EXPECT_EQ(host->size(), QSize(300, 200));
 }
 
-TEST_F(WindowStyleTest, ALayoutGoesOnDerivingTheMinimum) {
+TEST_F(WindowStyleTest, ALayoutStillSetsTheMinimumSize) {
     const auto host = shown<QMainWindow>("w");
     auto *label = new QLabel(QStringLiteral("text"));
     label->setMinimumSize(250, 150);
@@ -234,7 +234,7 @@ TEST_F(WindowStyleTest, ALayoutGoesOnDerivingTheMinimum) {
     window->setStyleMask(0);
     label->setMinimumSize(350, 200);
     handleEvents();
-    EXPECT_TRUE(isHeld(*host));
+    EXPECT_TRUE(isFixedForUser(*host));
     EXPECT_EQ(host->size(), QSize(500, 300));
     window->setStyleMask(Window::Resizable);
     EXPECT_TRUE(hasItsOwnLimits(*host));
@@ -244,7 +244,7 @@ TEST_F(WindowStyleTest, ALayoutGoesOnDerivingTheMinimum) {
     EXPECT_TRUE(hasItsOwnLimits(*host));
 }
 
-TEST_F(WindowStyleTest, MaximisedOrHiddenWindowsDoNotJump) {
+TEST_F(WindowStyleTest, MaximisedOrHiddenWindowsKeepTheirSize) {
     const auto host = shown("w");
     host->resize(500, 300);
     host->showMaximized();
@@ -257,7 +257,7 @@ TEST_F(WindowStyleTest, MaximisedOrHiddenWindowsDoNotJump) {
     host->showNormal();
     handleEvents();
     EXPECT_EQ(host->size(), QSize(500, 300));
-    EXPECT_TRUE(isHeld(*host));
+    EXPECT_TRUE(isFixedForUser(*host));
     host->showFullScreen();
     handleEvents();
     EXPECT_TRUE(hasItsOwnLimits(*host));
@@ -272,7 +272,7 @@ TEST_F(WindowStyleTest, MaximisedOrHiddenWindowsDoNotJump) {
     unseen.show();
     handleEvents();
     EXPECT_EQ(unseen.size(), QSize(300, 200));
-    EXPECT_TRUE(isHeld(unseen));
+    EXPECT_TRUE(isFixedForUser(unseen));
 }
 
 TEST_F(WindowStyleTest, TheCollectionBehaviourIsKept) {

@@ -14,25 +14,25 @@
 namespace demo {
 
 BannerPage::BannerPage(JournalWindow *window) : m_window(window) {
-    addSection(QStringLiteral("Size"));
-    QAbstractButton *large = addButton(QStringLiteral("Large"), QStringLiteral("largeButton"),
-                                       [this] { setHeight(true); });
-    QAbstractButton *small = addButton(QStringLiteral("Small"), QStringLiteral("smallButton"),
-                                       [this] { setHeight(false); });
+    addSection(Text::BannerSize);
+    QAbstractButton *large =
+        addButton(Text::BannerLarge, QStringLiteral("largeButton"), [this] { setHeight(true); });
+    QAbstractButton *small =
+        addButton(Text::BannerSmall, QStringLiteral("smallButton"), [this] { setHeight(false); });
     auto *sizes = new QButtonGroup(this);
     for (QAbstractButton *button : {large, small}) {
         button->setCheckable(true);
         sizes->addButton(button);
     }
     large->setChecked(true);
-    addSection(QStringLiteral("Place"));
-    m_bottom = addSlider(QStringLiteral("Bottom"), 0, 200, 0, [this](int) { setInsets(); });
-    m_centre = addSlider(QStringLiteral("Centre"), -200, 200, 0, [this](int) { setInsets(); });
-    m_everyWindow = addCheckBox(QStringLiteral("In every window"), QStringLiteral("everyBox"),
-                                false, [](bool) {});
-    addSection(QStringLiteral("This window's banner"));
-    addButton(QStringLiteral("Hide"), QStringLiteral("hideButton"), [this] { setHidden(true); });
-    addButton(QStringLiteral("Show"), QStringLiteral("showButton"), [this] { setHidden(false); });
+    addSection(Text::BannerPlace);
+    m_bottom = addSlider(Text::BannerBottom, 0, 200, 0, [this](int) { setInsets(); });
+    m_centre = addSlider(Text::BannerCentre, -200, 200, 0, [this](int) { setInsets(); });
+    m_everyWindow =
+        addCheckBox(Text::BannerEveryWindow, QStringLiteral("everyBox"), false, [](bool) {});
+    addSection(Text::BannerThisWindow);
+    addButton(Text::BannerHide, QStringLiteral("hideButton"), [this] { setHidden(true); });
+    addButton(Text::BannerShow, QStringLiteral("showButton"), [this] { setHidden(false); });
     finish();
 }
 

@@ -7,7 +7,7 @@ namespace demo {
 
 class JournalWindow;
 
-/// Where banners lie and how large they are.
+/// Size, position and visibility of the banners.
 class BannerPage : public PanelPage {
     Q_OBJECT
 

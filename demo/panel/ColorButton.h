@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// Shows a colour and lets the developer choose another.
+/// Shows a colour, and a dialog to choose another one.
 class ColorButton : public QPushButton {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
     ColorButton(const QString &what, const QColor &color);
 
     const QColor &color() const { return m_color; }
-    /// Shows another colour, without a signal.
+    /// Shows another colour. Emits no signal.
     void setColor(const QColor &color);
 
 Q_SIGNALS:

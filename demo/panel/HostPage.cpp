@@ -14,32 +14,32 @@
 namespace demo {
 
 HostPage::HostPage(Advertising &advertising, JournalWindow *window) {
-    addSection(QStringLiteral("This window's splash screen"));
-    addButton(QStringLiteral("Register"), QStringLiteral("registerButton"),
+    addSection(Text::HostThisWindow);
+    addButton(Text::HostRegister, QStringLiteral("registerButton"),
               [window] { Velmora::addSplashScreenToWindow(window); });
-    addButton(QStringLiteral("Take out"), QStringLiteral("takeOutButton"), [window] {
+    addButton(Text::HostUnregister, QStringLiteral("unregisterButton"), [window] {
         Velmora::removeSplashScreenFromWindow(window);
         Velmora::removeADSFromWindow(window);
     });
     addButton(
-        QStringLiteral("Register as a game's window"), QStringLiteral("registerGameButton"),
+        Text::HostRegisterGame, QStringLiteral("registerGameButton"),
         [window] { Velmora::addSplashScreenToUnityWindow(window); }, true);
-    addSection(QStringLiteral("Windows"));
+    addSection(Text::HostWindows);
     addButton(
-        QStringLiteral("Open a second window"), QStringLiteral("windowButton"),
+        Text::HostSecondWindow, QStringLiteral("windowButton"),
         [this] { Q_EMIT secondWindowWanted(); }, true);
-    addCheckBox(QStringLiteral("Closing windows leave by themselves"), QStringLiteral("arcBox"),
-                Velmora::isARCActivate(), &Velmora::setARCToWindows);
-    addSection(QStringLiteral("Purchase"));
-    addButton(QStringLiteral("Remove ads"), QStringLiteral("removeButton"),
+    addCheckBox(Text::HostAutoRemove, QStringLiteral("arcBox"), Velmora::isARCActivate(),
+                &Velmora::setARCToWindows);
+    addSection(Text::HostPurchase);
+    addButton(Text::HostRemoveAds, QStringLiteral("removeButton"),
               [&advertising] { advertising.removeAds(); });
-    addButton(QStringLiteral("Reset ads"), QStringLiteral("resetButton"),
+    addButton(Text::HostResetAds, QStringLiteral("resetButton"),
               [&advertising] { advertising.resetAds(); });
-    addSection(QStringLiteral("Surroundings"));
-    addCheckBox(QStringLiteral("Ad server answers"), QStringLiteral("serverBox"),
+    addSection(Text::HostEnvironment);
+    addCheckBox(Text::HostServerAnswers, QStringLiteral("serverBox"),
                 advertising.server().isRunning(),
                 [&advertising](bool on) { advertising.server().setRunning(on); });
-    addCheckBox(QStringLiteral("Open links in the browser"), QStringLiteral("browserBox"),
+    addCheckBox(Text::HostOpenBrowser, QStringLiteral("browserBox"),
                 advertising.links().opensBrowser(),
                 [&advertising](bool on) { advertising.links().setOpensBrowser(on); });
     finish();

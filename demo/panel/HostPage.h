@@ -8,8 +8,8 @@ namespace demo {
 class Advertising;
 class JournalWindow;
 
-/// What a host decides once: which windows take part, whether the reader has paid, and where
-/// links and the ad server are.
+/// Which windows have splash screens, whether the reader has paid, whether the ad server answers
+/// and where links open.
 class HostPage : public PanelPage {
     Q_OBJECT
 

@@ -18,7 +18,7 @@ namespace {
 constexpr QSize PictureSize(1600, 1000);
 constexpr int IconSide = 512;
 
-// The background's choices; the journal's entries follow.
+// The choices of a background picture. Those after the first two are the journal's illustrations.
 enum Picture { NoPicture, Night, FirstEntry };
 
 QImage pictureOf(int choice) {
@@ -41,16 +41,15 @@ LookPage::LookPage(QWidget *window) : m_window(window) {
 }
 
 void LookPage::addPresets() {
-    addSection(QStringLiteral("Whole looks"));
-    addButton(QStringLiteral("Day"), QStringLiteral("dayButton"),
-              [this] { apply(SplashLook::day()); });
-    addButton(QStringLiteral("Night"), QStringLiteral("nightButton"),
+    addSection(Text::LookPresets);
+    addButton(Text::LookDay, QStringLiteral("dayButton"), [this] { apply(SplashLook::day()); });
+    addButton(Text::LookNight, QStringLiteral("nightButton"),
               [this] { apply(SplashLook::night()); });
 }
 
-ColorButton *LookPage::addColor(const QString &text, QColor SplashLook::*color,
+ColorButton *LookPage::addColor(Text::Key text, QColor SplashLook::*color,
                                 const std::function<void()> &change) {
-    auto *button = new ColorButton(text, m_look.*color);
+    auto *button = new ColorButton(Text::of(text), m_look.*color);
     m_colors.append({button, color});
     connect(button, &ColorButton::colorChosen, this, [this, color, change](const QColor &chosen) {
         m_look.*color = chosen;
@@ -71,50 +70,48 @@ void LookPage::addColors() {
         grid->setColumnStretch(1, 1);
         addWide(row);
     };
-    addSection(QStringLiteral("Colours"));
-    addPair(addColor(QStringLiteral("Background"), &SplashLook::background,
+    addSection(Text::LookColors);
+    addPair(addColor(Text::LookBackgroundColor, &SplashLook::background,
                      [this] { Velmora::setSplashScreenBackgroundColor(m_look.background); }),
-            addColor(QStringLiteral("Text"), &SplashLook::text,
+            addColor(Text::LookTextColor, &SplashLook::text,
                      [this] { Velmora::setSplashScreenTextColor(m_look.text); }));
-    addSection(QStringLiteral("Ring"));
+    addSection(Text::LookRing);
     const auto border = [this] {
         Velmora::setSplashScreenTimerBorderColor(m_look.track, m_look.elapsed);
     };
-    addPair(addColor(QStringLiteral("Seconds"), &SplashLook::seconds,
+    addPair(addColor(Text::LookSecondsColor, &SplashLook::seconds,
                      [this] { Velmora::setSplashScreenTimerTextColor(m_look.seconds); }),
-            addColor(QStringLiteral("Disc"), &SplashLook::disc,
+            addColor(Text::LookDiscColor, &SplashLook::disc,
                      [this] { Velmora::setSplashScreenTimerBackgroundColor(m_look.disc); }));
-    addPair(addColor(QStringLiteral("Track"), &SplashLook::track, border),
-            addColor(QStringLiteral("Elapsed"), &SplashLook::elapsed, border));
+    addPair(addColor(Text::LookTrackColor, &SplashLook::track, border),
+            addColor(Text::LookElapsedColor, &SplashLook::elapsed, border));
     const auto widths = [this](int) {
         m_look.trackWidth = m_trackWidth->value();
         m_look.elapsedWidth = m_elapsedWidth->value();
         Velmora::setSplashScreenTimerBorderWidth(m_look.trackWidth, m_look.elapsedWidth);
     };
-    m_trackWidth = addSlider(QStringLiteral("Track width"), 0, 12, int(m_look.trackWidth), widths);
-    m_elapsedWidth =
-        addSlider(QStringLiteral("Elapsed, plus"), 0, 12, int(m_look.elapsedWidth), widths);
+    m_trackWidth = addSlider(Text::LookTrackWidth, 0, 12, int(m_look.trackWidth), widths);
+    m_elapsedWidth = addSlider(Text::LookElapsedWidth, 0, 12, int(m_look.elapsedWidth), widths);
 }
 
 void LookPage::addPicture() {
-    addSection(QStringLiteral("Pictures"));
-    QStringList places{QStringLiteral("None"), QStringLiteral("Pines at night")};
+    addSection(Text::LookPictures);
+    QStringList places{Text::of(Text::LookNoPicture), Text::of(Text::LookNightPicture)};
     for (const JournalEntry &entry : JournalEntry::all())
         places.append(entry.title);
-    m_picture = addChoice(QStringLiteral("Background"), places, [this](int place) {
+    m_picture = addChoice(Text::LookBackgroundPicture, places, [this](int place) {
         m_look.picture = pictureOf(place);
         Velmora::setSplashScreenBackgroundImage(m_look.picture);
     });
-    m_scaling =
-        addChoice(QStringLiteral("Filling"),
-                  {QStringLiteral("Smaller if it has to be"), QStringLiteral("Stretched"),
-                   QStringLiteral("In its own size"), QStringLiteral("As large as it fits")},
-                  [this](int scaling) {
-                      m_look.scaling = unsigned(scaling);
-                      Velmora::setSplashScreenBackgroundImageScaling(m_look.scaling);
-                  });
+    m_scaling = addChoice(Text::LookScaling,
+                          {Text::of(Text::LookScaledDown), Text::of(Text::LookStretched),
+                           Text::of(Text::LookUnscaled), Text::of(Text::LookScaledToFit)},
+                          [this](int scaling) {
+                              m_look.scaling = unsigned(scaling);
+                              Velmora::setSplashScreenBackgroundImageScaling(m_look.scaling);
+                          });
     m_scaling->setCurrentIndex(int(m_look.scaling));
-    addChoice(QStringLiteral("Icon"), {QStringLiteral("Sail"), QStringLiteral("Lighthouse")},
+    addChoice(Text::LookIcon, {Text::of(Text::LookSailIcon), Text::of(Text::LookLighthouseIcon)},
               [](int choice) {
                   Scenery lighthouse = JournalEntry::all().first().scenery;
                   lighthouse.motif = Scenery::Motif::Lighthouse;
@@ -124,30 +121,31 @@ void LookPage::addPicture() {
 }
 
 void LookPage::addPlace() {
-    addSection(QStringLiteral("Place"));
-    m_inset = addSlider(QStringLiteral("Top inset"), 0, 200, 0, [this](int inset) {
+    addSection(Text::LookPlace);
+    m_inset = addSlider(Text::LookTopInset, 0, 200, 0, [this](int inset) {
         if (m_onlyHere->isChecked())
             Velmora::setSplashScreenTopInset(inset, m_window);
         else
             Velmora::setSplashScreenTopInset(inset);
     });
-    m_onlyHere = addCheckBox(QStringLiteral("In this window only"), QStringLiteral("onlyHereBox"),
-                             false, [](bool) {});
+    m_onlyHere =
+        addCheckBox(Text::LookThisWindowOnly, QStringLiteral("onlyHereBox"), false, [](bool) {});
 }
 
 void LookPage::addHiding() {
-    addSection(QStringLiteral("Hidden, from the next screen on"));
-    const auto add = [this](const char *text, void (*set)(bool)) {
-        return addCheckBox(QString::fromLatin1(text), QString(), false, set);
+    addSection(Text::LookHidden);
+    const auto add = [this](Text::Key text, void (*set)(bool)) {
+        return addCheckBox(text, QString(), false, set);
     };
-    add("Icon", &Velmora::setSplashScreenHiddenIcon);
-    add("Icon before the video", &Velmora::setSplashScreenHiddenIconBeforeVideo);
-    add("Icon after the video", &Velmora::setSplashScreenHiddenIconAfterVideo);
-    add("Background", &Velmora::setSplashScreenHiddenBackgroundImage);
-    add("Background before the video", &Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo);
-    add("Background after the video", &Velmora::setSplashScreenHiddenBackgroundImageAfterVideo);
-    add("Button before the video", &Velmora::setSplashScreenHiddenButtonBeforeVideo);
-    add("Button after the video", &Velmora::setSplashScreenHiddenButtonAfterVideo);
+    add(Text::LookHiddenIcon, &Velmora::setSplashScreenHiddenIcon);
+    add(Text::LookHiddenIconBefore, &Velmora::setSplashScreenHiddenIconBeforeVideo);
+    add(Text::LookHiddenIconAfter, &Velmora::setSplashScreenHiddenIconAfterVideo);
+    add(Text::LookHiddenBackground, &Velmora::setSplashScreenHiddenBackgroundImage);
+    add(Text::LookHiddenBackgroundBefore,
+        &Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo);
+    add(Text::LookHiddenBackgroundAfter, &Velmora::setSplashScreenHiddenBackgroundImageAfterVideo);
+    add(Text::LookHiddenButtonBefore, &Velmora::setSplashScreenHiddenButtonBeforeVideo);
+    add(Text::LookHiddenButtonAfter, &Velmora::setSplashScreenHiddenButtonAfterVideo);
 }
 
 void LookPage::apply(const SplashLook &look) {

@@ -8,7 +8,7 @@ namespace demo {
 
 class ColorButton;
 
-/// How the splash screens look.
+/// The look of the splash screens.
 class LookPage : public PanelPage {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
 private:
     void addPresets();
     void addColors();
-    ColorButton *addColor(const QString &text, QColor SplashLook::*color,
+    ColorButton *addColor(Text::Key text, QColor SplashLook::*color,
                           const std::function<void()> &apply);
     void addPicture();
     void addPlace();

@@ -20,9 +20,9 @@ namespace {
 constexpr int Columns = 4;
 constexpr int LabelWidth = 92;
 
-// A wheel turned over a page scrolls it and changes nothing.
+// A control that ignores the wheel, which is to scroll the page.
 template<class Control>
-class Calm : public Control {
+class WithoutWheel : public Control {
 public:
     using Control::Control;
 
@@ -55,8 +55,8 @@ QString PanelPage::look() {
              theme::Line.darker(140).name());
 }
 
-QLabel *PanelPage::newCaption(const QString &text) {
-    auto *caption = new QLabel(text);
+QLabel *PanelPage::newCaption(Text::Key text) {
+    auto *caption = new QLabel(Text::of(text));
     caption->setFont(theme::label(11));
     QPalette palette = caption->palette();
     palette.setColor(QPalette::WindowText, theme::InkSoft);
@@ -78,7 +78,7 @@ PanelPage::PanelPage() {
     setWidget(content);
 }
 
-void PanelPage::addSection(const QString &caption) {
+void PanelPage::addSection(Text::Key caption) {
     auto *box = new QWidget;
     m_section = new QGridLayout(box);
     m_section->setContentsMargins(0, 0, 0, 0);
@@ -91,9 +91,9 @@ void PanelPage::addSection(const QString &caption) {
     m_column->addWidget(box);
 }
 
-QAbstractButton *PanelPage::addButton(const QString &text, const QString &name,
+QAbstractButton *PanelPage::addButton(Text::Key text, const QString &name,
                                       const std::function<void()> &action, bool wide) {
-    auto *button = new QPushButton(text);
+    auto *button = new QPushButton(Text::of(text));
     button->setObjectName(name);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QAbstractButton::clicked, this, action);
@@ -107,9 +107,9 @@ QAbstractButton *PanelPage::addButton(const QString &text, const QString &name,
     return button;
 }
 
-QCheckBox *PanelPage::addCheckBox(const QString &text, const QString &name, bool on,
+QCheckBox *PanelPage::addCheckBox(Text::Key text, const QString &name, bool on,
                                   const std::function<void(bool)> &action) {
-    auto *box = new QCheckBox(text);
+    auto *box = new QCheckBox(Text::of(text));
     box->setObjectName(name);
     box->setChecked(on);
     connect(box, &QCheckBox::toggled, this, action);
@@ -117,13 +117,13 @@ QCheckBox *PanelPage::addCheckBox(const QString &text, const QString &name, bool
     return box;
 }
 
-QSlider *PanelPage::addSlider(const QString &text, int least, int most, int value,
+QSlider *PanelPage::addSlider(Text::Key text, int least, int most, int value,
                               const std::function<void(int)> &action) {
-    auto *slider = new Calm<QSlider>(Qt::Horizontal);
+    auto *slider = new WithoutWheel<QSlider>(Qt::Horizontal);
     slider->setRange(least, most);
     slider->setValue(value);
     slider->setMinimumHeight(22);
-    slider->setAccessibleName(text);
+    slider->setAccessibleName(Text::of(text));
     auto *number = new QLabel(QString::number(value));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setMinimumWidth(32);
@@ -140,34 +140,34 @@ QSlider *PanelPage::addSlider(const QString &text, int least, int most, int valu
     return slider;
 }
 
-QSpinBox *PanelPage::addSpinBox(const QString &text, int least, int most, int value,
+QSpinBox *PanelPage::addSpinBox(Text::Key text, int least, int most, int value,
                                 const std::function<void(int)> &action) {
-    auto *box = new Calm<QSpinBox>;
+    auto *box = new WithoutWheel<QSpinBox>;
     box->setRange(least, most);
     box->setValue(value);
     box->setSuffix(QStringLiteral(" s"));
-    box->setAccessibleName(text);
+    box->setAccessibleName(Text::of(text));
     connect(box, &QSpinBox::valueChanged, this, action);
     addRow(text, box);
     return box;
 }
 
-QComboBox *PanelPage::addChoice(const QString &text, const QStringList &choices,
+QComboBox *PanelPage::addChoice(Text::Key text, const QStringList &choices,
                                 const std::function<void(int)> &action) {
-    auto *box = new Calm<QComboBox>;
+    auto *box = new WithoutWheel<QComboBox>;
     box->addItems(choices);
-    box->setAccessibleName(text);
+    box->setAccessibleName(Text::of(text));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(box, &QComboBox::activated, this, action);
     addRow(text, box);
     return box;
 }
 
-void PanelPage::addRow(const QString &text, QWidget *control) {
+void PanelPage::addRow(Text::Key text, QWidget *control) {
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *label = new QLabel(text);
+    auto *label = new QLabel(Text::of(text));
     label->setFixedWidth(LabelWidth);
     layout->addWidget(label);
     layout->addWidget(control, 1);

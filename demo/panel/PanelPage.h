@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "demo/Text.h"
+
 #include <QtWidgets/QScrollArea>
 
 #include <functional>
@@ -16,34 +18,34 @@ class QVBoxLayout;
 
 namespace demo {
 
-/// One page of the panel: captions with their controls, in one column that scrolls.
+/// One page of the panel: sections of labelled controls in a column that scrolls.
 class PanelPage : public QScrollArea {
     Q_OBJECT
 
 public:
     PanelPage();
 
-    /// The look of all controls on a panel.
+    /// The style sheet for the controls of all pages.
     static QString look();
-    static QLabel *newCaption(const QString &text);
+    static QLabel *newCaption(Text::Key text);
 
 protected:
-    /// Starts a section; the functions below add to the last one.
-    void addSection(const QString &caption);
-    /// Adds a button, two in a row; one alone with wide set.
-    QAbstractButton *addButton(const QString &text, const QString &name,
+    /// Starts a section, to which the functions below add.
+    void addSection(Text::Key caption);
+    /// Adds a button. Two share a row, unless one is wide.
+    QAbstractButton *addButton(Text::Key text, const QString &name,
                                const std::function<void()> &action, bool wide = false);
-    QCheckBox *addCheckBox(const QString &text, const QString &name, bool on,
+    QCheckBox *addCheckBox(Text::Key text, const QString &name, bool on,
                            const std::function<void(bool)> &action);
-    QSlider *addSlider(const QString &text, int least, int most, int value,
+    QSlider *addSlider(Text::Key text, int least, int most, int value,
                        const std::function<void(int)> &action);
-    QSpinBox *addSpinBox(const QString &text, int least, int most, int value,
+    QSpinBox *addSpinBox(Text::Key text, int least, int most, int value,
                          const std::function<void(int)> &action);
-    QComboBox *addChoice(const QString &text, const QStringList &choices,
+    QComboBox *addChoice(Text::Key text, const QStringList &choices,
                          const std::function<void(int)> &action);
-    void addRow(const QString &text, QWidget *control);
+    void addRow(Text::Key text, QWidget *control);
     void addWide(QWidget *control);
-    /// To be called after the last section.
+    /// Ends the page. To be called after the last section.
     void finish();
 
 private:

@@ -29,17 +29,15 @@ ShowPage::ShowPage(Advertising &advertising) : m_advertising(advertising) {
 }
 
 void ShowPage::addRequests() {
-    addSection(QStringLiteral("Splash screens"));
-    addButton(QStringLiteral("Show if due"), QStringLiteral("showSplashButton"), &Velmora::show);
-    addButton(QStringLiteral("Show now"), QStringLiteral("forceButton"), &Velmora::forceShow);
-    addButton(QStringLiteral("Video only"), QStringLiteral("videoOnlyButton"),
-              &Velmora::showWithouSplash);
-    addButton(QStringLiteral("Wait again"), QStringLiteral("waitButton"),
-              &Velmora::refreshWaitAgain);
+    addSection(Text::ShowRequests);
+    addButton(Text::ShowIfDue, QStringLiteral("showSplashButton"), &Velmora::show);
+    addButton(Text::ShowNow, QStringLiteral("forceButton"), &Velmora::forceShow);
+    addButton(Text::ShowVideoOnly, QStringLiteral("videoOnlyButton"), &Velmora::showWithouSplash);
+    addButton(Text::ShowWaitAgain, QStringLiteral("waitButton"), &Velmora::refreshWaitAgain);
 }
 
 void ShowPage::addTimes() {
-    addSection(QStringLiteral("Times"));
+    addSection(Text::ShowTimes);
     const auto change = [this](int SplashTimes::*time) {
         return [this, time](int seconds) {
             SplashTimes times = m_advertising.times();
@@ -48,28 +46,25 @@ void ShowPage::addTimes() {
         };
     };
     const SplashTimes &times = m_advertising.times();
-    addSpinBox(QStringLiteral("Start screen"), 0, LongestLoadTime, times.load,
-               change(&SplashTimes::load));
-    addSpinBox(QStringLiteral("Next one after"), 0, OneHour, times.wait,
-               change(&SplashTimes::wait));
-    addSpinBox(QStringLiteral("First one after"), 0, OneHour, times.delay,
-               change(&SplashTimes::delay))
-        ->setToolTip(QStringLiteral("Counts from when the first window is registered"));
+    addSpinBox(Text::ShowLoadTime, 0, LongestLoadTime, times.load, change(&SplashTimes::load));
+    addSpinBox(Text::ShowWaitTime, 0, OneHour, times.wait, change(&SplashTimes::wait));
+    addSpinBox(Text::ShowDelay, 0, OneHour, times.delay, change(&SplashTimes::delay))
+        ->setToolTip(Text::of(Text::ShowDelayHint));
 }
 
 void ShowPage::addDefaultVideo() {
-    addSection(QStringLiteral("Video when the server has none"));
+    addSection(Text::ShowDefaultVideo);
     m_clips = m_advertising.server().clips();
-    QStringList names{QStringLiteral("None")};
+    QStringList names{Text::of(Text::ShowNoVideo)};
     for (const QString &clip : std::as_const(m_clips))
         names.append(QFileInfo(clip).completeBaseName());
-    names.append(QStringLiteral("From the journal's bundle"));
+    names.append(Text::of(Text::ShowBundledVideo));
     const auto set = [this] { setDefaultVideo(); };
-    m_clip = addChoice(QStringLiteral("Video"), names, [set](int) { set(); });
+    m_clip = addChoice(Text::ShowVideo, names, [set](int) { set(); });
     m_link = new QLineEdit(SomeAppId);
-    m_link->setToolTip(QStringLiteral("A link, or the number of an application in the store"));
+    m_link->setToolTip(Text::of(Text::ShowVideoLinkHint));
     connect(m_link, &QLineEdit::editingFinished, this, set);
-    addRow(QStringLiteral("Leads to"), m_link);
+    addRow(Text::ShowVideoLink, m_link);
 }
 
 void ShowPage::setDefaultVideo() {

@@ -9,8 +9,7 @@ namespace demo {
 
 class Advertising;
 
-/// When splash screens are shown, how long each part takes, and the video for when the server
-/// has none.
+/// Starts splash screens, and sets their times and the default video.
 class ShowPage : public PanelPage {
     Q_OBJECT
 

@@ -9,12 +9,12 @@
 namespace demo {
 
 namespace {
-constexpr int LookEveryMs = 250;
+constexpr int RefreshIntervalMs = 250;
 }
 
 StatePage::StatePage() {
-    m_clock.setInterval(LookEveryMs);
-    connect(&m_clock, &QTimer::timeout, this, &StatePage::refresh);
+    m_refreshing.setInterval(RefreshIntervalMs);
+    connect(&m_refreshing, &QTimer::timeout, this, &StatePage::refresh);
 }
 
 void StatePage::build() {
@@ -25,7 +25,7 @@ void StatePage::build() {
         }
         auto *value = new QLabel;
         value->setFont(theme::text(13, QFont::Medium));
-        // A long name is cut rather than making the panel wider.
+        // A long value is elided; it must not make the panel wider.
         value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         addRow(fact.name, value);
         m_values.append(value);
@@ -50,11 +50,11 @@ void StatePage::refresh() {
 void StatePage::showEvent(QShowEvent *event) {
     PanelPage::showEvent(event);
     refresh();
-    m_clock.start();
+    m_refreshing.start();
 }
 
 void StatePage::hideEvent(QHideEvent *event) {
-    m_clock.stop();
+    m_refreshing.stop();
     PanelPage::hideEvent(event);
 }
 

@@ -7,7 +7,7 @@
 
 namespace demo {
 
-/// What the framework is at, as long as somebody looks.
+/// Shows the framework's internal state, refreshed as long as the page is visible.
 class StatePage : public PanelPage {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private:
     void refresh();
 
     QList<QLabel *> m_values;
-    QTimer m_clock;
+    QTimer m_refreshing;
 };
 
 } // namespace demo

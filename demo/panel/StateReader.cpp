@@ -22,21 +22,21 @@ using velmora::TimerPtr;
 const QString Dash = QStringLiteral("–");
 
 QString yesNo(bool on) {
-    return on ? QStringLiteral("yes") : QStringLiteral("no");
+    return on ? Text::of(Text::StateYes) : Text::of(Text::StateNo);
 }
 
 QString stateName(qint64 state) {
     switch (state) {
     case SplashScreenPresenter::SplashScreenStateClosed:
-        return QStringLiteral("closed");
+        return Text::of(Text::StatePhaseClosed);
     case SplashScreenPresenter::SplashScreenStateStart:
-        return QStringLiteral("start");
+        return Text::of(Text::StatePhaseStart);
     case SplashScreenPresenter::SplashScreenStateVideo:
-        return QStringLiteral("video");
+        return Text::of(Text::StatePhaseVideo);
     case SplashScreenPresenter::SplashScreenStateVideoCloseButton:
-        return QStringLiteral("video, close button");
+        return Text::of(Text::StatePhaseVideoCloseButton);
     case SplashScreenPresenter::SplashScreenStateEnd:
-        return QStringLiteral("end");
+        return Text::of(Text::StatePhaseEnd);
     default:
         return QString::number(state);
     }
@@ -47,7 +47,7 @@ QString timeLeft(const TimerPtr &timer) {
         return Dash;
     const std::chrono::duration<double> left =
         timer->deadline() - velmora::TimeSource::current().now();
-    return QStringLiteral("%1 s").arg(qMax(left.count(), 0.0), 0, 'f', 1);
+    return Text::of(Text::Seconds).arg(qMax(left.count(), 0.0), 0, 'f', 1);
 }
 
 QString nameOf(const QJsonObject &ad) {
@@ -60,29 +60,28 @@ QString fileOf(const QUrl &file) {
 }
 
 void addSequence(QList<StateReader::Fact> &facts, const SplashScreenPresenter &presenter) {
-    facts.append({QStringLiteral("Sequence"), {}, true});
-    facts.append({QStringLiteral("State"), stateName(presenter.stateSplashScreen())});
-    facts.append({QStringLiteral("On screen"), yesNo(Velmora::isShowSplashScreen())});
-    facts.append({QStringLiteral("Ads ready"), yesNo(Velmora::isADSReady())});
-    facts.append({QStringLiteral("Focus"), yesNo(presenter.isFocus())});
-    facts.append({QStringLiteral("Asked for"), yesNo(presenter.isNeedShow())});
-    facts.append({QStringLiteral("Paused"), yesNo(presenter.needsResumeSplashScreen())});
-    facts.append({QStringLiteral("Passed"), QStringLiteral("%1 s").arg(presenter.passedTime())});
-    facts.append(
-        {QStringLiteral("Shown so far"), QString::number(Velmora::splashScreenStartCount())});
-    facts.append({QStringLiteral("Windows"), QString::number(presenter.SSControllers().size())});
-    facts.append({QStringLiteral("Muted"), yesNo(presenter.isMuted())});
-    facts.append({QStringLiteral("Ads removed"), yesNo(Velmora::isADSRemoved())});
-    facts.append({QStringLiteral("Windows leave"), yesNo(Velmora::isARCActivate())});
+    facts.append({Text::StateSequence, {}, true});
+    facts.append({Text::StatePhase, stateName(presenter.stateSplashScreen())});
+    facts.append({Text::StateOnScreen, yesNo(Velmora::isShowSplashScreen())});
+    facts.append({Text::StateAdsReady, yesNo(Velmora::isADSReady())});
+    facts.append({Text::StateFocus, yesNo(presenter.isFocus())});
+    facts.append({Text::StateRequested, yesNo(presenter.isNeedShow())});
+    facts.append({Text::StatePaused, yesNo(presenter.needsResumeSplashScreen())});
+    facts.append({Text::StateElapsed, Text::of(Text::Seconds).arg(presenter.passedTime())});
+    facts.append({Text::StateShownSoFar, QString::number(Velmora::splashScreenStartCount())});
+    facts.append({Text::StateWindows, QString::number(presenter.SSControllers().size())});
+    facts.append({Text::StateMuted, yesNo(presenter.isMuted())});
+    facts.append({Text::StateAdsRemoved, yesNo(Velmora::isADSRemoved())});
+    facts.append({Text::StateAutoRemove, yesNo(Velmora::isARCActivate())});
 }
 
 void addTimers(QList<StateReader::Fact> &facts, const SplashScreenPresenter &presenter) {
-    facts.append({QStringLiteral("Timers"), {}, true});
-    facts.append({QStringLiteral("First start"), timeLeft(presenter.firstStartTimer())});
-    facts.append({QStringLiteral("Waiting"), timeLeft(presenter.prepareTimer())});
-    facts.append({QStringLiteral("Video, button"), timeLeft(presenter.videoTimer())});
-    facts.append({QStringLiteral("Tick"), timeLeft(presenter.tickTimer())});
-    facts.append({QStringLiteral("Tick again"), timeLeft(presenter.resumeTickTimer())});
+    facts.append({Text::StateTimers, {}, true});
+    facts.append({Text::StateFirstStartTimer, timeLeft(presenter.firstStartTimer())});
+    facts.append({Text::StateWaitingTimer, timeLeft(presenter.prepareTimer())});
+    facts.append({Text::StateCloseButtonTimer, timeLeft(presenter.videoTimer())});
+    facts.append({Text::StateTickTimer, timeLeft(presenter.tickTimer())});
+    facts.append({Text::StateResumeTickTimer, timeLeft(presenter.resumeTickTimer())});
 }
 
 void addAds(QList<StateReader::Fact> &facts) {
@@ -90,14 +89,14 @@ void addAds(QList<StateReader::Fact> &facts) {
     const auto table = downloader->replyJSON();
     const auto count = [&table](const char *placement) {
         const auto ads = table->value(QLatin1String(placement)).toArray();
-        return QStringLiteral("%1 ads").arg(ads.size());
+        return Text::of(Text::StateAdCount).arg(ads.size());
     };
-    facts.append({QStringLiteral("Ad table"), {}, true});
-    facts.append({QStringLiteral("Banners"), table ? count("standard") : Dash});
-    facts.append({QStringLiteral("Videos"), table ? count("video") : Dash});
-    facts.append({QStringLiteral("Banner drawn"), nameOf(downloader->bannerInfo())});
-    facts.append({QStringLiteral("Video drawn"), nameOf(downloader->videoInfo())});
-    facts.append({QStringLiteral("Still"), fileOf(downloader->interstitialVideoURL())});
+    facts.append({Text::StateAdTable, {}, true});
+    facts.append({Text::StateBanners, table ? count("standard") : Dash});
+    facts.append({Text::StateVideos, table ? count("video") : Dash});
+    facts.append({Text::StateBannerDrawn, nameOf(downloader->bannerInfo())});
+    facts.append({Text::StateVideoDrawn, nameOf(downloader->videoInfo())});
+    facts.append({Text::StateStill, fileOf(downloader->interstitialVideoURL())});
 }
 
 } // namespace
@@ -109,15 +108,6 @@ QList<StateReader::Fact> StateReader::read() {
     addTimers(facts, presenter);
     addAds(facts);
     return facts;
-}
-
-bool StateReader::hasVideo() {
-    const auto &downloader = AdsDownloader::sharedInstance();
-    return !downloader->linkVideoURL().isEmpty() && !downloader->interstitialVideoURL().isEmpty();
-}
-
-QString StateReader::defaultVideoName() {
-    return Velmora::SSPresenter().defaultVideoName();
 }
 
 } // namespace demo

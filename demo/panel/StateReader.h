@@ -1,28 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "demo/Text.h"
+
 #include <QtCore/QList>
 #include <QtCore/QString>
 
 namespace demo {
 
-/// Looks inside the framework, for the state view and the tour. The only part of the demo that
-/// needs more than the public headers.
+/// Reads the framework's internal state for the page State. The only part of the demo that uses
+/// more than the public headers.
 class StateReader {
 public:
+    /// A value with its name, or the heading of a group of them.
     struct Fact {
-        QString name; ///< of a group, when there is no value
-        QString value;
+        Text::Key name;
+        QString value; ///< empty for a heading
         bool isGroup = false;
     };
 
     static QList<Fact> read();
-
-    /// A video and its still are on disk, ready to be shown.
-    static bool hasVideo();
-
-    /// The name of what the host's own video advertises; empty until the store has told it.
-    static QString defaultVideoName();
 };
 
 } // namespace demo

@@ -13,9 +13,9 @@ int main(int argc, char **argv) {
     Velmora::setSplashScreenDelay(3);
     Velmora::addBannerForWindow(&window);
     Velmora::addSplashScreenToWindow(&window);
-    QTimer pauses; // a host with something to do asks when its user has come to a pause
-    QObject::connect(&pauses, &QTimer::timeout, &Velmora::show);
-    pauses.start(1000);
+    QTimer timer; // a real host calls show() when its user pauses, after saving a file for example
+    QObject::connect(&timer, &QTimer::timeout, &Velmora::show);
+    timer.start(1000);
     const auto purchase = velmora::NotificationCenter::defaultCenter().addObserver(
         VLMtryRemoveAds, [](const velmora::Notification &) { Velmora::removeAdsNow(); });
     return application.exec();

@@ -17,13 +17,13 @@ protected:
     BannerHost();
     ~BannerHost() override;
 
-    /// The banner of the window, added now if there is none.
+    /// Adds a banner to the window if it has none. @return the window's banner
     BannerController *addBanner();
     BannerController *current() { return Velmora::BControllFromWindow(window.get()); }
 
-    /// Lets the framework work until a banner with this name is on screen.
+    /// Waits until a banner with this name is shown.
     bool shows(const QString &name);
-    /// The same, for any banner that the ad server does not know.
+    /// Waits until any house banner is shown.
     bool showsHouseBanner();
 
     VirtualTime time;

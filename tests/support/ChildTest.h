@@ -12,8 +12,7 @@ namespace velmora::test {
 
 inline constexpr char PartDone[] = "The child's part is done.";
 
-/// Said by a child test once it has done its part, so that its parent knows that it got there.
-/// Nothing is said after a failure.
+/// Tells the parent that the child test ran to this point. Does nothing after a failure.
 inline void sayPartDone() {
     if (::testing::Test::HasFailure())
         return;
@@ -21,9 +20,9 @@ inline void sayPartDone() {
     std::fflush(stdout);
 }
 
-/// Runs one test of this program in a process of its own, with VELMORA_TEST_CHILD and further
-/// variables in its environment, and expects it to say that its part is done and to end well. A
-/// test that is nothing without its parent has a name with DISABLED_.
+/// Runs one test of this program in a child process, with VELMORA_TEST_CHILD and further variables
+/// in its environment, and expects it to call sayPartDone() and to end with status 0. The name of a
+/// test that is only to run as a child begins with DISABLED_.
 inline void runChildTest(const QString &name, const QString &child,
                          const QMap<QString, QString> &variables = {}) {
     SCOPED_TRACE(child.toStdString());
@@ -45,7 +44,7 @@ inline void runChildTest(const QString &name, const QString &child,
     EXPECT_TRUE(output.contains(PartDone)) << output.constData();
 }
 
-/// The same in a process without an application object and with an empty folder for all its files.
+/// The same for a test without an application object, with all files in the folder given.
 inline void runUnnamedChildTest(const QString &name, const QString &folder,
                                 QMap<QString, QString> variables = {}) {
     for (const char *variable : {"VELMORA_TEST_UNNAMED", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})

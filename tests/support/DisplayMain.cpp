@@ -8,10 +8,10 @@
 
 #include <iostream>
 
-// The leak sanitizer's, where there is one.
+// Defined only in builds with the leak sanitizer.
 extern "C" __attribute__((weak)) void __lsan_do_leak_check();
 
-// Tests that need a real window system: one of their own.
+// Runs tests that need a real window system on a display of their own.
 int main(int argc, char **argv) {
     const QTemporaryDir home;
     for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
@@ -28,8 +28,8 @@ int main(int argc, char **argv) {
     QApplication::setApplicationName(QStringLiteral("host"));
     QApplication application(argc, argv);
     const int result = RUN_ALL_TESTS();
-    // Looked for while the display's drivers are still loaded: what they keep for themselves
-    // can't be told from a leak once they are not.
+    // The check must run while the display's drivers are loaded. Memory that they keep would look
+    // like a leak once they are unloaded.
     if (__lsan_do_leak_check)
         __lsan_do_leak_check();
     return result;

@@ -12,17 +12,19 @@
 
 namespace velmora::test {
 
-/// A test that begins like a freshly installed host: no process state, empty settings, an empty
-/// caches folder, a deployment that points nowhere, and the framework's log lines collected.
+/// A test that begins like the first run of a newly installed host: no process state, empty
+/// settings and an empty caches folder. The deployment points to a port that nobody listens on. The
+/// framework's log lines are collected.
 class FreshProcess : public ::testing::Test {
 protected:
     FreshProcess();
     ~FreshProcess() override;
 
-    /// Ends the process's state and starts the next run: what is on disk stays.
+    /// Simulates the end of the process and the next start: drops all process state and keeps what
+    /// is on disk.
     static void restartProcess();
 
-    /// The log lines of the framework so far, debug lines only while debug mode is on.
+    /// The framework's log lines so far. Debug lines are among them only in debug mode.
     static QStringList logged();
     static bool hasLogged(const QString &part);
 
@@ -32,7 +34,7 @@ private:
     static void clearDisk();
 };
 
-/// Where the tests' host keeps its caches.
+/// The caches folder of the tests' host.
 QString cachesFolder();
 /// Puts a file into the caches folder.
 void putInCaches(const QString &name, const QByteArray &bytes);

@@ -5,7 +5,7 @@
 
 namespace velmora::test {
 
-/// The host's application name, which a host may set whenever it likes. Put back at the end.
+/// Sets the host's application name and restores the old one when it is destroyed.
 class HostName {
 public:
     HostName() : m_before(QCoreApplication::applicationName()) {}

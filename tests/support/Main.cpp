@@ -13,8 +13,8 @@ using Application = QCoreApplication;
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv) {
-    // Nothing of the person who runs the tests is read or written. A test's own child process
-    // shares its parent's place.
+    // The user's own settings and caches stay unused. The child process of a test shares the
+    // folders of its parent.
     const QTemporaryDir home;
     if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
         for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
@@ -23,7 +23,7 @@ int main(int argc, char **argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
-    // For a test of what a host may do before it has its application object.
+    // For tests of a host without an application object.
     if (qEnvironmentVariableIsSet("VELMORA_TEST_UNNAMED"))
         return RUN_ALL_TESTS();
     Application::setOrganizationName(QStringLiteral("Velmora Tests"));

@@ -46,9 +46,9 @@ void OverlayHost::make(Overlay::Kind kind) {
 }
 
 bool OverlayHost::activate(QWidget *widget) {
-    for (int wish = 0; wish < 100; ++wish) {
+    for (int attempt = 0; attempt < 100; ++attempt) {
         widget->activateWindow();
-        QCursor::pos(); // asks the server, and so sends what is still to be sent
+        QCursor::pos(); // a round trip to the X server, which flushes pending requests
         if (eventually([&] { return widget->isActiveWindow(); }, 150))
             return eventually([&] { return widget->windowHandle()->isExposed(); });
     }

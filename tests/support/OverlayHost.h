@@ -18,12 +18,14 @@ protected:
     OverlayHost();
     ~OverlayHost() override;
 
-    /// A new window; the overlay is gone.
+    /// Deletes the overlay and replaces the window by a new one.
     void reset();
+    /// Makes the overlay, hidden.
     void make(Overlay::Kind kind);
-    /// Makes a window the active one; a window manager may ignore a wish that comes early.
+    /// Makes a window the active one. Tries several times, since a window manager may ignore
+    /// requests for a window that is new to it. @return false when it did not become active
     static bool activate(QWidget *widget);
-    /// A key as it comes from the window system.
+    /// Sends a key to the window as the window system does.
     void press(Qt::Key key);
 
     VirtualTime time;

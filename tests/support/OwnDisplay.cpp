@@ -19,7 +19,7 @@ OwnDisplay::OwnDisplay() {
         return;
     while (!m_server.canReadLine()) {
         if (!m_server.waitForReadyRead(20000)) {
-            m_error = QStringLiteral("Xvfb gave no display");
+            m_error = QStringLiteral("Xvfb did not report a display");
             return;
         }
     }
@@ -29,8 +29,8 @@ OwnDisplay::OwnDisplay() {
         qunsetenv(variable);
     if (!start(m_windowManager, QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}))
         return;
-    // Among the last things that it says of itself; a program that starts before does not learn
-    // what the window manager supports.
+    // openbox sets this property late in its start. An application that starts before does not
+    // learn what the window manager supports.
     const QDeadlineTimer deadline(20000);
     while (!runOnDisplay(QStringLiteral("xprop"),
                          {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")})
@@ -55,7 +55,7 @@ OwnDisplay::~OwnDisplay() {
 bool OwnDisplay::start(QProcess &process, const QString &program, const QStringList &arguments) {
     process.setStandardErrorFile(QProcess::nullDevice());
 #ifdef __linux__
-    // A test that crashes leaves nothing running behind.
+    // Ends the process with this one, even if that crashes.
     process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
 #endif
     process.start(program, arguments);

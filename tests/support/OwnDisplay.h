@@ -6,14 +6,14 @@
 
 namespace velmora::test {
 
-/// A virtual display of this process's own with a window manager on it, which the environment
-/// points to until destruction.
+/// Starts a virtual X display with a window manager, points the environment of this process to it,
+/// and ends both on destruction.
 class OwnDisplay {
 public:
     OwnDisplay();
     ~OwnDisplay();
 
-    /// What is missing; empty when the display is there.
+    /// Why the display is not available; empty when it is.
     QString error() const { return m_error; }
 
 private:
@@ -24,7 +24,7 @@ private:
     QString m_error;
 };
 
-/// Runs a program on the display to its end; what it printed.
+/// Runs a program on the display until it ends. @return its standard output
 QString runOnDisplay(const QString &program, const QStringList &arguments);
 
 } // namespace velmora::test

@@ -10,7 +10,7 @@
 
 #include <ostream>
 
-// How failed comparisons print Qt's values.
+// Prints Qt's values in the messages of failed comparisons.
 
 inline void PrintTo(const QString &text, std::ostream *out) {
     *out << '"' << text.toStdString() << '"';

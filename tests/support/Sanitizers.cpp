@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the sanitizers are told of the libraries that are not ours. Without a sanitizer nobody
-// calls these.
+// Suppressions for libraries that are not part of this project. A sanitizer calls these functions
+// at start; without one they are unused.
 
 extern "C" {
 
 __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
 __attribute__((visibility("default"))) const char *__tsan_default_suppressions();
 
-// What the font, desktop and media libraries keep until the process ends.
+// Memory that these libraries keep until the process ends.
 const char *__lsan_default_suppressions() {
     return "leak:libfontconfig.so\n"
            "leak:libQt6XcbQpa.so\n"
@@ -16,7 +16,7 @@ const char *__lsan_default_suppressions() {
            "leak:libglib-2.0.so\n";
 }
 
-// These are not instrumented: their own locks and once-only guards are invisible to the sanitizer.
+// These libraries are built without instrumentation, so the sanitizer does not see their locks.
 const char *__tsan_default_suppressions() {
     return "called_from_lib:libQt6Core.so\n"
            "called_from_lib:libQt6Network.so\n"
@@ -24,17 +24,17 @@ const char *__tsan_default_suppressions() {
            "race:libQt6Network.so\n"
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
-           // Handed over by the media framework.
+           // Handed from one thread to another inside GStreamer.
            "race:GstVideoEngine::BusTap\n"
-           // Its thread has ended by then; Qt's way of waiting for it is not seen.
+           // Runs after QThread::wait() for its thread, which the sanitizer does not see.
            "race:UrlSessionWorker::~UrlSessionWorker\n";
 }
 
 #ifdef VELMORA_TEST_MEDIA_THREADS
 __attribute__((visibility("default"))) const char *__tsan_default_options();
 
-// The media framework's threads know only locks that the sanitizer does not see; what they do
-// outside our own code is left out.
+// GStreamer's threads synchronise with locks that the sanitizer does not see, so only code of this
+// project is checked.
 const char *__tsan_default_options() {
     return "ignore_noninstrumented_modules=1";
 }

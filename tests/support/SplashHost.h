@@ -13,15 +13,15 @@
 
 namespace velmora::test {
 
-/// A host with windows of its own, virtual time and no ad server.
+/// A host with several windows, virtual time and no ad server.
 class SplashHost : public FreshProcess {
 protected:
     SplashHost();
     ~SplashHost() override;
 
-    /// A window on screen; the last one made is the key window.
+    /// Shows a new window and makes it the key window.
     QWidget *openWindow(const QString &name);
-    /// One that is registered too.
+    /// The same, and registers it for splash screens.
     QWidget *openRegistered(const QString &name);
     void activate(QWidget *window);
     void closeWindow(QWidget *window) { delete window; }
@@ -34,10 +34,10 @@ protected:
     static QString countdown(QWidget *window);
     static QString videoCountdown(QWidget *window);
 
-    /// Lets the next video be found: a file that is no video, which the player refuses.
+    /// Sets a default video that exists but cannot be played.
     void useUnplayableVideo();
 
-    /// The notifications since the last look, by the last part of their names.
+    /// The notifications since the last call, each as the last part of its name.
     QStringList heard();
 
     VirtualTime time;

@@ -14,12 +14,12 @@ QByteArray header(QSize size) {
     QByteArray bytes("GIF89a");
     appendWord(bytes, size.width());
     appendWord(bytes, size.height());
-    bytes += QByteArray::fromHex("000000"); // no global colours
+    bytes += QByteArray::fromHex("000000"); // no global colour table
     return bytes;
 }
 
-// Writes a frame whose first columns have the first colour and the others the second, as LZW codes
-// of 3 bits, cleared before they would grow.
+// The pixels of a frame whose first columns have colour 0 and the others colour 1, in LZW codes of
+// 3 bits. A clear code after every second pixel keeps the codes that short.
 QByteArray packedPixels(QSize size, int firstColumns) {
     QByteArray packed;
     int held = 0;
@@ -58,7 +58,7 @@ QByteArray frame(QSize size, int delay, const QColor &first, const QColor &secon
     appendWord(bytes, 0);
     appendWord(bytes, size.width());
     appendWord(bytes, size.height());
-    bytes += char(0x81); // four colours of its own
+    bytes += char(0x81); // a colour table of its own, with four colours
     for (const QColor &color : {first, second, first, second}) {
         bytes += char(color.red());
         bytes += char(color.green());

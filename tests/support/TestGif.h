@@ -8,15 +8,14 @@
 
 namespace velmora::test {
 
-/// A GIF whose frames are each one flat colour, repeating for ever.
+/// A GIF whose frames are a single colour each, repeated without end.
 /// @param delay hundredths of a second between frames
 QByteArray gif(const QList<QColor> &frames, QSize size = {182, 22}, int delay = 10);
 
-/// A GIF of one frame, whose left half is one flat colour and its right half another; it ends
-/// after that frame.
+/// A GIF of a single frame, whose left half has one colour and its right half another.
 QByteArray stillGif(const QColor &left, const QColor &right, QSize size);
 
-/// A GIF that declares a size and has no frames to show for it.
+/// A GIF with a size and without frames.
 QByteArray gifHeaderOnly(QSize size);
 
 } // namespace velmora::test

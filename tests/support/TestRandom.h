@@ -7,7 +7,7 @@
 
 namespace velmora::test {
 
-/// Random numbers from a seed. In force from construction to destruction.
+/// Makes the framework use random numbers from a seed, from construction to destruction.
 class SeededRandom final : public RandomSource {
 public:
     explicit SeededRandom(quint32 seed) : m_engine(seed) { setCurrent(this); }
@@ -18,7 +18,7 @@ private:
     std::mt19937 m_engine;
 };
 
-/// The one number that a test wants drawn.
+/// Makes the framework's random number always the same.
 class FixedRandom final : public RandomSource {
 public:
     explicit FixedRandom(quint32 value) : m_value(value) { setCurrent(this); }

@@ -8,7 +8,8 @@
 
 namespace velmora::test {
 
-/// Time that passes only when a test says so. In force from construction to destruction.
+/// Replaces the framework's clock by one that stands still until a test advances it, from
+/// construction to destruction.
 class VirtualTime final : public TimeSource {
 public:
     VirtualTime() { setCurrent(this); }
@@ -18,10 +19,10 @@ public:
     void add(const std::shared_ptr<Timer> &timer) override { m_timers.push_back(timer); }
     void remove(Timer *timer) override;
 
-    /// Lets so many seconds pass: fires what falls due, in order, and handles events between.
+    /// Advances the time. Timers that become due fire in order, with event handling after each.
     void advance(double seconds);
 
-    /// Timers that are scheduled now.
+    /// Number of scheduled timers.
     size_t timerCount() const { return m_timers.size(); }
 
 private:

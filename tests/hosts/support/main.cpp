@@ -10,8 +10,8 @@
 
 #include <cstdio>
 
-// A host without windows that uses what the framework offers beside its advertising. Ends with 0
-// when every answer is as it should be.
+// A host without windows that uses the public interface beside advertising. Its status is 0 if
+// every result is as expected.
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     bool ok = true;

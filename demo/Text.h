@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+namespace demo {
+
+/// The texts of the user interface and of the command line's help. The code names them by key;
+/// texts/interface.json, which is compiled in, has the text of each key.
+class Text {
+    Q_GADGET
+
+public:
+    enum Key {
+        // The window.
+        ApplicationName,
+        ApplicationSubtitle,
+        EntryCount,
+        EntryList,
+        PreviousEntry,
+        NextEntry,
+        EntryPosition,
+        WordCount,
+        PanelButton,
+        PanelButtonHint,
+
+        // The purchase sheet.
+        PurchaseTitle,
+        PurchaseHeading,
+        PurchaseOffer,
+        PurchaseLater,
+        PurchaseNow,
+
+        // The panel.
+        PanelTitle,
+        PanelEvents,
+        PanelShowTab,
+        PanelLookTab,
+        PanelBannerTab,
+        PanelHostTab,
+        PanelStateTab,
+        Seconds,
+
+        // Its page Show.
+        ShowRequests,
+        ShowIfDue,
+        ShowNow,
+        ShowVideoOnly,
+        ShowWaitAgain,
+        ShowTimes,
+        ShowLoadTime,
+        ShowWaitTime,
+        ShowDelay,
+        ShowDelayHint,
+        ShowDefaultVideo,
+        ShowVideo,
+        ShowNoVideo,
+        ShowBundledVideo,
+        ShowVideoLink,
+        ShowVideoLinkHint,
+
+        // Its page Look.
+        LookPresets,
+        LookDay,
+        LookNight,
+        LookColors,
+        LookBackgroundColor,
+        LookTextColor,
+        LookRing,
+        LookSecondsColor,
+        LookDiscColor,
+        LookTrackColor,
+        LookElapsedColor,
+        LookTrackWidth,
+        LookElapsedWidth,
+        LookPictures,
+        LookBackgroundPicture,
+        LookNoPicture,
+        LookNightPicture,
+        LookScaling,
+        LookScaledDown,
+        LookStretched,
+        LookUnscaled,
+        LookScaledToFit,
+        LookIcon,
+        LookSailIcon,
+        LookLighthouseIcon,
+        LookPlace,
+        LookTopInset,
+        LookThisWindowOnly,
+        LookHidden,
+        LookHiddenIcon,
+        LookHiddenIconBefore,
+        LookHiddenIconAfter,
+        LookHiddenBackground,
+        LookHiddenBackgroundBefore,
+        LookHiddenBackgroundAfter,
+        LookHiddenButtonBefore,
+        LookHiddenButtonAfter,
+
+        // Its page Banner.
+        BannerSize,
+        BannerLarge,
+        BannerSmall,
+        BannerPlace,
+        BannerBottom,
+        BannerCentre,
+        BannerEveryWindow,
+        BannerThisWindow,
+        BannerHide,
+        BannerShow,
+
+        // Its page Host.
+        HostThisWindow,
+        HostRegister,
+        HostUnregister,
+        HostRegisterGame,
+        HostWindows,
+        HostSecondWindow,
+        HostAutoRemove,
+        HostPurchase,
+        HostRemoveAds,
+        HostResetAds,
+        HostEnvironment,
+        HostServerAnswers,
+        HostOpenBrowser,
+
+        // Its page State.
+        StateSequence,
+        StatePhase,
+        StatePhaseClosed,
+        StatePhaseStart,
+        StatePhaseVideo,
+        StatePhaseVideoCloseButton,
+        StatePhaseEnd,
+        StateOnScreen,
+        StateAdsReady,
+        StateFocus,
+        StateRequested,
+        StatePaused,
+        StateElapsed,
+        StateShownSoFar,
+        StateWindows,
+        StateMuted,
+        StateAdsRemoved,
+        StateAutoRemove,
+        StateTimers,
+        StateFirstStartTimer,
+        StateWaitingTimer,
+        StateCloseButtonTimer,
+        StateTickTimer,
+        StateResumeTickTimer,
+        StateAdTable,
+        StateBanners,
+        StateVideos,
+        StateAdCount,
+        StateBannerDrawn,
+        StateVideoDrawn,
+        StateStill,
+        StateYes,
+        StateNo,
+
+        // The command line's help.
+        HelpDescription,
+        HelpHelp,
+        HelpCampaign,
+        HelpDelay,
+        HelpLoadTime,
+        HelpWait,
+    };
+    Q_ENUM(Key)
+
+    /// The text of a key. The first call, at the start of the program, reads the file; it ends the
+    /// program with a message unless the file has exactly the keys above.
+    static QString of(Key key);
+};
+
+} // namespace demo

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/tour/Timeline.h"
+
+#include <QtCore/QElapsedTimer>
+
+namespace demo::tour {
+
+const QString Timeline::FileName = QStringLiteral("timeline.txt");
+const QString Timeline::Scene = QStringLiteral("scene");
+const QString Timeline::Delay = QStringLiteral("delay");
+const QString Timeline::Ready = QStringLiteral("ads-ready");
+const QString Timeline::LoadTime = QStringLiteral("load-time");
+const QString Timeline::CloseButton = QStringLiteral("close-button");
+const QString Timeline::Away = QStringLiteral("away");
+const QString Timeline::Back = QStringLiteral("back");
+
+Timeline::Timeline(const QString &folder, qint64 started)
+    : m_file(folder + QLatin1Char('/') + FileName), m_started(started) {
+    m_file.open(QIODevice::WriteOnly | QIODevice::Append);
+}
+
+qint64 Timeline::now() {
+    QElapsedTimer clock;
+    clock.start();
+    return clock.msecsSinceReference();
+}
+
+void Timeline::add(const QString &name, const QString &object) {
+    QString line = QStringLiteral("%1\t%2\t%3").arg(now() - m_started).arg(name, object);
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    m_file.write(line.toUtf8() + '\n');
+    m_file.flush();
+}
+
+} // namespace demo::tour
