@@ -16,14 +16,14 @@ void handleEvents() {
     }
 }
 
-bool eventually(const std::function<bool()> &condition, int patienceMs) {
+bool eventually(const std::function<bool()> &condition, int timeoutMs) {
     QElapsedTimer clock;
     clock.start();
     for (;;) {
         handleEvents();
         if (condition())
             return true;
-        if (clock.hasExpired(patienceMs))
+        if (clock.hasExpired(timeoutMs))
             return false;
         QThread::msleep(2);
     }

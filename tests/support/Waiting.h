@@ -5,14 +5,14 @@
 
 namespace velmora::test {
 
-/// Handles everything that is pending on the main loop, deferred deletions included.
+/// Handles all pending events, deferred deletions included.
 void handleEvents();
 
-/// Handles events until a condition holds; false when it does not within the patience. For real
-/// network and real processes only.
-bool eventually(const std::function<bool()> &condition, int patienceMs = 15000);
+/// Handles events until a condition holds; false when it does not within the timeout. For waiting
+/// on real networks and processes only: time in tests is virtual.
+bool eventually(const std::function<bool()> &condition, int timeoutMs = 15000);
 
-/// Handles events for a while, to see that nothing happens.
+/// Handles events for so long, to check that nothing happens.
 void quietly(int milliseconds);
 
 } // namespace velmora::test
