@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "AdsDownloader.h"
+#include "AdTable.h"
 
 #include "AdKeys.h"
+#include "AdScreening.h"
 #include "Deployment.h"
 #include "Log.h"
-#include "MainQueue.h"
 #include "SharedUrlSession.h"
+#include "WeightedSelection.h"
 
 #include <Velmora/AdsMacHelper.h>
 #include <Velmora/Support.h>
 
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
 namespace velmora {
 
 namespace {
 
-// The server speaks ASCII; whatever is not becomes a question mark, and nothing is refused.
+// The ad server expects ASCII. Every other character becomes a question mark.
 QByteArray lossyAscii(const QString &text) {
     QByteArray bytes;
     for (const QChar c : text) {
@@ -29,7 +29,7 @@ QByteArray lossyAscii(const QString &text) {
 
 } // namespace
 
-QString AdsDownloader::generateRequestAcs() {
+QString AdTable::requestBody() {
     const QVariant known = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
     const QString identifier = known.isValid() ? known.toString() : DefaultAppId;
     return QStringLiteral("{") + QStringLiteral("\"inner_id\" : \"") + identifier +
@@ -37,94 +37,77 @@ QString AdsDownloader::generateRequestAcs() {
            QStringLiteral("\"placements\" : [ \"standard\",\"video\" ]}");
 }
 
-void AdsDownloader::downloadJSONWithComplitionBlock(const Completion &completion) {
-    if (m_jsonTask && m_jsonTask->isRunning()) {
+void AdTable::load(const Completion &completion) {
+    if (m_task && m_task->isRunning()) {
         LOG(QStringLiteral("the ad server is being asked already"));
         return;
     }
-    if (m_isUpdateAdsCurrentSession) {
+    if (m_hasReply) {
         LOG(QStringLiteral("the ad server has answered already in this run"));
         return;
     }
     const QJsonObject cached = m_cacheStorage.infoDictionary();
-    m_replyJSON = cached;
-    m_isShowBannersFromCache = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
-    if (m_isShowBannersFromCache || !AdsMacHelper::isInternetConnection()) {
+    m_reply = cached;
+    m_isCacheComplete = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
+    if (m_isCacheComplete || !AdsMacHelper::isInternetConnection()) {
         if (completion)
             completion();
     }
     if (AdsMacHelper::isInternetConnection())
-        postRequest(completion);
+        request(completion);
     else
         LOG(QStringLiteral("offline: the ad server is not asked"));
 }
 
-void AdsDownloader::postRequest(const Completion &completion) {
+void AdTable::request(const Completion &completion) {
     UrlRequest request;
     request.url = QUrl(Deployment::current().apiAcsURL());
     request.method = "POST";
-    request.body = lossyAscii(generateRequestAcs());
+    request.body = lossyAscii(requestBody());
     request.onlyOnce = true;
-    m_jsonTask = SharedUrlSession::shared().start(
+    m_task = SharedUrlSession::shared().start(
         request, [weak = weak_from_this(), completion](const UrlResponse &response) {
             if (const auto self = weak.lock())
                 self->takeReply(response, completion);
         });
 }
 
-void AdsDownloader::takeReply(const UrlResponse &response, const Completion &completion) {
+void AdTable::takeReply(const UrlResponse &response, const Completion &completion) {
     qCInfo(velmoraLog, "load");
     QJsonParseError error;
     const QJsonDocument reply = QJsonDocument::fromJson(response.body, &error);
     if (reply.isObject())
-        m_replyJSON = reply.object();
+        m_reply = reply.object();
     else
-        m_replyJSON.reset();
+        m_reply.reset();
     if (!response.error.isEmpty())
         LOG(QStringLiteral("the ad server did not answer: %1").arg(response.error));
     else if (!reply.isObject())
         LOG(QStringLiteral("the ad server's reply was refused: %1")
                 .arg(reply.isNull() ? error.errorString() : QStringLiteral("not an object")));
-    m_isUpdateAdsCurrentSession = true;
-    if (!m_isShowBannersFromCache && completion)
+    m_hasReply = true;
+    if (!m_isCacheComplete && completion)
         completion();
 }
 
-std::optional<QJsonObject> AdsDownloader::replyJSON() {
+std::optional<QJsonObject> AdTable::current() {
     if (!AdsMacHelper::isInternetConnection())
         return m_cacheStorage.infoDictionary();
-    return m_replyJSON;
+    return m_reply;
 }
 
-std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query) {
-    if (MainQueue::isMainThread()) {
-        LOG(QStringLiteral("a store look-up was refused: it would block the main thread"));
+std::optional<QJsonObject> AdTable::draw(const QString &placementKey, const QJsonObject &excluded) {
+    const std::optional<QJsonObject> table = current();
+    if (!table)
         return {};
-    }
-    UrlRequest request;
-    request.url = QUrl(query);
-    const auto session = SharedUrlSession::existing();
-    const auto response = session ? session->fetch(request) : std::nullopt;
-    if (!response || !response->error.isEmpty())
-        return {};
-    const QJsonValue first = QJsonDocument::fromJson(response->body)
-                                 .object()
-                                 .value(QLatin1String("results"))
-                                 .toArray()
-                                 .first();
-    return first.isObject() ? std::optional(first.toObject()) : std::nullopt;
+    return WeightedSelection::draw(
+        AdScreening::usableAds(table->value(placementKey), placementKey), excluded,
+        placementKey == kMainVideoKey ? kVideoPriority : kBannerPriority);
 }
 
-QString AdsDownloader::appNameFromMarketLink(const QString &link, bool isWeb) {
-    QString number = link.section(QLatin1Char('/'), -1).toLower();
-    number.remove(QStringLiteral("id"));
-    const auto found = JSONSearchByQuery(Deployment::current().storeLookupURL +
-                                         QStringLiteral("/lookup?id=") + number);
-    QString name = found ? found->value(QLatin1String("trackName")).toString() : QString();
-    if (name.isNull())
-        name = QStringLiteral("null");
-    name = name.section(QLatin1Char('-'), 0, 0).remove(QLatin1Char(' '));
-    return isWeb ? QStringLiteral("Web ") + name : name;
+bool AdTable::isSettled() const {
+    const bool isRequested = m_task && m_task->isRunning();
+    return m_hasReply || (isRequested && m_isCacheComplete);
 }
 
 } // namespace velmora

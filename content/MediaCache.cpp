@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "AdsDownloader.h"
+#include "MediaCache.h"
 
-#include "AdKeys.h"
 #include "CachesFolder.h"
-#include "Deployment.h"
 #include "Log.h"
 #include "MediaAddress.h"
 #include "SharedUrlSession.h"
-#include "StoreLink.h"
 
 #include <Velmora/Support.h>
 
 #include <QtCore/QFileInfo>
-
-#include <utility>
 
 namespace velmora {
 
@@ -21,12 +16,7 @@ namespace {
 constexpr qint64 LargestMedia = 256 * 1024 * 1024;
 }
 
-QUrl AdsDownloader::mediaURL(const QJsonObject &ad, const QString &key) {
-    return MediaAddress::from(Deployment::current().acsURL, ad.value(key)).remote;
-}
-
-UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
-                                                              const FileCompletion &completion) {
+UrlTaskPtr MediaCache::provide(const QUrl &remote, const Completion &completion) {
     const QString name = MediaAddress::cachedName(remote);
     const QString path = CachesFolder::pathFor(name);
     const QFileInfo cached(path);
@@ -43,7 +33,7 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
     else if (cached.isDir())
         refusal = QStringLiteral("a folder has its name");
     if (!refusal.isEmpty()) {
-        LOG(QStringLiteral("media %1 cannot be had: %2").arg(name, refusal));
+        LOG(QStringLiteral("media %1 cannot be downloaded: %2").arg(name, refusal));
         completion({});
         return nullptr;
     }
@@ -53,104 +43,14 @@ UrlTaskPtr AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote
     request.largestBody = LargestMedia;
     return SharedUrlSession::shared().start(
         request, [completion, path, remote](const UrlResponse &response) {
-            const bool arrived = response.error.isEmpty() && response.bodySize > 0;
-            if (!arrived)
+            const bool isThere = response.error.isEmpty() && response.bodySize > 0;
+            if (!isThere)
                 LOG(QStringLiteral("media %1 could not be downloaded: %2")
                         .arg(remote.toString(), response.error.isEmpty()
                                                     ? QStringLiteral("the body is empty")
                                                     : response.error));
-            completion(arrived ? QUrl::fromLocalFile(path) : QUrl());
+            completion(isThere ? QUrl::fromLocalFile(path) : QUrl());
         });
-}
-
-void AdsDownloader::downloadBannerWithComplitionBlock(const BannerCompletion &completion) {
-    if (!m_bannerAskers.empty()) {
-        LOG(QStringLiteral("a banner is being downloaded already and will serve"));
-        m_bannerAskers.push_back(completion);
-        return;
-    }
-    const auto drawn =
-        replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainBannerKey) : std::nullopt;
-    if (!drawn) {
-        LOG(QStringLiteral("there is no banner to draw"));
-        if (completion)
-            completion(m_readyBanner, false);
-        return;
-    }
-    m_bannerInfo = *drawn;
-    m_bannerAskers.push_back(completion);
-    downloadDataToCacheDirectoryFromURL(mediaURL(*drawn, kBannerImgURL),
-                                        [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
-                                            if (const auto self = weak.lock())
-                                                self->bannerEnded(ad, file);
-                                        });
-}
-
-void AdsDownloader::bannerEnded(const QJsonObject &ad, const QUrl &file) {
-    if (!file.isEmpty()) {
-        m_readyBanner = {file, StoreLink::bannerLink(ad.value(kBannerURL).toString()),
-                         ad.value(kBannerName).toString()};
-        m_cacheStorage.addBannerInfo(ad);
-    }
-    // Whoever is told may ask anew.
-    const auto askers = std::exchange(m_bannerAskers, {});
-    const BannerAd ready = m_readyBanner;
-    for (const BannerCompletion &completion : askers) {
-        if (completion)
-            completion(ready, file.isEmpty());
-    }
-}
-
-void AdsDownloader::downloadVideo() {
-    if (m_videoTask && m_videoTask->isRunning())
-        return;
-    const auto drawn =
-        replyJSON() ? getInfoObjectWithConsideringWeightForKey(kMainVideoKey) : std::nullopt;
-    if (!drawn) {
-        LOG(QStringLiteral("there is no video to draw"));
-        return;
-    }
-    m_videoInfo = *drawn;
-    // Another may be drawn while this one's still is under way, so it takes its ad along.
-    m_videoTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(*drawn, kVideoCapture), [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
-            const auto self = weak.lock();
-            if (self && !file.isEmpty())
-                self->videoArrived({file, {}, {}, ad});
-        });
-}
-
-void AdsDownloader::videoArrived(const VideoAd &video) {
-    m_interstitialVideoURL.clear();
-    m_videoInterstitialTask = downloadDataToCacheDirectoryFromURL(
-        mediaURL(video.info, kVideoImage), [weak = weak_from_this(), video](const QUrl &still) {
-            const auto self = weak.lock();
-            if (!self || still.isEmpty())
-                return;
-            const QUrl link = StoreLink::videoLink(video.info.value(kVideoURL).toString());
-            self->stillArrived({video.file, still, link, video.info});
-        });
-}
-
-void AdsDownloader::stillArrived(const VideoAd &video) {
-    m_readyVideo = video;
-    m_interstitialVideoURL = video.still;
-    m_cacheStorage.addVideoInfo(video.info);
-}
-
-VideoAd AdsDownloader::readyVideo() {
-    downloadVideo();
-    const QString file = m_readyVideo.file.toLocalFile();
-    if (!file.isEmpty() && !QFileInfo::exists(file)) {
-        LOG(QStringLiteral("the video that was ready is gone from the caches folder: %1")
-                .arg(file));
-        m_readyVideo = {};
-    }
-    return m_readyVideo;
-}
-
-QUrl AdsDownloader::videoURL() {
-    return readyVideo().file;
 }
 
 } // namespace velmora

@@ -12,8 +12,7 @@ namespace velmora::test {
 
 inline constexpr char PartDone[] = "The child's part is done.";
 
-/// Said by a child test once it has done its part, so that its parent knows that it got there.
-/// Nothing is said after a failure.
+/// Tells the parent process that a child test has run to its end. Prints nothing after a failure.
 inline void sayPartDone() {
     if (::testing::Test::HasFailure())
         return;
@@ -22,8 +21,8 @@ inline void sayPartDone() {
 }
 
 /// Runs one test of this program in a process of its own, with VELMORA_TEST_CHILD and further
-/// variables in its environment, and expects it to say that its part is done and to end well. A
-/// test that is nothing without its parent has a name with DISABLED_.
+/// variables in its environment. Expects it to call sayPartDone() and the process to exit with 0. A
+/// test that is only for a child process has a name with DISABLED_.
 inline void runChildTest(const QString &name, const QString &child,
                          const QMap<QString, QString> &variables = {}) {
     SCOPED_TRACE(child.toStdString());
@@ -45,7 +44,8 @@ inline void runChildTest(const QString &name, const QString &child,
     EXPECT_TRUE(output.contains(PartDone)) << output.constData();
 }
 
-/// The same in a process without an application object and with an empty folder for all its files.
+/// Runs a child test without an application object, and with a folder in which all settings and
+/// caches would be written.
 inline void runUnnamedChildTest(const QString &name, const QString &folder,
                                 QMap<QString, QString> variables = {}) {
     for (const char *variable : {"VELMORA_TEST_UNNAMED", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})

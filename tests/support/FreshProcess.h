@@ -12,17 +12,17 @@
 
 namespace velmora::test {
 
-/// A test that begins like a freshly installed host: no process state, empty settings, an empty
-/// caches folder, a deployment that points nowhere, and the framework's log lines collected.
+/// A test that begins like a freshly installed host: without process state, settings and cached
+/// files, with servers that cannot be reached, and with the framework's log lines collected.
 class FreshProcess : public ::testing::Test {
 protected:
     FreshProcess();
     ~FreshProcess() override;
 
-    /// Ends the process's state and starts the next run: what is on disk stays.
+    /// Drops the process state, as if the next process run began. Files stay.
     static void restartProcess();
 
-    /// The log lines of the framework so far, debug lines only while debug mode is on.
+    /// The framework's log lines since the test began. LOG() writes only in debug mode.
     static QStringList logged();
     static bool hasLogged(const QString &part);
 
@@ -32,9 +32,9 @@ private:
     static void clearDisk();
 };
 
-/// Where the tests' host keeps its caches.
+/// The caches folder of the tests' host.
 QString cachesFolder();
-/// Puts a file into the caches folder.
+/// Writes a file into the caches folder.
 void putInCaches(const QString &name, const QByteArray &bytes);
 
 } // namespace velmora::test

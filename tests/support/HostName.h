@@ -5,7 +5,7 @@
 
 namespace velmora::test {
 
-/// The host's application name, which a host may set whenever it likes. Put back at the end.
+/// Changes the host's application name, as a host may at any time. The destructor restores it.
 class HostName {
 public:
     HostName() : m_before(QCoreApplication::applicationName()) {}

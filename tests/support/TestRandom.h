@@ -7,7 +7,7 @@
 
 namespace velmora::test {
 
-/// Random numbers from a seed. In force from construction to destruction.
+/// Replaces the framework's random numbers by a seeded sequence for as long as it exists.
 class SeededRandom final : public RandomSource {
 public:
     explicit SeededRandom(quint32 seed) : m_engine(seed) { setCurrent(this); }
@@ -18,7 +18,7 @@ private:
     std::mt19937 m_engine;
 };
 
-/// The one number that a test wants drawn.
+/// Replaces the framework's random numbers by one number for as long as it exists.
 class FixedRandom final : public RandomSource {
 public:
     explicit FixedRandom(quint32 value) : m_value(value) { setCurrent(this); }
