@@ -24,6 +24,7 @@ Deployment withEnvironment(Deployment values) {
     return values;
 }
 
+// Not under ProcessRoot: a test chooses its servers first and then starts fresh processes.
 std::optional<Deployment> s_values;
 
 } // namespace

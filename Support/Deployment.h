@@ -8,19 +8,20 @@
 
 namespace velmora {
 
-/// Where this build of the framework finds its servers and its store. The values are build
-/// options; in a developer build the environment may replace them (VELMORA_AD_SERVER_URL,
-/// VELMORA_AD_SERVER_CA, VELMORA_STORE_LOOKUP_URL, VELMORA_REACHABILITY_PROBE), read once a
-/// process. Main thread only.
+/// The addresses of the ad server, the store and the reachability probe. The values are build
+/// options. In a build with VELMORA_DEVELOPER_BUILD the environment variables
+/// VELMORA_AD_SERVER_URL, VELMORA_AD_SERVER_CA, VELMORA_STORE_LOOKUP_URL and
+/// VELMORA_REACHABILITY_PROBE take their place; they are read at the first use. Main thread only,
+/// but current() may be read on any thread after the main thread's first call of it.
 struct Deployment {
     /// Base URL of the ad server: https, no trailing slash.
     QString acsURL;
-    /// Where the ad request is posted.
+    /// The address that the ad request is posted to.
     QString apiAcsURL() const { return acsURL + QStringLiteral("/api/v1/banners"); }
 
-    /// Host of the store's pages in the links that the framework builds.
+    /// Host name in the store links of the house banners.
     QString storeHost;
-    /// First labels of the store's current and of its classic host, for banner links.
+    /// First labels of the store's web host and of its classic host, for StoreLink::bannerLink().
     QString storeWebLabel;
     QString storeClassicLabel;
     /// Base URL of the store's look-up service.
@@ -28,17 +29,18 @@ struct Deployment {
 
     /// IPv4 address that stands for the internet; 0.0.0.0 asks for a default route.
     QString reachabilityProbe;
-    /// PEM text of the authorities that the ad server's host is verified against, in place of the
-    /// system's; empty for the system's. Verification is never switched off.
+    /// Certificates (PEM) of the only authorities that are trusted for the ad server's host. Empty
+    /// for the system's authorities. The certificate is verified in either case.
     QByteArray adServerAuthorities;
 
+    /// The values in use.
     static const Deployment &current();
 
-    /// The values of the build, before any replacement.
+    /// The build options alone.
     static Deployment builtIn();
 
-    /// Replaces the values for this process, or goes back to the build's when empty. Takes
-    /// effect for objects made afterwards.
+    /// Replaces the values in use; nothing goes back to those of build and environment. Objects
+    /// that exist already may keep the values that they have read.
     static void replace(std::optional<Deployment> values);
 };
 

@@ -37,7 +37,7 @@ QPainterPath NSBezierPathExtension::CGPathFromPath(const QPainterPath &path) {
         if (element.type == QPainterPath::MoveToElement) {
             copy.moveTo(element);
         } else if (element.type == QPainterPath::LineToElement) {
-            // Closing a subpath is a line to its start here.
+            // QPainterPath closes a subpath with a line to its start.
             copy.lineTo(element);
         } else if (element.type == QPainterPath::CurveToElement && isCurveData(index + 1) &&
                    isCurveData(index + 2)) {

@@ -7,13 +7,13 @@
 
 namespace velmora {
 
-/// A vertical two-colour gradient in the shape of a path, to be drawn wherever it has moved to.
+/// A vertical gradient of two colours that fills a path.
 class PathGradient {
 public:
     PathGradient(QPainterPath shape, QSizeF size, QColor top, QColor bottom);
 
-    /// Draws the gradient with its upper left corner at a point. A colour that is not set draws
-    /// nothing.
+    /// Draws the gradient with its upper left corner at a point. Draws nothing when a colour is
+    /// invalid.
     void draw(QPainter &painter, QPointF origin) const;
 
 private:
@@ -23,15 +23,15 @@ private:
     QColor m_bottom;
 };
 
-/// What the framework adds to vector paths. Main thread only.
+/// Operations on vector paths. Main thread only.
 class NSBezierPathExtension {
 public:
-    /// A new path with the same elements. An element that may not stand where it does, as a
-    /// damaged stream can leave one, is reported to the log and left out.
+    /// Copies a path element by element. An element that is invalid in its place, as in a path read
+    /// from a damaged stream, is logged and left out.
     static QPainterPath CGPathFromPath(const QPainterPath &path);
 
-    /// A gradient as large as a rectangle, from one colour at the top to another at the bottom,
-    /// seen only where the path is.
+    /// A gradient of a rectangle's size, from one colour at its top to another at its bottom,
+    /// clipped to the path.
     static PathGradient startAnimationPathGradientFill(const QPainterPath &path, const QRectF &rect,
                                                        const QColor &fromColor,
                                                        const QColor &toColor);

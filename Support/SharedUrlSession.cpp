@@ -22,22 +22,23 @@ UrlSession::Configuration configuration() {
     return configuration;
 }
 
-// Never destroyed: a look-up may outlive everything.
-struct Known {
+// For existing(), which other threads may still call after main() has returned. Hence neither under
+// ProcessRoot nor ever destroyed.
+struct Existing {
     std::mutex mutex;
     std::weak_ptr<UrlSession> session;
 };
 
-Known &known() {
-    static Known &instance = *new Known;
+Existing &existingSession() {
+    static Existing &instance = *new Existing;
     return instance;
 }
 
 } // namespace
 
 SharedUrlSession::SharedUrlSession() : m_session(std::make_shared<UrlSession>(configuration())) {
-    const std::lock_guard lock(known().mutex);
-    known().session = m_session;
+    const std::lock_guard lock(existingSession().mutex);
+    existingSession().session = m_session;
 }
 
 SharedUrlSession::~SharedUrlSession() {
@@ -45,11 +46,14 @@ SharedUrlSession::~SharedUrlSession() {
 }
 
 UrlSession &SharedUrlSession::shared() {
+    // Once a program and not once a ProcessRoot, since neither registration can be undone.
     static const bool prepared = [] {
-        // Makes what the network thread leans on, so that exit() takes the thread away first.
+        // Qt Network makes its global objects here, before dropAtExit() registers with exit(). So
+        // exit() ends the network thread first and destroys the objects that it uses afterwards.
         QSslConfiguration::defaultConfiguration();
         const QNetworkAccessManager registersItsTypes;
         ProcessRoot::dropAtExit();
+        // Requests made before the application object start with it.
         qAddPreRoutine([] {
             if (const auto session = existing())
                 session->wake();
@@ -61,8 +65,8 @@ UrlSession &SharedUrlSession::shared() {
 }
 
 std::shared_ptr<UrlSession> SharedUrlSession::existing() {
-    const std::lock_guard lock(known().mutex);
-    return known().session.lock();
+    const std::lock_guard lock(existingSession().mutex);
+    return existingSession().session.lock();
 }
 
 } // namespace velmora

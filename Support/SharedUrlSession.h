@@ -7,17 +7,18 @@
 
 namespace velmora {
 
-/// The process's one URL session, which trusts what the deployment trusts.
+/// The process's one URL session. It trusts the certificate authorities that Deployment names.
 class SharedUrlSession {
 public:
     SharedUrlSession();
     ~SharedUrlSession();
 
-    /// Made on first use. Main thread.
+    /// The session, made on first use. Main thread only.
     static UrlSession &shared();
 
-    /// The session if there is one, to be kept while it is in use; it may be closed meanwhile. Any
-    /// thread: none but the main one makes a session, which must not appear while the process ends.
+    /// The session, or null when shared() has not been called or the session is gone. It may be
+    /// closed while the caller holds it. Any thread: only shared() makes a session, so that another
+    /// thread cannot make one while the process is ending.
     static std::shared_ptr<UrlSession> existing();
 
 private:

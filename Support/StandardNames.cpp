@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Velmora/StandardNames.h>
 
+#include "Deployment.h"
+
+#include <Velmora/Bundle.h>
 #include <Velmora/Support.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QStringDecoder>
 
@@ -23,7 +27,7 @@ std::optional<Entry> entryFromLine(const QString &line) {
     const QString &left = pieces.at(0);
     const QString &right = pieces.at(1);
     const qsizetype closingQuote = left.lastIndexOf(QLatin1Char('"'));
-    // Without a quote there is no key; a quote in first place only opens one.
+    // The key stands between two quotes; one alone, in first place, only opens it.
     if (closingQuote < 1 || right.size() < 2)
         return {};
     return Entry{left.mid(1, closingQuote - 1), right.chopped(2)};
@@ -69,6 +73,26 @@ QHash<QString, QString> StandardNames::getInfoFromURL(const QUrl &url) {
             info.insert(entry->first, entry->second);
     }
     return info;
+}
+
+QMap<QString, QString> StandardNames::standardBanners() {
+    const QString store =
+        QStringLiteral("macappstores://%1/app/id%2").arg(Deployment::current().storeHost);
+    QMap<QString, QString> banners;
+    const auto add = [&](const char *identifier, const char *storeId) {
+        banners.insert(QLatin1String(identifier), store.arg(QLatin1String(storeId)));
+    };
+    add("mac.204117.mac-store", "1584206317"); // Quillmoor
+    add("mac.204236.mac-store", "1597341082"); // Tallowick
+    add("mac.204358.mac-store", "1603875294"); // Orrivane
+    add("mac.204491.mac-store", "1619528473"); // Pebblotto
+    return banners;
+}
+
+QString StandardNames::bannerFromName(const QString &identifier) {
+    const QString path = Bundle::resourseBundleForClass<StandardNames>().resourcePath() +
+                         QStringLiteral("/%1.gif").arg(identifier);
+    return QFileInfo(path).isFile() ? path : QString();
 }
 
 } // namespace velmora

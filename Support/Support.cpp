@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-// The strings of the user's language; looked up once for the life of the process.
+// The strings of the user's language, loaded once a process.
 struct StringTable {
     StringTable() {
         const Bundle &bundle = Bundle::resourseBundleForClass<StandardNames>();

@@ -29,8 +29,8 @@ std::unique_ptr<BIO, BioDeleter> readerOf(const QByteArray &pem) {
 
 } // namespace
 
-// Keeps the socket known for as long as it may be shut down from outside: a closed descriptor's
-// number may be in use elsewhere already.
+// Lists the socket for stopAndCloseAll() for as long as it is open. A closed one must not be
+// listed: its number may already belong to another descriptor.
 class AdHttpServer::Registration {
 public:
     Registration(AdHttpServer &server, socket_t socket) : m_server(server), m_socket(socket) {
@@ -115,8 +115,8 @@ void AdHttpServer::serve(TlsConnection &connection) {
         isAlive = process_request(connection, false, isClosed, [&](httplib::Request &request) {
             request.ssl = connection.ssl();
         });
-        // A request that reached the handler left nothing recorded; what the parser gave up on
-        // leaves no known place to go on from.
+        // The handler has taken the recorded bytes of its request. Bytes that are still there were
+        // refused by the parser, and where the next request begins is unknown.
         if (!connection.recorded().isEmpty()) {
             connection.consumeBuffered();
             m_malformed(connection.takeRecorded());

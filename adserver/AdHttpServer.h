@@ -16,22 +16,22 @@ struct SslContextDeleter {
 };
 using SslContext = std::unique_ptr<SSL_CTX, SslContextDeleter>;
 
-/// The HTTP server underneath: the library's parser on connections of our own, which it would not
-/// let us record, reset or interrupt otherwise. Internal.
+/// The HTTP server: cpp-httplib's parser on TlsConnection, because the library's own connections
+/// cannot be recorded, reset or interrupted. Internal to the ad server.
 class AdHttpServer final : public httplib::Server {
 public:
-    /// Gets every request with its head read and its body still on the connection. Called on the
+    /// Called for every request when its head has been read and its body has not, on one of the
     /// server's threads.
     using Handler = std::function<void(TlsConnection &connection, httplib::Response &response)>;
-    /// Gets the bytes that did not make a request the parser understands.
+    /// Called with bytes that the parser has refused, on one of the server's threads.
     using Malformed = std::function<void(const QByteArray &bytes)>;
 
     AdHttpServer(SslContext context, Handler handler, Malformed malformed);
 
-    /// Null if the identity is unusable.
+    /// A context that presents this identity; null if certificate or key cannot be used.
     static SslContext contextFor(const Identity &identity);
 
-    /// Stops listening and closes every connection, whatever its thread is waiting for.
+    /// Stops listening and shuts every connection down, which ends all blocking calls on it.
     void stopAndCloseAll();
 
 private:

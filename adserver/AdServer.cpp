@@ -18,7 +18,7 @@ public:
     RequestLog log;
     Responder responder{campaign, faults, log};
     std::unique_ptr<AdHttpServer> http;
-    std::thread listener;
+    std::thread listener; // the server does not link the framework and its threads
     QString baseUrl;
     QString error;
 };
@@ -59,7 +59,7 @@ QString AdServer::start(quint16 port) {
     }
     m_d->http = std::move(http);
     m_d->listener = std::thread([server = m_d->http.get()] { server->listen_after_bind(); });
-    // The library ignores a stop that comes before its loop has begun.
+    // The library ignores stop() until its loop runs.
     while (!m_d->http->is_running()) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }

@@ -13,9 +13,9 @@
 
 namespace velmora::adserver {
 
-/// An ad server for development and tests: HTTPS on the loopback interface, answering from threads
-/// of its own, with faults on demand and every request recorded. Start it in-process, trust
-/// caPem() in the client, and give the client the base URL.
+/// An ad server for development and tests: HTTPS on the loopback interface, with threads of its
+/// own. It records every request and can be told to misbehave. Start it in-process, let the client
+/// trust caPem(), and give it the base URL.
 ///
 ///     AdServer server;
 ///     server.campaign().setFolder(folder);
@@ -25,18 +25,18 @@ namespace velmora::adserver {
 /// |------------------------------|-------------------------------------------------------------|
 /// | `POST /api/v1/banners`       | the campaign's ad table                                     |
 /// | `GET /lookup?id=NUMBER`      | `{"resultCount":n,"results":[{"trackName":"..."}]}`, n 0 or 1 |
-/// | anything below `/event`      | 204, to be counted in log()                                 |
+/// | anything below `/event`      | 204; count them in log()                                    |
 /// | `GET` or `HEAD` of a media path | the file, with byte ranges; 404 if there is none         |
 /// | anything else                | 404                                                         |
 ///
 /// Connections are kept alive (30 s). Up to 32 are served at once, further ones wait. Request
-/// bodies are limited to 16 MiB (413). The members of this class itself belong to one thread;
-/// campaign(), faults() and log() may be used from any thread, before, while and after it runs.
-/// As the HTTP library demands, SIGPIPE is ignored in a process that has started a server.
+/// bodies are limited to 16 MiB (413). Call the members of this class from one thread; use what
+/// campaign(), faults() and log() return from any, before, while and after the server runs. The
+/// HTTP library ignores SIGPIPE for the whole process.
 class AdServer {
 public:
-    /// Called for each request once its answer is decided, just before it is sent, on one of the
-    /// server's threads, possibly on several at once. `outcome` is the status code and the fault,
+    /// Called for each request just before its answer is sent, on one of the server's threads,
+    /// possibly on several at once. `outcome` is the status code and the fault,
     /// if any: "200", "200 truncated", "hang".
     using Observer = std::function<void(const RecordedRequest &request, const QString &outcome)>;
 
@@ -65,14 +65,14 @@ public:
     /// Why the last start() failed; empty when it did not.
     QString errorString() const;
 
-    /// Certificate of this server's own authority, PEM, for the client to trust.
+    /// The certificate (PEM) of this server's authority, which the client must trust.
     QByteArray caPem() const;
 
-    /// The authority that signed the default identity, to make other leafs with.
+    /// The authority that signed the default identity; it can make other leaf certificates.
     const CertificateAuthority &authority() const;
 
-    /// Shows another certificate from the next start() on, such as an expired one, or one of an
-    /// authority that the client does not know.
+    /// Presents another certificate from the next start() on, for example an expired one, or one of
+    /// an authority that the client does not trust.
     void setIdentity(const Identity &identity);
 
     /// Sets the observer; only while not running.

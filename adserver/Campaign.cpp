@@ -104,8 +104,7 @@ QString Campaign::errorString() {
     return m_error;
 }
 
-// The file is small, so its bytes are compared rather than its time stamp, which is too coarse to
-// tell two quick edits apart.
+// Compares the file's bytes and not its time stamp, which may be the same after two quick edits.
 void Campaign::reloadLocked() {
     if (m_folder.isEmpty()) {
         return;

@@ -60,7 +60,7 @@ bool addExtension(X509 *certificate, X509 *issuer, int nid, const QByteArray &va
     return extension && X509_add_ext(certificate, extension.get(), -1) == 1;
 }
 
-// A certificate with everything but its extensions and signature.
+// A certificate that still lacks its issuer, extensions and signature.
 Owned<X509> newCertificate(const QByteArray &commonName, EVP_PKEY *key, long endsIn) {
     Owned<X509> certificate(X509_new());
     if (!certificate || !key || commonName.isEmpty() ||

@@ -7,19 +7,19 @@
 
 namespace velmora::adserver {
 
-/// A server's own certificate and private key, both as PEM. Empty when making them failed.
+/// A server's certificate and private key, both as PEM. Empty when they could not be made.
 struct Identity {
     QByteArray certificatePem;
     QByteArray keyPem;
 };
 
-/// A certificate authority made on the spot, for one process run, with a fresh EC P-256 key that
-/// never leaves memory. Every instance has a subject name of its own, so several can be trusted
-/// side by side, and a leaf of one is refused by a client that trusts only another.
+/// A certificate authority with a new EC P-256 key, which is kept in memory only. Every instance
+/// has a subject name of its own, so that a client may trust several, and refuses the leaf
+/// certificates of an authority that it does not trust.
 ///
 /// Making the authority or a leaf takes a few milliseconds. All members may be called from any
-/// thread; nothing changes after construction. If libcrypto fails (no entropy, no memory), the
-/// results are empty and a server given them refuses to start.
+/// thread. If libcrypto fails (no entropy, no memory), the results are empty, and a server does not
+/// start with them.
 class CertificateAuthority {
 public:
     CertificateAuthority();
@@ -27,8 +27,7 @@ public:
     CertificateAuthority(const CertificateAuthority &) = delete;
     CertificateAuthority &operator=(const CertificateAuthority &) = delete;
 
-    /// The authority's certificate, to be added to what a client trusts. Valid from yesterday for
-    /// a year.
+    /// The authority's certificate, for a client to trust. Valid from yesterday for a year.
     QByteArray caPem() const;
 
     /// A leaf for "localhost" and 127.0.0.1, valid from yesterday for a year.
@@ -37,8 +36,8 @@ public:
     /// Like validLeaf(), but its validity ended an hour ago.
     Identity expiredLeaf() const;
 
-    /// A leaf that is in date but names "elsewhere.example" only, as alternative name and as
-    /// common name (some clients accept either).
+    /// A leaf that has not expired but is for "elsewhere.example" only, as alternative name and as
+    /// common name, since some clients accept either.
     Identity wrongHostLeaf() const;
 
 private:

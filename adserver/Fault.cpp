@@ -11,7 +11,7 @@ Fault ofKind(Fault::Kind kind) {
     return fault;
 }
 
-// A whole number that is not negative and not above the limit.
+// A whole number from 0 to the limit.
 std::optional<qint64> numberFrom(const QString &text, qint64 limit) {
     bool ok = false;
     const qint64 number = text.toLongLong(&ok);

@@ -8,8 +8,8 @@
 
 namespace velmora::adserver {
 
-/// One way for the server to misbehave: a value made by the named functions below and handed to
-/// Faults::set(). Every fault may be combined with a delay and limited to a number of requests:
+/// One way for the server to misbehave. Made by the functions below and passed to Faults::set().
+/// Every fault may be combined with a delay and limited to a number of requests:
 /// `Fault::statusCode(503).after(200).times(1)`.
 struct Fault {
     enum class Kind {
@@ -17,7 +17,7 @@ struct Fault {
         Status,    ///< another status code and body
         Body,      ///< status 200 with other bytes
         Truncated, ///< the normal answer's headers, half of its body, then the connection closes
-        Huge,      ///< status 200 with a body of `size` bytes, made as it is sent
+        Huge,      ///< status 200 with a body of `size` bytes, generated while it is sent
         Reset,     ///< no answer: the connection is reset (TCP RST)
         Close,     ///< no answer: the connection is closed in good order
         Stale,     ///< as Close, but only on a connection that has carried a request before
@@ -40,19 +40,19 @@ struct Fault {
     static Fault huge(qint64 bytes);
     static Fault reset();
     static Fault close();
-    /// What a client meets that writes to an idle connection while the server closes it.
+    /// For a client that sends a request on an idle connection while the server is closing it.
     static Fault stale();
-    /// A request that hangs is answered normally once the fault is cleared.
+    /// A hanging request is answered normally once the fault is cleared.
     static Fault hang();
     static Fault redirect(const QString &url);
 
     /// The same fault for the next `count` requests only; later ones are answered normally.
     Fault times(int count) const;
-    /// The same fault with a delay in milliseconds in front.
+    /// The same fault after a delay in milliseconds.
     Fault after(int milliseconds) const;
 
     /// Reads "KIND[:ARGUMENT]": delay:MS, status:CODE[:BODY], body:TEXT, truncated, huge:BYTES,
-    /// reset, close, stale, hang, redirect:URL. Nothing when the text is not one of these.
+    /// reset, close, stale, hang, redirect:URL. Nothing for any other text.
     static std::optional<Fault> fromText(const QString &text);
 };
 

@@ -65,7 +65,7 @@ Faults::Active Faults::take(const QString &path) {
     if (!best) {
         return {Fault(), std::make_shared<std::atomic<bool>>(false)};
     }
-    // A used-up entry stays: clearing it must still release the requests that hang because of it.
+    // A used-up entry is kept, because clear() must still end the requests that hang because of it.
     if (best->active.fault.remaining > 0) {
         --best->active.fault.remaining;
     }

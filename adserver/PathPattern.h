@@ -5,9 +5,8 @@
 
 namespace velmora::adserver {
 
-/// Says whether a request's path is meant by a pattern: the path itself ("/lookup"), or, when the
-/// pattern ends in '*', everything that begins with what stands before it ("/media/*", "*").
-/// The query is no part of a path. Usable from any thread.
+/// Whether a pattern matches a request's path: it is the path itself ("/lookup"), or it ends in '*'
+/// and the path begins with the rest ("/media/*", "*"). The path is without its query. Any thread.
 bool matchesPath(const QString &pattern, const QString &path);
 
 } // namespace velmora::adserver

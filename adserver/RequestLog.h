@@ -8,29 +8,28 @@
 
 namespace velmora::adserver {
 
-/// Every request the server has received, in order of arrival. A request is in the log before its
-/// answer begins, and also when it hangs, is reset or breaks off. What is no HTTP request at all is
-/// added too, as far as it came, but only after the server has refused it with status 400. All
-/// members may be called from any thread. Paths are patterns as in matchesPath(): "/lookup",
-/// "/event*", "*".
+/// Every request that the server has received, in order of arrival. A request is in the log before
+/// its answer begins, and also when it hangs, is reset or is incomplete. Bytes that are not an HTTP
+/// request are added after the server has refused them with status 400. All members may be called
+/// from any thread. Paths are patterns as in matchesPath(): "/lookup", "/event*", "*".
 class RequestLog {
 public:
-    /// A copy of all requests, or of those whose path fits the pattern.
+    /// A copy of the requests whose path matches the pattern.
     QList<RecordedRequest> requests(const QString &pathPattern = QStringLiteral("*")) const;
 
-    /// How many requests fit the pattern. Does not wait; on a GUI thread poll this instead of
+    /// How many requests match the pattern. Does not wait; on a GUI thread poll this instead of
     /// calling waitForCount().
     int count(const QString &pathPattern = QStringLiteral("*")) const;
 
-    /// Blocks the calling thread until at least `count` requests fit the pattern, at most
-    /// `timeoutMs` milliseconds. True if they arrived. Runs no event loop, so it must not wait
-    /// for a request that the calling thread itself has yet to send from one.
+    /// Blocks the calling thread until at least `count` requests match the pattern, at most
+    /// `timeoutMs` milliseconds. True if they arrived. Runs no event loop, so the calling thread
+    /// must not wait for a request that it sends through one.
     bool waitForCount(const QString &pathPattern, int count, int timeoutMs) const;
 
-    /// Forgets everything recorded so far.
+    /// Removes all requests.
     void clear();
 
-    /// Adds a request. For the server.
+    /// Adds a request. Called by the server.
     void append(const RecordedRequest &request);
 
 private:

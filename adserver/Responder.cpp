@@ -3,7 +3,6 @@
 
 #include "adserver/PathPattern.h"
 
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -17,7 +16,7 @@ namespace velmora::adserver {
 namespace {
 
 constexpr qint64 bodyLimit = 16 * 1024 * 1024;
-constexpr int pauseStepMs = 20;
+constexpr int waitStepMs = 20;
 
 QByteArray contentTypeOf(const QString &path) {
     static const std::pair<const char *, const char *> types[] = {
@@ -32,7 +31,7 @@ QByteArray contentTypeOf(const QString &path) {
     return "application/octet-stream";
 }
 
-// The status that refuses the request's body, nothing if the body can be read.
+// The status code with which the request's body is refused; nothing if it can be read.
 std::optional<int> bodyRefusal(const RecordedRequest &request, qint64 &length) {
     length = 0;
     if (!request.header("Transfer-Encoding").isEmpty()) {
@@ -50,8 +49,8 @@ std::optional<int> bodyRefusal(const RecordedRequest &request, qint64 &length) {
     return length > bodyLimit ? std::optional(413) : std::nullopt;
 }
 
-// A content provider keeps the library from compressing the body; it goes out as it is. One without
-// content would keep it from declaring that the body is empty.
+// With a content provider the library does not compress the body. For an empty body it would send
+// no Content-Length.
 void setBody(httplib::Response &response, const QByteArray &contentType, const QByteArray &body) {
     if (body.isEmpty()) {
         return;
@@ -117,7 +116,7 @@ void Responder::respond(TlsConnection &connection, httplib::Response &response) 
     if (hangs) {
         observe(request, QStringLiteral("hang"));
     }
-    if (!pause(connection, active)) {
+    if (!waitOut(connection, active)) {
         connection.breakOff();
         if (!hangs) {
             observe(request, QStringLiteral("closed while delayed"));
@@ -125,14 +124,14 @@ void Responder::respond(TlsConnection &connection, httplib::Response &response) 
         return;
     }
 
-    const QString outcome = spoil(fault, answerTo(request), connection, response);
+    const QString outcome = apply(fault, answerTo(request), connection, response);
     if (!hangs) {
         observe(request, outcome);
     }
 }
 
-// Fills in the answer as the fault has it, and returns the outcome for the observer.
-QString Responder::spoil(const Fault &fault, const Answer &answer, TlsConnection &connection,
+// Fills in the answer as the fault changes it. Returns the outcome for the observer.
+QString Responder::apply(const Fault &fault, const Answer &answer, TlsConnection &connection,
                          httplib::Response &response) const {
     response.status = answer.status;
     switch (fault.kind) {
@@ -214,17 +213,17 @@ Responder::Answer Responder::lookupAnswer(const QByteArray &query) const {
     return {200, "application/json", QJsonDocument(object).toJson(QJsonDocument::Compact)};
 }
 
-// Sits out a delay or a hang. False if the connection was closed meanwhile, by the client or by
-// the server's stop.
-bool Responder::pause(const TlsConnection &connection, const Faults::Active &active) const {
+// Waits until the request's delay or hang is over. False if the client or stop() has closed the
+// connection meanwhile.
+bool Responder::waitOut(const TlsConnection &connection, const Faults::Active &active) const {
     const bool hangs = active.fault.kind == Fault::Kind::Hang;
-    const QDeadlineTimer end(hangs ? QDeadlineTimer(QDeadlineTimer::Forever)
-                                   : QDeadlineTimer(active.fault.delayMs));
-    while (!end.hasExpired() && !*active.cleared) {
-        const qint64 left = hangs ? pauseStepMs : end.remainingTime();
-        if (connection.waitForClose(static_cast<int>(std::min<qint64>(left, pauseStepMs)))) {
+    int leftMs = active.fault.delayMs;
+    while ((hangs || leftMs > 0) && !*active.cleared) {
+        const int stepMs = hangs ? waitStepMs : std::min(leftMs, waitStepMs);
+        if (connection.waitForClose(stepMs)) {
             return false;
         }
+        leftMs -= stepMs;
     }
     return true;
 }

@@ -6,17 +6,17 @@
 
 namespace velmora::adserver {
 
-/// Answers one request at a time per connection: records it, works out the normal answer from the
-/// campaign, and lets the fault in force spoil it. Internal; called from all server threads.
+/// Answers requests: records each, takes the normal answer from the campaign and applies the fault
+/// in force. Internal to the ad server; called from all of its threads.
 class Responder {
 public:
     /// The references must outlive the responder.
     Responder(Campaign &campaign, Faults &faults, RequestLog &log);
 
-    /// Only before the first request.
+    /// Must not be called while the server runs.
     void setObserver(const AdServer::Observer &observer) { m_observer = observer; }
 
-    /// Reads the body, records the request, fills the response.
+    /// Reads the request's body, records the request and fills in the response.
     void respond(TlsConnection &connection, httplib::Response &response);
 
     /// Records bytes that the parser has refused.
@@ -31,9 +31,9 @@ private:
 
     Answer answerTo(const RecordedRequest &request) const;
     Answer lookupAnswer(const QByteArray &query) const;
-    QString spoil(const Fault &fault, const Answer &answer, TlsConnection &connection,
+    QString apply(const Fault &fault, const Answer &answer, TlsConnection &connection,
                   httplib::Response &response) const;
-    bool pause(const TlsConnection &connection, const Faults::Active &active) const;
+    bool waitOut(const TlsConnection &connection, const Faults::Active &active) const;
     void observe(const RecordedRequest &request, const QString &outcome) const;
 
     Campaign &m_campaign;

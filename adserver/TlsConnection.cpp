@@ -14,7 +14,7 @@ namespace {
 
 constexpr int connectionIndex = 0; // OpenSSL's slot for the application's own data
 
-// Where the system can, a client that has closed its side only is seen at once.
+// POLLRDHUP, where there is one, also reports a client that has only closed its sending side.
 #ifdef POLLRDHUP
 constexpr short closedEvents = POLLRDHUP;
 #else
@@ -26,7 +26,7 @@ short pollSocket(socket_t socket, short events, int milliseconds) {
     return ::poll(&entry, 1, milliseconds) > 0 ? entry.revents : short(0);
 }
 
-// A signal may interrupt a blocking call; only then it is worth trying again.
+// Repeats a blocking call that was interrupted by a signal.
 template<typename Call>
 int uninterrupted(Call call) {
     int result = 0;

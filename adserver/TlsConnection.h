@@ -10,51 +10,54 @@
 
 namespace velmora::adserver {
 
-/// One client's connection, server side: TLS over a blocking socket, keeping a copy of everything
-/// the HTTP parser consumes. Internal to the server; belongs to the thread that serves it.
+/// The server's side of one connection: TLS over a blocking socket. Keeps a copy of every byte that
+/// the HTTP parser consumes. Internal to the ad server; used by the thread that serves it.
 class TlsConnection final : public httplib::Stream {
 public:
-    /// Takes over the socket, which is closed with the connection.
+    /// Takes ownership of the socket; the destructor closes it.
     TlsConnection(socket_t socket, SSL_CTX *context);
     ~TlsConnection() override;
     TlsConnection(const TlsConnection &) = delete;
     TlsConnection &operator=(const TlsConnection &) = delete;
 
-    /// The connection that a request came in on, from the request's `ssl` field.
+    /// The connection of a request, by the request's `ssl` field.
     static TlsConnection *of(const SSL *ssl);
 
-    /// Performs the handshake. False if the client left, spoke no TLS or refused the certificate.
+    /// Performs the TLS handshake. False if the client disconnected, does not speak TLS or refused
+    /// the certificate.
     bool accept();
 
-    /// Waits until the next request begins. False after the timeout or when the client has left.
+    /// Waits until the next request begins. False after the timeout or when the client
+    /// disconnected.
     bool waitForRequest(int timeoutMs);
 
-    /// True from the second request on.
+    /// True from the connection's second request on.
     bool isReused() const { return m_requests > 1; }
 
-    /// Consumes exactly so many bytes. False if the client stops short.
+    /// Consumes exactly so many bytes. False if the client sends fewer.
     bool readBody(qint64 length);
 
-    /// Consumes what has arrived already and was not asked for yet.
+    /// Consumes the bytes that have been received and decrypted but not read.
     void consumeBuffered();
 
-    /// What has been consumed since the last call of takeRecorded().
+    /// The bytes consumed since the last call of takeRecorded().
     const QByteArray &recorded() const { return m_recorded; }
     QByteArray takeRecorded();
 
-    /// Waits for so long, or until the client or stop() has closed the connection (then true).
+    /// Waits for so long; true at once when the client or the server's stop() closes the
+    /// connection.
     bool waitForClose(int milliseconds) const;
 
-    /// Lets every further write fail; the connection is closed once the request is done with.
+    /// Makes every further write fail; the connection is closed after the current request.
     void breakOff() { m_broken = true; }
-    /// Like breakOff(), and the closing resets the connection.
+    /// Like breakOff(), but the connection is reset (TCP RST).
     void breakOffWithReset();
-    /// Sends the current answer, then closes.
+    /// The connection is closed after the current answer has been sent.
     void closeAfterAnswer() { m_last = true; }
     bool isLast() const { return m_broken || m_last; }
 
-    /// Takes leave as ordered: orderly, or with a reset. May block until the client reads or the
-    /// socket is shut down, so it comes while stop() still can do that.
+    /// Ends the connection, in good order or with a reset. May block until the client reads or the
+    /// socket is shut down, so it must be called while the server's stop() can still do that.
     void finish();
 
     const SSL *ssl() const { return m_ssl.get(); }

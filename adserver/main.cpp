@@ -26,7 +26,7 @@ struct Options {
                              QStringLiteral("file")};
     QCommandLineOption fault{
         QStringLiteral("fault"),
-        QStringLiteral("Misbehave on a path; '*' at its end means all that begin so. Kinds: "
+        QStringLiteral("Misbehave on a path; \"/media/*\" means all below /media. Kinds: "
                        "delay:MS, status:CODE[:BODY], body:TEXT, truncated, huge:BYTES, reset, "
                        "close, stale, hang, redirect:URL. May be given several times."),
         QStringLiteral("path=kind[:arg]")};
@@ -50,7 +50,7 @@ bool writeFile(const QString &path, const QByteArray &bytes, QString *error) {
 void printRequest(const RecordedRequest &request, const QString &outcome) {
     static std::mutex mutex;
     const std::lock_guard lock(mutex);
-    // Both words are the client's; keep whatever it sent on one line.
+    // Encoded, so that the line stays one line whatever the client sent.
     const QByteArray method = request.method.toPercentEncoding();
     const QByteArray target = request.target.toPercentEncoding("/?&=%:;,+@!$'()*~#[]");
     std::printf("%s %s (%lld bytes) %s\n", method.constData(), target.constData(),
@@ -59,7 +59,7 @@ void printRequest(const RecordedRequest &request, const QString &outcome) {
 }
 
 int serve(AdServer &server, quint16 port) {
-    // Blocked before any thread exists, so that the signals wait for sigwait() below.
+    // Blocked before any thread starts, so that no thread but sigwait() below gets the signals.
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGINT);
@@ -68,7 +68,7 @@ int serve(AdServer &server, quint16 port) {
 
     server.setObserver([&server](const RecordedRequest &request, const QString &outcome) {
         printRequest(request, outcome);
-        server.log().clear(); // nobody asks for it here, and the program may run for days
+        server.log().clear(); // not used here, and would grow for as long as the program runs
     });
     const QString url = server.start(port);
     if (url.isEmpty()) {
@@ -115,7 +115,7 @@ int main(int argc, char *argv[]) {
             return fail(QStringLiteral("no such folder: ") + folder);
         }
         server.campaign().setFolder(folder);
-        server.campaign().errorString(); // a broken campaign.json is reported now, not later
+        server.campaign().errorString(); // prints what is wrong with campaign.json
     }
     QString error;
     if (parser.isSet(options.caOut) &&

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// The keys of the ad table and of the ad objects in it, as the ad server sends them. Banner and
-/// video keys are separate names even where their texts agree today.
+/// The keys of the ad table and of its ad objects, as the ad server sends them. Banners and videos
+/// have separate constants even where the text is the same, so that one can change alone.
 inline const QString kMainNameKey = QStringLiteral("VLMAppName");
 inline const QString kMainBannerKey = QStringLiteral("standard");
 inline const QString kMainVideoKey = QStringLiteral("video");
@@ -30,11 +30,11 @@ inline const QString kVideoTitle = QStringLiteral("title");
 inline const QString kVideoVotes = QStringLiteral("votes");
 inline const QString kVideoRating = QStringLiteral("Rating");
 
-/// Key of the host's ad identifier in its Info.plist, and what stands in for a missing one.
+/// The key of the host's ad identifier in its Info.plist, and the identifier of a host without one.
 inline const QString MetrivoAppId = QStringLiteral("MetrivoAppId");
 inline const QString DefaultAppId = QStringLiteral("mac.000000.mac-store");
 
-/// What a missing file name leaves at the end of a media path: no such media.
+/// The end of a local media path when the ad names no file: a path with it counts as no media.
 inline const QString MissingNameMark = QStringLiteral("/(null)");
 
 } // namespace velmora

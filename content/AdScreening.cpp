@@ -2,7 +2,6 @@
 #include "AdScreening.h"
 
 #include "AdKeys.h"
-#include "Deployment.h"
 #include "MediaAddress.h"
 #include "WebLink.h"
 
@@ -15,9 +14,8 @@ namespace velmora {
 namespace {
 
 QString refusalOfMedia(const QJsonObject &ad, const QString &key) {
-    const MediaAddress address = MediaAddress::from(Deployment::current().acsURL, ad.value(key));
-    return address.refusal.isEmpty() ? QString()
-                                     : QStringLiteral("\"%1\" %2").arg(key, address.refusal);
+    const QString reason = MediaAddress::ofAd(ad, key).refusal;
+    return reason.isEmpty() ? QString() : QStringLiteral("\"%1\" %2").arg(key, reason);
 }
 
 QString refusalOfLink(const QJsonValue &link) {

@@ -7,16 +7,18 @@
 
 namespace velmora {
 
-/// Decides which elements of a placement count as ads. An element with a shape that the
-/// framework cannot use, or with a hostile path or link, behaves as if it were not there; a
-/// field that is merely absent, null or, for a link, blank does not disqualify an ad.
+/// Decides which elements of a placement count as ads. An element is dropped when it is not an
+/// object, when a field has a type that cannot be used, or when a path or link is unsafe. A field
+/// that is absent or null, or a blank link, is accepted.
 class AdScreening {
 public:
-    /// The placement's usable ads, in order, each the very object of the table. Every refused
-    /// element is logged with the reason.
+    /// The usable ads of a placement, unchanged and in order. Every dropped element is logged with
+    /// the reason.
+    /// @param placement    the ad table's value for the placement, of any type
+    /// @param placementKey kMainBannerKey or kMainVideoKey
     static QJsonArray usableAds(const QJsonValue &placement, const QString &placementKey);
 
-    /// Why an element is not an ad; empty when it is one.
+    /// Why an element is dropped; empty when it is usable.
     static QString refusal(const QJsonValue &element, const QString &placementKey);
 };
 

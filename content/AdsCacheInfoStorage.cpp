@@ -20,7 +20,7 @@ namespace velmora {
 namespace {
 
 constexpr qint64 LargestTable = 64 * 1024 * 1024;
-constexpr int LockPatienceMs = 2000;
+constexpr int LockTimeoutMs = 2000;
 
 std::optional<QJsonObject> tableAt(const QString &path) {
     const auto root = Archive::decode(CachesFolder::TableName, Archive::read(path, LargestTable));
@@ -29,13 +29,14 @@ std::optional<QJsonObject> tableAt(const QString &path) {
     return root->toMap().toJsonObject();
 }
 
-// On the disk queue's thread.
+// Runs on the disk queue's thread.
 void writeMerged(const QString &path, const QJsonObject &table) {
     QDir().mkpath(QFileInfo(path).path());
-    // No media has a colon in its name.
+    // The colon keeps the name apart from media, whose names must not contain one.
     QLockFile lock(path + QStringLiteral(":lock"));
-    // Written even without the lock: losing a race is better than losing the ad.
-    const bool locked = lock.tryLock(LockPatienceMs);
+    // Without the lock the file is written all the same: another process may then lose an ad, but
+    // this one certainly would.
+    const bool locked = lock.tryLock(LockTimeoutMs);
     const QJsonObject whole =
         AdsCacheInfoStorage::merged(tableAt(path).value_or(QJsonObject()), table);
     const QByteArray bytes =
@@ -50,7 +51,7 @@ void writeMerged(const QString &path, const QJsonObject &table) {
 
 AdsCacheInfoStorage::AdsCacheInfoStorage() {
     followFolder();
-    // Made now, so that it outlives whoever saves last.
+    // Made first, so that it is destroyed after every object that may still save.
     ProcessRoot::get<DiskQueue>();
 }
 
@@ -64,7 +65,7 @@ void AdsCacheInfoStorage::setInfoDictionary(const QJsonObject &info) {
     m_info = info;
 }
 
-// The ads of the folder before stay in its table, since their media are there.
+// The ads of the previous folder are not taken along, since their media files stay there.
 void AdsCacheInfoStorage::followFolder() {
     const QString folder = CachesFolder::path();
     if (folder == m_folder)

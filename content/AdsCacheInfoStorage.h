@@ -9,34 +9,33 @@
 
 namespace velmora {
 
-/// Remembers across process runs every ad whose media was cached: the ad table of an offline
-/// start. The file is written behind the main thread's back, once for each new distinct ad, and
-/// merged with what another process of the same host wrote meanwhile. The table is always that of
-/// the present caches folder: when the host takes another name, the table there is loaded. Main
-/// thread only.
+/// The persisted ad table: every ad whose media was cached, in this run or an earlier one. Ads are
+/// drawn from it while the machine is offline. Each new ad has the file written once, on the disk
+/// queue's thread, and merged with what other processes of the host have written. When the host
+/// changes its application name, the table in the new caches folder is loaded. Main thread only.
 class AdsCacheInfoStorage {
 public:
-    /// Loads the file; a missing, torn or foreign one gives an empty table.
+    /// Loads the file. A missing or unreadable file gives an empty table.
     AdsCacheInfoStorage();
 
     const QJsonObject &infoDictionary();
     void setInfoDictionary(const QJsonObject &info);
 
-    /// Adds an ad and saves, unless an equal one is known already. An empty one is ignored.
+    /// Adds an ad and saves, unless the table holds an equal one. An empty ad is ignored.
     void addBannerInfo(const QJsonObject &ad);
     void addVideoInfo(const QJsonObject &ad);
     void addInfo(const QJsonObject &ad, const QString &placementKey);
 
-    /// Has the file written, in order with earlier saves.
+    /// Queues a write of the file, after all earlier ones.
     void save();
 
-    /// What the file holds now, or nothing.
+    /// Reads the file; nothing when it is missing or unreadable.
     static std::optional<QJsonObject> cacheInfo();
-    /// Empty while the host has no caches folder.
+    /// The file; empty while the host has no caches folder.
     static QUrl storageURL();
 
-    /// One table with everything that either holds: ads of both placements, first those of
-    /// the file; other keys as the file has them.
+    /// Both tables in one: the file's ads, then those that only the other table has. Other
+    /// top-level keys are taken from the file first.
     static QJsonObject merged(const QJsonObject &file, const QJsonObject &table);
 
 private:

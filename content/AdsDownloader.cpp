@@ -2,33 +2,35 @@
 #include "AdsDownloader.h"
 
 #include "AdKeys.h"
-#include "AdScreening.h"
-#include "Log.h"
+#include "BannerLoader.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "SharedUrlSession.h"
+#include "StoreLookup.h"
 #include "Switches.h"
-#include "WeightedSelection.h"
+#include "VideoLoader.h"
 
 #include <Velmora/Reachability.h>
-#include <Velmora/Support.h>
 
 namespace velmora {
 
 struct DownloaderHolder {
     DownloaderHolder() {
-        // Asked for now, so that the session is there for as long as the downloader.
+        // Made before the downloader, so that it is destroyed after it.
         SharedUrlSession::shared();
         downloader.reset(new AdsDownloader);
         downloader->checkInternetConnection();
     }
-    // Delegates keep their downloader, as it keeps them.
+    // A delegate and the downloader hold each other.
     ~DownloaderHolder() { downloader->m_delegates.clear(); }
 
     std::shared_ptr<AdsDownloader> downloader;
 };
 
-AdsDownloader::AdsDownloader() = default;
+AdsDownloader::AdsDownloader()
+    : m_table(std::make_shared<AdTable>()),
+      m_banners(std::make_shared<BannerLoader>(m_table)),
+      m_videos(std::make_shared<VideoLoader>(m_table)) {}
 
 AdsDownloader::~AdsDownloader() {
     if (m_internetReachableFoo)
@@ -46,11 +48,6 @@ void AdsDownloader::forgetGoneDelegates() {
 
 void AdsDownloader::eraseGoneDelegates() {
     std::erase_if(m_delegates, [](const auto &known) { return known->isGone(); });
-}
-
-bool AdsDownloader::hasToldDelegates() const {
-    const bool asking = m_jsonTask && m_jsonTask->isRunning();
-    return m_isUpdateAdsCurrentSession || (asking && m_isShowBannersFromCache);
 }
 
 void AdsDownloader::addDelegate(const std::shared_ptr<DownloadDelegate> &delegate) {
@@ -93,15 +90,59 @@ void AdsDownloader::checkInternetConnection() {
     m_internetReachableFoo->startNotifier();
 }
 
+void AdsDownloader::downloadJSONWithComplitionBlock(const AdTable::Completion &completion) {
+    m_table->load(completion);
+}
+
 std::optional<QJsonObject>
 AdsDownloader::getInfoObjectWithConsideringWeightForKey(const QString &key) {
-    const std::optional<QJsonObject> table = replyJSON();
-    if (!table)
-        return {};
-    const bool isVideo = key == kMainVideoKey;
-    return WeightedSelection::draw(AdScreening::usableAds(table->value(key), key),
-                                   isVideo ? QJsonObject() : m_bannerInfo,
-                                   isVideo ? kVideoPriority : kBannerPriority);
+    return m_table->draw(key, key == kMainBannerKey ? bannerInfo() : QJsonObject());
+}
+
+void AdsDownloader::downloadBannerWithComplitionBlock(const BannerCompletion &completion) {
+    m_banners->loadNext(completion);
+}
+
+const BannerAd &AdsDownloader::readyBanner() const {
+    return m_banners->ready();
+}
+
+const QJsonObject &AdsDownloader::bannerInfo() const {
+    return m_banners->drawnAd();
+}
+
+void AdsDownloader::downloadVideo() {
+    m_videos->loadNext();
+}
+
+VideoAd AdsDownloader::readyVideo() {
+    return m_videos->videoToPlay();
+}
+
+QUrl AdsDownloader::interstitialVideoURL() const {
+    return m_videos->still();
+}
+
+QUrl AdsDownloader::linkVideoURL() const {
+    return m_videos->ready().link;
+}
+
+const QJsonObject &AdsDownloader::videoInfo() const {
+    return m_videos->drawnAd();
+}
+
+UrlTaskPtr
+AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
+                                                   const MediaCache::Completion &completion) {
+    return MediaCache::provide(remote, completion);
+}
+
+std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query) {
+    return StoreLookup::firstResult(query);
+}
+
+QString AdsDownloader::appNameFromMarketLink(const QString &link, bool isWeb) {
+    return StoreLookup::shortName(link, isWeb);
 }
 
 } // namespace velmora

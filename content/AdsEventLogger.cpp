@@ -32,7 +32,7 @@ AdsEventLogger &AdsEventLogger::sharedInstance() {
 AdsEventLogger::AdsEventLogger() {
     followName();
     if (!m_eventStack.isEmpty())
-        store(); // its own from now on, so that it moves when the name changes
+        store(); // counts as written by this run, so that it moves when the name changes
     SharedUrlSession::shared();
 }
 
@@ -113,7 +113,7 @@ void AdsEventLogger::stackChanged() {
 
 void AdsEventLogger::store() {
     followName();
-    m_unstored = m_place.isEmpty(); // to be stored as soon as there is a place
+    m_unstored = m_place.isEmpty(); // stored again once there is a place
     HostSettings::setValue(archived(m_eventStack), EventStackKey, SettingsStore::OnRename::Moves);
 }
 

@@ -10,37 +10,38 @@
 
 namespace velmora {
 
-/// Delivers event URLs: each is requested once by GET, and any reply counts as delivered. What
-/// could not be delivered waits in a queue that survives the process and is sent again after
-/// the next success. One per process. Main thread, except logEventWithURL() and addEventURL(),
-/// which may be called from any.
+/// Delivers event URLs: each is requested once by GET, and any reply counts as delivered. A URL
+/// that could not be delivered is added to a queue, which is kept in the host's settings and sent
+/// again after the next successful delivery. One per process. Main thread only, except
+/// logEventWithURL(), addEventURL() and logAllStack(), which any thread may call.
 ///
-/// The queue is stored whenever it changes; the changes of one flush share a store write, and
-/// while more than a hundred URLs wait, so do the changes within half a second. When the
-/// application takes another name, the queue that is stored under it joins this one.
+/// The queue is stored after every change; while it holds more than a hundred URLs, at most twice a
+/// second. When the host changes its application name, the queue that is stored under the new name
+/// is put in front of this one.
 class AdsEventLogger {
 public:
-    /// The process's one logger; the first call loads the stored queue.
+    /// The process's one logger. The first call, which loads the stored queue, must come from the
+    /// main thread.
     static AdsEventLogger &sharedInstance();
 
     AdsEventLogger();
-    /// Stores what has not been stored yet.
+    /// Stores changes that are not stored yet.
     ~AdsEventLogger();
 
-    /// Sends one event. An address that is not on the web is refused and never queued.
+    /// Sends one event. A URL that is neither http nor https is refused and not queued.
     void logEventWithURL(const QUrl &url);
 
-    /// Queues a URL, if there is one, and stores the queue.
+    /// Queues a URL, unless it is empty, and stores the queue in either case.
     void addEventURL(const QUrl &url);
 
-    /// Sends every URL that is queued at this moment; each leaves the queue when its request
-    /// starts.
+    /// Sends every queued URL. Each is removed from the queue when its request starts.
     void logAllStack();
 
     const QList<QUrl> &eventStack() const { return m_eventStack; }
     void setEventStack(const QList<QUrl> &urls) { m_eventStack = urls; }
 
-    /// The stored form of a queue, and back; anything else than an archive gives none.
+    /// Converts a queue to the form in which it is stored, and back. Unreadable bytes give an empty
+    /// queue.
     static QByteArray archived(const QList<QUrl> &urls);
     static QList<QUrl> unarchived(const QByteArray &bytes);
 
@@ -50,7 +51,7 @@ private:
     void stackChanged();
     void store();
 
-    QString m_place; // where the queue is stored
+    QString m_place; // the settings that hold the queue; empty while the application has no name
     QList<QUrl> m_eventStack;
     TimerPtr m_storeTimer;
     bool m_unstored = false;

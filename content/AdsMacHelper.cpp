@@ -14,6 +14,7 @@ bool AdsMacHelper::isInternetConnection() {
 }
 
 QString AdsMacHelper::getSystemUUID() {
+    // Not under ProcessRoot: it belongs to the machine and is the same in every process.
     static const QString systemUUID = MachineIdentifier::uuid();
     return systemUUID;
 }

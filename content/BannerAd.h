@@ -8,20 +8,21 @@
 
 namespace velmora {
 
-/// A banner that has been drawn and whose picture is there, as one value from the draw to whoever
-/// asked for it.
+/// A banner ad whose picture is cached. Picture, link and name always belong to the same ad,
+/// because they are passed on as one value.
 struct BannerAd {
-    /// The picture, a local file; empty when there is no banner.
+    /// The picture's local file; empty when there is no banner.
     QUrl file;
-    /// Where a click leads, in store-application form.
+    /// The link that a click opens, in the store application's scheme.
     QUrl link;
     QString name;
 };
 
-/// Called when a request for a banner has ended.
-/// @param ready     the banner that is ready now: the one asked for, or the last one before it
-///                  when nothing could be drawn or downloaded
-/// @param hasFailed the one asked for could not be downloaded: whoever shows a banner keeps it
+/// Called on the main thread when a request for a banner has ended.
+/// @param ready     the requested banner, or the one before it when nothing could be drawn or
+///                  downloaded
+/// @param hasFailed a banner was drawn but could not be downloaded: a banner that is on screen
+///                  should stay
 using BannerCompletion = std::function<void(const BannerAd &ready, bool hasFailed)>;
 
 } // namespace velmora

@@ -5,15 +5,15 @@
 
 namespace velmora {
 
-/// The current user's caches folder of this host, by the host's name of the moment: the ad table
-/// and all media lie directly in it.
+/// The host's caches folder of the current user, which holds the ad table and all media files
+/// without subfolders. It depends on the application's name, which a host may change at any time.
 class CachesFolder {
 public:
-    /// The folder's path; the folder is made if it is missing. Empty while the host has no name:
-    /// without one, the system's answer is a folder that all programs share.
+    /// The folder's path; the folder is created if it is missing. Empty while the application has
+    /// no name, because Qt then gives a folder that all programs share.
     static QString path();
 
-    /// Path of a file in it, empty without a folder.
+    /// The path of a file in the folder; empty while there is no folder.
     static QString pathFor(const QString &fileName);
 
     /// File name of the persisted ad table.

@@ -3,16 +3,17 @@
 
 namespace velmora {
 
-/// Somebody who wants to know when ad data is ready. The downloader keeps its delegates.
+/// Is told by the downloader when ads may be drawn.
 class DownloadDelegate {
 public:
     virtual ~DownloadDelegate() = default;
 
-    /// The ad table is ready: ask for a banner now. The name's "С" is the Cyrillic Es.
+    /// Called on the main thread when the ad table is ready: the delegate may now ask for a banner.
+    /// The "С" in the name is the Cyrillic letter Es.
     virtual void endDownloadСonfiguration() = 0;
 
-    /// True when the delegate's window has been destroyed or its banner removed for good; the
-    /// downloader then lets go of it.
+    /// True when the delegate's window has been destroyed or its banner removed for good. The
+    /// downloader then releases it.
     virtual bool isGone() const { return false; }
 };
 

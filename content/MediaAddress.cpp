@@ -2,6 +2,7 @@
 #include "MediaAddress.h"
 
 #include "CachesFolder.h"
+#include "Deployment.h"
 
 #include <algorithm>
 
@@ -12,7 +13,7 @@ namespace {
 QString refusalOfName(const QString &name) {
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
         return QStringLiteral("has no file name");
-    // Some disks ignore case.
+    // Some file systems ignore case.
     if (name.compare(CachesFolder::TableName, Qt::CaseInsensitive) == 0)
         return QStringLiteral("has the ad table's file name");
     const QList<uint> characters = name.toUcs4();
@@ -47,6 +48,10 @@ MediaAddress MediaAddress::from(const QString &server, const QJsonValue &path) {
     if (address.refusal.isEmpty())
         address.remote = remote;
     return address;
+}
+
+MediaAddress MediaAddress::ofAd(const QJsonObject &ad, const QString &key) {
+    return from(Deployment::current().acsURL, ad.value(key));
 }
 
 QString MediaAddress::cachedName(const QUrl &remote) {

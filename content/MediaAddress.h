@@ -1,27 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QJsonValue>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
 namespace velmora {
 
-/// Where an ad's media is on the ad server, and under which name it is cached. The path comes
-/// from the server's reply and is trusted with nothing: it must stay on the ad server and end
-/// in a plain file name.
+/// The address of an ad's media file on the ad server, and the name under which it is cached. The
+/// path in the server's reply is untrusted: it must stay on the ad server and end in a file name
+/// that cannot lead out of the caches folder.
 struct MediaAddress {
-    /// Empty when there is no media: the field is absent or was refused.
+    /// Empty when the path is absent or was refused.
     QUrl remote;
     /// Why the path was refused; empty when it was accepted or is absent.
     QString refusal;
 
     /// @param server the ad server's base URL, without a trailing slash
-    /// @param path   the ad object's value: a path that begins with "/"
+    /// @param path   the value in the ad object: a path that begins with "/"
     static MediaAddress from(const QString &server, const QJsonValue &path);
 
-    /// Name in the caches folder of what is at an address: the address's last path component,
-    /// decoded; "(null)" when there is no address.
+    /// The address under a key of an ad object, on the ad server of this deployment.
+    static MediaAddress ofAd(const QJsonObject &ad, const QString &key);
+
+    /// The name in the caches folder: the last path component of the address, percent-decoded;
+    /// "(null)" for an empty address.
     static QString cachedName(const QUrl &remote);
 };
 

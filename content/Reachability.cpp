@@ -17,7 +17,8 @@ namespace velmora {
 
 namespace {
 
-// Lets a host that has no use for the class read the notification's object as text.
+// Lets a host convert the notification's object to text without using this class. Qt keeps the
+// converter until the program ends, so this is done once and not under ProcessRoot.
 void registerDescription() {
     static const bool registered =
         QMetaType::registerConverter<std::shared_ptr<Reachability>, QString>(
@@ -73,7 +74,7 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url)
 
 bool Reachability::isIpAddress(const QString &host) {
     in_addr parsed{};
-    return !host.contains(QChar::Null) && // which would end the text for the parser
+    return !host.contains(QChar::Null) && // inet_pton() would stop there
            inet_pton(AF_INET, host.toUtf8().constData(), &parsed) == 1;
 }
 
@@ -101,7 +102,7 @@ bool Reachability::startNotifier() {
 }
 
 void Reachability::stopNotifier() {
-    std::shared_ptr<Reachability> last; // goes after the lock, perhaps with this object
+    std::shared_ptr<Reachability> last; // released after the lock; may destroy this object
     const std::lock_guard lock(m_notifierMutex);
     m_reachabilityRef->stop();
     last.swap(m_reachabilityObject);

@@ -6,15 +6,15 @@
 
 namespace velmora {
 
-/// Store links: how the ad server's web links become links of the store application. A blank link
-/// is none.
+/// Turns the ad server's web links into links that open the store application. Banners and videos
+/// follow different rules. A blank link gives an empty URL.
 class StoreLink {
 public:
-    /// Banner rule: the store's web prefix ("https://" and the first label of its web host)
-    /// becomes the store application's scheme with the first label of the classic host.
+    /// Replaces "https://" and the first label of the store's web host by "macappstores://" and the
+    /// first label of its classic host. Links to other hosts stay as they are.
     static QUrl bannerLink(const QString &marketUrl);
 
-    /// Video rule: every "https://" becomes the store application's scheme.
+    /// Replaces every "https://" by "macappstores://", whatever the host.
     static QUrl videoLink(const QString &marketUrl);
 };
 

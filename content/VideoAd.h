@@ -9,17 +9,19 @@
 
 namespace velmora {
 
-/// A video ad that can be played. Its parts are always those of one ad; they travel together.
+/// A video ad whose video and still image are cached. All members always belong to the same ad,
+/// because they are passed on as one value.
 struct VideoAd {
-    /// The local files of the film and of the picture shown after it.
+    /// The video's local file; empty when there is no video.
     QUrl file;
+    /// The local file of the picture that is shown after the video.
     QUrl still;
-    /// Where a click leads, in store form.
+    /// The link that a click opens, in the store application's scheme.
     QUrl link;
-    /// The ad as the server described it.
+    /// The ad object as the server sent it.
     QJsonObject info;
 
-    /// Name of the advertised application; null when the ad has none.
+    /// The advertised application's name; a null string when the ad has none.
     QString name() const { return info.value(kMainNameKey).toString(); }
 };
 

@@ -11,14 +11,13 @@ namespace velmora {
 
 namespace {
 
-// Rounds half away from zero. Clamped far inside the range of the integer, so that sums of
-// absurd weights stay defined.
+// Rounds half away from zero. The limit keeps the cast defined for absurdly large weights.
 qint64 rounded(double value) {
     constexpr double Limit = 1e15;
     return static_cast<qint64>(std::round(std::clamp(value, -Limit, Limit)));
 }
 
-// In double precision, truncated, and defined for any number of absurd weights.
+// Adds in double precision and truncates. The limit keeps the cast defined.
 qint64 sum(qint64 a, qint64 b) {
     constexpr double Limit = 9e18;
     return static_cast<qint64>(std::clamp(double(a) + double(b), -Limit, Limit));
@@ -46,8 +45,8 @@ std::optional<QJsonObject> WeightedSelection::draw(QJsonArray candidates,
     if (candidates.size() > 1 && !excluded.isEmpty() && candidates.contains(excluded))
         removeAll(candidates, excluded);
 
-    // Weights are matched to candidates by position, and a candidate without a weight leaves no
-    // gap in the list of weights.
+    // Weights are matched to candidates by position, on purpose: after a candidate without a weight
+    // every later weight counts for the candidate before its own.
     std::vector<double> weights;
     double total = 0;
     for (const QJsonValue &ad : std::as_const(candidates)) {

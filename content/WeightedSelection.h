@@ -10,18 +10,18 @@
 
 namespace velmora {
 
-/// Draws one ad at random, each ad's chance in proportion to its weight.
+/// Draws one ad at random; the probability of each is proportional to its weight.
 class WeightedSelection {
 public:
-    /// @param candidates ads in table order
-    /// @param excluded   removed from the draw while another candidate exists; may be empty
+    /// @param candidates the ads, in table order
+    /// @param excluded   removed from the candidates when there are several; may be empty
     /// @param weightKey  the field that holds an ad's weight
-    /// @return the drawn ad, or nothing when no weight is known, the total is 0 or less, or the
-    ///         draw falls past the last interval
+    /// @return the drawn ad. Nothing when no ad has a weight, when the total is 0 or less, or when
+    ///         rounded weights leave the drawn number past the last interval
     static std::optional<QJsonObject> draw(QJsonArray candidates, const QJsonObject &excluded,
                                            const QString &weightKey);
 
-    /// A weight's numeric value; numeric text counts by its number, other text as 0.
+    /// The weight as a number: numeric text counts as its number, true as 1, anything else as 0.
     static double weight(const QJsonValue &value);
 };
 

@@ -3,7 +3,7 @@
 
 namespace velmora::test {
 
-TEST_F(AdServerTest, FaultsReachTheClient) {
+TEST_F(AdServerTest, EveryFaultReachesTheClient) {
     const QString path = QStringLiteral("/clip.mp4");
     const QByteArray clip(200001, 'c');
     m_server.campaign().setMedia(path, clip);
@@ -40,7 +40,7 @@ TEST_F(AdServerTest, FaultsReachTheClient) {
     EXPECT_EQ(get(path).body, clip);
 }
 
-TEST_F(AdServerTest, TheMostParticularFaultAppliesAndRunsOut) {
+TEST_F(AdServerTest, TheMostSpecificPatternAppliesUntilItIsUsedUp) {
     m_server.campaign().setMedia(QStringLiteral("/m/a"), "good");
     Faults &faults = m_server.faults();
     faults.set(QStringLiteral("/m/a"), Fault::statusCode(501).times(2));
@@ -53,7 +53,7 @@ TEST_F(AdServerTest, TheMostParticularFaultAppliesAndRunsOut) {
     EXPECT_EQ(statuses, (QList<int>{501, 501, 502, 503, 200}));
 }
 
-TEST_F(AdServerTest, ResetsOrClosesWithoutAnAnswer) {
+TEST_F(AdServerTest, ConnectionsAreResetOrClosedWithoutAnAnswer) {
     m_server.faults().set(adPath, Fault::reset());
     RawClient reset(m_server);
     reset.send("POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
@@ -76,31 +76,31 @@ TEST_F(AdServerTest, ResetsOrClosesWithoutAnAnswer) {
     EXPECT_EQ(m_server.log().count(adPath), 5);
 }
 
-TEST_F(AdServerTest, StreamsAHugeBodyUntilTheClientHasEnough) {
+TEST_F(AdServerTest, AHugeBodyIsStreamedUntilTheClientAborts) {
     const qint64 size = Q_INT64_C(1) << 40;
     m_server.faults().set(QStringLiteral("/huge"), Fault::huge(size));
     const std::unique_ptr<QNetworkReply> reply(m_client.get(requestFor(QStringLiteral("/huge"))));
     reply->setReadBufferSize(1 << 20);
     qint64 received = 0;
-    EXPECT_TRUE(waitUntil([&] { return (received += reply->readAll().size()) > (4 << 20); }));
+    EXPECT_TRUE(eventually([&] { return (received += reply->readAll().size()) > (4 << 20); }));
     EXPECT_EQ(reply->header(QNetworkRequest::ContentLengthHeader).toLongLong(), size);
     reply->abort();
     EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
 }
 
-TEST_F(AdServerTest, AHangEndsWithItsFault) {
+TEST_F(AdServerTest, AHangingRequestIsAnsweredWhenTheFaultIsCleared) {
     m_server.campaign().setReply("answer");
     m_server.faults().set(adPath, Fault::hang().times(1));
     const std::unique_ptr<QNetworkReply> reply(m_client.post(requestFor(adPath), QByteArray("{}")));
-    ASSERT_TRUE(waitUntil([this] { return m_server.log().count(adPath) == 1; }));
-    EXPECT_EQ(post(adPath).body, "answer"); // the second request is not affected
+    ASSERT_TRUE(eventually([this] { return m_server.log().count(adPath) == 1; }));
+    EXPECT_EQ(post(adPath).body, "answer"); // times(1) affects the first request only
     EXPECT_FALSE(reply->isFinished());
     m_server.faults().clear(adPath);
-    EXPECT_TRUE(waitUntil([&] { return reply->isFinished(); }));
+    EXPECT_TRUE(eventually([&] { return reply->isFinished(); }));
     EXPECT_EQ(reply->readAll(), "answer");
 }
 
-TEST_F(AdServerTest, StopsAtOnceWhateverTheClientsDo) {
+TEST_F(AdServerTest, StopEndsEveryKindOfConnectionAtOnce) {
     m_server.faults().set(QStringLiteral("/hang"), Fault::hang());
     m_server.faults().set(QStringLiteral("/slow"), Fault::delay(60000));
     m_server.faults().set(QStringLiteral("/huge"), Fault::huge(Q_INT64_C(1) << 40));
@@ -113,9 +113,9 @@ TEST_F(AdServerTest, StopsAtOnceWhateverTheClientsDo) {
     }
     QTcpSocket speaksNoTls;
     speaksNoTls.connectToHost(QStringLiteral("127.0.0.1"), RawClient::port(m_server));
-    ASSERT_TRUE(speaksNoTls.waitForConnected(patienceMs));
-    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/h*"), 2, patienceMs));
-    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/slow"), 1, patienceMs));
+    ASSERT_TRUE(speaksNoTls.waitForConnected(timeoutMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/h*"), 2, timeoutMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/slow"), 1, timeoutMs));
 
     const QString url = m_server.baseUrl();
     const quint16 port = RawClient::port(m_server);
@@ -131,7 +131,7 @@ TEST_F(AdServerTest, StopsAtOnceWhateverTheClientsDo) {
     EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
 }
 
-TEST(FaultsTest, ReadsTheCommandLineForm) {
+TEST(FaultsTest, FaultsAreReadFromTheirCommandLineForm) {
     Faults faults;
     EXPECT_TRUE(faults.setFromText(QStringLiteral("/a*=status:503:try: later")));
     const Fault status = faults.take(QStringLiteral("/abc")).fault;

@@ -3,7 +3,7 @@
 
 namespace velmora::test {
 
-TEST_F(AdServerTest, RecordsWhatArrivesByteForByte) {
+TEST_F(AdServerTest, RequestsAreRecordedByteForByte) {
     QByteArray body = QByteArray::fromRawData("\0\r\n\r\nGET /fake HTTP/1.1\r\n\xff", 26);
     body += QByteArray(40000, 'b');
     const QByteArray first = "POST /api/v1/banners?x=%20y HTTP/1.1\r\nhOsT:  127.0.0.1 \r\n"
@@ -13,10 +13,10 @@ TEST_F(AdServerTest, RecordsWhatArrivesByteForByte) {
                              QByteArray::number(body.size()) + "\r\n\r\n" + body;
     const QByteArray second = "GET /event/seen HTTP/1.1\r\nHost: x\r\n\r\n";
     RawClient client(m_server);
-    client.send(first + second); // the second right behind, on the same connection
+    client.send(first + second); // pipelined on one connection
     EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 200"));
 
-    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), 1, patienceMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), 1, timeoutMs));
     const QList<RecordedRequest> requests = m_server.log().requests();
     ASSERT_EQ(requests.size(), 2);
     EXPECT_EQ(requests[0].raw, first);
@@ -33,7 +33,7 @@ TEST_F(AdServerTest, RecordsWhatArrivesByteForByte) {
     EXPECT_FALSE(m_server.log().waitForCount(adPath, 1, 1));
 }
 
-TEST_F(AdServerTest, RefusesAndRecordsWhatItCannotRead) {
+TEST_F(AdServerTest, UnreadableRequestsAreRefusedAndRecorded) {
     const std::pair<QByteArray, QByteArray> cases[] = {
         {"GARBAGE\r\n\r\n", "HTTP/1.1 400"},
         {"POST /event HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n", "HTTP/1.1 411"},
@@ -44,12 +44,12 @@ TEST_F(AdServerTest, RefusesAndRecordsWhatItCannotRead) {
         RawClient client(m_server);
         client.send(sent);
         EXPECT_TRUE(client.receive().startsWith(answer)) << sent.constData();
-        ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("*"), 1, patienceMs));
+        ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("*"), 1, timeoutMs));
         EXPECT_EQ(m_server.log().requests().constFirst().raw, sent);
     }
 }
 
-TEST_F(AdServerTest, ServesTheCampaignFolderAsItChanges) {
+TEST_F(AdServerTest, EditsOfTheCampaignFolderShowAtOnce) {
     EXPECT_EQ(post(adPath).body, R"({"standard":[],"video":[]})");
 
     const QString file = m_folder.filePath(QStringLiteral("campaign.json"));
@@ -86,7 +86,7 @@ TEST_F(AdServerTest, ServesTheCampaignFolderAsItChanges) {
     EXPECT_EQ(post(QStringLiteral("/elsewhere")).status, 404);
 }
 
-TEST_F(AdServerTest, NothingOutsideTheFolderIsServed) {
+TEST_F(AdServerTest, NoFileOutsideTheCampaignFolderIsServed) {
     const QDir root(m_folder.path());
     ASSERT_TRUE(root.mkpath(QStringLiteral("campaign/sub")));
     ASSERT_TRUE(root.mkpath(QStringLiteral("campaign-other")));
@@ -113,7 +113,7 @@ TEST_F(AdServerTest, NothingOutsideTheFolderIsServed) {
     EXPECT_EQ(get(QStringLiteral("/in.gif")).body, "bytes"); // a link that stays inside
 }
 
-TEST_F(AdServerTest, LooksUpAppNames) {
+TEST_F(AdServerTest, LookUpsNameTheApps) {
     writeFile(m_folder.filePath(QStringLiteral("campaign.json")),
               R"({"lookup": {"1": "From file", "2": "Überschrieben"}})");
     m_server.campaign().setFolder(m_folder.path());
@@ -129,7 +129,7 @@ TEST_F(AdServerTest, LooksUpAppNames) {
     }
 }
 
-TEST_F(AdServerTest, CountsEventsArrivingTogether) {
+TEST_F(AdServerTest, EventsArrivingTogetherAreAllCounted) {
     const int clients = 4;
     const int each = 25;
     std::vector<std::thread> threads;
@@ -142,16 +142,16 @@ TEST_F(AdServerTest, CountsEventsArrivingTogether) {
             }
         });
     }
-    EXPECT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), clients * each, patienceMs));
+    EXPECT_TRUE(m_server.log().waitForCount(QStringLiteral("/event*"), clients * each, timeoutMs));
     for (std::thread &thread : threads) {
         thread.join();
     }
     EXPECT_EQ(m_server.log().count(), clients * each);
 }
 
-TEST_F(AdServerTest, SaysWhyItDoesNotStart) {
+TEST_F(AdServerTest, AFailedStartHasAReason) {
     AdServer other;
-    EXPECT_TRUE(other.start(RawClient::port(m_server)).isEmpty()); // never a shared port
+    EXPECT_TRUE(other.start(RawClient::port(m_server)).isEmpty()); // ports are not shared
     EXPECT_FALSE(other.errorString().isEmpty());
     other.setIdentity({"no certificate", "no key"});
     EXPECT_TRUE(other.start().isEmpty());
@@ -172,7 +172,7 @@ TEST_F(AdServerTest, ClientsRefuseBadCertificates) {
         m_server.stop();
         m_server.setIdentity(identity);
         ASSERT_FALSE(m_server.start().isEmpty());
-        m_client.clearConnectionCache(); // it remembers how a host and port was trusted
+        m_client.clearConnectionCache(); // it keeps the TLS settings of a host and port
     };
     for (const auto &[identity, name] : cases) {
         restartWith(identity);
@@ -180,14 +180,14 @@ TEST_F(AdServerTest, ClientsRefuseBadCertificates) {
             << name;
         EXPECT_EQ(m_server.log().count(), 0) << name;
     }
-    m_trusted += stranger.caPem(); // still the stranger's leaf, now trusted
+    m_trusted += stranger.caPem(); // the server still shows the stranger's leaf
     m_client.clearConnectionCache();
     EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
     restartWith(own.validLeaf());
     EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
 }
 
-TEST_F(AdServerTest, ReportsEachOutcome) {
+TEST_F(AdServerTest, TheObserverIsToldEveryOutcome) {
     m_server.stop();
     std::mutex mutex;
     QStringList seen;

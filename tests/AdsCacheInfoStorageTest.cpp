@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(AdsCacheInfoStorageTest, EachNewDistinctAdIsOnDiskForTheNextRun) {
+TEST_F(AdsCacheInfoStorageTest, EveryNewAdIsOnDiskForTheNextRun) {
     QJsonObject rich = QJsonDocument::fromJson(
                            R"({"banner_id": 9007199254740993, "priority": 2.5, "big": 1e300,
                                "updated": "\u044f", "nested": [null, true, {"a": -1}]})")
@@ -63,7 +63,7 @@ TEST_F(AdsCacheInfoStorageTest, AKnownAdIsNotWrittenAgain) {
     EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
 }
 
-TEST_F(AdsCacheInfoStorageTest, AFolderThatWasTakenAwayIsMadeAgain) {
+TEST_F(AdsCacheInfoStorageTest, ADeletedFolderIsCreatedAgain) {
     AdsCacheInfoStorage storage;
     storage.addBannerInfo(ad(1));
     ASSERT_EQ(onDisk().size(), 1);
@@ -72,7 +72,7 @@ TEST_F(AdsCacheInfoStorageTest, AFolderThatWasTakenAwayIsMadeAgain) {
     EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
 }
 
-TEST_F(AdsCacheInfoStorageTest, OtherKeysOfTheFileAreKept) {
+TEST_F(AdsCacheInfoStorageTest, OtherTopLevelKeysOfTheFileAreKept) {
     putTable({{QStringLiteral("later"), QJsonObject{{QStringLiteral("x"), 1}}},
               {kMainBannerKey, QJsonArray{ad(1)}}});
     AdsCacheInfoStorage storage;
@@ -82,14 +82,14 @@ TEST_F(AdsCacheInfoStorageTest, OtherKeysOfTheFileAreKept) {
               (QJsonObject{{QStringLiteral("x"), 1}}));
 }
 
-TEST_F(AdsCacheInfoStorageTest, ATornOrForeignFileStartsEmptyAndIsReplaced) {
+TEST_F(AdsCacheInfoStorageTest, AnUnreadableFileGivesAnEmptyTableAndIsReplaced) {
     const QByteArray whole =
         Archive::encode(QStringLiteral("savedAds"),
                         QCborMap{{kMainBannerKey, QCborValue::fromJsonValue(QJsonArray{ad(1)})}});
     const QList<QByteArray> files{
         {},
         whole.left(whole.size() / 2),
-        "bplist00 something foreign",
+        "bplist00 another format",
         QByteArray(1000, '\0'),
         Archive::encode(QStringLiteral("savedAds"), QStringLiteral("text")),
         Archive::encode(QStringLiteral("events"), QCborMap())};
@@ -102,7 +102,7 @@ TEST_F(AdsCacheInfoStorageTest, ATornOrForeignFileStartsEmptyAndIsReplaced) {
     }
 }
 
-TEST_F(AdsCacheInfoStorageTest, AFolderWithTheFilesNameCostsOnlyTheMemoryOfTheAds) {
+TEST_F(AdsCacheInfoStorageTest, WithAFolderOfTheFilesNameAdsAreKeptInMemoryOnly) {
     QDir().mkpath(cachesFolder() + QStringLiteral("/savedAds/inside"));
     AdsCacheInfoStorage storage;
     storage.addBannerInfo(ad(1));
@@ -111,8 +111,7 @@ TEST_F(AdsCacheInfoStorageTest, AFolderWithTheFilesNameCostsOnlyTheMemoryOfTheAd
     EXPECT_TRUE(QFileInfo(cachesFolder() + QStringLiteral("/savedAds/inside")).isDir());
 }
 
-// Several stores at once on one file, as several processes of one host have them.
-TEST_F(AdsCacheInfoStorageTest, AnotherProcessOnTheSameFolderLosesNothing) {
+TEST_F(AdsCacheInfoStorageTest, ProcessesThatWriteTheSameFileLoseNoAd) {
     if (qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
         const int first = qEnvironmentVariableIntValue("VELMORA_TEST_CHILD");
         AdsCacheInfoStorage storage;
@@ -126,9 +125,8 @@ TEST_F(AdsCacheInfoStorageTest, AnotherProcessOnTheSameFolderLosesNothing) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), QString::number(first));
         writer->setProcessEnvironment(environment);
-        writer->start(
-            QCoreApplication::applicationFilePath(),
-            {QStringLiteral("--gtest_filter=*AnotherProcessOnTheSameFolderLosesNothing")});
+        writer->start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("--gtest_filter=*ProcessesThatWriteTheSameFileLoseNoAd")});
         writers.push_back(std::move(writer));
     }
     for (const auto &writer : writers) {

@@ -47,7 +47,7 @@ TEST_F(AdsEventLoggerTest, AFailedEventIsQueuedAndSurvivesTheRun) {
     EXPECT_EQ(server.log().count(QStringLiteral("/event/1")), 1);
 }
 
-TEST_F(AdsEventLoggerTest, AConnectionThatTheServerClosedWhileIdleCostsNoEvent) {
+TEST_F(AdsEventLoggerTest, AnEventIsNotSentOnAConnectionThatTheServerHasClosed) {
     server.faults().set(QStringLiteral("/event/*"), Fault::stale());
     for (int i = 0; i < 5; ++i) {
         logger().logEventWithURL(event(i));
@@ -68,7 +68,7 @@ TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
     ASSERT_TRUE(eventually([&] { return received().size() == 4; }));
     QStringList paths = received();
     EXPECT_EQ(paths.takeFirst(), QStringLiteral("/event/0"));
-    // Under way at once, the three may arrive in any order.
+    // The three are sent together and arrive in any order.
     paths.sort();
     EXPECT_EQ(paths, (QStringList{QStringLiteral("/event/1"), QStringLiteral("/event/2"),
                                   QStringLiteral("/event/3")}));
@@ -76,7 +76,7 @@ TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
     EXPECT_EQ(server.log().requests(QStringLiteral("/event/1")).first().method, QByteArray("GET"));
 }
 
-TEST_F(AdsEventLoggerTest, AReplyCountsWhateverItsSize) {
+TEST_F(AdsEventLoggerTest, AReplyOfAnySizeCountsAsDelivered) {
     for (const Fault &fault : {Fault::huge(Q_INT64_C(1) << 40), Fault::truncated()}) {
         logger().addEventURL(event(1));
         handleEvents();
@@ -89,14 +89,14 @@ TEST_F(AdsEventLoggerTest, AReplyCountsWhateverItsSize) {
     }
 }
 
-TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingGoesToTheEndAndHoldsNothingUp) {
-    // On a port of its own, since a connection that breaks takes what waits for it with it.
+TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingDoesNotDelayTheOthers) {
+    // On another port, because a broken connection fails all requests that wait for it.
     const QUrl failing(QStringLiteral("https://127.0.0.1:1/event"));
     logger().addEventURL(failing);
     logger().addEventURL(event(2));
     handleEvents();
     logger().logEventWithURL(event(0));
-    // Successes: 0 and 2, each flushes the queue once.
+    // The deliveries of 0 and 2 each send the queue once more.
     ASSERT_TRUE(eventually([&] {
         return logger().eventStack() == QList<QUrl>{failing} &&
                server.log().count(QStringLiteral("/event/2")) == 1;
@@ -114,7 +114,7 @@ TEST_F(AdsEventLoggerTest, TheQueueIsStoredEvenWhenNothingIsAdded) {
     EXPECT_TRUE(logger().eventStack().isEmpty());
 }
 
-TEST_F(AdsEventLoggerTest, TheQueueOfALaterNameJoinsAndNothingIsSentTwice) {
+TEST_F(AdsEventLoggerTest, TheQueueStoredUnderALaterNameIsMergedAndMovesThere) {
     const HostName name;
     logger().addEventURL(event(1));
     handleEvents();
@@ -135,7 +135,7 @@ TEST_F(AdsEventLoggerTest, TheQueueOfALaterNameJoinsAndNothingIsSentTwice) {
     restartProcess();
     HostName::set(QStringLiteral("host"));
     EXPECT_TRUE(logger().eventStack().isEmpty());
-    // A run that ends before it has an event takes the queue along, too.
+    // It also moves when the run ends before the next event.
     logger().addEventURL(event(4));
     handleEvents();
     HostName::set(QStringLiteral("later"));
@@ -146,9 +146,9 @@ TEST_F(AdsEventLoggerTest, TheQueueOfALaterNameJoinsAndNothingIsSentTwice) {
     handleEvents();
 }
 
-TEST_F(AdsEventLoggerTest, ForeignQueuesStartEmptyAndWhatIsNotOnTheWebIsNeverSent) {
+TEST_F(AdsEventLoggerTest, UnreadableQueuesCountAsEmptyAndOnlyWebAddressesAreSent) {
     for (const QVariant &value :
-         {QVariant(QByteArray("bplist00foreign")), QVariant(QStringLiteral("text")), QVariant(5),
+         {QVariant(QByteArray("bplist00another")), QVariant(QStringLiteral("text")), QVariant(5),
           QVariant(AdsEventLogger::archived({event(1)}).chopped(3))}) {
         restartProcess();
         VLMSetObjForKey(value, QStringLiteral("eventStackData"));
@@ -184,7 +184,7 @@ TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
     QElapsedTimer clock;
     clock.start();
     logger().logEventWithURL(event(0));
-    // Each of them is refused by a closed port and comes back.
+    // The closed port refuses every one, so that each is queued again.
     ASSERT_TRUE(eventually([] { return logger().eventStack().size() < 5'000; }, 60'000));
     ASSERT_TRUE(eventually([] { return logger().eventStack().size() == 10'000; }, 60'000));
     RecordProperty("milliseconds", int(clock.elapsed()));

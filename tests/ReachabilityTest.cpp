@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MachineIdentifier.h"
-#include "tests/support/NetworkOfOurOwn.h"
+#include "tests/support/NetworkNamespace.h"
 
 namespace velmora::test {
 
-TEST(Reachability, DerivesItsAnswersFromTheFlags) {
+TEST(ReachabilityTest, QueriesFollowTheFlags) {
     struct Row {
         ReachabilityFlags flags;
         bool isReachable;
@@ -34,7 +34,7 @@ TEST(Reachability, DerivesItsAnswersFromTheFlags) {
     }
 }
 
-TEST(Reachability, TakesAddressAndPortFromUrl) {
+TEST(ReachabilityTest, AUrlsAddressAndPortAreWatchedAndBadTargetsRefused) {
     struct Row {
         const char *url;
         const char *host;
@@ -62,7 +62,7 @@ TEST(Reachability, TakesAddressAndPortFromUrl) {
     EXPECT_FALSE(Reachability::reachabilityWithHostname(QStringLiteral("a") + QChar::Null));
 }
 
-TEST(Reachability, NotifierKeepsItsMonitorAlive) {
+TEST(ReachabilityTest, AStartedMonitorKeepsItselfAlive) {
     auto monitor = Reachability::reachabilityWithAddress(QStringLiteral("127.0.0.1"));
     ASSERT_TRUE(monitor);
     const std::weak_ptr<Reachability> weak = monitor;
@@ -78,7 +78,7 @@ TEST(Reachability, NotifierKeepsItsMonitorAlive) {
     EXPECT_EQ(idle.use_count(), 1);
 }
 
-TEST(SystemIdentity, IsUuidText) {
+TEST(SystemUuidTest, TheMachineIdentifierIsUpperCaseUuidText) {
     EXPECT_EQ(MachineIdentifier::uuidText("3d1219c7c4c5404aaa1f6d2a48adfda4\n"),
               QStringLiteral("3D1219C7-C4C5-404A-AA1F-6D2A48ADFDA4"));
     EXPECT_EQ(MachineIdentifier::uuidText("3d1219c7-c4c5-404a-aa1f-6d2a48adfda4"),

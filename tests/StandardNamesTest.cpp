@@ -10,7 +10,7 @@
 
 namespace velmora::test {
 
-TEST(StandardNamesTest, TheFirstPreferredLanguageWithATranslationWins) {
+TEST(StandardNamesTest, TheFirstPreferredLanguageWithATranslationIsUsed) {
     const struct {
         QStringList preferred;
         const char *folder;
@@ -45,7 +45,7 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(StringsFileTest, WellFormedLinesAreReadInEitherByteOrder) {
+TEST_F(StringsFileTest, LinesAreReadInEitherByteOrder) {
     const QString text = QStringLiteral("/* a comment */\n\n"
                                         "\"A\" = \"x\";\n"
                                         "\"RemoveAdsText\" = \"Убрать рекламу\";\n"
@@ -63,7 +63,7 @@ TEST_F(StringsFileTest, WellFormedLinesAreReadInEitherByteOrder) {
     }
 }
 
-TEST_F(StringsFileTest, OtherLinesAreSkippedWithoutHarm) {
+TEST_F(StringsFileTest, MalformedLinesAndFilesAreSkipped) {
     for (const char *line : {"\"A\" = \"x = \"y\";", "A = \"x\";", "\" = \"x\";", "\"A\" = \";",
                              "= \"", "\"A\" = \"", "\"A\"=\"x\";", "\"A\" = x;"})
         EXPECT_TRUE(parsed(utf16(QLatin1String(line), QStringConverter::Utf16LE)).isEmpty())

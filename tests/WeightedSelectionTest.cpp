@@ -36,7 +36,7 @@ TEST(WeightedSelectionTest, FrequenciesFollowTheWeights) {
     for (int i = 0; i < Draws; ++i)
         ++counts[drawn(ads)];
     for (const auto &[name, share] : {std::pair{"a", 1 / 6.0}, {"b", 2 / 6.0}, {"c", 3 / 6.0}}) {
-        // Five standard deviations: one run in a million would be further off.
+        // Five standard deviations: a correct draw exceeds them with about one seed in a million.
         const double allowed = 5 * std::sqrt(Draws * share * (1 - share));
         EXPECT_NEAR(counts[name], Draws * share, allowed) << name;
     }
@@ -55,14 +55,14 @@ TEST(WeightedSelectionTest, IntervalsAreHalfOpenInOrder) {
     EXPECT_EQ(drawn(ads), expected[0xffffffffu % 5]);
 }
 
-TEST(WeightedSelectionTest, TheAdOnScreenIsOutWhileThereIsAnother) {
+TEST(WeightedSelectionTest, TheExcludedAdIsDrawnOnlyWhenItIsTheOnlyOne) {
     FixedRandom random(0);
     const QJsonObject current = ad("a", 1);
     EXPECT_EQ(drawn({current, ad("b", 1)}, current), "b");
     EXPECT_EQ(drawn({current, current, ad("b", 1)}, current), "b");
     EXPECT_EQ(drawn({current}, current), "a");
     EXPECT_EQ(drawn({current, ad("b", 1)}, ad("a", 2)), "a");
-    // Nothing is left when every candidate is the one on screen.
+    // With several copies of it and no other ad, nothing is drawn.
     EXPECT_EQ(drawn({current, current}, current), "nothing");
 }
 
@@ -75,7 +75,7 @@ TEST(WeightedSelectionTest, WeightsPairWithAdsByPosition) {
 }
 
 TEST(WeightedSelectionTest, FractionsRoundHalfAwayFromZero) {
-    // The total of two halves is 1 and the first interval is already full with it.
+    // 0.5 + 0.5 = 1 in total, and the first interval is 1 long already.
     FixedRandom random(0);
     EXPECT_EQ(drawn({ad("a", 0.5), ad("b", 0.5)}), "a");
     // 2.5 + 2.5 = 5 in total, but each interval is 3 long.
@@ -83,12 +83,12 @@ TEST(WeightedSelectionTest, FractionsRoundHalfAwayFromZero) {
         random.set(number);
         EXPECT_EQ(drawn({ad("a", 2.5), ad("b", 2.5)}), number < 3 ? "a" : "b") << number;
     }
-    // 3 x 1.4 = 4.2 makes 4 in total with intervals of 1: the draw may fall past the last.
+    // 3 x 1.4 = 4.2 is 4 in total, but the intervals of length 1 end at 3.
     random.set(3);
     EXPECT_EQ(drawn({ad("a", 1.4), ad("b", 1.4), ad("c", 1.4)}), "nothing");
 }
 
-TEST(WeightedSelectionTest, NothingComesOfATotalOfZeroOrLess) {
+TEST(WeightedSelectionTest, ATotalOfZeroOrLessDrawsNothing) {
     FixedRandom random(7);
     for (const QJsonArray &ads :
          {QJsonArray{}, QJsonArray{ad("a")}, QJsonArray{ad("a", 0), ad("b", 0)},
@@ -96,9 +96,9 @@ TEST(WeightedSelectionTest, NothingComesOfATotalOfZeroOrLess) {
           QJsonArray{ad("a", QStringLiteral("heavy"))}, QJsonArray{ad("a", QStringLiteral("inf"))},
           QJsonArray{ad("a", QStringLiteral("nan"))}})
         EXPECT_EQ(drawn(ads), "nothing");
-    // A negative weight pulls the later intervals down: [0,-2), [-2,3) of a total of 3.
+    // A negative weight moves the later intervals down: [0,-2), [-2,3) of a total of 3.
     EXPECT_EQ(drawn({ad("a", -2), ad("b", 5)}), "b");
-    // Absurd weights stay defined.
+    // Weights far beyond any integer.
     EXPECT_EQ(drawn({ad("a", 1e300), ad("b", 1e300)}), "a");
     QJsonArray many;
     for (int i = 0; i < 20'000; ++i)

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "adserver/AdServer.h"
+#include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QEventLoop>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QTimer>
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkReply>
 #include <QtNetwork/QSslConfiguration>
@@ -31,7 +30,7 @@ namespace velmora::test {
 
 using namespace velmora::adserver;
 
-constexpr int patienceMs = 10000;
+constexpr int timeoutMs = 10000;
 
 inline const QString adPath = QStringLiteral("/api/v1/banners");
 
@@ -47,7 +46,7 @@ inline void writeFile(const QString &path, const QByteArray &bytes) {
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-// A TLS client that sends bytes as they are given, where the access manager would tidy them up.
+/// A TLS client that sends exactly the given bytes; QNetworkAccessManager would normalise them.
 class RawClient {
 public:
     explicit RawClient(const AdServer &server) {
@@ -55,7 +54,7 @@ public:
         configuration.setCaCertificates(QSslCertificate::fromData(server.caPem()));
         m_socket.setSslConfiguration(configuration);
         m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port(server));
-        EXPECT_TRUE(m_socket.waitForEncrypted(patienceMs)) << qPrintable(m_socket.errorString());
+        EXPECT_TRUE(m_socket.waitForEncrypted(timeoutMs)) << qPrintable(m_socket.errorString());
     }
 
     static quint16 port(const AdServer &server) {
@@ -65,16 +64,16 @@ public:
     void send(const QByteArray &bytes) {
         m_socket.write(bytes);
         m_socket.flush();
-        while (m_socket.encryptedBytesToWrite() > 0 && m_socket.waitForBytesWritten(patienceMs)) {
+        while (m_socket.encryptedBytesToWrite() > 0 && m_socket.waitForBytesWritten(timeoutMs)) {
         }
     }
 
-    // The head of the next answer; its body too when it declares a length.
+    /// The head of the next response, and the body if the head declares its length.
     QByteArray receive() {
         QByteArray bytes;
         qsizetype wanted = -1;
         while (wanted < 0 || bytes.size() < wanted) {
-            if (m_socket.bytesAvailable() == 0 && !m_socket.waitForReadyRead(patienceMs)) {
+            if (m_socket.bytesAvailable() == 0 && !m_socket.waitForReadyRead(timeoutMs)) {
                 break;
             }
             bytes += m_socket.readAll();
@@ -87,13 +86,14 @@ public:
         return bytes;
     }
 
-    // How the connection ends, below TLS: 0 for an orderly close, otherwise the error.
+    /// Waits until the server ends the TCP connection: 0 when it was closed in good order,
+    /// otherwise the error.
     int waitForEnd() {
         const int descriptor = static_cast<int>(m_socket.socketDescriptor());
         char rest[4096];
         for (;;) {
             pollfd entry{descriptor, POLLIN, 0};
-            if (::poll(&entry, 1, patienceMs) <= 0) {
+            if (::poll(&entry, 1, timeoutMs) <= 0) {
                 return ETIMEDOUT;
             }
             const ssize_t got = ::recv(descriptor, rest, sizeof rest, 0);
@@ -107,7 +107,7 @@ private:
     QSslSocket m_socket;
 };
 
-/// A running ad server and a client that trusts it.
+/// A running ad server and a client that trusts its certificate authority.
 class AdServerTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -121,17 +121,13 @@ protected:
         configuration.setCaCertificates(QSslCertificate::fromData(m_trusted));
         request.setSslConfiguration(configuration);
         request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArray("text/plain"));
-        request.setTransferTimeout(patienceMs);
+        request.setTransferTimeout(timeoutMs);
         return request;
     }
 
     static Result finish(QNetworkReply *reply) {
         const std::unique_ptr<QNetworkReply> owner(reply);
-        QEventLoop loop;
-        QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-        if (!reply->isFinished()) {
-            loop.exec();
-        }
+        EXPECT_TRUE(eventually([reply] { return reply->isFinished(); }));
         return {reply->error(), reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
                 reply->isOpen() ? reply->readAll() : QByteArray()};
     }
@@ -139,18 +135,6 @@ protected:
     Result get(const QString &path) { return finish(m_client.get(requestFor(path))); }
     Result post(const QString &path, const QByteArray &body = "{}") {
         return finish(m_client.post(requestFor(path), body));
-    }
-
-    // Runs the event loop until the condition holds.
-    static bool waitUntil(const std::function<bool()> &condition) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!condition() && timer.elapsed() < patienceMs) {
-            QEventLoop loop;
-            QTimer::singleShot(5, &loop, &QEventLoop::quit);
-            loop.exec();
-        }
-        return condition();
     }
 
     AdServer m_server;

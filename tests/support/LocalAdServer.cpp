@@ -21,6 +21,12 @@ Deployment LocalAdServer::deployment() const {
     return values;
 }
 
+void LocalAdServer::goOffline() {
+    Deployment values = deployment();
+    values.reachabilityProbe = QStringLiteral("none"); // not an address, so never reachable
+    useDeployment(values);
+}
+
 QJsonObject LocalAdServer::banner(const QString &name, double priority) {
     const QString path = QStringLiteral("/media/%1.gif").arg(name);
     server.campaign().setMedia(path, gif({Qt::red, Qt::blue}));
@@ -45,11 +51,8 @@ QJsonObject LocalAdServer::video(const QString &name, double priority) {
 }
 
 void LocalAdServer::serve(const QJsonArray &banners, const QJsonArray &videos) {
-    serveTable(
-        QJsonObject{{QStringLiteral("standard"), banners}, {QStringLiteral("video"), videos}});
-}
-
-void LocalAdServer::serveTable(const QJsonObject &table) {
+    const QJsonObject table{{QStringLiteral("standard"), banners},
+                            {QStringLiteral("video"), videos}};
     server.campaign().setReply(QJsonDocument(table).toJson(QJsonDocument::Compact));
 }
 

@@ -8,22 +8,25 @@
 
 namespace velmora::test {
 
-/// A fresh process whose deployment points to a real ad server on loopback, whose authority it
-/// trusts.
+/// A fresh process with an ad server of its own on the loopback interface, whose certificate
+/// authority it trusts.
 class LocalAdServer : public FreshProcess {
 protected:
     LocalAdServer();
 
-    /// The deployment that finds the server.
+    /// The deployment values that lead to the server.
     Deployment deployment() const;
 
-    /// A banner ad whose picture the server holds as "/media/NAME.gif".
+    /// Makes the internet unreachable for the framework; useDeployment(deployment()) undoes it.
+    void goOffline();
+
+    /// A banner ad; the server serves its picture as "/media/NAME.gif".
     QJsonObject banner(const QString &name, double priority = 1);
-    /// A video ad; the server holds some bytes as its video and its still.
+    /// A video ad; the server serves a few bytes as its video ("/media/NAME.mp4") and its still
+    /// ("/media/NAME.png").
     QJsonObject video(const QString &name, double priority = 1);
-    /// Serves these placements as the reply.
+    /// Sets the reply to the ad request.
     void serve(const QJsonArray &banners, const QJsonArray &videos = {});
-    void serveTable(const QJsonObject &table);
 
     adserver::AdServer server;
     QString baseUrl;

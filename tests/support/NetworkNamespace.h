@@ -13,7 +13,6 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryFile>
@@ -41,8 +40,8 @@ inline ReachabilityFlags query(const char *address) {
     return RouteMonitor::query(QHostAddress(QLatin1String(address)));
 }
 
-// What a monitor reported. The watching thread may still be inside a callback when the monitor has
-// stopped and the test is over, so that the callbacks share these counts.
+/// What a monitor's callbacks were called with. Shared with the callbacks, because the watching
+/// thread may still run one after the monitor was stopped and the test has ended.
 struct Reports {
     std::atomic<int> reachable = 0;
     std::atomic<int> unreachable = 0;
@@ -51,6 +50,7 @@ struct Reports {
     std::atomic<bool> cameOnMainThread = false;
 };
 
+/// Counts a monitor's callbacks and notifications and checks their threads.
 struct Recorder {
     explicit Recorder(Reachability &monitor)
         : observation(NotificationCenter::defaultCenter().addObserver(
@@ -59,10 +59,10 @@ struct Recorder {
                   EXPECT_TRUE(MainQueue::isMainThread());
                   ++notified;
               })) {
-        const auto count = [](Reports &to, std::atomic<int> Reports::*counter) {
+        const auto count = [](Reports &counts, std::atomic<int> Reports::*counter) {
             if (MainQueue::isMainThread())
-                to.cameOnMainThread = true;
-            ++(to.*counter);
+                counts.cameOnMainThread = true;
+            ++(counts.*counter);
         };
         monitor.reachableBlock = [count, reports = reports](Reachability *) {
             count(*reports, &Reports::reachable);
@@ -84,7 +84,7 @@ struct Recorder {
     NotificationCenter::Observation observation;
 };
 
-// How often the threads that watch routes were woken so far; -1 while there is none.
+/// How often the threads that watch routes have been woken; -1 while there is no such thread.
 inline int watcherWakeUps() {
     int sum = -1;
     for (const QString &thread : QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs)) {
@@ -99,8 +99,9 @@ inline int watcherWakeUps() {
     return sum;
 }
 
-// A test that changes real routes. It runs in a child process with a network of its own.
-class NetworkOfOurOwn : public testing::Test {
+/// A test that changes real routes. Each test runs itself once more in a child process, which has a
+/// network namespace of its own: the test's body is for isInside().
+class NetworkNamespaceTest : public testing::Test {
 protected:
     static bool isInside() { return qEnvironmentVariableIsSet(insideVariable); }
 
@@ -109,7 +110,7 @@ protected:
             return;
         ip("link set lo up");
         ip("link add near type veth peer name far");
-        // No addresses that come late and hide a change that went unseen.
+        // The kernel would add link-local addresses late, and these changes would hide missed ones.
         ip("link set near addrgenmode none");
         ip("link set far addrgenmode none");
         ip("addr add 10.9.0.1/24 dev near");
@@ -119,7 +120,7 @@ protected:
         ASSERT_TRUE(eventually([] { return query("10.9.0.2") & ReachabilityFlagReachable; }));
     }
 
-    // Runs this very test inside.
+    /// Runs the current test in a network namespace.
     static void runInside() {
         if (!run("unshare -rnm ip link >/dev/null 2>&1"))
             GTEST_SKIP() << "no network namespaces here (unshare -rnm, ip)";
@@ -132,8 +133,8 @@ protected:
         EXPECT_TRUE(run(command.toLocal8Bit()));
     }
 
-    // Not QProcess: its child shares the memory for a moment, which confuses the thread
-    // sanitizer about everything that this thread does later.
+    // Not QProcess: its child shares the parent's memory until it runs the program, and the thread
+    // sanitizer then misjudges whatever this thread does later.
     static bool run(const QByteArray &command) {
         return std::system("PATH=$PATH:/usr/sbin:/sbin; " + command) == 0;
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/support/NetworkOfOurOwn.h"
+#include "tests/support/NetworkNamespace.h"
 
 namespace velmora::test {
 
-TEST_F(NetworkOfOurOwn, IsReadAtAnyMoment) {
+TEST_F(NetworkNamespaceTest, QueriesFollowRoutesLinksAndAddresses) {
     if (!isInside())
         return runInside();
     EXPECT_EQ(query("127.0.0.1"), ReachabilityFlagReachable | ReachabilityFlagIsLocalAddress |
@@ -56,7 +56,7 @@ TEST_F(NetworkOfOurOwn, IsReadAtAnyMoment) {
     EXPECT_EQ(query("0.0.0.0"), 0u);
 }
 
-TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
+TEST_F(NetworkNamespaceTest, EveryChangeIsReportedOnceToEachMonitor) {
     if (!isInside())
         return runInside();
     const auto internet = Reachability::reachabilityForInternetConnection();
@@ -91,7 +91,7 @@ TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
     int internetChanges = 0;
     int neighbourChanges = 0;
     for (const Row &row : rows) {
-        // The route to an unreachable gateway stays in force, and so does the default by it.
+        // A default route through a gateway that is unreachable counts as reachable.
         const bool internetAfter =
             QLatin1String(row.command) == QLatin1String("route add unreachable 10.9.0.2")
                 ? internetBefore
@@ -116,7 +116,7 @@ TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
     EXPECT_EQ(ofInternet.reports->reachable + ofInternet.reports->unreachable, internetChanges);
     EXPECT_EQ(ofNeighbour.reports->reachable + ofNeighbour.reports->unreachable, neighbourChanges);
 
-    // While nothing changes nobody wakes up.
+    // The watching thread sleeps while nothing changes.
     EXPECT_GE(watcherWakeUps(), 2);
     EXPECT_TRUE(eventually([] {
         const int before = watcherWakeUps();
@@ -128,7 +128,7 @@ TEST_F(NetworkOfOurOwn, ReportsItsChanges) {
     EXPECT_TRUE(eventually([] { return watcherWakeUps() == -1; }));
 }
 
-TEST_F(NetworkOfOurOwn, KnowsPointToPointLinks) {
+TEST_F(NetworkNamespaceTest, APointToPointLinkIsReachableOnceItsDeviceIsOpen) {
     if (!isInside())
         return runInside();
     if (!tryIp("tuntap add dev tunnel mode tun"))
@@ -137,11 +137,11 @@ TEST_F(NetworkOfOurOwn, KnowsPointToPointLinks) {
     ip("link set tunnel addrgenmode none");
     ip("link set tunnel up");
     ip("route add default dev tunnel");
-    const ReachabilityFlags unheld = ReachabilityFlagReachable |
-                                     ReachabilityFlagTransientConnection |
-                                     ReachabilityFlagConnectionRequired | ReachabilityFlagIsDirect;
-    EXPECT_EQ(query("10.7.0.2"), unheld);
-    EXPECT_EQ(query("0.0.0.0"), unheld);
+    const ReachabilityFlags unopened =
+        ReachabilityFlagReachable | ReachabilityFlagTransientConnection |
+        ReachabilityFlagConnectionRequired | ReachabilityFlagIsDirect;
+    EXPECT_EQ(query("10.7.0.2"), unopened);
+    EXPECT_EQ(query("0.0.0.0"), unopened);
     EXPECT_FALSE(AdsMacHelper::isInternetConnection());
     const auto internet = Reachability::reachabilityForInternetConnection();
     EXPECT_TRUE(internet->connectionRequired() && internet->isConnectionRequired());
@@ -151,23 +151,23 @@ TEST_F(NetworkOfOurOwn, KnowsPointToPointLinks) {
     Recorder recorder(*internet);
     ASSERT_TRUE(internet->startNotifier());
 
-    const int holder = open("/dev/net/tun", O_RDWR | O_CLOEXEC);
+    const int device = open("/dev/net/tun", O_RDWR | O_CLOEXEC);
     ifreq request{};
     qstrncpy(request.ifr_name, "tunnel", sizeof request.ifr_name);
     request.ifr_flags = IFF_TUN;
-    ASSERT_EQ(ioctl(holder, TUNSETIFF, &request), 0);
+    ASSERT_EQ(ioctl(device, TUNSETIFF, &request), 0);
     EXPECT_TRUE(eventually([&] { return recorder.reports->all == 1; }));
     EXPECT_EQ(recorder.reports->reachable, 1);
     EXPECT_EQ(recorder.reports->last, ReachabilityFlagReachable |
                                           ReachabilityFlagTransientConnection |
                                           ReachabilityFlagIsDirect);
     EXPECT_TRUE(AdsMacHelper::isInternetConnection());
-    close(holder);
+    close(device);
     EXPECT_TRUE(eventually([&] { return recorder.reports->unreachable == 1; }));
     internet->stopNotifier();
 }
 
-TEST_F(NetworkOfOurOwn, FollowsHostNames) {
+TEST_F(NetworkNamespaceTest, AMonitorOfAHostNameFollowsItsAddress) {
     if (!isInside())
         return runInside();
     QTemporaryFile hosts;
@@ -189,13 +189,13 @@ TEST_F(NetworkOfOurOwn, FollowsHostNames) {
     ASSERT_TRUE(monitor->startNotifier());
     ip("link set far down");
     EXPECT_TRUE(eventually([&] { return recorder.reports->unreachable == 1; }));
-    setAddress("192.0.2.1"); // which only the default route leads to
+    setAddress("192.0.2.1"); // only the default route leads there
     ip("link set far up");
     ip("route add default via 10.9.0.2");
     EXPECT_TRUE(eventually([&] { return recorder.reports->last == ReachabilityFlagReachable; }));
     monitor->stopNotifier();
 
-    // Nobody answers this look-up; destroying its monitor does not wait for it either.
+    // This look-up gets no answer here, and destroying the monitor does not wait for it.
     auto unknown = Reachability::reachabilityWithHostName(QStringLiteral("host.invalid"));
     ASSERT_TRUE(unknown && unknown->startNotifier());
     EXPECT_FALSE(unknown->isReachable());
@@ -203,7 +203,7 @@ TEST_F(NetworkOfOurOwn, FollowsHostNames) {
     unknown.reset();
 }
 
-TEST_F(NetworkOfOurOwn, ToleratesAMonitorThatGoesInItsCallback) {
+TEST_F(NetworkNamespaceTest, AMonitorMayDestroyItselfInItsCallback) {
     if (!isInside())
         return runInside();
     auto monitor = Reachability::reachabilityForInternetConnection();
@@ -216,7 +216,7 @@ TEST_F(NetworkOfOurOwn, ToleratesAMonitorThatGoesInItsCallback) {
     EXPECT_TRUE(eventually([&] { return weak.expired() && captured.use_count() == 1; }));
 }
 
-TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
+TEST_F(NetworkNamespaceTest, ThreadsMayStartAndStopMonitorsAtOnce) {
     if (!isInside())
         return runInside();
     std::atomic<bool> done = false;
@@ -243,7 +243,8 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
     EXPECT_TRUE(eventually([&] {
         for (const char *change : {"route add default via 10.9.0.2", "route del default"}) {
             tryIp(change);
-            std::this_thread::sleep_for(std::chrono::milliseconds(40)); // longer than the settling
+            std::this_thread::sleep_for(
+                std::chrono::milliseconds(40)); // changes closer together count as one
         }
         return reports > 10;
     }));
@@ -253,9 +254,9 @@ TEST_F(NetworkOfOurOwn, ToleratesThreadsThatStartAndStop) {
     EXPECT_TRUE(eventually([] { return watcherWakeUps() == -1; }));
 }
 
-TEST_F(NetworkOfOurOwn, SaysWhenItCannotBeWatched) {
+TEST_F(NetworkNamespaceTest, WithoutDescriptorsStartNotifierReturnsFalse) {
 #ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer needs descriptors itself";
+    GTEST_SKIP() << "the sanitizer needs file descriptors itself";
 #endif
     if (!isInside())
         return runInside();
@@ -263,7 +264,7 @@ TEST_F(NetworkOfOurOwn, SaysWhenItCannotBeWatched) {
     rlimit before{};
     getrlimit(RLIMIT_NOFILE, &before);
     rlimit none = before;
-    none.rlim_cur = 3; // the standard ones
+    none.rlim_cur = 3; // standard input, output and error only
     setrlimit(RLIMIT_NOFILE, &none);
     EXPECT_FALSE(monitor->startNotifier());
     EXPECT_FALSE(monitor->isReachable());

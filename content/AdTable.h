@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "AdsCacheInfoStorage.h"
+#include "UrlSession.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace velmora {
+
+/// The ad table: which banner and video ads there are. It is requested from the ad server once a
+/// process run; until the reply arrives, and whenever the machine is offline, the ads that earlier
+/// runs cached take its place. Main thread only.
+class AdTable : public std::enable_shared_from_this<AdTable> {
+public:
+    using Completion = std::function<void()>;
+
+    /// The ad request's body: JSON on one line, with the host's ad identifier.
+    static QString requestBody();
+
+    /// Loads the table. The completion means that ads may be drawn now. It is called inside this
+    /// call when the cached ads suffice or the machine is offline, otherwise when the reply, of
+    /// whatever kind, is there. While the request runs, and once it has ended, this does nothing.
+    void load(const Completion &completion);
+
+    /// The table that ads are drawn from: the cached ads while offline, else the reply, or nothing
+    /// when the reply was unusable.
+    std::optional<QJsonObject> current();
+    /// Takes the place of the reply.
+    void setReply(std::optional<QJsonObject> table) { m_reply = std::move(table); }
+
+    /// Draws one usable ad of a placement by weight.
+    /// @param excluded an ad that is drawn only when the placement has no other; may be empty
+    std::optional<QJsonObject> draw(const QString &placementKey, const QJsonObject &excluded = {});
+
+    /// The request of this run has ended, in whatever way.
+    bool hasReply() const { return m_hasReply; }
+    /// At the last load() the cached ads held both placements.
+    bool isCacheComplete() const { return m_isCacheComplete; }
+    /// A completion has been called, and no later load() will call one.
+    bool isSettled() const;
+
+    /// The ads whose media are cached.
+    AdsCacheInfoStorage &cacheStorage() { return m_cacheStorage; }
+
+private:
+    void request(const Completion &completion);
+    void takeReply(const UrlResponse &response, const Completion &completion);
+
+    AdsCacheInfoStorage m_cacheStorage;
+    std::optional<QJsonObject> m_reply;
+    UrlTaskPtr m_task;
+    bool m_hasReply = false;
+    bool m_isCacheComplete = false;
+};
+
+} // namespace velmora

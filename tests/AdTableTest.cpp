@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "AdTable.h"
+#include "AdKeys.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/TestRandom.h"
+#include "tests/support/Waiting.h"
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class AdTableTest : public LocalAdServer {
+protected:
+    /// Begins the next process run with a table that has not been loaded.
+    void startRun() {
+        table.reset();
+        restartProcess();
+        server.log().clear();
+        table = std::make_shared<AdTable>();
+    }
+
+    /// Begins the next process run with these ads cached.
+    void startRunWithCache(const QJsonArray &banners, const QJsonArray &videos) {
+        for (const QJsonValue &ad : banners)
+            table->cacheStorage().addBannerInfo(ad.toObject());
+        for (const QJsonValue &ad : videos)
+            table->cacheStorage().addVideoInfo(ad.toObject());
+        startRun();
+    }
+
+    /// Loads the table and waits for the reply. Returns how often the completion was called.
+    int loadAndWait() {
+        int called = 0;
+        table->load([&] { ++called; });
+        EXPECT_TRUE(eventually([this] { return table->hasReply(); }));
+        return called;
+    }
+
+    QString firstBanner() {
+        const auto current = table->current();
+        const QJsonArray ads = current ? current->value(kMainBannerKey).toArray() : QJsonArray();
+        return ads.first().toObject().value(kBannerName).toString();
+    }
+
+    std::shared_ptr<AdTable> table = std::make_shared<AdTable>();
+    SeededRandom random{11};
+};
+
+TEST_F(AdTableTest, OneRunSendsOneRequestWithExactlyThisBody) {
+    serve({banner(QStringLiteral("one"))});
+    EXPECT_EQ(loadAndWait(), 1);
+    const auto received = server.log().requests(TablePath);
+    ASSERT_EQ(received.size(), 1);
+    const QByteArray body = "{\"inner_id\" : \"mac.000000.mac-store\",\"language\" : \"EN\","
+                            "\"placements\" : [ \"standard\",\"video\" ]}";
+    EXPECT_EQ(received.first().body, body);
+    EXPECT_EQ(received.first().header("Content-Length"), QByteArray::number(body.size()));
+    EXPECT_TRUE(received.first().header("Content-Type").isEmpty());
+
+    int called = 0;
+    table->load([&] { ++called; });
+    quietly(50);
+    EXPECT_EQ(called, 0);
+    EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
+TEST_F(AdTableTest, ASecondCallWhileTheRequestRunsDoesNothing) {
+    server.faults().set(TablePath, Fault::delay(150));
+    int first = 0;
+    int second = 0;
+    table->load([&] { ++first; });
+    table->load([&] { ++second; });
+    ASSERT_TRUE(eventually([&] { return first == 1; }));
+    quietly(50);
+    EXPECT_EQ(second, 0);
+    EXPECT_EQ(server.log().count(TablePath), 1);
+}
+
+TEST_F(AdTableTest, ABrokenConnectionDoesNotRepeatTheRequest) {
+    for (const Fault &fault : {Fault::reset(), Fault::close()}) {
+        startRun();
+        server.faults().set(TablePath, fault);
+        EXPECT_EQ(loadAndWait(), 1);
+        quietly(50);
+        EXPECT_EQ(server.log().count(TablePath), 1);
+        EXPECT_FALSE(table->current());
+    }
+}
+
+TEST_F(AdTableTest, WithACompleteCacheTheCompletionIsCalledAtOnceAndNotForTheReply) {
+    startRunWithCache({banner(QStringLiteral("old"))}, {video(QStringLiteral("v"))});
+    serve({banner(QStringLiteral("new"))}, {});
+    int called = 0;
+    EXPECT_FALSE(table->isSettled());
+    table->load([&] { ++called; });
+    EXPECT_EQ(called, 1);
+    EXPECT_TRUE(table->isCacheComplete());
+    EXPECT_TRUE(table->isSettled());
+    EXPECT_EQ(firstBanner(), QStringLiteral("old"));
+    ASSERT_TRUE(eventually([this] { return table->hasReply(); }));
+    EXPECT_EQ(called, 1);
+    EXPECT_EQ(firstBanner(), QStringLiteral("new"));
+}
+
+TEST_F(AdTableTest, WithAnIncompleteCacheTheCompletionWaitsForTheReplyUnlessOffline) {
+    const QJsonArray cached{banner(QStringLiteral("old"))};
+    startRunWithCache(cached, {});
+    int called = 0;
+    table->load([&] { ++called; });
+    EXPECT_EQ(called, 0);
+    EXPECT_FALSE(table->isSettled());
+    ASSERT_TRUE(eventually([&] { return called == 1; }));
+    EXPECT_TRUE(table->isSettled());
+
+    startRun();
+    goOffline();
+    called = 0;
+    table->load([&] { ++called; });
+    EXPECT_EQ(called, 1);
+    EXPECT_EQ(table->draw(kMainBannerKey), cached.first().toObject());
+    quietly(50);
+    EXPECT_EQ(server.log().count(TablePath), 0);
+}
+
+TEST_F(AdTableTest, WhileOfflineAdsComeFromTheCacheAndOtherwiseFromTheReply) {
+    startRunWithCache({banner(QStringLiteral("cached"))}, {});
+    serve({banner(QStringLiteral("served"))});
+    loadAndWait();
+    EXPECT_EQ(firstBanner(), QStringLiteral("served"));
+    goOffline();
+    EXPECT_EQ(firstBanner(), QStringLiteral("cached"));
+    useDeployment(deployment());
+    EXPECT_EQ(firstBanner(), QStringLiteral("served"));
+}
+
+} // namespace velmora::test

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "BannerLoader.h"
+#include "AdKeys.h"
+#include "AdTable.h"
+#include "tests/support/HostName.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/TestRandom.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class BannerLoaderTest : public LocalAdServer {
+protected:
+    void startRun() {
+        loader.reset();
+        table.reset();
+        restartProcess();
+        table = std::make_shared<AdTable>();
+        loader = std::make_shared<BannerLoader>(table);
+    }
+
+    void useBanners(const QJsonArray &ads) { table->setReply(QJsonObject{{kMainBannerKey, ads}}); }
+
+    /// Loads the next banner and waits for the completion.
+    bool loadAndWait() {
+        bool called = false;
+        loader->loadNext([&](const BannerAd &, bool) { called = true; });
+        return eventually([&] { return called; }, 3000);
+    }
+
+    QStringList cachedNames() {
+        QStringList names;
+        const QJsonArray ads =
+            table->cacheStorage().infoDictionary().value(kMainBannerKey).toArray();
+        for (const QJsonValue &ad : ads)
+            names.append(ad.toObject().value(kBannerName).toString());
+        return names;
+    }
+
+    std::shared_ptr<AdTable> table = std::make_shared<AdTable>();
+    std::shared_ptr<BannerLoader> loader = std::make_shared<BannerLoader>(table);
+    SeededRandom random{11};
+};
+
+TEST_F(BannerLoaderTest, ABannerIsDownloadedOnceAndThenReadyInsideTheCall) {
+    const QJsonObject ad = banner(QStringLiteral("one"));
+    useBanners({ad});
+    ASSERT_TRUE(loadAndWait());
+    EXPECT_EQ(loader->ready().file.toLocalFile(), cachesFolder() + QStringLiteral("/one.gif"));
+    EXPECT_EQ(loader->ready().link,
+              QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone")));
+    EXPECT_EQ(loader->drawnAd(), ad);
+    EXPECT_EQ(table->cacheStorage().infoDictionary().value(kMainBannerKey).toArray(),
+              QJsonArray{ad});
+
+    bool called = false;
+    loader->loadNext([&](const BannerAd &, bool) { called = true; });
+    EXPECT_TRUE(called);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/one.gif")), 1);
+}
+
+TEST_F(BannerLoaderTest, AFailedDownloadLeavesTheReadyBannerUnchanged) {
+    useBanners({banner(QStringLiteral("good"))});
+    ASSERT_TRUE(loadAndWait());
+    const QUrl ready = loader->ready().file;
+
+    useBanners({banner(QStringLiteral("bad"))});
+    for (const Fault &fault : {Fault::truncated(), Fault::reset(), Fault::wrongBody({})}) {
+        server.faults().set(QStringLiteral("/media/bad.gif"), fault);
+        const int before = server.log().count(QStringLiteral("/media/bad.gif"));
+        std::optional<BannerAd> reported;
+        loader->loadNext([&](const BannerAd &ad, bool hasFailed) {
+            EXPECT_TRUE(hasFailed);
+            reported = ad;
+        });
+        ASSERT_TRUE(eventually([&] { return reported.has_value(); }));
+        EXPECT_GT(server.log().count(QStringLiteral("/media/bad.gif")), before);
+        EXPECT_EQ(loader->drawnAd(), banner(QStringLiteral("bad")));
+        EXPECT_EQ(reported->name, QStringLiteral("good"));
+        EXPECT_EQ(reported->file, ready);
+        EXPECT_TRUE(reported->link.path().endsWith(QStringLiteral("idgood")));
+        EXPECT_EQ(loader->ready().file, ready);
+        EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/bad.gif")));
+    }
+    server.faults().clear();
+    EXPECT_TRUE(loadAndWait());
+    EXPECT_NE(loader->ready().file, ready);
+}
+
+TEST_F(BannerLoaderTest, WithoutAnAdTheCompletionIsCalledInsideTheCall) {
+    int called = 0;
+    loader->loadNext([&](const BannerAd &ready, bool hasFailed) {
+        ++called;
+        EXPECT_TRUE(ready.file.isEmpty());
+        EXPECT_FALSE(hasFailed);
+    });
+    EXPECT_EQ(called, 1);
+}
+
+TEST_F(BannerLoaderTest, CallsDuringADownloadGetItsResult) {
+    useBanners({banner(QStringLiteral("slow"))});
+    QStringList results;
+    const auto loadAs = [&](const char *caller) {
+        loader->loadNext([&results, caller](const BannerAd &ad, bool hasFailed) {
+            const QString result = hasFailed ? QStringLiteral("failed") : ad.name;
+            results.append(QStringLiteral("%1 %2").arg(QLatin1String(caller), result));
+        });
+    };
+    for (const bool fails : {true, false}) {
+        results.clear();
+        server.faults().set(QStringLiteral("/media/slow.gif"),
+                            fails ? Fault::truncated().after(80) : Fault::delay(80));
+        loadAs("first");
+        loader->loadNext({});
+        // Another table takes effect at the next draw only.
+        useBanners({banner(fails ? QStringLiteral("slow") : QStringLiteral("next"))});
+        loadAs("second");
+        EXPECT_TRUE(results.isEmpty());
+        ASSERT_TRUE(eventually([&] { return results.size() == 2; }));
+        EXPECT_EQ(
+            results,
+            fails ? (QStringList{QStringLiteral("first failed"), QStringLiteral("second failed")})
+                  : (QStringList{QStringLiteral("first slow"), QStringLiteral("second slow")}));
+    }
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 2);
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/next.gif")), 0);
+    EXPECT_TRUE(loadAndWait());
+    EXPECT_EQ(loader->ready().name, QStringLiteral("next"));
+}
+
+TEST_F(BannerLoaderTest, AnAdWithoutAPictureFailsUnlessAFileHasTheNullName) {
+    QJsonObject ad = banner(QStringLiteral("without"));
+    ad.remove(kBannerImgURL);
+    useBanners({ad});
+    std::optional<bool> failed;
+    const auto note = [&](const BannerAd &, bool hasFailed) { failed = hasFailed; };
+    loader->loadNext(note);
+    EXPECT_EQ(failed, true);
+    EXPECT_TRUE(loader->ready().file.isEmpty());
+
+    putInCaches(QStringLiteral("(null)"), "left over");
+    loader->loadNext(note);
+    EXPECT_EQ(failed, false);
+    EXPECT_TRUE(loader->ready().file.path().contains(MissingNameMark));
+}
+
+TEST_F(BannerLoaderTest, MediaAndTableFollowALaterApplicationName) {
+    const HostName name;
+    HostName::set(QStringLiteral("later"));
+    table->cacheStorage().addBannerInfo(banner(QStringLiteral("known")));
+    HostName::set(QStringLiteral("host"));
+    startRun();
+    HostName::set(QStringLiteral("later"));
+    useBanners({banner(QStringLiteral("fresh"))});
+    ASSERT_TRUE(loadAndWait());
+    EXPECT_EQ(loader->ready().file.toLocalFile(), cachesFolder() + QStringLiteral("/fresh.gif"));
+    startRun();
+    EXPECT_EQ(cachedNames(), (QStringList{QStringLiteral("known"), QStringLiteral("fresh")}));
+    HostName::set(QStringLiteral("host"));
+    EXPECT_TRUE(cachedNames().isEmpty());
+    EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/fresh.gif")));
+    HostName::set(QStringLiteral("later"));
+    QDir(cachesFolder()).removeRecursively();
+}
+
+} // namespace velmora::test

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "VideoLoader.h"
+#include "AdTable.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
+#include "tests/support/LocalAdServer.h"
+#include "tests/support/TestRandom.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+
+namespace velmora::test {
+
+using adserver::Fault;
+
+class VideoLoaderTest : public LocalAdServer {
+protected:
+    void useVideo(const QJsonObject &ad) {
+        table->setReply(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+    }
+
+    bool waitForStill() {
+        return eventually([this] { return !loader->still().isEmpty(); });
+    }
+
+    QJsonArray cachedAds() {
+        return table->cacheStorage().infoDictionary().value(kMainVideoKey).toArray();
+    }
+
+    const std::shared_ptr<AdTable> table = std::make_shared<AdTable>();
+    const std::shared_ptr<VideoLoader> loader = std::make_shared<VideoLoader>(table);
+    SeededRandom random{11};
+};
+
+TEST_F(VideoLoaderTest, AVideoIsReadyOnceItsStillIsAndEveryReadLoadsTheNext) {
+    const QJsonObject first = video(QStringLiteral("first"));
+    useVideo(first);
+    EXPECT_TRUE(loader->videoToPlay().file.isEmpty());
+    ASSERT_TRUE(waitForStill());
+    EXPECT_EQ(loader->ready().link,
+              QUrl(QStringLiteral("macappstores://apps.velmora-store.example/app/idfirst")));
+    EXPECT_EQ(cachedAds(), QJsonArray{first});
+
+    // When the next still fails, the first video stays ready, but still() stays empty.
+    const QJsonObject second = video(QStringLiteral("second"));
+    useVideo(second);
+    server.faults().set(QStringLiteral("/media/second.png"), Fault::reset());
+    EXPECT_TRUE(loader->videoToPlay().file.path().endsWith(QStringLiteral("/first.mp4")));
+    ASSERT_TRUE(eventually([this] { return loader->still().isEmpty(); }));
+    quietly(60);
+    EXPECT_TRUE(loader->still().isEmpty());
+    EXPECT_EQ(cachedAds().size(), 1);
+
+    // When all files are cached, a read returns the new video itself.
+    server.faults().clear();
+    loader->loadNext();
+    ASSERT_TRUE(waitForStill());
+    EXPECT_TRUE(loader->videoToPlay().file.path().endsWith(QStringLiteral("/second.mp4")));
+    EXPECT_EQ(loader->drawnAd(), second);
+}
+
+TEST_F(VideoLoaderTest, TheReadyVideoIsOneAdWhileOthersAreLoading) {
+    const auto fileNames = [](const VideoAd &ad) {
+        return QStringList{ad.file.fileName(), ad.still.fileName(), ad.link.fileName(), ad.name()};
+    };
+    const auto namesOf = [](const QString &name) {
+        return QStringList{name + QStringLiteral(".mp4"), name + QStringLiteral(".png"),
+                           QStringLiteral("id") + name, name};
+    };
+    useVideo(video(QStringLiteral("first")));
+    loader->loadNext();
+    ASSERT_TRUE(waitForStill());
+
+    const QString still = QStringLiteral("/media/second.png");
+    server.faults().set(still, Fault::hang());
+    const QJsonObject second = video(QStringLiteral("second"));
+    useVideo(second);
+    loader->loadNext();
+    ASSERT_TRUE(eventually([&] { return server.log().count(still) == 1; }));
+    server.faults().set(QStringLiteral("/media/third.mp4"), Fault::hang());
+    const QJsonObject third = video(QStringLiteral("third"));
+    useVideo(third);
+    EXPECT_EQ(fileNames(loader->videoToPlay()), namesOf(QStringLiteral("first")));
+    EXPECT_EQ(loader->drawnAd(), third);
+    EXPECT_TRUE(loader->still().isEmpty());
+
+    server.faults().clear(still);
+    ASSERT_TRUE(waitForStill());
+    EXPECT_EQ(fileNames(loader->videoToPlay()), namesOf(QStringLiteral("second")));
+    EXPECT_EQ(cachedAds().last(), QJsonValue(second));
+    EXPECT_EQ(loader->drawnAd(), third);
+}
+
+TEST_F(VideoLoaderTest, AReadyVideoWhoseFileWasDeletedIsNotReturned) {
+    useVideo(video(QStringLiteral("film")));
+    loader->loadNext();
+    ASSERT_TRUE(waitForStill());
+    EXPECT_FALSE(loader->videoToPlay().file.isEmpty());
+    // So that the next video never arrives.
+    server.faults().set(QStringLiteral("/media/film.mp4"), Fault::hang());
+    ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
+    EXPECT_TRUE(loader->videoToPlay().file.isEmpty());
+    EXPECT_TRUE(loader->videoToPlay().link.isEmpty());
+}
+
+} // namespace velmora::test
