@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-/// A host in a process without an application object, until it makes one.
+/// A host in a process of its own that makes calls before it has an application object.
 TEST(HostWithoutAnApplication, DISABLED_MayCallAnything) {
     ASSERT_EQ(QCoreApplication::instance(), nullptr);
     Velmora::activateDebugMode();

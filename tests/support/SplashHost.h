@@ -16,12 +16,20 @@ namespace velmora::test {
 /// A host with windows of its own, virtual time and no ad server.
 class SplashHost : public FreshProcess {
 protected:
+    // What heard() calls the notifications.
+    static inline const QString WillShow = QStringLiteral("splashcreenwillshow");
+    static inline const QString DidShow = QStringLiteral("splashcreendidshow");
+    static inline const QString MoreOne = QStringLiteral("splashcreensecondstart");
+    static inline const QString VideoStart = QStringLiteral("videostart");
+    static inline const QString VideoStop = QStringLiteral("videostop");
+    static inline const QString DidClose = QStringLiteral("splashscreendidclose");
+
     SplashHost();
     ~SplashHost() override;
 
-    /// A window on screen; the last one made is the key window.
+    /// Opens a window, which becomes key.
     QWidget *openWindow(const QString &name);
-    /// One that is registered too.
+    /// Opens a window that is registered for splash screens.
     QWidget *openRegistered(const QString &name);
     void activate(QWidget *window);
     void closeWindow(QWidget *window) { delete window; }
@@ -34,10 +42,12 @@ protected:
     static QString countdown(QWidget *window);
     static QString videoCountdown(QWidget *window);
 
-    /// Lets the next video be found: a file that is no video, which the player refuses.
+    /// Makes the next sequence "play" a file that is no video: the player refuses it, and the video
+    /// never ends.
     void useUnplayableVideo();
 
-    /// The notifications since the last look, by the last part of their names.
+    /// The notifications since the last call: the last part of their names, with ":" and the
+    /// object when they have one.
     QStringList heard();
 
     VirtualTime time;
