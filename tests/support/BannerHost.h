@@ -21,9 +21,9 @@ protected:
     BannerController *addBanner();
     BannerController *current() { return Velmora::BControllFromWindow(window.get()); }
 
-    /// Lets the framework work until a banner with this name is on screen.
+    /// Waits until a banner of this name is on screen; false when it does not come.
     bool shows(const QString &name);
-    /// The same, for any banner that the ad server does not know.
+    /// Waits for any house banner.
     bool showsHouseBanner();
 
     VirtualTime time;
