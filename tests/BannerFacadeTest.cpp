@@ -126,7 +126,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
         }
         time.advance(40);
     }
-    EXPECT_TRUE(hasLogged(QStringLiteral("never shown: it was given no view")));
+    EXPECT_TRUE(hasLogged(QStringLiteral("never shown: no view was given")));
     EXPECT_EQ(Velmora::BControllFromWindow(nullptr), nullptr);
     EXPECT_EQ(time.timerCount(), 0u);
 
