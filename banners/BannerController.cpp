@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BannerController.h"
 
-#include "BannerShadowView.h"
-
 #include "AdKeys.h"
 #include "AdsEventLogger.h"
 #include "Animator.h"
 #include "BannerImageView.h"
+#include "BannerShadowView.h"
 #include "CloseButtonCell.h"
 #include "InterfaceImage.h"
 #include "InterfaceLoader.h"
@@ -14,7 +13,7 @@
 #include "MainQueue.h"
 #include "RandomSource.h"
 #include "Switches.h"
-#include "VisibilityWatch.h"
+#include "Window.h"
 #include "Workspace.h"
 #include <Velmora/NotificationCenter.h>
 
@@ -23,6 +22,7 @@
 #include <Velmora/Support.h>
 
 #include <QtWidgets/QMainWindow>
+#include <QtWidgets/QSplitter>
 
 #include <utility>
 
@@ -31,9 +31,8 @@ namespace velmora {
 BannerController::BannerController() = default;
 
 BannerController::~BannerController() {
-    cancelSwap();
     QWidget *own = viewIfLoaded();
-    // A removed banner's view is fading out and goes by itself.
+    // The view of a removed banner is fading out and is destroyed after that.
     if (!own || m_removed)
         return;
     if (own->parentWidget())
@@ -41,6 +40,8 @@ BannerController::~BannerController() {
     else
         delete own;
 }
+
+// Loading.
 
 QWidget *BannerController::loadView() {
     InterfaceLoader::registerClass<BannerImageView>(QStringLiteral("BannerImageView"));
@@ -51,31 +52,37 @@ QWidget *BannerController::loadView() {
     m_viewWasLoaded = true;
     m_bannerImage = InterfaceLoader::outlet<BannerImageView>(root, QStringLiteral("bannerImage"));
     m_closeButton = InterfaceLoader::outlet<CloseButtonCell>(root, QStringLiteral("closeButton"));
-    using Relation = LayoutConstraint::Relation;
-    m_heightConstraint =
-        InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"), Relation::Height);
-    m_shadowBotOfset =
-        InterfaceLoader::constraint(root, QStringLiteral("shadowBotOfset"), Relation::Spacing);
+    m_placement.loadConstraints(root);
     return root;
 }
 
 void BannerController::viewDidLoad() {
-    // Nothing is seen before the first banner is there.
+    // Shown with the first banner.
     Animator::setHiddenNow(view(), true);
     initBanners();
     refusedBecauseAdsAreRemoved();
 }
 
 void BannerController::initBanners() {
+    m_rotation.setTurnHandler(weak_from_this(), [this] { swapBanners(); });
     m_downloader = AdsDownloader::sharedInstance();
     m_downloader->addDelegate(shared_from_this());
-    // Delegates are told once a run. A banner that comes later finds the table ready.
+    // The downloader tells its delegates once a run. To a banner that comes later this says that
+    // the ad table is ready.
     const bool isLate = m_downloader->hasToldDelegates();
     m_downloader->startUpdateAllAds();
     if (isLate)
         endDownloadСonfiguration();
+    // Loads the events that an earlier run could not deliver.
     AdsEventLogger::sharedInstance();
+    connectControls();
+    m_standardBanners = StandardNames::standardBanners();
+    // A host never advertises itself.
+    m_standardBanners.remove(
+        VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString());
+}
 
+void BannerController::connectControls() {
     const auto weak = weak_from_this();
     if (m_bannerImage) {
         QObject::connect(m_bannerImage, &BannerImageView::wentDown, m_bannerImage, [weak] {
@@ -95,21 +102,119 @@ void BannerController::initBanners() {
                 self->removeBannerAction();
         });
     }
-
-    m_standardBanners = StandardNames::standardBanners();
-    // A host never advertises itself.
-    m_standardBanners.remove(
-        VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId).toString());
 }
 
 bool BannerController::refusedBecauseAdsAreRemoved() {
     if (!Switches::isADSRemoved())
         return false;
-    cancelSwap();
+    m_rotation.cancelTurn();
     if (QWidget *own = view())
         Animator::setHiddenNow(own, true);
     return true;
 }
+
+// The place.
+
+std::shared_ptr<BannerController> BannerController::addBannerToWindow(QWidget *window) {
+    const std::shared_ptr<BannerController> banner(new BannerController);
+    banner->setWindow(window);
+    return banner;
+}
+
+std::shared_ptr<BannerController>
+BannerController::addBannerToViewController(ViewController *controller, QWidget *view) {
+    const std::shared_ptr<BannerController> banner(new BannerController);
+    banner->setViewController(controller, view);
+    return banner;
+}
+
+void BannerController::setWindow(QWidget *window) {
+    if (!MainQueue::isMainThread()) {
+        MainQueue::post([self = shared_from_this(), target = QPointer<QWidget>(window)] {
+            self->setWindow(target);
+        });
+        return;
+    }
+    m_window = window ? window->window() : nullptr;
+    if (refusedBecauseAdsAreRemoved() || !m_window)
+        return;
+    const Window *facts = Window::of(m_window);
+    ViewController *content = facts->contentViewController();
+    if (content && content->view()) {
+        content->addChildViewController(this);
+        attachTo(content->view());
+    } else {
+        m_isInCentralWidget = facts->contentView() != m_window;
+        attachTo(facts->contentView());
+    }
+}
+
+void BannerController::setViewController(ViewController *controller, QWidget *view) {
+    if (!controller)
+        return;
+    if (!MainQueue::isMainThread()) {
+        MainQueue::post([self = shared_from_this(), controller, lifetime = controller->lifetime(),
+                         target = QPointer<QWidget>(view), given = view != nullptr] {
+            if (!lifetime.expired() && (!given || target))
+                self->setViewController(controller, target);
+        });
+        return;
+    }
+    m_window = controller->viewWindow();
+    if (refusedBecauseAdsAreRemoved())
+        return;
+    const Window *facts = Window::of(m_window);
+    if (facts && facts->contentViewController())
+        controller->addChildViewController(this);
+    attachTo(view ? view : controller->view());
+}
+
+void BannerController::attachTo(QWidget *superview) {
+    // A splitter would make the banner one of its panes.
+    while (qobject_cast<QSplitter *>(superview))
+        superview = superview->parentWidget();
+    if (!superview) {
+        LOG(QStringLiteral("a banner is never shown: no view was given for it"));
+        return;
+    }
+    QWidget *own = view();
+    if (!own)
+        return;
+    own->setParent(superview);
+    setBannerConstraints();
+    // If the ad table does not come within a turn, a house banner is shown.
+    if (!bannerSwapTimer())
+        m_rotation.scheduleTurn();
+}
+
+QWidget *BannerController::window() const {
+    if (!m_placement.isPlaced())
+        return m_window;
+    const QWidget *superview = viewIfLoaded() ? viewIfLoaded()->parentWidget() : nullptr;
+    return superview ? superview->window() : nullptr;
+}
+
+void BannerController::setBannerConstraints() {
+    QWidget *own = view();
+    if (!own || !own->parentWidget())
+        return;
+    m_rotation.watch(own);
+    m_placement.place(own, m_bannerImage, m_closeButton);
+}
+
+void BannerController::updateBannerConstraint() {
+    if (m_bannerImage && m_bannerImage->hasImage())
+        m_placement.setImageSize(m_bannerImage->imageSize());
+}
+
+void BannerController::setHeight(double height) {
+    view();
+    if (m_bannerImage)
+        m_bannerImage->setNominalHeight(height);
+    m_placement.setHeight(height);
+}
+
+// Content.
 
 void BannerController::endDownloadСonfiguration() {
     MainQueue::post([weak = weak_from_this()] {
@@ -120,53 +225,25 @@ void BannerController::endDownloadСonfiguration() {
 }
 
 void BannerController::swapBanners() {
-    cancelSwap();
-    m_rests = false;
+    m_rotation.cancelTurn();
     if (isGone())
         return;
     if (Switches::isADSRemoved()) {
-        // Another process of the host has sold the removal meanwhile.
+        // Another process of the host may have removed the ads.
         removeADS();
         return;
     }
-    if (isOutOfSight()) {
+    if (m_rotation.isOutOfSight()) {
         LOG(QStringLiteral("banner rotation rests: nobody can see the banner"));
-        m_rests = true;
+        m_rotation.rest();
         return;
     }
-    scheduleSwap();
-    // A server that has taken a whole turn may never answer.
-    if (m_asks && !hasShownBanner())
+    m_rotation.scheduleTurn();
+    // When the server has not answered for a whole turn, a house banner is shown.
+    if (m_asks && !m_rotation.hasShownBanner())
         displayBanner(m_downloader->readyBanner());
     else
         askForBanner();
-}
-
-bool BannerController::isOutOfSight() const {
-    if (!m_visibility || !m_visibility->isWindowVisible())
-        return true;
-    // The first banner comes even while its page lies behind another, and is there when the page
-    // is opened.
-    return hasShownBanner() && !m_visibility->isSuperviewVisible();
-}
-
-void BannerController::takeTurnIfResting() {
-    if (m_rests && !isOutOfSight())
-        swapBanners();
-}
-
-void BannerController::scheduleSwap() {
-    m_bannerSwapTimer =
-        Timer::scheduled(SwapSeconds, Timer::Kind::OneShot, [weak = weak_from_this()] {
-            if (const auto self = weak.lock())
-                self->swapBanners();
-        });
-    setGodTimer(m_bannerSwapTimer);
-}
-
-void BannerController::cancelSwap() {
-    if (const TimerPtr timer = std::exchange(m_bannerSwapTimer, nullptr))
-        timer->invalidate();
 }
 
 void BannerController::askForBanner() {
@@ -178,7 +255,7 @@ void BannerController::askForBanner() {
             if (!self)
                 return;
             self->m_asks = false;
-            if (!hasFailed || !self->hasShownBanner())
+            if (!hasFailed || !self->m_rotation.hasShownBanner())
                 self->displayBanner(ready);
         });
 }
@@ -213,6 +290,7 @@ void BannerController::showImage(const BannerAd &ad, const QString &path) {
     if (!m_bannerImage)
         return;
     m_shown = ad;
+    m_rotation.setHasShownBanner();
     m_bannerImage->setImage(path);
     m_bannerImage->setAccessibleName(ad.name);
     updateBannerConstraint();
@@ -248,7 +326,7 @@ void BannerController::setPartsHidden(bool hidden, void (*set)(QWidget *, bool))
 
 void BannerController::removeADS() {
     m_removed = true;
-    cancelSwap();
+    m_rotation.cancelTurn();
     for (QWidget *part : parts())
         Animator::remove(part);
 }
@@ -257,8 +335,8 @@ QList<QWidget *> BannerController::parts() const {
     QList<QWidget *> parts;
     if (QWidget *own = viewIfLoaded())
         parts.append(own);
-    if (m_shadow)
-        parts.append(m_shadow);
+    if (BannerShadowView *shadow = m_placement.shadow())
+        parts.append(shadow);
     return parts;
 }
 

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "AdsDownloader.h"
-#include "ConstraintLayout.h"
+#include "BannerPlacement.h"
+#include "BannerRotation.h"
 #include "DownloadDelegate.h"
-#include "LayoutConstraint.h"
-#include <Velmora/Timer.h>
 
 #include <Velmora/ViewController.h>
 
@@ -17,19 +16,19 @@
 namespace velmora {
 
 class BannerImageView;
-class BannerShadowView;
 class CloseButtonCell;
-class VisibilityWatch;
 
-/// One animated banner at the bottom of one host window or view: shows the banner that it is given
-/// by the downloader or a house banner, swaps it every 15 seconds while the window is visible,
-/// opens its link on a click and tells the host of a click on its close button. Main thread only,
-/// except where an operation says that it moves itself there.
+/// One animated banner at the bottom of one host window or view: shows the banners that the
+/// downloader gives it, or house banners, opens the link of a clicked one and tells the host of a
+/// click on the close button. BannerPlacement keeps it in its place, BannerRotation says when the
+/// next banner is due.
+///
+/// Main thread only; the operations that say "any thread" post themselves to the main thread.
 class BannerController : public ViewController,
                          public DownloadDelegate,
                          public std::enable_shared_from_this<BannerController> {
 public:
-    static constexpr double SwapSeconds = 15;
+    static constexpr double SwapSeconds = BannerRotation::SwapSeconds;
 
     /// Makes a banner and attaches it to a window.
     static std::shared_ptr<BannerController> addBannerToWindow(QWidget *window);
@@ -39,29 +38,27 @@ public:
 
     ~BannerController() override;
 
-    /// The window that the banner lies in by now, whatever it was put into; null when in none.
+    /// The window that the banner lies in; null when in none. A host may move the view that
+    /// holds the banner to another window.
     QWidget *window() const;
-    /// Any thread.
+    /// Attaches the banner to the content of a window. Any thread.
     void setWindow(QWidget *window);
-    /// Any thread.
+    /// Attaches the banner to a host's view; the controller's own when null. Any thread.
     void setViewController(ViewController *controller, QWidget *view);
 
-    // Placement, in points.
-    double height() const;
+    // Placement, as BannerPlacement says.
+    double height() const { return m_placement.height(); }
     void setHeight(double height);
-    /// Distance from the superview's bottom, above the room for the shadow; positive is up.
-    /// Without effect until the banner is in a superview, as is the centre inset.
-    double bottomInset() const;
-    void setBottomInset(double inset);
-    /// Distance from the centre; positive is to the right.
-    double centerXInset() const;
-    void setCenterXInset(double inset);
+    double bottomInset() const { return m_placement.bottomInset(); }
+    void setBottomInset(double inset) { m_placement.setBottomInset(inset); }
+    double centerXInset() const { return m_placement.centerXInset(); }
+    void setCenterXInset(double inset) { m_placement.setCenterXInset(inset); }
 
     // Content.
-    /// Ad data is ready; moves itself to the main thread.
+    /// Ad data is ready. Any thread.
     void endDownloadСonfiguration() override;
-    /// Asks for the next banner and starts the next 15 seconds. Out of sight the rotation rests,
-    /// without a timer, until the banner can be seen again.
+    /// A turn of the rotation: asks for the next banner and schedules the next turn. While nobody
+    /// can see the banner the rotation rests instead.
     void swapBanners();
     /// Shows the banner that is ready, or a house banner when none is.
     void displayBanner(const BannerAd &ready);
@@ -82,7 +79,7 @@ public:
     const QString &selectBanner() const { return m_shown.name; }
     const QUrl &currentURL() const { return m_shown.link; }
     const QMap<QString, QString> &standardBanners() const { return m_standardBanners; }
-    const TimerPtr &bannerSwapTimer() const { return m_bannerSwapTimer; }
+    const TimerPtr &bannerSwapTimer() const { return m_rotation.timer(); }
     BannerImageView *bannerImage() const;
     CloseButtonCell *closeButton() const;
 
@@ -96,20 +93,16 @@ protected:
 private:
     BannerController();
     void initBanners();
+    void connectControls();
     bool refusedBecauseAdsAreRemoved();
     void attachTo(QWidget *superview);
     void setBannerConstraints();
     void updateBannerConstraint();
-    bool hasShownBanner() const { return !m_shown.name.isEmpty(); }
-    bool isOutOfSight() const;
-    void takeTurnIfResting();
-    void scheduleSwap();
-    void cancelSwap();
     void askForBanner();
     void showImage(const BannerAd &ad, const QString &path);
     void open(const BannerAd &ad);
     void setPartsHidden(bool hidden, void (*set)(QWidget *, bool));
-    /// The view and its shadow, as far as they exist.
+    /// The view and its shadow, without nulls.
     QList<QWidget *> parts() const;
     /// The host has replaced the central widget that the banner lies in. Qt destroys that on a
     /// later turn.
@@ -118,23 +111,14 @@ private:
     QPointer<QWidget> m_window;
     QPointer<BannerImageView> m_bannerImage;
     QPointer<CloseButtonCell> m_closeButton;
-    QPointer<BannerShadowView> m_shadow;
-
-    LayoutConstraintPtr m_heightConstraint;
-    LayoutConstraintPtr m_aspectConstraint;
-    LayoutConstraintPtr m_bottomConstraint;
-    LayoutConstraintPtr m_centerXConstraint;
-    LayoutConstraintPtr m_shadowBotOfset;
-    QPointer<ConstraintLayout> m_layout;
-    QPointer<VisibilityWatch> m_visibility;
+    BannerPlacement m_placement;
+    BannerRotation m_rotation;
 
     BannerAd m_shown;
-    /// What was on screen when the image went down under the pointer.
+    /// What was on screen when the mouse button went down on the banner.
     BannerAd m_pressed;
-    TimerPtr m_bannerSwapTimer;
-    bool m_rests = false;
     bool m_isInCentralWidget = false;
-    /// A request of this banner's is under way.
+    /// The downloader has yet to answer the last request.
     bool m_asks = false;
     std::shared_ptr<AdsDownloader> m_downloader;
     QMap<QString, QString> m_standardBanners;

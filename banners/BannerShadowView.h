@@ -6,9 +6,9 @@
 
 namespace velmora {
 
-/// The soft shadow below a banner: a strip of its own beside the banner's view, so that the
-/// banner's frames never repaint it. Takes no clicks. Hidden at first; whoever shows the banner
-/// shows its shadow too.
+/// The soft shadow below a banner. It is a widget of its own beside the banner's view, so that the
+/// frames of the banner do not repaint it. Takes no clicks. Hidden at first; the banner's
+/// controller shows and hides it with the banner.
 class BannerShadowView : public QWidget {
     Q_OBJECT
 
@@ -16,8 +16,8 @@ public:
     /// A shadow for a banner's view, in the same superview. Owned by the superview.
     explicit BannerShadowView(QWidget *banner);
 
-    /// Lies below a banner of the given frame, next to it in the order of the superview's children,
-    /// whatever superview that is by now.
+    /// Moves the shadow below a banner's frame, into the superview that the banner is in, and right
+    /// under the banner in the stacking order.
     void follow(const QRect &banner, int depth);
 
 protected:

@@ -25,7 +25,7 @@ QSize usableSize(QImageReader &reader) {
     if (!usable)
         LOG(QStringLiteral("banner picture %1 refused: %2")
                 .arg(reader.fileName(), reader.canRead()
-                                            ? QStringLiteral("its dimensions are absurd")
+                                            ? QStringLiteral("its dimensions are unusable")
                                             : reader.errorString()));
     return usable ? size : QSize();
 }
@@ -44,11 +44,11 @@ BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
 BannerImageView::~BannerImageView() = default;
 
 void BannerImageView::setImage(const QString &path) {
-    // The banner on screen drawn again just plays on.
     if (hasImage() && m_path == path)
         return;
     m_path = path;
-    // By suffix first: to look at the content, Qt would load every image plugin.
+    // The format is told by the suffix first: to tell it by the content, Qt would load every
+    // image plugin.
     QImageReader reader(path);
     m_imageSize = usableSize(reader);
     m_decodedFrames = 0;
@@ -70,7 +70,7 @@ double BannerImageView::cornerRadius(double height) {
 
 void BannerImageView::frameDecoded() {
     ++m_decodedFrames;
-    // Nobody drew the last frame, so nobody sees this one.
+    // The last frame was never drawn, so the view cannot be seen.
     if (!m_drawnSinceFrame && m_decodedFrames > 1)
         m_movie->setPaused(true);
     m_drawnSinceFrame = false;
@@ -84,7 +84,7 @@ void BannerImageView::setNominalHeight(double height) {
     update();
 }
 
-// Frames are scaled while they are decoded, to the very pixels that they have on this screen.
+// Frames are scaled while they are decoded, to the pixels of this screen.
 QSize BannerImageView::wantedFrameSize() const {
     const double pixels = std::max(m_nominalHeight, double(height())) * devicePixelRatioF();
     const double width = pixels * m_imageSize.width() / m_imageSize.height();
@@ -99,8 +99,8 @@ void BannerImageView::fitFrames() {
     if (wanted == present)
         return;
     m_movie->setScaledSize(wanted);
-    // The frame on screen is too small now, and the next one may be seconds away; or the animation
-    // has ended, and no next one comes.
+    // Decodes a frame of the new size at once: the frame on screen is too small, and the next one
+    // may be seconds away, or never come when the animation has ended.
     const bool hasEnded = m_movie->state() == QMovie::NotRunning;
     if (m_decodedFrames > 0 && (hasEnded || wanted.height() > present.height())) {
         m_movie->stop();
@@ -161,7 +161,7 @@ void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {
     const QRect inner = rect().adjusted(corner, 0, -corner, 0);
     const QRegion straight = QRegion(inner) + rect().adjusted(0, corner, 0, -corner);
 
-    // Nearly all of the picture is copied; only the corners pay for smooth edges.
+    // Only the corners are drawn with antialiasing, which is slow; the rest is copied.
     painter.setClipRegion(straight);
     painter.drawPixmap(rect(), frame);
 

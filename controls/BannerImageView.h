@@ -9,11 +9,13 @@
 
 namespace velmora {
 
-/// Shows a banner picture with rounded corners; a click anywhere on it is a click on the ad. An
-/// animation's frames are decoded only while somebody can see them: each is followed by a redraw,
-/// and when that redraw does not come (the view is hidden, covered, scrolled away, its window
-/// minimised), decoding rests until the view is drawn again. A picture of one frame is decoded
-/// when it is drawn at another size than before. Main thread only.
+/// Shows a banner picture with rounded corners; a click anywhere on it is a click on the ad. Main
+/// thread only.
+///
+/// An animation is decoded only while it can be seen: each frame asks for a redraw, and when the
+/// view is not redrawn (it is hidden, covered or scrolled away, or its window is minimised), the
+/// animation pauses until it is. A picture of one frame is decoded again whenever it is drawn at
+/// another size.
 class BannerImageView : public QAbstractButton {
     Q_OBJECT
 
@@ -21,18 +23,18 @@ public:
     explicit BannerImageView(QWidget *parent = nullptr);
     ~BannerImageView() override;
 
-    /// Shows a picture file, looked at now and decoded when first drawn; the file that is shown
-    /// already plays on. An empty path, an unreadable file and one with absurd dimensions leave
-    /// the view without an image.
+    /// Shows a picture file: its size is read now, its frames are decoded when the view is drawn.
+    /// An animation that is shown already plays on. With an empty path, an unreadable file or one
+    /// of unusable dimensions (logged) the view has no image.
     void setImage(const QString &path);
 
     /// The picture's size in pixels; empty when there is none.
     QSize imageSize() const { return m_imageSize; }
     bool hasImage() const { return !m_imageSize.isEmpty(); }
 
-    /// The height, in points, that the view has where there is room for it. An animation's frames
-    /// are decoded for that height, so that a view squeezed by a narrow window is sharp at once
-    /// when the window grows.
+    /// The height, in points, that the view has when there is room for it. An animation's frames
+    /// are decoded at least for that height, so that they are sharp at once when a small window
+    /// grows.
     void setNominalHeight(double height);
 
     /// Frames decoded since the picture was set.
@@ -42,8 +44,8 @@ public:
     static double cornerRadius(double height);
 
 Q_SIGNALS:
-    /// The button went down: by the mouse, the keyboard or assistive technology. Not emitted again
-    /// when the pointer leaves the view and comes back with the mouse button held.
+    /// The button was pressed: by the mouse, the keyboard or assistive technology. Not emitted
+    /// again when the pointer leaves the view and comes back with the mouse button held.
     void wentDown();
 
 protected:
@@ -62,7 +64,7 @@ private:
     /// Null for a picture of one frame.
     std::unique_ptr<QMovie> m_movie;
     QPixmap m_still;
-    /// The size that was last decoded for, in pixels, whether or not it gave a picture.
+    /// The size in pixels for which m_still was decoded last, successfully or not.
     QSize m_stillSize;
     QSize m_imageSize;
     double m_nominalHeight = 0;

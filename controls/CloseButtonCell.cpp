@@ -31,14 +31,14 @@ void CloseButtonCell::setImageDiameter(double diameter) {
 
 void CloseButtonCell::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    // Drawn once and kept, since the button lies over pictures that move.
+    // Drawn once and kept: over a video the button is redrawn with every frame.
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_face.size() != pixels || m_faceKey != icon().cacheKey()) {
         m_faceKey = icon().cacheKey();
         m_face = QPixmap(pixels);
         m_face.setDevicePixelRatio(devicePixelRatioF());
         m_face.fill(Qt::transparent);
-        // Room for the lowered image, so that the circle is never cut by the edge.
+        // Leaves room for an image that is drawn a point lower.
         const double room = std::min(width(), height()) - 2.0;
         const double side = m_imageDiameter > 0 ? std::min(room, m_imageDiameter) : room;
         QPainter face(&m_face);
@@ -56,7 +56,7 @@ void CloseButtonCell::drawImage(const QRectF &frame, QPainter &painter) const {
     circle.addEllipse(place.adjusted(0.5, 0.5, -0.5, -0.5));
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setClipPath(circle);
-    // The largest image, so that it is never enlarged.
+    // The largest image that the icon has: it is made smaller, never larger.
     const QPixmap image = icon().pixmap(QSize(256, 256));
     painter.drawPixmap(place, image, QRectF(image.rect()));
 }

@@ -15,8 +15,8 @@ public:
 
     QSize sizeHint() const override { return {24, 24}; }
 
-    /// Diameter of the circle, in points; the button's rectangle stays as it is. Default: as
-    /// large as fits.
+    /// Diameter of the circle, in points; the button's own size does not change. Default: as
+    /// large as fits into the button.
     void setImageDiameter(double diameter);
 
     /// Where the image goes in a frame: one point lower on systems whose minor version number

@@ -23,7 +23,7 @@ void ColoredView::paintEvent(QPaintEvent *) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_color);
-    // The upper corners' rounding lies above the view.
+    // The rounded rectangle begins above the view, so that only its bottom corners are seen.
     painter.drawRoundedRect(QRectF(rect()).adjusted(0, -CornerRadius, 0, 0), CornerRadius,
                             CornerRadius);
 }

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// The mark of keyboard focus on the framework's own controls: a line inside the edge, light in
-/// dark, so that it is seen over any picture.
+/// The focus ring of the framework's own controls: a white line inside a dark one, which can be
+/// seen over any picture.
 class FocusRing {
 public:
     /// Draws the ring when the control has focus.

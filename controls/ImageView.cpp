@@ -10,9 +10,9 @@ namespace velmora {
 
 namespace {
 
-// Of a picture's longer side, pixels: a large screen's.
+// Pixels of a picture's longer side: as many as a large screen has.
 constexpr int LargestSide = 3840;
-// A file that claims more is not looked at any further.
+// Pixels. A file that declares more is not decoded.
 constexpr qint64 MostPixels = 100'000'000;
 
 } // namespace
@@ -70,7 +70,7 @@ void ImageView::paintEvent(QPaintEvent *) {
     const QRectF place = imageRect();
     if (place.isEmpty())
         return;
-    // Scaled once, in the screen's own pixels.
+    // Scaled to the pixels of the screen, once for every size.
     const double density = devicePixelRatioF();
     const QSize pixels = (place.size() * density).toSize().expandedTo({1, 1});
     if (m_scaled.size() != pixels) {
@@ -80,7 +80,7 @@ void ImageView::paintEvent(QPaintEvent *) {
                 : m_image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         m_scaled.setDevicePixelRatio(density);
     }
-    // On whole pixels of the screen, so that it stays sharp.
+    // Placed on whole pixels of the screen: between two of them it would be blurred.
     const QPointF corner((place.topLeft() * density).toPoint());
     QPainter painter(this);
     painter.drawPixmap(corner / density, m_scaled);

@@ -5,14 +5,15 @@
 
 namespace velmora {
 
-/// An area that is a button and shows nothing but the keyboard's focus. Main thread only.
+/// An invisible button: it draws nothing but its focus ring. Main thread only.
 class LinkArea : public QAbstractButton {
     Q_OBJECT
 
 public:
     explicit LinkArea(QWidget *parent = nullptr);
 
-    /// Whether a click leads anywhere: the mouse pointer says so, and the keyboard gets here.
+    /// Whether a click opens something. Only then is the mouse pointer a hand over the area, and
+    /// only then does Tab reach it. Default: no.
     void setLeadsSomewhere(bool leads);
 
 protected:

@@ -22,7 +22,7 @@ QColor green(double alpha) {
     return QColor::fromRgbF(79 / 255.0f, 177 / 255.0f, 7 / 255.0f, float(alpha));
 }
 
-// No colour stays no colour.
+// An invalid colour stays invalid.
 QColor withAlpha(QColor color, double alpha) {
     if (color.isValid())
         color.setAlphaF(float(alpha));
@@ -115,7 +115,7 @@ void RemoveAdsButton::paintEvent(QPaintEvent *) {
 
 void RemoveAdsButton::resizeEvent(QResizeEvent *event) {
     QAbstractButton::resizeEvent(event);
-    // Whoever sized it, the width follows the title.
+    // Also after a resize() from outside the width follows the title.
     if (m_isAutoWidth)
         setFrameSize(size());
 }
@@ -135,7 +135,7 @@ QPainterPath RemoveAdsButton::facePath() const {
     return rounded(face, bordered ? m_cornerRadius - 2.0 : m_cornerRadius);
 }
 
-// What a shining button is cut to.
+// The shine is clipped to this path.
 QPainterPath RemoveAdsButton::outlinePath() const {
     return m_isCircle ? facePath() : rounded(rect(), m_cornerRadius);
 }
@@ -144,7 +144,7 @@ void RemoveAdsButton::drawRect(QPainter &painter) {
     const QPainterPath face = facePath();
     painter.save();
     if (m_border > 0) {
-        // The outline of a shining circle leaves nothing of the border.
+        // A shining circle is drawn without its border: all of it lies outside the ellipse.
         if (m_borderColor.isValid() && !(m_isCircle && m_isAnimation))
             painter.fillPath(rounded(rect(), m_cornerRadius), m_borderColor);
         painter.setClipPath(rounded(rect(), m_cornerRadius));
@@ -191,7 +191,7 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
     const double width = this->width() - (m_isImage ? 1 : 2) * m_titleLeading;
     painter.setFont(titleFont());
     painter.setPen(color);
-    // The height that the title needs in this width, so that every line of it is seen.
+    // The height that the title needs in this width; it may wrap.
     const double title =
         painter.boundingRect(QRectF(0, 0, width, 0), TitleLayout | Qt::TextDontClip, text())
             .height();
@@ -228,7 +228,7 @@ void RemoveAdsButton::drawPath() {
         Timer::scheduled(ShineAnimation::Period, Timer::Kind::OneShot, [this] { drawPath(); });
 }
 
-// Out of sight; the next redraw starts the shine again.
+// Stops the shine while the button cannot be seen; the next redraw starts it again.
 void RemoveAdsButton::restShine() {
     m_shine.stop();
     if (m_animationTimer)

@@ -16,12 +16,12 @@
 namespace velmora {
 
 /// The button that offers to remove the ads: a green face, a gradient, an ellipse or an image, a
-/// title, a border, and a shine that sweeps across it every five seconds while somebody sees it.
+/// title, a border, and a shine that sweeps across it every five seconds while it can be seen.
 /// Main thread only.
 ///
-/// A button that an interface resource makes has zero values (no, 0, no colour) in whatever the
-/// resource does not set; make() gives one with the usual values. A colour that is not set draws
-/// nothing. Lengths are points.
+/// In a button of an interface resource, properties that the resource does not set are false, 0
+/// or an invalid colour; make() sets the usual values. An invalid colour draws nothing. Lengths
+/// are points.
 class RemoveAdsButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(bool isGradient MEMBER m_isGradient)
@@ -45,22 +45,23 @@ public:
     /// A button with the usual values: flat green without border, black title, shining.
     static RemoveAdsButton *make(QWidget *parent = nullptr);
 
-    /// Asks for a size. With isAutoWidth the button takes the title's width and its margins,
-    /// and keeps its height, whatever size was asked for.
+    /// Resizes the button. With isAutoWidth the size is ignored: the button becomes as wide as
+    /// its title and margins, and keeps its height.
     void setFrameSize(QSize size);
 
     /// The stripe of the shine with its left edge at x; its bottom edge is shifted left by
     /// wbreak against the top edge.
     QPainterPath getPath(double x, double width, double wbreak) const;
 
-    /// The one-shot timer of the next sweep; null or invalid while nobody sees the button.
+    /// The one-shot timer of the next sweep; null or invalid while the button cannot be seen.
     TimerPtr animationTimer() const { return m_animationTimer; }
-    /// True from the redraw that started the shine until the button is out of sight.
+    /// True from the redraw that starts the shine until the button can no longer be seen.
     bool isAllDraw() const { return m_isAllDraw; }
 
     QSize sizeHint() const override;
 
-    /// Constraints of the interface resource that places the button; it never changes them.
+    /// Constraints of the interface resource that places the button. The button never changes
+    /// them.
     std::weak_ptr<LayoutConstraint> ltcLeft, ltcTop, ltcWidth, ltcHeight;
 
 protected:
@@ -69,7 +70,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    /// All that the button's face depends on.
+    /// Everything that decides how the button is drawn, but for the shine.
     struct Look {
         double density;
         QSize size;
@@ -109,8 +110,8 @@ private:
     QFont m_stringFont;
     QColor m_stringColor;
 
-    // What was drawn last, kept for as long as it looks the same: under a sweep and over a video
-    // the button is redrawn many times a second.
+    // The button as it was drawn last, used again until its look changes: during a sweep, and over
+    // a video, it is redrawn many times a second.
     std::optional<Look> m_look;
     QPixmap m_drawn;
 

@@ -15,12 +15,12 @@ namespace velmora {
 
 namespace {
 
-// Every second frame of a usual screen: no eye sees more of a stripe that is gone in two seconds,
-// and it goes on for as long as a button is shown.
+// Half the frames of a usual screen halve the cost, and a stripe that crosses the view within two
+// seconds looks no different.
 constexpr double FrameSeconds = 1.0 / 30;
 
-// A view that was not drawn for so long while it asked for frames is seen by nobody. Long enough
-// for a main thread that stumbles.
+// Seconds after which a view that has asked for a redraw and got none counts as hidden or covered.
+// Long enough for a main thread that is busy for a moment.
 constexpr double UnseenAfter = 0.25;
 
 const QEasingCurve &easeOut() {
@@ -47,7 +47,7 @@ QPainterPath ShineAnimation::band(double x, double width, double slant, double h
 
 double ShineAnimation::offset(double seconds, double viewWidth) {
     const double progress = easeOut().valueForProgress(std::clamp(seconds / Duration, 0.0, 1.0));
-    // What moves is the middle of an area as large as the view.
+    // The path of the middle of an area as large as the view, which carries the stripe.
     const double from = -viewWidth / 3;
     const double to = viewWidth + 1.5 * viewWidth / 3;
     return from + (to - from) * progress - viewWidth / 2;

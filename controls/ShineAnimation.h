@@ -12,33 +12,37 @@
 
 namespace velmora {
 
-/// One sweep of the shine: two pale slanted stripes that cross a view from left to right and
-/// come to rest beyond its right edge. Main thread only.
+/// The shine of a button: a sweep is two pale slanted stripes that cross a view from left to
+/// right, slower and slower, and end beyond its right edge. Main thread only.
 class ShineAnimation {
 public:
     /// Length of a sweep, and the time from one sweep's start to the next one's, seconds.
     static constexpr double Duration = 2.0;
     static constexpr double Period = 5.0;
 
-    /// A stripe as high as the view, its bottom edge shifted left by the slant. An open path.
+    /// The outline of a stripe as high as the view, its bottom edge shifted left by the slant. An
+    /// open path.
     static QPainterPath band(double x, double width, double slant, double height);
 
-    /// How far right of its place a stripe of a view of this width has moved, points, so many
-    /// seconds into a sweep; negative before the middle.
+    /// How far to the right of the place that band() gives it a stripe is, points; negative while
+    /// it is to the left of it.
+    /// @param seconds since the sweep began
     static double offset(double seconds, double viewWidth);
 
-    /// @param unseen called when a sweep was given up because nobody draws the view
+    /// @param unseen called when a sweep was stopped because the view is not redrawn
     ShineAnimation(QWidget *view, std::function<void()> unseen);
     ~ShineAnimation();
     ShineAnimation(const ShineAnimation &) = delete;
     ShineAnimation &operator=(const ShineAnimation &) = delete;
 
-    /// Starts a sweep, from the left edge. The view is redrawn once a frame until it is over.
+    /// Starts a sweep from the left edge, in place of a running one. The view is updated 30 times
+    /// a second until it is over.
     void start();
     void stop();
     bool isSweeping() const { return m_frames && m_frames->isValid(); }
 
-    /// Draws the stripes where they are now; for every paint of the view.
+    /// Draws the stripes where they are now. To be called in every paint event of the view, also
+    /// without a sweep: that the view is painted shows that it can be seen.
     void draw(QPainter &painter);
 
 private:

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// A text that looks as the framework wants it, whatever style sheet the host puts on its labels.
-/// Centred; wrapped at words when wordWrap is set. Main thread only.
+/// A text whose font and colour no style sheet of the host changes. Centred; wrapped at words when
+/// wordWrap is set. Main thread only.
 class TextField : public QLabel {
     Q_OBJECT
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
@@ -23,7 +23,7 @@ public:
     /// Height of the letters, points.
     void setTextSize(double points);
 
-    /// What the text needs in a width.
+    /// The height that the text needs in a width, points.
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
 

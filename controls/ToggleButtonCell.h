@@ -5,8 +5,8 @@
 
 namespace velmora {
 
-/// A round button with two states, each with a picture of its own: off (0) at first, a click
-/// turns it to on (1) and back. Main thread only.
+/// A round button with two states and an image for each: off (0), the initial one, and on (1). A
+/// click switches between them. Main thread only.
 class ToggleButtonCell : public CloseButtonCell {
     Q_OBJECT
 

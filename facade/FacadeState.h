@@ -10,11 +10,12 @@ namespace velmora {
 
 class SplashScreenPresenter;
 
-/// What the facade keeps for the life of the process.
+/// What the facade remembers, for as long as the process runs.
 struct FacadeState {
     /// Made by the first operation that needs it, never replaced.
     std::shared_ptr<SplashScreenPresenter> presenter;
-    /// The presenter's update cycle; it waits until ads are allowed.
+    /// Whether the update cycle has been started for the splash screens. It is not while ads are
+    /// removed.
     bool isUpdateCycleStarted = false;
     /// All banners that the host added; made by the first banner operation.
     std::optional<Velmora::BannerList> bannerControllers;

@@ -4,18 +4,12 @@
 #include "BannerController.h"
 #include "FacadeState.h"
 #include "MainQueue.h"
-#include "ProcessRoot.h"
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
 
 using velmora::FacadeState;
 using velmora::MainQueue;
-using velmora::ProcessRoot;
 using velmora::Switches;
-
-FacadeState &FacadeState::current() {
-    return ProcessRoot::get<FacadeState>();
-}
 
 void Velmora::activateDebugMode() {
     Switches::activateDebugMode();
@@ -47,10 +41,11 @@ void Velmora::removeAdsNow() {
         return;
     }
     Switches::setADSRemoved(true);
-    // A presenter that nobody has asked for is not made for this.
+    // Without SSPresenter(), which would make a presenter.
     if (const auto presenter = FacadeState::current().presenter)
         presenter->removeAllSplashScreens();
-    // Taken out first: a banner that goes may wake the host, who may call back.
+    // The list is emptied first: removing a banner may run code of the host, which may call in
+    // here.
     const BannerList banners = std::exchange(BControllers(), {});
     for (const auto &banner : banners)
         banner->removeADS();
@@ -60,7 +55,7 @@ void Velmora::removeAdsNow() {
 bool Velmora::isInitializedBannerLOG_ERROR() {
     if (!FacadeState::current().bannerControllers)
         return true;
-    // The message says the opposite of what was found. Hosts know it this way round.
+    // The message says the opposite of what was found; it stays as hosts know it.
     LOG(QStringLiteral("ERROR"), QStringLiteral("Banner controller not initialized!"));
     return false;
 }

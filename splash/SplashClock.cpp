@@ -63,13 +63,16 @@ void SplashClock::tick() {
     m_handlers.ticked();
 }
 
+void SplashClock::tickAtOnceAndOn() {
+    startTick();
+    tick();
+}
+
 void SplashClock::resumeTick() {
     cancelResumeTick();
     const auto nextSecond = std::chrono::ceil<std::chrono::seconds>(m_timeDuration);
-    m_resumeTickTimer = scheduled(secondsTo(nextSecond.count()), Timer::Kind::OneShot, [this] {
-        startTick();
-        tick();
-    });
+    m_resumeTickTimer = scheduled(secondsTo(nextSecond.count()), Timer::Kind::OneShot,
+                                  [this] { tickAtOnceAndOn(); });
 }
 
 void SplashClock::cancelResumeTick() {

@@ -9,12 +9,12 @@
 
 namespace velmora {
 
-/// The clock of a splash-screen sequence: the seconds that it has run, which stand still while it
-/// is paused, a tick a second, and the timers that end its phases. It knows neither windows nor
-/// views. Main thread only.
+/// The clock of a splash-screen sequence: the seconds that it has run without its pauses, a tick
+/// every second, and the timers that end its phases. It knows neither windows nor views. Main
+/// thread only.
 ///
-/// A timer that is started anew does not cancel the one before it: both fire. Only the stop and
-/// cancel operations cancel.
+/// Starting a timer does not cancel the one that was started before it by the same operation: both
+/// fire. Only the stop and cancel operations cancel.
 class SplashClock {
 public:
     SplashClock() = default;
@@ -34,23 +34,26 @@ public:
 
     /// A sequence begins: nothing has run and nothing has been counted.
     void begin();
-    /// Adds the time since begin() or resume() to what has run.
+    /// Adds the time since begin() or resume() to the running time.
     void pause();
-    /// Counts what runs from now on. The timers are started by their own operations.
+    /// Running time goes on from now. Starts no timer.
     void resume();
     /// Seconds that the sequence had run when it was last paused.
     double timeDuration() const;
-    /// Seconds of running time from the last pause to a second of the sequence.
+    /// How many seconds of running time were left, at the last pause, until the sequence had run
+    /// for so many seconds.
     double secondsTo(qint64 second) const;
 
     /// Seconds that the tick has counted.
     qint64 passedTime() const { return m_passedTime; }
-    /// A countdown's text value: what is left of a number of seconds, never below 0.
+    /// What a countdown from so many seconds shows: how many of them are left, never below 0.
     qint64 secondsLeftOf(qint64 seconds) const;
 
     void startTick();
     void stopTick();
     void tick();
+    /// Ticks now and every second from now on.
+    void tickAtOnceAndOn();
     /// Ticks at the next whole second of running time, and every second from then on.
     void resumeTick();
     void cancelResumeTick();

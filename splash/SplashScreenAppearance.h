@@ -1,38 +1,64 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "SplashScreenLayout.h"
+#include "SplashScreenOutlets.h"
+
+#include <QtCore/QPointer>
 #include <QtGui/QColor>
 #include <QtGui/QImage>
 
 namespace velmora {
 
-/// How one splash screen looks. Lengths are points. A controller starts with these values; the
-/// presenter's options give it the usual look.
-struct SplashScreenAppearance {
-    /// Height of the strip at the top of the content that stays uncovered.
-    double topInset = 0;
-    /// Null for the application's own icon.
-    QImage icon;
-    QColor textColor;
-    QColor backgroundColor;
-    QImage backgroundImage;
-    /// An ImageView::Scaling.
-    unsigned backgroundImageScaling = 0;
-    QColor timerTextColor;
-    QColor timerBackgroundColor;
-    QColor timerBorderColor;
-    QColor timerProgressColor;
-    double timerBorderWidth = 0;
-    double timerProgressWidth = 0;
-    // What is left out: on both screens, on the start screen, on the end screen.
-    bool hiddenIcon = false;
-    bool hiddenIconBeforeVideo = false;
-    bool hiddenIconAfterVideo = false;
-    bool hiddenBackgroundImage = false;
-    bool hiddenBackgroundImageBeforeVideo = false;
-    bool hiddenBackgroundImageAfterVideo = false;
-    bool hiddenButtonBeforeVideo = false;
-    bool hiddenButtonAfterVideo = false;
+/// How one splash screen looks: keeps each value and applies it to the elements at once. A
+/// missing element is skipped. Main thread only.
+class SplashScreenAppearance {
+public:
+    /// Lengths are points. What is not set here the presenter's options set.
+    struct Values {
+        QImage icon; ///< null for the icon of the application, else of the window
+        QColor textColor;
+        QColor backgroundColor;
+        QImage backgroundImage;
+        unsigned backgroundImageScaling = 0; ///< an ImageView::Scaling
+        QColor timerTextColor;
+        QColor timerBackgroundColor;
+        QColor timerBorderColor;
+        QColor timerProgressColor;
+        double timerBorderWidth = 0;
+        double timerProgressWidth = 0;
+    };
+
+    /// Names the elements that later calls change.
+    void setElements(QWidget *root, const SplashScreenOutlets &outlets, SplashScreenLayout *layout);
+
+    const Values &values() const { return m_values; }
+    void setIcon(const QImage &icon);
+    void setTextColor(const QColor &color);
+    void setBackgroundColor(const QColor &color);
+    void setBackgroundImage(const QImage &image);
+    void setBackgroundImageScaling(unsigned scaling);
+    void setTimerTextColor(const QColor &color);
+    void setTimerBackgroundColor(const QColor &color);
+    void setTimerBorderColor(const QColor &color);
+    void setTimerProgressColor(const QColor &color);
+    void setTimerBorderWidth(double width);
+    void setTimerProgressWidth(double width);
+
+    /// Shows the application's icon, or the window's when the application has none, unless an
+    /// icon is set. The window may be null.
+    void showDefaultIcon(const QWidget *window);
+
+    /// The running application's icon; null when it has none.
+    static QImage applicationIcon();
+
+private:
+    void showIcon(const QImage &icon);
+
+    Values m_values;
+    QPointer<QWidget> m_root;
+    SplashScreenOutlets m_outlets;
+    QPointer<SplashScreenLayout> m_layout;
 };
 
 } // namespace velmora

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashScreenController.h"
 
-#include "ColoredView.h"
-#include "InterfaceImage.h"
+#include "Animator.h"
 #include "InterfaceLoader.h"
 #include "MainQueue.h"
+#include "SplashScreenInterface.h"
 #include "SplashScreenKeys.h"
 #include "SplashScreenLayout.h"
 #include "SystemVersion.h"
@@ -12,43 +12,14 @@
 
 #include <Velmora/Support.h>
 
-#include <QtGui/QIcon>
-#include <QtWidgets/QApplication>
-
-#include <algorithm>
+#include <utility>
 
 namespace velmora {
 
 namespace {
 
-constexpr const char *ZPosition = "zPosition";
-constexpr int LargestIcon = 512;
-
-void setZPosition(QWidget *view, int position) {
-    if (view)
-        view->setProperty(ZPosition, position);
-}
-
-// Stacks the children of a view by their positions, equal ones as they are.
-void restack(QWidget *view) {
-    QList<QWidget *> children =
-        view->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-    std::stable_sort(children.begin(), children.end(), [](QWidget *one, QWidget *other) {
-        return one->property(ZPosition).toInt() < other->property(ZPosition).toInt();
-    });
-    for (QWidget *child : std::as_const(children)) {
-        if (!child->isWindow())
-            child->raise();
-    }
-}
-
-QImage imageOf(const QIcon &icon) {
-    return icon.pixmap(QSize(LargestIcon, LargestIcon), 1.0).toImage();
-}
-
-template<class T>
-void registerClass(const char *name) {
-    InterfaceLoader::registerClass<T>(QString::fromLatin1(name));
+bool isShown(const QWidget *element) {
+    return element && !Animator::isHidden(element);
 }
 
 } // namespace
@@ -64,29 +35,29 @@ SplashScreenController::initSplashScreenWithWindow(QWidget *window, bool isUnity
 SplashScreenController::SplashScreenController() = default;
 
 SplashScreenController::~SplashScreenController() {
-    // A view that never got a place belongs to nobody.
-    if (!m_overlay)
+    // A view that was never put over a window has no other owner.
+    if (!overlay())
         delete viewIfLoaded();
 }
 
-QImage SplashScreenController::appIcon() {
-    return imageOf(QApplication::windowIcon());
+void SplashScreenController::post(void (SplashScreenController::*operation)()) {
+    MainQueue::post([weak = weak_from_this(), operation] {
+        if (const auto self = weak.lock())
+            (self.get()->*operation)();
+    });
+}
+
+bool SplashScreenController::isOnMainThread(void (SplashScreenController::*operation)()) {
+    if (MainQueue::isMainThread())
+        return true;
+    post(operation);
+    return false;
 }
 
 // Loading.
 
 QWidget *SplashScreenController::loadView() {
-    registerClass<ColoredView>("ColoredView");
-    registerClass<ImageView>("ImageView");
-    registerClass<VideoView>("VideoView");
-    registerClass<LinkArea>("LinkArea");
-    registerClass<TextField>("TextField");
-    registerClass<TimeProgressView>("TimeProgressView");
-    registerClass<SplashScreenLabelsView>("SplashScreenLabelsView");
-    registerClass<RemoveAdsButton>("RemoveAdsButton");
-    registerClass<CloseButtonCell>("CloseButtonCell");
-    registerClass<ToggleButtonCell>("ToggleButtonCell");
-    QWidget *root = InterfaceLoader::load(QStringLiteral("SplashScreenController"));
+    QWidget *root = SplashScreenInterface::load();
     if (!root)
         return nullptr;
     m_outlets = SplashScreenOutlets::of(root);
@@ -105,7 +76,7 @@ void SplashScreenController::setSplashTimerConstraint(const LayoutConstraintPtr 
 
 void SplashScreenController::setSpashTimerConstraint1(const LayoutConstraintPtr &constraint) {
     m_outlets.spashTimerConstraint1 = constraint;
-    // The first constraint again: it ends two points lower, this one as it was.
+    // Lowers the first constraint once more, and this one not at all.
     lowerTimerConstraint();
 }
 
@@ -118,89 +89,22 @@ void SplashScreenController::lowerTimerConstraint() {
 void SplashScreenController::viewDidLoad() {
     initViewState();
     m_layout = new SplashScreenLayout(view(), m_outlets);
+    m_appearance.setElements(view(), m_outlets, m_layout);
     new SplashScreenKeys(view(), m_outlets.closeButton);
 }
 
 void SplashScreenController::initViewState() {
-    if (m_outlets.closeButton)
-        m_outlets.closeButton->setIcon(InterfaceImage::named(QStringLiteral("ads_close_button")));
-    if (ToggleButtonCell *sound = m_outlets.soundButton) {
-        sound->setImage(InterfaceImage::named(QStringLiteral("ads_sound_on")));
-        sound->setAlternateImage(InterfaceImage::named(QStringLiteral("ads_sound_off")));
-    }
-    setTitles();
-    setStackingOrder();
-    for (QWidget *element : {static_cast<QWidget *>(m_outlets.closeButton),
-                             static_cast<QWidget *>(m_outlets.splashScreenPlayerView),
-                             static_cast<QWidget *>(m_outlets.timeVideoLabel),
-                             static_cast<QWidget *>(m_outlets.videoProgressView),
-                             static_cast<QWidget *>(m_outlets.soundButton)}) {
-        if (element)
-            element->hide();
-    }
+    SplashScreenInterface::prepare(view(), m_outlets);
     connectActions();
     m_didInitState = true;
     MainQueue::post([weak = weak_from_this()] {
         if (const auto self = weak.lock())
-            self->showApplicationIcon();
+            self->m_appearance.showDefaultIcon(self->m_window);
     });
 }
 
-void SplashScreenController::showApplicationIcon() {
-    if (!m_appearance.icon.isNull() || !m_outlets.iconImageView)
-        return;
-    QImage icon = appIcon();
-    if (icon.isNull() && m_window)
-        icon = imageOf(m_window->windowIcon());
-    if (icon.isNull())
-        return;
-    m_outlets.iconImageView->setImage(icon);
-    if (m_layout)
-        m_layout->apply();
-}
-
-void SplashScreenController::setTitles() {
-    if (SplashScreenLabelsView *labels = m_outlets.lablesView) {
-        if (labels->textCommentFieldFirst())
-            labels->textCommentFieldFirst()->setText(
-                VLMStringFromKey(QStringLiteral("ApplicationWillBeLaunchedTextFirst")));
-        if (labels->textCommentFieldSecond())
-            labels->textCommentFieldSecond()->setText(
-                VLMStringFromKey(QStringLiteral("ApplicationWillBeLaunchedTextSecond")));
-    }
-    const QString removeAds = VLMStringFromKey(QStringLiteral("RemoveAdsText"));
-    if (m_outlets.removeAdsButton)
-        m_outlets.removeAdsButton->setText(removeAds);
-    if (RemoveAdsButton *button = m_outlets.removeAdsImageButton) {
-        button->setText(removeAds.split(QLatin1Char(' ')).join(QLatin1Char('\n')).toUpper());
-        button->setAccessibleName(removeAds);
-    }
-    const auto name = [](QWidget *element, const char *key) {
-        if (element)
-            element->setAccessibleName(VLMStringFromKey(QString::fromLatin1(key)));
-    };
-    name(view(), "AdvertisementText");
-    name(m_outlets.closeButton, "CloseText");
-    name(m_outlets.soundButton, "MuteText");
-    name(m_outlets.urlButton, "OpenAdText");
-}
-
-void SplashScreenController::setStackingOrder() {
-    if (SplashScreenLabelsView *labels = m_outlets.lablesView) {
-        setZPosition(labels->timeLabel(), 1);
-        restack(labels);
-    }
-    setZPosition(m_outlets.timeVideoLabel, 2);
-    setZPosition(m_outlets.closeButton, 1);
-    setZPosition(m_outlets.removeAdsImageButton, 2);
-    setZPosition(m_outlets.videoProgressView, 2);
-    setZPosition(m_outlets.removeAdsButton, 2);
-    setZPosition(m_outlets.soundButton, 2);
-    restack(view());
-}
-
 void SplashScreenController::connectActions() {
-    // An answer may take this controller away: it stays until the action is done.
+    // The output may remove this controller: it is kept alive until the action is done.
     const auto connect = [this](QAbstractButton *button, auto action) {
         if (!button)
             return;
@@ -240,52 +144,157 @@ void SplashScreenController::attach() {
         return;
     if (ViewController *content = facts->contentViewController())
         content->addChildViewController(this);
-    m_area = std::make_unique<ContentArea>(m_window, [this] { applyTopInset(); });
-    if (QWidget *superview = m_area->superview())
-        place(own, superview);
-}
-
-void SplashScreenController::place(QWidget *view, QWidget *superview) {
-    m_overlay = std::make_unique<Overlay>(
-        view, superview, m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic);
-    // The host may be about to make its new content.
-    m_overlay->setSuperviewLostHandler([weak = weak_from_this()] {
+    const auto contentLost = [weak = weak_from_this()] {
         MainQueue::post([weak] {
-            if (const auto self = weak.lock())
-                self->placeAnew();
+            if (const auto self = weak.lock(); self && self->m_window)
+                self->m_placement.replace();
         });
-    });
-}
-
-// The host destroyed the content that the view lay in, and kept the window.
-void SplashScreenController::placeAnew() {
-    QWidget *superview = m_window && m_area ? m_area->superview() : nullptr;
-    QWidget *own = superview && m_overlay ? m_overlay->takeView() : nullptr;
-    if (!own)
-        return;
-    place(own, superview);
-    applyTopInset();
-    m_overlay->setHidden(m_isRootHidden);
-}
-
-void SplashScreenController::setTopInset(double inset) {
-    m_appearance.topInset = inset;
-    applyTopInset();
-}
-
-void SplashScreenController::applyTopInset() {
-    if (!m_overlay || !m_overlay->superview())
-        return;
-    // As far as any screen reaches.
-    constexpr double Farthest = 100'000;
-    const int free = int(std::lround(std::clamp(m_appearance.topInset, -Farthest, Farthest)));
-    m_overlay->setFrame(m_area->rect().adjusted(0, free, 0, 0));
+    };
+    m_placement.place(own, m_window,
+                      m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic,
+                      contentLost);
 }
 
 void SplashScreenController::removeFromWindow() {
     removeFromParentViewController();
-    if (m_overlay)
-        m_overlay->remove();
+    m_placement.remove();
+}
+
+// View states.
+
+void SplashScreenController::swapViewForState(qint64 state) {
+    if (state == SplashScreenViewStateStart)
+        showPhase(SplashScreenVisibility::Phase::Start);
+    else if (state == SplashScreenViewStateVideo)
+        showPhase(SplashScreenVisibility::Phase::Video);
+    else if (state == SplashScreenViewStateEnd)
+        showPhase(SplashScreenVisibility::Phase::End);
+}
+
+void SplashScreenController::showPhase(SplashScreenVisibility::Phase phase) {
+    m_placement.setHidden(false);
+    SplashScreenVisibility::apply(m_outlets, phase,
+                                  {m_leftOut, m_withouSplash, !m_interstitialUrl.isEmpty()});
+    if (m_outlets.urlButton)
+        m_outlets.urlButton->setLeadsSomewhere(phase != SplashScreenVisibility::Phase::Start);
+    if (m_layout)
+        m_layout->apply();
+}
+
+void SplashScreenController::showStartScreen() {
+    if (!isOnMainThread(&SplashScreenController::showStartScreen))
+        return;
+    enterStartScreen();
+}
+
+void SplashScreenController::showStartVideoWithoutStartScreen() {
+    if (!isOnMainThread(&SplashScreenController::showStartVideoWithoutStartScreen))
+        return;
+    m_withouSplash = true;
+    enterStartScreen();
+}
+
+void SplashScreenController::enterStartScreen() {
+    m_canShowEnd = true;
+    m_loadedInterstitial = {};
+    m_windowLock.lock(m_window);
+    swapViewForState(SplashScreenViewStateStart);
+}
+
+void SplashScreenController::showEndScreen() {
+    if (!isOnMainThread(&SplashScreenController::showEndScreen))
+        return;
+    if (!m_canShowEnd) {
+        showPhase(SplashScreenVisibility::Phase::VideoWithCloseButton);
+        return;
+    }
+    // The end screen is shown twice in windows without the video: when the close button is due,
+    // and when the video has ended. The picture is read once.
+    const bool isLoaded =
+        std::exchange(m_loadedInterstitial, m_interstitialUrl) == m_interstitialUrl;
+    if (!m_interstitialUrl.isEmpty() && !isLoaded && m_outlets.interstitialImage)
+        m_outlets.interstitialImage->setImageFile(m_interstitialUrl.toLocalFile());
+    m_withouSplash = false;
+    swapViewForState(SplashScreenViewStateEnd);
+}
+
+void SplashScreenController::hide() {
+    m_player.close();
+    m_windowLock.unlock(m_window);
+    m_placement.setHidden(true);
+}
+
+// Video.
+
+void SplashScreenController::showVideo() {
+    if (!isOnMainThread(&SplashScreenController::showVideo))
+        return;
+    m_canShowEnd = false;
+    initVideoLayer();
+    swapViewForState(SplashScreenViewStateVideo);
+    if (m_outlets.soundButton)
+        m_outlets.soundButton->setState(isMuted() ? 1 : 0);
+    m_player.playFromStart();
+}
+
+void SplashScreenController::initVideoLayer() {
+    m_player.close();
+    if (!m_outlets.splashScreenPlayerView || !m_placement.hasContent()) {
+        LOG(QStringLiteral("the video is not played: its window is gone"));
+        return;
+    }
+    m_player.open(m_videoUrl, m_outlets.splashScreenPlayerView, [weak = weak_from_this()] {
+        if (const auto self = weak.lock())
+            self->didVideoEnded();
+    });
+}
+
+void SplashScreenController::didVideoEnded() {
+    m_canShowEnd = true;
+    if (const auto output = m_output.lock())
+        output->didVideoEnded();
+}
+
+void SplashScreenController::pauseShowVideo() {
+    m_player.pause();
+    pauseProgressViews();
+}
+
+void SplashScreenController::continueShowVideo() {
+    m_player.play();
+    compliteProgressViews();
+}
+
+// The countdowns.
+
+void SplashScreenController::pauseProgressViews() {
+    for (TimeProgressView *ring : m_outlets.rings())
+        ring->stop();
+}
+
+void SplashScreenController::compliteProgressViews() {
+    for (TimeProgressView *ring : m_outlets.rings())
+        ring->complite();
+}
+
+void SplashScreenController::startTimerViewFromSec(qint64 fromSec, qint64 endSec) {
+    if (TimeProgressView *ring = m_outlets.timeProgressView())
+        ring->startTimerFromSec(float(fromSec), float(endSec));
+}
+
+void SplashScreenController::startVideoTimerViewFromSec(qint64 fromSec, qint64 endSec) {
+    if (m_outlets.videoProgressView)
+        m_outlets.videoProgressView->startTimerFromSec(float(fromSec), float(endSec));
+}
+
+void SplashScreenController::setTimerText(const QString &text) {
+    if (TextField *label = m_outlets.timeLabel())
+        label->setText(text);
+}
+
+void SplashScreenController::setVideoTimerText(const QString &text) {
+    if (m_outlets.timeVideoLabel)
+        m_outlets.timeVideoLabel->setText(text);
 }
 
 // The user's actions.
@@ -299,6 +308,14 @@ void SplashScreenController::closeSplashScreen() {
 void SplashScreenController::removeAdsAction() {
     if (const auto output = m_output.lock())
         output->didClickRemoveAds();
+}
+
+void SplashScreenController::goToURLForBanner() {
+    const bool canClick = isShown(m_outlets.splashScreenPlayerView) ||
+                          isShown(m_outlets.interstitialImage) || isShown(m_outlets.closeButton);
+    const auto output = m_output.lock();
+    if (canClick && output)
+        output->didClickOnVideo();
 }
 
 void SplashScreenController::soundOnOff(int state) {

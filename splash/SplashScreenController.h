@@ -1,29 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "ContentArea.h"
-#include "Overlay.h"
 #include "SplashScreenAppearance.h"
 #include "SplashScreenControllerProtocolOutput.h"
 #include "SplashScreenOutlets.h"
+#include "SplashScreenPlacement.h"
+#include "SplashScreenPlayer.h"
 #include "SplashScreenVisibility.h"
-#include "VideoPlayer.h"
+#include "SplashScreenWindowLock.h"
 
 #include <Velmora/ViewController.h>
 
 #include <QtCore/QPointer>
 #include <QtCore/QUrl>
 
-#include <functional>
 #include <memory>
 
 namespace velmora {
 
-class SplashScreenLayout;
-
 /// The splash screen of one host window: covers the window's content with one of three views,
 /// plays the video, and reports the user's clicks and the video's end to its output. Driven by
-/// the presenter. Main thread only, except where an operation says that it moves itself there.
+/// the presenter. What it does not do itself it hands on: SplashScreenPlacement keeps it over the
+/// content, SplashScreenVisibility shows what belongs to a view, SplashScreenAppearance gives the
+/// elements their colours and images, SplashScreenPlayer plays the video.
+///
+/// Main thread only; the operations that say "any thread" post themselves to the main thread.
 class SplashScreenController : public ViewController,
                                public std::enable_shared_from_this<SplashScreenController> {
 public:
@@ -41,7 +42,8 @@ public:
 
     /// Null once the window has been destroyed.
     QWidget *window() const { return m_window; }
-    /// Any thread.
+    /// Attaches the splash screen to a window. Any thread.
+    /// @param window null only lets the controller forget the window that it had
     void setWindow(QWidget *window);
     bool isUnityWindow() const { return m_isUnityWindow; }
     void setIsUnityWindow(bool unity) { m_isUnityWindow = unity; }
@@ -51,71 +53,91 @@ public:
     }
 
     // View states.
+    /// Shows the view of a ViewState; any other number changes nothing.
     void swapViewForState(qint64 state);
-    // Any thread, as are the two below.
+    /// Any thread.
     void showStartScreen();
-    /// As showStartScreen(), with nothing but the background's colour.
+    /// As showStartScreen(), with nothing but the background's colour. Any thread.
     void showStartVideoWithoutStartScreen();
+    /// Opens the video of videoUrl(), shows it and plays it. Any thread.
     void showVideo();
-    /// While a video is playing, shows only the close button.
+    /// While a video is playing, shows only the close button. Any thread.
     void showEndScreen();
     void didVideoEnded();
+    /// Ends the video and hides the splash screen.
     void hide();
+    /// Takes the view out of the window for good.
     void removeFromWindow();
 
     // Video.
     void initVideoLayer();
-    void removeVideoLayer();
+    void removeVideoLayer() { m_player.closeAndClear(); }
     void pauseShowVideo();
     void continueShowVideo();
-    void pauseShow();
-    void continueShow();
+    void pauseShow() { pauseProgressViews(); }
+    void continueShow() { compliteProgressViews(); }
     void pauseProgressViews();
+    /// Lets the rings go on from where they were stopped.
     void compliteProgressViews();
     const QUrl &videoUrl() const { return m_videoUrl; }
     void setVideoUrl(const QUrl &url) { m_videoUrl = url; }
+    /// The picture of the end screen; empty when the ad has none.
     const QUrl &interstitialUrl() const { return m_interstitialUrl; }
     void setInterstitialUrl(const QUrl &url) { m_interstitialUrl = url; }
-    bool isMuted() const { return m_muted; }
-    void setMuted(bool muted);
+    bool isMuted() const { return m_player.isMuted(); }
+    void setMuted(bool muted) { m_player.setMuted(muted); }
     /// The player of the video; null but from showVideo() until hide().
-    VideoPlayer *playerlayer() const { return m_playerlayer.get(); }
+    VideoPlayer *playerlayer() const { return m_player.player(); }
     /// Length of the video, seconds; 0 until it is known.
-    double videoSeconds() const;
+    double videoSeconds() const { return m_player.seconds(); }
 
-    // The user's actions.
+    // The user's actions. They only report to the output.
     void closeSplashScreen();
     void removeAdsAction();
     void goToURLForBanner();
+    /// @param state of the sound button: 1 is muted
     void soundOnOff(int state);
 
-    // Appearance; each value applies at once, but for what is hidden: that shows from the next
-    // view state on.
-    const SplashScreenAppearance &appearance() const { return m_appearance; }
-    void setTopInset(double inset);
-    void setIcon(const QImage &icon);
-    void setTextColor(const QColor &color);
-    void setBackgroundColor(const QColor &color);
-    void setBackgroundImage(const QImage &image);
-    void setBackgroundImageScaling(unsigned scaling);
-    void setTimerTextColor(const QColor &color);
-    void setTimerBackgroundColor(const QColor &color);
-    void setTimerBorderColor(const QColor &color);
-    void setTimerProgressColor(const QColor &color);
-    void setTimerBorderWidth(double width);
-    void setTimerProgressWidth(double width);
-    void setHiddenIcon(bool hidden);
-    void setHiddenIconBeforeVideo(bool hidden);
-    void setHiddenIconAfterVideo(bool hidden);
-    void setHiddenBackgroundImage(bool hidden);
-    void setHiddenBackgroundImageBeforeVideo(bool hidden);
-    void setHiddenBackgroundImageAfterVideo(bool hidden);
-    void setHiddenButtonBeforeVideo(bool hidden);
-    void setHiddenButtonAfterVideo(bool hidden);
+    // Appearance. Each value applies at once, but what is left out (setHidden...()) shows from the
+    // next view state on.
+    const SplashScreenAppearance::Values &appearance() const { return m_appearance.values(); }
+    void setIcon(const QImage &icon) { m_appearance.setIcon(icon); }
+    void setTextColor(const QColor &color) { m_appearance.setTextColor(color); }
+    void setBackgroundColor(const QColor &color) { m_appearance.setBackgroundColor(color); }
+    void setBackgroundImage(const QImage &image) { m_appearance.setBackgroundImage(image); }
+    void setBackgroundImageScaling(unsigned scaling) {
+        m_appearance.setBackgroundImageScaling(scaling);
+    }
+    void setTimerTextColor(const QColor &color) { m_appearance.setTimerTextColor(color); }
+    void setTimerBackgroundColor(const QColor &color) {
+        m_appearance.setTimerBackgroundColor(color);
+    }
+    void setTimerBorderColor(const QColor &color) { m_appearance.setTimerBorderColor(color); }
+    void setTimerProgressColor(const QColor &color) { m_appearance.setTimerProgressColor(color); }
+    void setTimerBorderWidth(double width) { m_appearance.setTimerBorderWidth(width); }
+    void setTimerProgressWidth(double width) { m_appearance.setTimerProgressWidth(width); }
+
+    const SplashScreenVisibility::LeftOut &leftOut() const { return m_leftOut; }
+    void setHiddenIcon(bool hidden) { m_leftOut.icon = hidden; }
+    void setHiddenIconBeforeVideo(bool hidden) { m_leftOut.iconBeforeVideo = hidden; }
+    void setHiddenIconAfterVideo(bool hidden) { m_leftOut.iconAfterVideo = hidden; }
+    void setHiddenBackgroundImage(bool hidden) { m_leftOut.backgroundImage = hidden; }
+    void setHiddenBackgroundImageBeforeVideo(bool hidden) {
+        m_leftOut.backgroundImageBeforeVideo = hidden;
+    }
+    void setHiddenBackgroundImageAfterVideo(bool hidden) {
+        m_leftOut.backgroundImageAfterVideo = hidden;
+    }
+    void setHiddenButtonBeforeVideo(bool hidden) { m_leftOut.buttonBeforeVideo = hidden; }
+    void setHiddenButtonAfterVideo(bool hidden) { m_leftOut.buttonAfterVideo = hidden; }
+
+    /// Height of the strip at the top of the content that stays uncovered, points.
+    double topInset() const { return m_placement.topInset(); }
+    void setTopInset(double inset) { m_placement.setTopInset(inset); }
+
+    // The countdowns: texts, and rings in seconds.
     void setTimerText(const QString &text);
     void setVideoTimerText(const QString &text);
-
-    // The countdown rings, seconds.
     void startTimerViewFromSec(qint64 fromSec, qint64 endSec);
     void startVideoTimerViewFromSec(qint64 fromSec, qint64 endSec);
 
@@ -124,23 +146,27 @@ public:
     void setSplashTimerConstraint(const LayoutConstraintPtr &constraint);
     void setSpashTimerConstraint1(const LayoutConstraintPtr &constraint);
 
+    /// False while a video plays: showEndScreen() then leaves it on screen.
     bool canShowEnd() const { return m_canShowEnd; }
+    /// The start screen is nothing but the background's colour.
     bool withouSplash() const { return m_withouSplash; }
     bool didInitState() const { return m_didInitState; }
+    /// Kept for its name; nothing reads it.
     bool isFocus() const { return m_focus; }
     void setFocus(bool focus) { m_focus = focus; }
-    quint64 oldWindowCollection() const { return m_oldWindowCollection; }
-    bool oldResize() const { return m_oldResize; }
+    // What the window had before the start screen.
+    quint64 oldWindowCollection() const { return m_windowLock.oldCollectionBehavior(); }
+    bool oldResize() const { return m_windowLock.wasResizable(); }
 
     const SplashScreenOutlets &outlets() const { return m_outlets; }
     /// True when the host has destroyed the view itself. Content that is destroyed around it
     /// leaves the view: it is put over the window's new content.
-    bool isGone() const { return m_overlay && !viewIfLoaded(); }
+    bool isGone() const { return overlay() && !viewIfLoaded(); }
     /// The place of the view in the window; null before and after it has one.
-    Overlay *overlay() const { return m_overlay.get(); }
+    Overlay *overlay() const { return m_placement.overlay(); }
 
     /// The running application's icon; null when it has none.
-    static QImage appIcon();
+    static QImage appIcon() { return SplashScreenAppearance::applicationIcon(); }
 
 protected:
     QWidget *loadView() override;
@@ -149,20 +175,13 @@ protected:
 private:
     SplashScreenController();
     void initViewState();
-    void setTitles();
-    void setStackingOrder();
     void connectActions();
     void attach();
-    void place(QWidget *view, QWidget *superview);
-    void placeAnew();
-    void applyTopInset();
-    void showApplicationIcon();
     void enterStartScreen();
     void showPhase(SplashScreenVisibility::Phase phase);
-    void setRootHidden(bool hidden);
-    void removePlayer();
-    void forEachRing(const std::function<void(TimeProgressView &)> &change);
     void lowerTimerConstraint();
+    /// Runs an operation on a later turn of the main loop, if there still is a controller then.
+    void post(void (SplashScreenController::*operation)());
     /// True on the main thread; else the operation is posted there.
     bool isOnMainThread(void (SplashScreenController::*operation)());
 
@@ -170,24 +189,20 @@ private:
     std::weak_ptr<SplashScreenControllerProtocolOutput> m_output;
     SplashScreenOutlets m_outlets;
     QPointer<SplashScreenLayout> m_layout;
-    std::unique_ptr<ContentArea> m_area;
-    std::unique_ptr<Overlay> m_overlay;
-    bool m_isRootHidden = true;
-    std::unique_ptr<VideoPlayer> m_playerlayer;
+    SplashScreenPlacement m_placement;
+    SplashScreenAppearance m_appearance;
+    SplashScreenVisibility::LeftOut m_leftOut;
+    SplashScreenWindowLock m_windowLock;
+    SplashScreenPlayer m_player;
     QUrl m_videoUrl;
     QUrl m_interstitialUrl;
-    /// What the end screen's picture was read from since the last start screen.
-    QUrl m_readInterstitial;
-    quint64 m_oldWindowCollection = 0;
-    bool m_oldResize = false;
+    /// The picture file that the end screen has loaded since the last start screen.
+    QUrl m_loadedInterstitial;
     bool m_isUnityWindow = false;
     bool m_focus = false;
-    bool m_muted = false;
     bool m_canShowEnd = true;
     bool m_withouSplash = false;
     bool m_didInitState = false;
-
-    SplashScreenAppearance m_appearance;
 };
 
 } // namespace velmora

@@ -3,8 +3,8 @@
 
 namespace velmora {
 
-/// What a splash-screen controller reports: the user's clicks and the end of the video. Called on
-/// the main thread; an answer may remove the controller.
+/// Receives what a splash-screen controller reports: the user's clicks and the end of the video.
+/// Called on the main thread. An implementation may remove the controller inside the call.
 class SplashScreenControllerProtocolOutput {
 public:
     virtual void didClickOnVideo() = 0;

@@ -7,9 +7,9 @@
 
 namespace velmora {
 
-/// What the keyboard does in a splash screen beyond its buttons' own keys: Return works the
-/// control that has the focus, Escape the close button once that is shown. No other key gets
-/// through to what lies underneath. Owned by the root view. Main thread only.
+/// The keys of a splash screen, beside those that its buttons know themselves: Return and Enter
+/// click the button that has the focus, Escape clicks the close button once that is shown. Owned
+/// by the root view. Main thread only.
 class SplashScreenKeys : public QObject {
     Q_OBJECT
 

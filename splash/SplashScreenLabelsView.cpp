@@ -14,7 +14,7 @@ void setResistance(TextField *field, int priority) {
     if (!field)
         return;
     field->setProperty(ResistanceProperty, priority);
-    // A weak field may be narrower than its text.
+    // A field of low priority may become narrower than its text.
     field->setMinimumWidth(priority < UsualResistance ? 1 : 0);
 }
 
@@ -47,7 +47,7 @@ void SplashScreenLabelsView::frameChanged() {
         if (m_superview && width() != m_superview->width())
             resize(m_superview->width(), height());
     }
-    // The field ends weak; the second field keeps its own.
+    // The second call is the one that counts; the second field keeps its priority.
     setResistance(m_textCommentFieldFirst, 1000);
     setResistance(m_textCommentFieldFirst, 100);
 }

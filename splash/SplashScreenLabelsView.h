@@ -21,7 +21,7 @@ public:
     /// Gives the view a frame; its width then becomes the superview's.
     void setFrame(const QRect &frame);
 
-    // Bound from the interface resource; null when the resource lacks them or they are gone.
+    // Set from the interface resource; null when it lacks the element or that was destroyed.
     TextField *textCommentFieldFirst() const { return m_textCommentFieldFirst; }
     void setTextCommentFieldFirst(TextField *field) { m_textCommentFieldFirst = field; }
     TextField *textCommentFieldSecond() const { return m_textCommentFieldSecond; }
@@ -31,8 +31,8 @@ public:
     TimeProgressView *timeProgressView() const { return m_timeProgressView; }
     void setTimeProgressView(TimeProgressView *view) { m_timeProgressView = view; }
 
-    /// The width that the view holds, points: the superview's, or 0 without one, since the last
-    /// change of frame. Without a constraint the view leaves its width alone.
+    /// Its constant is the width that the view keeps, points: that of the superview, or 0 without
+    /// one. Without a constraint the view does not change its width.
     LayoutConstraintPtr widthConstraint() const { return m_widthConstraint; }
     void setWidthConstraint(const LayoutConstraintPtr &constraint);
 

@@ -13,7 +13,7 @@ namespace velmora {
 namespace {
 
 constexpr QSizeF UsualSize{640, 480};
-// Of a countdown's letters against its ring.
+// Height of a countdown's digits as a part of its ring's.
 constexpr double CountdownSize = 0.36;
 
 void place(QWidget *view, const QRect &frame) {
@@ -33,7 +33,7 @@ void placeCountdown(TextField *text, const QRect &ring, const LayoutConstraintPt
     place(text, ring.translated(0, -lift));
 }
 
-// A button as wide as its title, with letters of a size.
+// Makes a button as wide as its title is in letters of a size.
 QSize fit(RemoveAdsButton *button, int letters, int height) {
     QFont font = button->font();
     font.setPixelSize(letters);

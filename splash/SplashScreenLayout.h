@@ -8,16 +8,16 @@
 
 namespace velmora {
 
-/// Places and sizes the elements of a splash screen for whatever size its root view has: the
-/// start screen's column in the middle, the buttons in the corners, pictures and video edge to
-/// edge. Owned by the root view. Main thread only.
+/// Places and sizes the elements of a splash screen for the size of its root view: icon, texts and
+/// ring of the start screen in a column in the middle, buttons in the corners, pictures and video
+/// over the whole view. Owned by the root view. Main thread only.
 class SplashScreenLayout : public QObject {
     Q_OBJECT
 
 public:
     SplashScreenLayout(QWidget *root, const SplashScreenOutlets &outlets);
 
-    /// Lays everything out now; the root view's own changes of size do the same.
+    /// Lays everything out now. Done also whenever the root view is resized.
     void apply();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -30,9 +30,9 @@ private:
 
     QWidget *m_root;
     SplashScreenOutlets m_outlets;
-    /// 1 in a window of the usual size.
+    /// Factor for lengths: 1 in a window of the usual size.
     double m_unit = 1;
-    /// Bottom of what the column may use.
+    /// The column must end above this y.
     int m_columnBottom = 0;
 };
 

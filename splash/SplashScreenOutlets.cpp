@@ -44,4 +44,18 @@ SplashScreenOutlets SplashScreenOutlets::of(QWidget *root) {
     return found;
 }
 
+TextField *SplashScreenOutlets::timeLabel() const {
+    return lablesView ? lablesView->timeLabel() : nullptr;
+}
+
+TimeProgressView *SplashScreenOutlets::timeProgressView() const {
+    return lablesView ? lablesView->timeProgressView() : nullptr;
+}
+
+QList<TimeProgressView *> SplashScreenOutlets::rings() const {
+    QList<TimeProgressView *> rings{timeProgressView(), videoProgressView};
+    rings.removeAll(nullptr);
+    return rings;
+}
+
 } // namespace velmora

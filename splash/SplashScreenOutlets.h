@@ -12,12 +12,13 @@
 #include "ToggleButtonCell.h"
 #include "VideoView.h"
 
+#include <QtCore/QList>
 #include <QtCore/QPointer>
 
 namespace velmora {
 
-/// The elements of a splash screen's view tree, by their names in the interface resource. Null
-/// where the resource lacks one or it is gone.
+/// The elements of a splash screen's view, by their names in the interface resource. An element
+/// is null when the resource lacks it, and once it has been destroyed.
 struct SplashScreenOutlets {
     QPointer<VideoView> splashScreenPlayerView;
     QPointer<SplashScreenLabelsView> lablesView;
@@ -32,12 +33,19 @@ struct SplashScreenOutlets {
     QPointer<RemoveAdsButton> removeAdsImageButton;
     QPointer<ToggleButtonCell> soundButton;
 
-    /// How far the countdown texts lie above the middle of their rings, points.
+    /// How far the countdown texts lie above the middle of their rings, points: on the start
+    /// screen, and over the video.
     LayoutConstraintPtr splashTimerConstraint;
     LayoutConstraintPtr spashTimerConstraint1;
 
-    /// Finds the elements in a loaded tree; a missing one is logged.
+    /// Finds the elements in a loaded view; a missing one is logged.
     static SplashScreenOutlets of(QWidget *root);
+
+    /// The countdown text and the ring of the start screen; null when missing.
+    TextField *timeLabel() const;
+    TimeProgressView *timeProgressView() const;
+    /// The rings of the start screen and over the video, without nulls.
+    QList<TimeProgressView *> rings() const;
 };
 
 } // namespace velmora

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashScreenPresenter.h"
 
-#include "AdsDownloader.h"
 #include "AdsEventLogger.h"
 #include "MainQueue.h"
 #include "SplashScreenStyle.h"
 #include "Switches.h"
+#include "Window.h"
+#include "Workspace.h"
 
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
-
-#include <utility>
 
 namespace velmora {
 
@@ -20,22 +19,19 @@ void announce(const QString &name) {
     NotificationCenter::defaultCenter().post(name);
 }
 
+QWidget *windowOf(QWidget *widget) {
+    return widget ? widget->window() : nullptr;
+}
+
 constexpr double WindowlessSeconds = 10;
 
 } // namespace
 
-void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> work) {
-    MainQueue::post([weak = weak_from_this(), work = std::move(work)] {
-        if (const auto self = weak.lock())
-            work(*self);
-    });
-}
-
 SplashScreenPresenter::SplashScreenPresenter()
-    : m_splashScreenStandartDuration(m_loadTime + SplashClock::VideoSeconds),
-      m_downloader(AdsDownloader::sharedInstance()),
-      m_logger(&AdsEventLogger::sharedInstance()),
-      m_splashScreenOptions(SplashScreenStyle::standardOptions()) {}
+    : m_splashScreenOptions(SplashScreenStyle::standardOptions()) {
+    // Loads the events that an earlier run could not deliver.
+    AdsEventLogger::sharedInstance();
+}
 
 SplashScreenPresenter::~SplashScreenPresenter() {
     Timer::cancel(m_windowlessTimer);
@@ -49,11 +45,17 @@ std::shared_ptr<SplashScreenPresenter> SplashScreenPresenter::make() {
 
 void SplashScreenPresenter::connectParts() {
     using Self = SplashScreenPresenter;
-    m_clock.setHandlers({whileAlive(&Self::countdownTicked), whileAlive(&Self::startShowVideo),
-                         whileAlive(&Self::showCloseButton)});
+    m_sequence.connectClock(weak_from_this());
     m_windows.setHandlers({whileAlive(&Self::windowBecameActive),
                            whileAlive(&Self::windowBecameDisactive),
                            whileAlive(&Self::windowWillClose), whileAlive(&Self::windowDestroyed)});
+}
+
+void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> work) {
+    MainQueue::post([weak = weak_from_this(), work = std::move(work)] {
+        if (const auto self = weak.lock())
+            work(*self);
+    });
 }
 
 void SplashScreenPresenter::setAllSplashScreenParamsFor(const Controller &controller) const {
@@ -64,9 +66,9 @@ void SplashScreenPresenter::setAllSplashScreenParamsFor(const Controller &contro
 // Requests.
 
 void SplashScreenPresenter::showSplashScreens() {
-    if (m_show || !m_waiting.isOver()) {
-        LOG(m_show ? QStringLiteral("splash screen not shown: one is on screen")
-                   : QStringLiteral("splash screen not shown: the waiting period is not over"));
+    if (isShow() || !m_waiting.isOver()) {
+        LOG(isShow() ? QStringLiteral("splash screen not shown: one is on screen")
+                     : QStringLiteral("splash screen not shown: the waiting period is not over"));
         return;
     }
     // The active controller stays known when its window loses the key status between sequences.
@@ -80,17 +82,25 @@ void SplashScreenPresenter::showSplashScreens() {
 
 void SplashScreenPresenter::needForceShowSplashScreens() {
     m_waiting.cancel();
-    if (m_withoutSplash)
+    if (withoutSplash())
         forceShowVideoWithoutSplash();
     else
         forceShowSplashScreens();
+}
+
+void SplashScreenPresenter::forceShowSplashScreens() {
+    startSequence(loadTime());
+}
+
+void SplashScreenPresenter::forceShowVideoWithoutSplash() {
+    startSequence(0);
 }
 
 bool SplashScreenPresenter::maySequenceStart() const {
     QString reason;
     if (Switches::isADSRemoved())
         return false;
-    if (m_show || m_isStarting)
+    if (isShow() || m_isStarting)
         reason = QStringLiteral("one is on screen");
     else if (!m_windows.hasKey)
         reason = QStringLiteral("no registered window is key");
@@ -101,19 +111,10 @@ bool SplashScreenPresenter::maySequenceStart() const {
     return reason.isEmpty();
 }
 
-void SplashScreenPresenter::forceShowSplashScreens() {
-    forgetGoneControllers();
-    if (maySequenceStart())
-        startSequence(m_loadTime);
-}
-
-void SplashScreenPresenter::forceShowVideoWithoutSplash() {
-    forgetGoneControllers();
-    if (maySequenceStart())
-        startSequence(0);
-}
-
 void SplashScreenPresenter::startSequence(qint64 loadTime) {
+    forgetGoneControllers();
+    if (!maySequenceStart())
+        return;
     ++m_splashScreenStartCount;
     m_isStarting = true;
     announce(VLMsplashScreenWillShow);
@@ -123,48 +124,120 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
         return;
     m_needShow = false;
     m_waiting.setNotOver();
-    m_show = true;
-    m_closeButtonIsDue = false;
-    m_windows.playing = m_windows.active ? m_windows.active : m_windows.all().front();
-    m_clock.begin();
-    startWaitVideoTimer(double(loadTime));
-    startTickTimer();
-    warmUpVideo();
-    updateTimerText();
-    for (const Controller &controller : m_windows.copy()) {
-        controller->startTimerViewFromSec(0, loadTime + SplashClock::VideoSeconds);
-        controller->showStartScreen();
-    }
-    m_stateSplashScreen = SplashScreenStateStart;
+    m_sequence.begin(loadTime);
     announce(VLMsplashScreenDidShow);
     if (m_splashScreenStartCount >= 2)
         announce(VLMsplashScreenShowMoreOne);
 }
 
 void SplashScreenPresenter::hideSplashScreens() {
-    noteVideoDuration();
-    m_show = false;
     m_needShow = false;
-    m_closeButtonIsDue = false;
-    stopTickTimer();
-    Timer::cancel(m_windowlessTimer);
-    m_windows.playing = nullptr;
-    for (const Controller &controller : m_windows.copy())
-        controller->hide();
+    m_sequence.end();
+    watchForWindows();
     startWaitTimer();
 }
 
-void SplashScreenPresenter::didClickClose() {
-    m_withoutSplash = false;
-    m_stateSplashScreen = SplashScreenStateClosed;
-    hideSplashScreens();
-    announce(VLMsplashScreenDidClose);
+void SplashScreenPresenter::resumeSplashScreen() {
+    m_sequence.resume();
+    if (m_needShow)
+        forceShowSplashScreens();
 }
 
-// A sequence whose windows have all gone is over for its user, who could never close it.
+// Windows.
 
+SplashScreenPresenter::Controller
+SplashScreenPresenter::splashScreenControllerWithWindow(const QWidget *widget) const {
+    return m_windows.find(widget);
+}
+
+bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *widget, bool unity) {
+    forgetGoneControllers();
+    QWidget *window = windowOf(widget);
+    if (!window || m_windows.find(window)) {
+        LOG(window ? QStringLiteral("splash screen not added: the window has one")
+                   : QStringLiteral("splash screen not added: no window was given"));
+        return false;
+    }
+    if (m_windows.isEmpty())
+        m_waiting.startFirst();
+    const Controller controller = SplashScreenController::initSplashScreenWithWindow(window, unity);
+    controller->setOutput(weak_from_this());
+    setAllSplashScreenParamsFor(controller);
+    controller->setMuted(m_muted);
+    m_windows.add(controller);
+    registrationNotificationForWindow(window);
+    if (isShow())
+        m_sequence.join(controller);
+    watchForWindows();
+    updateTimerText();
+    if (Window::of(window)->isKeyWindow())
+        NotificationCenter::defaultCenter().post(NSWindowDidBecomeKeyNotification,
+                                                 QVariant::fromValue<QObject *>(window));
+    return true;
+}
+
+void SplashScreenPresenter::registrationNotificationForWindow(QWidget *window) {
+    m_windows.observe(window);
+}
+
+void SplashScreenPresenter::deregistrationNotificationForWindow(QWidget *window) {
+    m_windows.ignore(window);
+}
+
+void SplashScreenPresenter::removeSplashScreenWithWindow(QWidget *widget) {
+    QWidget *window = windowOf(widget);
+    const Controller controller = m_windows.find(window);
+    if (controller)
+        detach(controller);
+    deregistrationNotificationForWindow(window);
+}
+
+void SplashScreenPresenter::detach(const Controller &controller) {
+    if (controller == m_windows.playing)
+        m_windows.playing = nullptr;
+    controller->hide();
+    controller->removeFromWindow();
+    m_windows.remove(controller);
+    watchForWindows();
+}
+
+void SplashScreenPresenter::removeAllSplashScreens() {
+    for (const Controller &controller : m_windows.copy()) {
+        controller->hide();
+        controller->removeFromWindow();
+    }
+    m_sequence.setNotShown();
+    m_windows.clear();
+    watchForWindows();
+}
+
+// A host may destroy a splash screen's view and keep the window.
+void SplashScreenPresenter::forgetGoneControllers() {
+    for (const Controller &controller : m_windows.copy()) {
+        if (!controller->isGone())
+            continue;
+        if (controller == m_windows.active)
+            m_windows.active = nullptr;
+        detach(controller);
+    }
+}
+
+void SplashScreenPresenter::windowDestroyed(QObject *window) {
+    for (const Controller &controller : m_windows.copy()) {
+        const QObject *own = controller->window();
+        if (own && own != window)
+            continue;
+        // The window is half destroyed: the controller must not call it any more.
+        controller->setWindow(nullptr);
+        if (m_windows.hasKey && controller == m_windows.active)
+            windowBecameDisactive();
+        detach(controller);
+    }
+}
+
+// The user of a sequence that has no window left could never close it.
 void SplashScreenPresenter::watchForWindows() {
-    const bool isWindowless = m_show && m_windows.isEmpty();
+    const bool isWindowless = isShow() && m_windows.isEmpty();
     if (!isWindowless) {
         Timer::cancel(m_windowlessTimer);
     } else if (!m_windowlessTimer) {
@@ -180,131 +253,68 @@ void SplashScreenPresenter::endWindowlessSequence() {
     didClickClose();
 }
 
-// The waiting period.
-
-void SplashScreenPresenter::startWaitTimer() {
-    m_waiting.start();
-}
-
-void SplashScreenPresenter::endWaitTimer() {
-    m_waiting.end();
-}
-
-void SplashScreenPresenter::refreshWaitAgain() {
-    m_waiting.restart();
-}
-
-// The tick.
-
-void SplashScreenPresenter::startTickTimer() {
-    m_clock.startTick();
-}
-
-void SplashScreenPresenter::stopTickTimer() {
-    m_clock.stopTick();
-}
-
-void SplashScreenPresenter::tick() {
-    m_clock.tick();
-}
-
-void SplashScreenPresenter::resumeTimer() {
-    m_clock.startTick();
-    m_clock.tick();
-}
-
-void SplashScreenPresenter::countdownTicked() {
-    // The tick that makes up for a pause may come when the sequence is over, or the windows were
-    // taken out with the ads: nothing else would end the ticking.
-    if (!m_show)
-        stopTickTimer();
-    updateTimerText();
-    updateVideoTimerText();
-}
-
-void SplashScreenPresenter::updateTimerText() {
-    const qint64 left = m_clock.secondsLeftOf(m_loadTime + SplashClock::VideoSeconds);
-    for (const Controller &controller : m_windows.copy())
-        controller->setTimerText(QString::number(left));
-}
-
-void SplashScreenPresenter::updateVideoTimerText() {
-    const qint64 left = m_clock.secondsLeftOf(secondsToCloseButton());
-    for (const Controller &controller : m_windows.copy())
-        controller->setVideoTimerText(QString::number(left));
-}
-
-qint64 SplashScreenPresenter::secondsToCloseButton() const {
-    return (m_withoutSplash ? 0 : m_loadTime) + SplashClock::VideoSeconds;
-}
-
-// The video timer: in the start phase it waits for the video, in the video phase for the close
-// button.
-
-void SplashScreenPresenter::startWaitVideoTimer(double seconds) {
-    m_clock.startVideoAfter(seconds);
-    for (const Controller &controller : m_windows.copy())
-        controller->continueShow();
-}
-
-void SplashScreenPresenter::stopWaitVideoTimer() {
-    m_clock.stopPhaseTimer();
-    for (const Controller &controller : m_windows.copy())
-        controller->pauseShow();
-}
-
-void SplashScreenPresenter::startVideoTimerWithTime(double seconds) {
-    m_clock.startCloseButtonAfter(seconds);
-    for (const Controller &controller : m_windows.copy())
-        controller->continueShowVideo();
-}
-
-void SplashScreenPresenter::stopVideoTimer() {
-    m_clock.stopPhaseTimer();
-    for (const Controller &controller : m_windows.copy())
-        controller->pauseShowVideo();
-}
-
-// Pause and resume.
-
-void SplashScreenPresenter::pauseSplashScreens() {
-    m_needsResumeSplashScreen = true;
-    m_clock.pause();
-    if (m_show) {
-        m_closeButtonIsDue = m_closeButtonIsDue || (m_stateSplashScreen == SplashScreenStateEnd &&
-                                                    m_clock.isPhaseTimerPending());
-        stopWaitVideoTimer();
-        stopTickTimer();
-        m_clock.cancelResumeTick();
-        for (const Controller &controller : m_windows.copy())
-            controller->pauseShow();
+void SplashScreenPresenter::windowBecameActive(QWidget *window) {
+    const Window *facts = Window::of(window);
+    if (facts && facts->isKeyWindow()) {
+        m_windows.hasKey = true;
+        m_windows.active = m_windows.find(window);
     }
-    if (const Controller playing = m_windows.playing)
-        playing->pauseShowVideo();
-    m_windows.active = nullptr;
+    post([](SplashScreenPresenter &self) {
+        if (self.needsResumeSplashScreen())
+            self.resumeSplashScreen();
+        if (self.m_needShow)
+            self.showSplashScreens();
+    });
 }
 
-void SplashScreenPresenter::resumeSplashScreen() {
-    m_needsResumeSplashScreen = false;
-    if (Switches::isADSRemoved())
+void SplashScreenPresenter::windowBecameDisactive() {
+    m_windows.hasKey = false;
+    if (Switches::isADSRemoved() || !isShow())
         return;
-    if (m_show) {
-        if (m_stateSplashScreen < SplashScreenStateVideoCloseButton) {
-            m_clock.resume();
-            m_clock.resumeTick();
-        }
-        if (m_stateSplashScreen == SplashScreenStateStart) {
-            startWaitVideoTimer(m_clock.secondsTo(m_loadTime));
-        } else if (m_stateSplashScreen == SplashScreenStateVideo ||
-                   std::exchange(m_closeButtonIsDue, false)) {
-            startVideoTimerWithTime(m_clock.secondsTo(secondsToCloseButton()));
-        } else if (m_stateSplashScreen == SplashScreenStateVideoCloseButton) {
-            for (const Controller &controller : m_windows.copy())
-                controller->continueShowVideo();
-        }
-    }
-    if (m_needShow)
-        forceShowSplashScreens();
+    // Posted: the key status may just be moving to another registered window.
+    post([](SplashScreenPresenter &self) {
+        if (!self.m_windows.hasKey)
+            self.pauseSplashScreens();
+    });
+}
+
+void SplashScreenPresenter::windowWillClose(QWidget *window) {
+    if (!Switches::isARCActivate())
+        return;
+    post([closing = QPointer<QWidget>(window)](SplashScreenPresenter &self) {
+        if (closing)
+            self.removeSplashScreenWithWindow(closing);
+    });
+}
+
+// The user's actions.
+
+void SplashScreenPresenter::didClickOnVideo() {
+    if (!m_video.hasLink())
+        return;
+    Workspace::openURL(m_video.linkToOpen());
+    NotificationCenter::defaultCenter().post(VLMclickForVideo, m_video.advertisedName());
+}
+
+void SplashScreenPresenter::didClickRemoveAds() {
+    announce(VLMtryRemoveAds);
+}
+
+void SplashScreenPresenter::didClickClose() {
+    m_sequence.setClosed();
+    hideSplashScreens();
+    announce(VLMsplashScreenDidClose);
+}
+
+void SplashScreenPresenter::setMuted(bool muted) {
+    m_muted = muted;
+    for (const Controller &controller : m_windows.copy())
+        controller->setMuted(muted);
+}
+
+qint64 SplashScreenPresenter::videoDuration() {
+    m_sequence.noteVideoDuration();
+    return m_video.duration();
 }
 
 } // namespace velmora

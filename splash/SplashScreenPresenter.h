@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "SplashClock.h"
 #include "SplashScreenControllerProtocolOutput.h"
+#include "SplashSequence.h"
+#include "SplashVideo.h"
 #include "SplashWaitingPeriod.h"
 #include "SplashWindows.h"
 
-#include <QtCore/QJsonObject>
-#include <QtCore/QUrl>
 #include <QtCore/QVariantMap>
 
 #include <memory>
@@ -15,25 +14,19 @@
 
 namespace velmora {
 
-class AdsDownloader;
-class AdsEventLogger;
-
-/// Runs the splash-screen sequence in all registered windows in lockstep: start screen with a
-/// countdown, video, end screen. One per process. Main thread only.
+/// Shows splash screens in the host's windows: decides whether a requested sequence may begin,
+/// registers the windows, follows which of them is key, and answers the user's clicks. What it
+/// does not do itself it hands on: SplashSequence runs the phases, SplashVideo chooses the video,
+/// SplashWaitingPeriod is the wait between two sequences. One per process. Main thread only.
 ///
-/// A timer field is replaced without cancelling the timer it held; cancelling is explicit.
+/// Starting a timer does not cancel the one that was started before it by the same name: both
+/// fire. Only the stop operations cancel.
 class SplashScreenPresenter final : public SplashScreenControllerProtocolOutput,
                                     public std::enable_shared_from_this<SplashScreenPresenter> {
 public:
     using Controller = SplashWindows::Controller;
-
-    enum State : qint64 {
-        SplashScreenStateClosed = -1,          ///< the user closed the sequence
-        SplashScreenStateStart = 0,            ///< start screen and countdown
-        SplashScreenStateVideo = 1,            ///< video phase, no close button yet
-        SplashScreenStateVideoCloseButton = 2, ///< close button shown; the video may play on
-        SplashScreenStateEnd = 3,              ///< the video has ended
-    };
+    using State = SplashSequence::State;
+    using enum SplashSequence::State;
 
     static std::shared_ptr<SplashScreenPresenter> make();
     ~SplashScreenPresenter();
@@ -42,39 +35,42 @@ public:
     /// Starts a sequence when the waiting period is over; without a key window, as soon as a
     /// registered window becomes key.
     void showSplashScreens();
-    /// Starts a sequence whether or not the waiting period is over; ends that period for good.
+    /// Starts a sequence whether or not the waiting period is over. Cancels the wait even when
+    /// the sequence may not start; only refreshWaitAgain() and the end of a sequence start a new
+    /// one.
     void needForceShowSplashScreens();
     void forceShowSplashScreens();
     void forceShowVideoWithoutSplash();
     /// Ends the sequence and starts the waiting period.
     void hideSplashScreens();
-    /// Starts the waiting period anew.
-    void refreshWaitAgain();
-    /// Prepares a video.
-    void starDownLoad();
+    /// Has the downloader prepare a video.
+    void starDownLoad() { m_video.download(); }
+
+    // The waiting period.
     bool isAdsReady() const { return m_waiting.isOver(); }
+    bool isWaitTimeLeft() const { return m_waiting.isOver(); }
+    void startWaitTimer() { m_waiting.start(); }
+    void endWaitTimer() { m_waiting.end(); }
+    /// Starts the waiting period anew.
+    void refreshWaitAgain() { m_waiting.restart(); }
 
-    // Clock.
-    void startWaitTimer();
-    void endWaitTimer();
-    void startTickTimer();
-    void stopTickTimer();
-    void tick();
-    void resumeTimer();
-    void updateTimerText();
-    void updateVideoTimerText();
-    void startWaitVideoTimer(double seconds);
-    void stopWaitVideoTimer();
-    void startVideoTimerWithTime(double seconds);
-    void stopVideoTimer();
-    void pauseSplashScreens();
+    // The sequence.
+    void startTickTimer() { clock().startTick(); }
+    void stopTickTimer() { clock().stopTick(); }
+    void tick() { clock().tick(); }
+    void resumeTimer() { clock().tickAtOnceAndOn(); }
+    void updateTimerText() { m_sequence.updateTimerText(); }
+    void updateVideoTimerText() { m_sequence.updateVideoTimerText(); }
+    void startWaitVideoTimer(double seconds) { m_sequence.startWaitVideoTimer(seconds); }
+    void stopWaitVideoTimer() { m_sequence.stopWaitVideoTimer(); }
+    void startVideoTimerWithTime(double seconds) { m_sequence.startVideoTimerWithTime(seconds); }
+    void stopVideoTimer() { m_sequence.stopVideoTimer(); }
+    void pauseSplashScreens() { m_sequence.pause(); }
     void resumeSplashScreen();
-
-    // Phases.
-    void startShowVideo();
-    void showCloseButton();
+    void startShowVideo() { m_sequence.startShowVideo(); }
+    void showCloseButton() { m_sequence.showCloseButton(); }
     /// As showCloseButton(), with the state left alone.
-    void stopVideo();
+    void stopVideo() { m_sequence.stopVideo(); }
 
     // Windows.
     /// Registers the window that a widget is or lies in; false when it is registered already.
@@ -93,10 +89,10 @@ public:
 
     // The user's actions and the video's end.
     void didClickOnVideo() override;
-    void didChangeMuted(bool muted) override;
+    void didChangeMuted(bool muted) override { setMuted(muted); }
     void didClickRemoveAds() override;
     void didClickClose() override;
-    void didVideoEnded() override;
+    void didVideoEnded() override { m_sequence.videoEnded(); }
 
     // Options.
     /// Applies all options to one controller; null is ignored.
@@ -106,36 +102,40 @@ public:
     void setSplashScreenOptions(const QVariantMap &options) { m_splashScreenOptions = options; }
 
     // Video.
-    /// The video played when the ad server has none, and where a click on it leads. The name of
-    /// the advertised application is looked up in the background.
-    void setDefaultVideoWithURL(const QUrl &video, const QUrl &link);
-    const QUrl &defaultVideoUrl() const { return m_defaultVideoUrl; }
-    const QUrl &defaultLinkFromVideoUrl() const { return m_defaultLinkFromVideoUrl; }
-    const QString &defaultVideoName() const { return m_defaultVideoName; }
-    const QUrl &videoUrl() const { return m_videoUrl; }
-    const QUrl &interstitialVideoUrl() const { return m_interstitialVideoUrl; }
-    const QUrl &linkFromVideoUrl() const { return m_linkFromVideoUrl; }
-    const QJsonObject &videoInfo() const { return m_videoInfo; }
+    void setDefaultVideoWithURL(const QUrl &video, const QUrl &link) {
+        m_video.setDefault(video, link);
+    }
+    const QUrl &defaultVideoUrl() const { return m_video.defaultUrl(); }
+    const QUrl &defaultLinkFromVideoUrl() const { return m_video.defaultLink(); }
+    const QString &defaultVideoName() const { return m_video.defaultName(); }
+    const QUrl &videoUrl() const { return m_video.url(); }
+    const QUrl &interstitialVideoUrl() const { return m_video.interstitialUrl(); }
+    const QUrl &linkFromVideoUrl() const { return m_video.link(); }
+    const QJsonObject &videoInfo() const { return m_video.info(); }
     /// Length of the video chosen last, whole seconds; 0 until the player knows it.
     qint64 videoDuration();
+    /// In all windows, and in those that are registered later.
     void setMuted(bool muted);
     bool isMuted() const { return m_muted; }
 
     // State.
-    bool isShow() const { return m_show; }
-    bool withoutSplash() const { return m_withoutSplash; }
-    void setWithoutSplash(bool without) { m_withoutSplash = without; }
+    bool isShow() const { return m_sequence.isShow(); }
+    bool withoutSplash() const { return m_sequence.withoutSplash(); }
+    void setWithoutSplash(bool without) { m_sequence.setWithoutSplash(without); }
+    /// A registered window is key.
     bool isFocus() const { return m_windows.hasKey; }
-    bool needsResumeSplashScreen() const { return m_needsResumeSplashScreen; }
-    bool isShowVideo() const { return m_showVideo; }
-    bool isShowEnd() const { return m_showEnd; }
-    bool isWaitTimeLeft() const { return m_waiting.isOver(); }
+    bool needsResumeSplashScreen() const { return m_sequence.needsResume(); }
+    bool isShowVideo() const { return m_sequence.isShowVideo(); }
+    bool isShowEnd() const { return m_sequence.isShowEnd(); }
+    /// A sequence starts as soon as a registered window becomes key.
     bool isNeedShow() const { return m_needShow; }
-    qint64 stateSplashScreen() const { return m_stateSplashScreen; }
+    qint64 stateSplashScreen() const { return m_sequence.state(); }
+    /// Sequences that were started in this process.
     qint64 splashScreenStartCount() const { return m_splashScreenStartCount; }
-    qint64 passedTime() const { return m_clock.passedTime(); }
+    /// Whole seconds of the sequence that have been counted.
+    qint64 passedTime() const { return clock().passedTime(); }
     /// Seconds that a sequence had run when it was last paused.
-    double timeDuration() const { return m_clock.timeDuration(); }
+    double timeDuration() const { return clock().timeDuration(); }
 
     // Durations, whole seconds.
     /// From the registration of the first window to the first sequence. Default: 0.
@@ -145,10 +145,10 @@ public:
     qint64 waitTime() const { return m_waiting.waitTime(); }
     void setWaitTime(qint64 seconds) { m_waiting.setWaitTime(seconds); }
     /// Of the start screen. Default: 5.
-    qint64 loadTime() const { return m_loadTime; }
-    void setLoadTime(qint64 seconds) { m_loadTime = seconds; }
+    qint64 loadTime() const { return m_sequence.loadTime(); }
+    void setLoadTime(qint64 seconds) { m_sequence.setLoadTime(seconds); }
     /// Where the ring ends in a window that joins a running sequence; fixed at construction.
-    qint64 splashScreenStandartDuration() const { return m_splashScreenStandartDuration; }
+    qint64 splashScreenStandartDuration() const { return m_sequence.standardDuration(); }
 
     const std::vector<Controller> &SSControllers() const { return m_windows.all(); }
     const Controller &activeSplashScreenController() const { return m_windows.active; }
@@ -156,16 +156,18 @@ public:
 
     const TimerPtr &firstStartTimer() const { return m_waiting.firstStartTimer(); }
     const TimerPtr &prepareTimer() const { return m_waiting.prepareTimer(); }
-    const TimerPtr &tickTimer() const { return m_clock.tickTimer(); }
-    const TimerPtr &resumeTickTimer() const { return m_clock.resumeTickTimer(); }
-    const TimerPtr &videoTimer() const { return m_clock.videoTimer(); }
+    const TimerPtr &tickTimer() const { return clock().tickTimer(); }
+    const TimerPtr &resumeTickTimer() const { return clock().resumeTickTimer(); }
+    const TimerPtr &videoTimer() const { return clock().videoTimer(); }
     // Kept for their names; nothing schedules them.
-    const TimerPtr &resumeCurrentTimer() const { return m_resumeCurrentTimer; }
-    const TimerPtr &startVideoTimer() const { return m_startVideoTimer; }
-    const TimerPtr &endVideoTimer() const { return m_endVideoTimer; }
+    TimerPtr resumeCurrentTimer() const { return nullptr; }
+    TimerPtr startVideoTimer() const { return nullptr; }
+    TimerPtr endVideoTimer() const { return nullptr; }
 
 private:
     SplashScreenPresenter();
+    SplashClock &clock() { return m_sequence.clock(); }
+    const SplashClock &clock() const { return m_sequence.clock(); }
     /// Runs one of the presenter's operations for as long as there is a presenter.
     template<class... Arguments>
     auto whileAlive(void (SplashScreenPresenter::*operation)(Arguments...)) {
@@ -175,65 +177,29 @@ private:
         };
     }
     void connectParts();
-    void countdownTicked();
     /// Posts work to the main queue, dropped when the presenter goes first.
     void post(std::function<void(SplashScreenPresenter &)> work);
     bool maySequenceStart() const;
     void startSequence(qint64 loadTime);
-    void showEndScreens();
-    /// Running seconds from the start of the sequence to the close button.
-    qint64 secondsToCloseButton() const;
-    void warmUpVideo();
-    void chooseVideo();
-    void startVideo();
-    void noteVideoDuration();
-    void lookUpDefaultVideoName();
-    void joinSequence(const Controller &controller);
     void windowDestroyed(QObject *window);
     void watchForWindows();
     void endWindowlessSequence();
     void forgetGoneControllers();
     void detach(const Controller &controller);
 
-    bool m_show = false;
-    bool m_withoutSplash = false;
-    bool m_needsResumeSplashScreen = false;
-    bool m_showVideo = false;
-    bool m_showEnd = false;
-    bool m_muted = false;
+    SplashWindows m_windows;
+    SplashVideo m_video;
+    SplashSequence m_sequence{m_windows, m_video};
+    SplashWaitingPeriod m_waiting;
+    QVariantMap m_splashScreenOptions;
+
+    qint64 m_splashScreenStartCount = 0;
     bool m_needShow = false;
     /// The host is being told of a sequence that is about to start.
     bool m_isStarting = false;
-    /// The video ended before the close button was due, and the button has not come yet.
-    bool m_closeButtonIsDue = false;
-
-    qint64 m_loadTime = 5;
-    qint64 m_splashScreenStandartDuration;
-    qint64 m_splashScreenStartCount = 0;
-    qint64 m_stateSplashScreen = SplashScreenStateStart;
-    qint64 m_videoDuration = 0;
-
-    SplashClock m_clock;
-    SplashWaitingPeriod m_waiting;
-    SplashWindows m_windows;
-
-    TimerPtr m_resumeCurrentTimer;
-    TimerPtr m_startVideoTimer;
-    TimerPtr m_endVideoTimer;
+    bool m_muted = false;
     /// Runs while a sequence is shown and no window is registered.
     TimerPtr m_windowlessTimer;
-
-    std::shared_ptr<AdsDownloader> m_downloader;
-    AdsEventLogger *m_logger;
-    QVariantMap m_splashScreenOptions;
-
-    QUrl m_videoUrl;
-    QUrl m_interstitialVideoUrl;
-    QUrl m_linkFromVideoUrl;
-    QJsonObject m_videoInfo;
-    QUrl m_defaultVideoUrl;
-    QUrl m_defaultLinkFromVideoUrl;
-    QString m_defaultVideoName;
 };
 
 } // namespace velmora

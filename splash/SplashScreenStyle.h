@@ -21,15 +21,15 @@ struct SplashScreenOption {
     QVariant (*standardValue)();
     /// Gives a splash screen a value that a host has just set.
     void (*set)(SplashScreenController &, const QVariant &);
-    /// Gives a splash screen that is made later the stored value. A missing one counts as null,
-    /// 0 or false.
+    /// Gives a splash screen the stored value when it is made later. A missing value counts as
+    /// null, 0 or false.
     void (*restore)(SplashScreenController &, const QVariant &);
 
     QString keyText() const { return QLatin1String(key.data(), qsizetype(key.size())); }
 };
 
-/// The options of the splash screens' appearance. A new option is a row in the table and an
-/// operation of the facade. Main thread only.
+/// The options of the splash screens' appearance. To add an option, add a row to the table and an
+/// operation to the facade. Main thread only.
 class SplashScreenStyle {
 public:
     /// The row of a key; a key without a row does not compile.
@@ -103,7 +103,7 @@ struct SplashScreenStyle::Table {
                                      "colour behind everything"),
         row<&To::setBackgroundImage>("backgroundImage", none, "setSplashScreenBackgroundImage",
                                      "picture behind everything"),
-        // The key lacks a letter, and hosts know it so.
+        // The key lacks a letter; it stays as hosts know it.
         row<&To::setBackgroundImageScaling>(
             "backgoundImageScaling", number<0u>, "setSplashScreenBackgroundImageScaling",
             "how that picture fills the window: 0 smaller when it has to be, 1 to the window's "

@@ -22,37 +22,34 @@ bool withStart(const Conditions &now) {
     return !now.withoutSplash;
 }
 
-bool withStill(const Conditions &now) {
-    return now.hasStill;
+bool withInterstitial(const Conditions &now) {
+    return now.hasInterstitial;
 }
 
 bool iconBefore(const Conditions &now) {
-    const SplashScreenAppearance &look = now.appearance;
-    return !now.withoutSplash && !look.hiddenIcon && !look.hiddenIconBeforeVideo;
+    return !now.withoutSplash && !now.leftOut.icon && !now.leftOut.iconBeforeVideo;
 }
 
 bool iconAfter(const Conditions &now) {
-    const SplashScreenAppearance &look = now.appearance;
-    return !now.hasStill && !look.hiddenIcon && !look.hiddenIconAfterVideo;
+    return !now.hasInterstitial && !now.leftOut.icon && !now.leftOut.iconAfterVideo;
 }
 
 bool backgroundBefore(const Conditions &now) {
-    const SplashScreenAppearance &look = now.appearance;
-    return !now.withoutSplash && !look.hiddenBackgroundImage &&
-           !look.hiddenBackgroundImageBeforeVideo;
+    return !now.withoutSplash && !now.leftOut.backgroundImage &&
+           !now.leftOut.backgroundImageBeforeVideo;
 }
 
 bool backgroundAfter(const Conditions &now) {
-    const SplashScreenAppearance &look = now.appearance;
-    return !now.hasStill && !look.hiddenBackgroundImage && !look.hiddenBackgroundImageAfterVideo;
+    return !now.hasInterstitial && !now.leftOut.backgroundImage &&
+           !now.leftOut.backgroundImageAfterVideo;
 }
 
 bool buttonBefore(const Conditions &now) {
-    return !now.withoutSplash && !now.appearance.hiddenButtonBeforeVideo;
+    return !now.withoutSplash && !now.leftOut.buttonBeforeVideo;
 }
 
 bool buttonAfter(const Conditions &now) {
-    return !now.hasStill && !now.appearance.hiddenButtonAfterVideo;
+    return !now.hasInterstitial && !now.leftOut.buttonAfterVideo;
 }
 
 struct Row {
@@ -82,7 +79,7 @@ constexpr Row Rows[] = {
     {element<&Outlets::videoProgressView>,      no,               yes,   no,       no},
     {element<&Outlets::soundButton>,            no,               yes,   yes,      no},
     {element<&Outlets::removeAdsImageButton>,   no,               yes,   yes,      no},
-    {element<&Outlets::interstitialImage>,      no,               no,    no,       withStill},
+    {element<&Outlets::interstitialImage>,      no,               no,    no,       withInterstitial},
     {element<&Outlets::closeButton>,            no,               no,    yes,      yes},
 };
 // clang-format on

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "SplashScreenAppearance.h"
 #include "SplashScreenOutlets.h"
 
 namespace velmora {
@@ -17,17 +16,31 @@ public:
         End,
     };
 
-    /// What the table's answers depend on, beside the phase.
-    struct Conditions {
-        const SplashScreenAppearance &appearance;
-        /// The start screen is nothing but the background's colour.
-        bool withoutSplash;
-        /// The end screen shows the ad's still.
-        bool hasStill;
+    /// What the host has left out: on the start and end screens, on the start screen, on the end
+    /// screen.
+    struct LeftOut {
+        bool icon = false;
+        bool iconBeforeVideo = false;
+        bool iconAfterVideo = false;
+        bool backgroundImage = false;
+        bool backgroundImageBeforeVideo = false;
+        bool backgroundImageAfterVideo = false;
+        bool buttonBeforeVideo = false;
+        bool buttonAfterVideo = false;
     };
 
-    /// Shows and hides the elements with a fade, but for those that no start screen has: these
-    /// are hidden at once when one begins. Elements that are missing are skipped.
+    /// What decides, beside the phase, whether an element is visible.
+    struct Conditions {
+        const LeftOut &leftOut;
+        /// The start screen is nothing but the background's colour.
+        bool withoutSplash;
+        /// The end screen shows the ad's picture.
+        bool hasInterstitial;
+    };
+
+    /// Shows and hides the elements with a fade. The start phase hides at once what it never
+    /// shows, so that nothing of an earlier sequence is seen fading out. Missing elements are
+    /// skipped.
     static void apply(const SplashScreenOutlets &outlets, Phase phase,
                       const Conditions &conditions);
 };

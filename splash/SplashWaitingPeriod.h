@@ -7,10 +7,11 @@
 
 namespace velmora {
 
-/// The wait before the first splash-screen sequence and between two of them: while it lasts,
-/// splash screens that are only asked for softly are refused. Main thread only.
+/// The wait before the first splash-screen sequence and between two of them. While it lasts, the
+/// presenter refuses show requests that are not forced. Main thread only.
 ///
-/// A wait that is started anew does not cancel the one before it, which ends it as well.
+/// Starting a timer does not cancel the one that was started before it: whichever fires first ends
+/// the wait.
 class SplashWaitingPeriod {
 public:
     ~SplashWaitingPeriod() { cancel(); }
@@ -29,9 +30,9 @@ public:
     void startFirst();
     void start();
     void end();
-    /// The whole wait again, from now on.
+    /// Waits for the whole waitTime() from now on.
     void restart();
-    /// Cancels both timers: nothing is left that would end the wait.
+    /// Cancels both timers. The wait then lasts until end() or restart().
     void cancel();
 
     const TimerPtr &firstStartTimer() const { return m_firstStartTimer; }

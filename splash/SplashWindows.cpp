@@ -22,7 +22,7 @@ void SplashWindows::observe(QWidget *window) {
     const QPointer<QWidget> observed(window);
     auto &observations = m_observations[window];
     observations.clear();
-    // Copies of the handlers: one of them may end this object.
+    // Copies of the handlers: a handler may destroy this object, with the handlers in it.
     observations.push_back(center.addObserver(
         NSWindowDidBecomeKeyNotification, object,
         [observed, handler = m_handlers.becameKey](const Notification &) { handler(observed); }));

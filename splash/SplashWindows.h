@@ -13,9 +13,8 @@
 
 namespace velmora {
 
-/// The windows that are registered for splash screens, a controller each in the order of their
-/// registration: which of them is key, which was key last, and which plays the video. Main thread
-/// only.
+/// The windows that are registered for splash screens: a controller for each, in the order of
+/// registration, and which of them is key, was key last, or plays the video. Main thread only.
 class SplashWindows {
 public:
     using Controller = std::shared_ptr<SplashScreenController>;
@@ -25,14 +24,15 @@ public:
         std::function<void(QWidget *)> becameKey;
         std::function<void()> resignedKey;
         std::function<void(QWidget *)> willClose;
-        /// The host destroyed a window without taking it out.
+        /// The host destroyed a window that is still registered.
         std::function<void(QObject *)> destroyed;
     };
 
     void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
 
     const std::vector<Controller> &all() const { return m_controllers; }
-    /// A copy to walk over: what a step does to the windows may make the host add or remove some.
+    /// A copy to iterate over: a change to a window may run code of the host, which may add or
+    /// remove windows.
     std::vector<Controller> copy() const { return m_controllers; }
     bool isEmpty() const { return m_controllers.empty(); }
 
@@ -43,23 +43,23 @@ public:
     void remove(const Controller &controller) { std::erase(m_controllers, controller); }
     void clear() { m_controllers.clear(); }
 
-    /// Reports what happens to a window, once; until ignore() or its end.
+    /// Calls the handlers for a window until ignore() or the window's end. Harmless when repeated.
     void observe(QWidget *window);
     void ignore(QWidget *window);
 
     /// A registered window is key.
     bool hasKey = false;
-    /// The controller of the registered window that became key last; stays, also after its window
-    /// was taken out, until the next pause.
+    /// The controller of the registered window that became key last. Kept until the next pause,
+    /// even when the window is taken out before.
     Controller active;
-    /// The one that plays the video of the running sequence.
+    /// The controller that plays the video of the running sequence, or null.
     Controller playing;
 
 private:
     Handlers m_handlers;
     std::vector<Controller> m_controllers;
     std::unordered_map<QObject *, std::vector<NotificationCenter::Observation>> m_observations;
-    /// Ends the connections to the windows' destruction.
+    /// Receives QObject::destroyed of the windows; disconnects when this object goes.
     QObject m_guard;
 };
 

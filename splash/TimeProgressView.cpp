@@ -16,7 +16,7 @@ namespace {
 constexpr qint64 Done = 100;
 // Far beyond any countdown; the arithmetic on it cannot overflow.
 constexpr qint64 Farthest = 1'000'000'000'000'000;
-// Ticks closer together than this would keep the processor busy and show nothing more.
+// Seconds. Shorter steps would only keep the processor busy.
 constexpr double ShortestStep = 0.001;
 
 double radiusInside(double radius, double width) {
@@ -111,7 +111,7 @@ void TimeProgressView::schedule() {
 }
 
 void TimeProgressView::tick() {
-    // Nobody has drawn what the last tick asked for, so nobody sees the ring.
+    // The redraw that the last tick asked for never came, so the ring cannot be seen.
     if (m_marked) {
         rest();
         return;
@@ -165,7 +165,7 @@ void TimeProgressView::drawRect(QPainter &painter) {
     fill(painter, disc, m_backgroundColor);
 
     setVal1(m_val1 + 1);
-    // Past the full circle it stays full.
+    // Beyond 100 the ring stays full.
     const double sweep = double(std::clamp<qint64>(m_val1 * 360 / 100, 0, 360));
     const QPainterPath elapsed =
         sector(center, radius, radiusInside(radius, m_widthBorder + m_widthProgress), 90, sweep);

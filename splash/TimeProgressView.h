@@ -13,14 +13,14 @@ namespace velmora {
 /// The countdown ring: a disc with a ring on its edge, whose elapsed part grows clockwise from
 /// twelve o'clock in a hundred steps. Main thread only.
 ///
-/// Counting and drawing are one: every redraw of the ring advances it by one step, whether a
-/// tick asked for it, refresh(), a new size or a showing. The ring keeps what it has drawn, so
-/// that it is not redrawn, and does not advance, when only something behind or before it
-/// changes: over a video that is every frame.
+/// Every redraw of the ring advances it by one step, whatever caused it: a tick, refresh(), a new
+/// size, or being shown. The ring keeps a pixmap of what it has drawn and only paints that again
+/// when something behind or in front of it changes (over a video that is every frame): such a
+/// paint event is no redraw and does not advance the ring.
 ///
-/// A ticking ring that nobody sees (hidden, minimised, covered, scrolled away) sets no timer and
-/// draws nothing. When it is seen again it first makes up for the steps that time has brought.
-/// It never makes up beyond 99, so that a redraw finds it at exactly 100 and ends the ticking.
+/// A ring that cannot be seen (hidden, minimised, covered, scrolled away) has no running timer and
+/// draws nothing. When it can be seen again, it first adds the steps that were due meanwhile, up
+/// to 99: the redraw that follows must find it at exactly 100, which ends the ticking.
 class TimeProgressView : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor backgroundColor MEMBER m_backgroundColor)
@@ -33,17 +33,18 @@ public:
     explicit TimeProgressView(QWidget *parent = nullptr);
     ~TimeProgressView() override;
 
-    /// Starts the countdown, or starts it anew.
+    /// Starts the countdown, in place of a running one.
     /// @param fromSec seconds already elapsed
-    /// @param endSec  seconds of the whole countdown; a step takes a hundredth of it. Zero, less
-    ///                and what is no number make a step a frame, and the quotient with it, if it
-    ///                is no finite number, counts as 0.
+    /// @param endSec  seconds of the whole countdown; a step takes a hundredth of it. With zero, a
+    ///                negative number or NaN a step takes one frame. When fromSec / endSec is not
+    ///                finite, the ring starts at 0.
     void startTimerFromSec(float fromSec, float endSec);
 
     /// Stops the ticking; the ring keeps its progress.
     void stop();
 
-    /// Ticks again from the progress reached. Neither resets nor fills the ring.
+    /// Continues ticking from where the ring stands. In spite of its name it does not fill the
+    /// ring.
     void complite();
 
     /// Marks the ring for redrawing.
@@ -52,8 +53,8 @@ public:
     /// The ring's diameter: the smaller of the view's width and height.
     double Diametr() const;
 
-    // Fill of the disc, track and elapsed part; thickness of the track, and how much thicker the
-    // elapsed part is, in points. A change shows at the next redraw.
+    // Colours of the disc, of the track and of the elapsed part; thickness of the track, and how
+    // much thicker the elapsed part is, points. A change shows at the next redraw.
     QColor backgroundColor() const { return m_backgroundColor; }
     void setBackgroundColor(const QColor &color) { m_backgroundColor = color; }
     QColor backgroundProgressColor() const { return m_backgroundProgressColor; }
@@ -70,7 +71,7 @@ public:
     void setVal1(qint64 value);
     /// Length of the whole countdown, seconds.
     float countSec() const { return m_countSec; }
-    /// The tick; null or invalid when the ring does not tick or nobody sees it.
+    /// The timer of the steps; null or invalid when the ring does not tick or cannot be seen.
     TimerPtr timer() const { return m_timer; }
 
 protected:

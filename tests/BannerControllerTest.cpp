@@ -81,7 +81,7 @@ TEST_F(BannerControllerTest, WithACompleteCacheEveryWindowShowsABannerBeforeTheR
     server.faults().clear();
 }
 
-TEST_F(BannerControllerTest, ABannerThatRestsTakesItsTurnWhenItsWindowCanBeSeen) {
+TEST_F(BannerControllerTest, ARestingBannerTakesItsTurnWhenItsWindowCanBeSeen) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
     BannerController *controller = addBanner();
     ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
@@ -91,7 +91,7 @@ TEST_F(BannerControllerTest, ABannerThatRestsTakesItsTurnWhenItsWindowCanBeSeen)
     };
     for (const Way &way : {Way{&QWidget::hide, &QWidget::show},
                            Way{&QWidget::showMinimized, &QWidget::showNormal}}) {
-        // Back before its turn, nothing happens before its turn.
+        // Seen again before the turn was due, the banner is swapped when it is due.
         const QString first = controller->selectBanner();
         time.advance(5);
         (window.get()->*way.away)();
@@ -110,7 +110,7 @@ TEST_F(BannerControllerTest, ABannerThatRestsTakesItsTurnWhenItsWindowCanBeSeen)
         (window.get()->*way.back)();
         ASSERT_TRUE(eventually([&] { return controller->selectBanner() != resting; }));
         EXPECT_TRUE(controller->bannerSwapTimer());
-        // One chain: one swap in the next 15 seconds.
+        // The turns go on in steps of 15 seconds, with one timer.
         const QString after = controller->selectBanner();
         time.advance(14.9);
         EXPECT_EQ(controller->selectBanner(), after);
@@ -137,7 +137,7 @@ TEST_F(BannerControllerTest, AWindowThatIsShownAfterTheAdsCameGetsItsBannerThen)
     EXPECT_FALSE(Animator::isHidden(current()->view()));
 }
 
-TEST_F(BannerControllerTest, WindowsThatAskDuringADownloadAreServedWithIt) {
+TEST_F(BannerControllerTest, WindowsThatAskDuringADownloadGetItsBanner) {
     serve({banner(QStringLiteral("one"))});
     server.faults().set(QStringLiteral("/media/one.gif"), Fault::delay(100));
     QWidget second;
@@ -168,7 +168,7 @@ TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
     EXPECT_FALSE(Animator::isHidden(controller->view()));
 }
 
-TEST_F(BannerControllerTest, AClickBelongsToTheAdOnScreenWhenTheButtonWentDown) {
+TEST_F(BannerControllerTest, AClickOpensTheAdThatWasOnScreenWhenTheMouseButtonWentDown) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
     BannerController *controller = addBanner();
     ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
@@ -188,14 +188,14 @@ TEST_F(BannerControllerTest, AClickBelongsToTheAdOnScreenWhenTheButtonWentDown) 
     EXPECT_EQ(opened, QList<QUrl>{link});
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:") + pressed});
 
-    // As assistive technology presses it.
+    // A click by assistive technology, without the mouse.
     controller->bannerImage()->click();
     EXPECT_EQ(opened.last(), controller->currentURL());
     EXPECT_EQ(notifications.last(), QStringLiteral("clickforbanner:") + controller->selectBanner());
     EXPECT_NE(opened.last(), link);
 }
 
-TEST_F(BannerControllerTest, ABannerWithoutNameOrLinkSaysSo) {
+TEST_F(BannerControllerTest, ABannerWithoutANameIsCalledWebBanner) {
     QJsonObject ad = banner(QStringLiteral("x"));
     ad.remove(kBannerName);
     ad.remove(kBannerURL);
@@ -207,7 +207,7 @@ TEST_F(BannerControllerTest, ABannerWithoutNameOrLinkSaysSo) {
     EXPECT_EQ(notifications, QStringList{QStringLiteral("clickforbanner:Web Banner")});
 }
 
-TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
+TEST_F(BannerControllerTest, WithoutAServerAHouseBannerIsShownWithItsOwnLink) {
     server.stop();
     BannerController *controller = addBanner();
     ASSERT_TRUE(showsHouseBanner());
@@ -229,7 +229,7 @@ TEST_F(BannerControllerTest, WithoutAServerAHouseBannerStandsInWithItsOwnLink) {
     EXPECT_EQ(seen.size(), 4u);
 }
 
-TEST_F(BannerControllerTest, AHouseBannerStandsInUntilSomethingHasBeenShown) {
+TEST_F(BannerControllerTest, AHouseBannerIsShownOnlyUntilSomethingElseWas) {
     serve({banner(QStringLiteral("one"))});
     const QString media = QStringLiteral("/media/one.gif");
     server.faults().set(media, Fault::truncated());
@@ -239,7 +239,7 @@ TEST_F(BannerControllerTest, AHouseBannerStandsInUntilSomethingHasBeenShown) {
     time.advance(15);
     ASSERT_TRUE(shows(QStringLiteral("one")));
 
-    // What is shown stays when the next one can't be had.
+    // An ad that is on screen stays when the next one cannot be downloaded.
     const auto table = [](const QJsonObject &ad) {
         AdsDownloader::sharedInstance()->setReplyJSON(
             QJsonObject{{kMainBannerKey, QJsonArray{ad}}});
@@ -253,7 +253,7 @@ TEST_F(BannerControllerTest, AHouseBannerStandsInUntilSomethingHasBeenShown) {
     EXPECT_TRUE(current()->bannerSwapTimer());
 }
 
-TEST_F(BannerControllerTest, AServerThatHangsIsStoodInForByItsNextTurn) {
+TEST_F(BannerControllerTest, AHouseBannerIsShownWhenTheServerHangsForATurn) {
     serve({banner(QStringLiteral("one"))});
     for (const QString &what : {TablePath, QStringLiteral("/media/one.gif")}) {
         server.faults().set(what, Fault::hang());
@@ -266,7 +266,7 @@ TEST_F(BannerControllerTest, AServerThatHangsIsStoodInForByItsNextTurn) {
         ASSERT_TRUE(showsHouseBanner()) << qPrintable(what);
         time.advance(45);
         EXPECT_EQ(server.log().count(), what == TablePath ? 1 : 2);
-        // It takes over as soon as it answers.
+        // When the server answers at last, its banner is shown at once.
         server.faults().clear();
         ASSERT_TRUE(shows(QStringLiteral("one")));
         time.advance(10);
@@ -303,7 +303,7 @@ TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
     time.advance(15);
     ASSERT_TRUE(eventually([&] { return server.log().count(QStringLiteral("/media/*")) == 2; }));
     const QPointer<QWidget> view = current()->view();
-    // From a worker, as a purchase may report itself.
+    // On a worker thread, as a host's purchase code may call it.
     std::thread([] { Velmora::removeAdsNow(); }).join();
     EXPECT_FALSE(Velmora::isADSRemoved());
     ASSERT_TRUE(eventually([] { return Velmora::isADSRemoved(); }));
@@ -381,7 +381,7 @@ TEST_F(BannerControllerTest, TheProcessMayEndAtAnyMomentOfABannersLife) {
     EXPECT_EQ(window->findChildren<BannerImageView *>().size(), 0);
 }
 
-TEST_F(BannerControllerTest, ThousandsOfSwapsDoNotGrow) {
+TEST_F(BannerControllerTest, ThousandsOfSwapsLeaveNoObjectsBehind) {
     QJsonArray ads;
     for (int i = 0; i < 4; ++i)
         ads.append(banner(QStringLiteral("ad%1").arg(i)));
@@ -410,7 +410,7 @@ TEST_F(BannerControllerTest, AnOfflineStartRecoversWithoutARestart) {
     addBanner();
     ASSERT_TRUE(showsHouseBanner());
     useDeployment(deployment());
-    // What the network's return sets off.
+    // What the framework does when the network comes back.
     AdsDownloader::sharedInstance()->startUpdateAllAds();
     EXPECT_TRUE(shows(QStringLiteral("one")));
 }

@@ -38,7 +38,7 @@ TEST_F(BannerFacadeTest, DefaultsAreRememberedBeforeAndAfterTheFirstBanner) {
     EXPECT_EQ(first->bottomInset(), 7);
     EXPECT_EQ(first->centerXInset(), -3);
 
-    // The message is printed when the list does exist, and the setter goes on.
+    // The message says the opposite: it is logged when the list exists. The setter still works.
     Velmora::setBannersSmallImage();
     EXPECT_EQ(errors("Banner controller not initialized!"), 1);
     EXPECT_EQ(first->height(), 60);
@@ -58,7 +58,7 @@ TEST_F(BannerFacadeTest, DefaultsAreRememberedBeforeAndAfterTheFirstBanner) {
     EXPECT_EQ(first->height(), 100);
 }
 
-TEST_F(BannerFacadeTest, AWindowGetsOneBannerAndAControllerOneACall) {
+TEST_F(BannerFacadeTest, AWindowGetsOneBannerAndAViewControllerOneForEachCall) {
     Velmora::activateDebugMode();
     Velmora::addBannerForWindow(window.get());
     Velmora::addBannerForWindow(window.get());
@@ -71,7 +71,7 @@ TEST_F(BannerFacadeTest, AWindowGetsOneBannerAndAControllerOneACall) {
     Velmora::addBannerForViewController(&host, &inner);
     EXPECT_EQ(Velmora::BControllers().size(), 3u);
     EXPECT_EQ(errors("Window is Empty!"), 3);
-    // The last one added to the window wins; a controller is found only by itself.
+    // The banner that was added last is found by its window; a controller only by itself.
     EXPECT_EQ(Velmora::BControllFromWindow(window.get()), Velmora::BControllers().back().get());
     EXPECT_EQ(Velmora::BControllFromViewController(&host), nullptr);
     EXPECT_EQ(Velmora::BControllFromViewController(Velmora::BControllers().front().get()),
@@ -96,7 +96,7 @@ TEST_F(BannerFacadeTest, ABannerIsHiddenThroughAnyControllerInItsWindow) {
     EXPECT_TRUE(current()->view()->isVisible());
 }
 
-TEST_F(BannerFacadeTest, AWidgetStandsForTheWindowItLiesIn) {
+TEST_F(BannerFacadeTest, AnyWidgetOfAWindowNamesThatWindow) {
     auto *inner = new QWidget(window.get());
     auto *deeper = new QWidget(inner);
     Velmora::addBannerForWindow(deeper);
@@ -126,11 +126,11 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
         }
         time.advance(40);
     }
-    EXPECT_TRUE(hasLogged(QStringLiteral("never shown: it was given no view")));
+    EXPECT_TRUE(hasLogged(QStringLiteral("never shown: no view was given")));
     EXPECT_EQ(Velmora::BControllFromWindow(nullptr), nullptr);
     EXPECT_EQ(time.timerCount(), 0u);
 
-    // A view that its host took out of the window is no window either.
+    // Nor does the banner become a window when the host takes its view out of the window.
     addBanner();
     ASSERT_TRUE(showsHouseBanner());
     BannerController *removed = current();
@@ -142,7 +142,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
     for (const QWidget *top : QApplication::topLevelWidgets())
         EXPECT_TRUE(top == window.get() || !top->isVisible());
 
-    // A view of the host's is enough, whatever its controller has.
+    // With a view of the host's the controller needs none.
     QWidget place(window.get());
     place.resize(900, 300);
     place.show();
@@ -166,7 +166,7 @@ TEST_F(BannerFacadeTest, ANewCentralWidgetGetsItsBannerInTheSameTurn) {
     EXPECT_EQ(Velmora::BControllers().size(), 1u);
 }
 
-TEST_F(BannerFacadeTest, ARemovalInAnotherProcessTakesTheBannerAtItsNextTurn) {
+TEST_F(BannerFacadeTest, ARemovalInAnotherProcessRemovesTheBannerAtItsNextTurn) {
     serve({banner(QStringLiteral("one"))});
     addBanner();
     ASSERT_TRUE(shows(QStringLiteral("one")));
@@ -202,7 +202,7 @@ TEST_F(BannerFacadeTest, EveryCallIsHarmlessAtAnyTime) {
     EXPECT_TRUE(Velmora::isInitializedSplashScreenWithLOG_WARNING());
 }
 
-TEST_F(BannerFacadeTest, ABannerMayBeAskedForOnAnotherThread) {
+TEST_F(BannerFacadeTest, ABannerMayBeAddedFromAnotherThread) {
     std::thread([this] { Velmora::addBannerForWindow(window.get()); }).join();
     EXPECT_TRUE(eventually([] { return Velmora::BControllers().size() == 1; }));
 
@@ -211,7 +211,7 @@ TEST_F(BannerFacadeTest, ABannerMayBeAskedForOnAnotherThread) {
     std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
     ASSERT_TRUE(eventually([] { return Velmora::BControllers().size() == 2; }));
     EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), &inner);
-    // A controller that is gone before the main thread gets to it.
+    // The controller is destroyed before the main thread adds the banner.
     std::thread([&] { Velmora::addBannerForViewController(host.get(), nullptr); }).join();
     host.reset();
     handleEvents();

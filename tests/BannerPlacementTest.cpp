@@ -46,7 +46,7 @@ TEST_F(BannerPlacementTest, LiesAtTheBottomAtItsHeightAboveItsShadow) {
     EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
     EXPECT_EQ(pixelAt({90, 540}), window->palette().color(QPalette::Window));
     EXPECT_EQ(pixelAt({500, 494}), window->palette().color(QPalette::Window));
-    // The corner is rounded away, and the picture begins right beside it.
+    // The corner is rounded: the picture begins beside it.
     EXPECT_NE(pixelAt({96, 496}), QColor(Qt::red));
     EXPECT_EQ(pixelAt({101, 501}), QColor(Qt::red));
 
@@ -61,13 +61,13 @@ TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
     EXPECT_EQ(controller->bottomInset(), 10);
     EXPECT_EQ(controller->centerXInset(), 40);
     EXPECT_EQ(controller->view()->geometry(), QRect(136, 486, 809, 100));
-    // Never past the trailing edge; towards the leading one it may go.
+    // Beyond the left edge, but never beyond the right one.
     controller->setCenterXInset(400);
     EXPECT_EQ(controller->view()->geometry().right(), 999);
     EXPECT_EQ(controller->centerXInset(), 400);
     controller->setCenterXInset(-200);
     EXPECT_EQ(controller->view()->x(), -104);
-    // However far out of sight, it stays whole.
+    // Far outside the window it keeps its size.
     for (const double far : {-1e300, -1e10}) {
         controller->setCenterXInset(far);
         controller->setBottomInset(far);
@@ -76,7 +76,7 @@ TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
     }
 }
 
-TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksWithItsAspect) {
+TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksInProportion) {
     BannerController *controller = placed();
     window->resize(1400, 900);
     handleEvents();
@@ -105,7 +105,7 @@ TEST_F(BannerPlacementTest, InAFlatWindowItFitsAndCanBeClosed) {
             handleEvents();
             const QRect frame = controller->view()->geometry();
             EXPECT_TRUE(window->rect().contains(frame)) << inset << ' ' << height;
-            // As large as fits; a distance from the bottom takes half of the window at most.
+            // As large as fits; the inset takes at most half of the window.
             const double room = std::max(height - inset - 4, std::min(100.0, height / 2.0));
             EXPECT_NEAR(frame.height(), std::min(room, 100.0), 1) << inset << ' ' << height;
             EXPECT_NEAR(frame.width(), frame.height() * 728 / 90.0, 8);
@@ -137,7 +137,7 @@ TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
     late->setGeometry(0, 400, 1000, 200);
     late->show();
     EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
-    // Its shadow too.
+    // The shadow is above the late button as well.
     const QColor lit = pixelAt({50, 597});
     EXPECT_LT(pixelAt({500, 597}).lightness(), lit.lightness());
     EXPECT_TRUE(field->hasFocus());
@@ -155,7 +155,7 @@ TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
     Velmora::addBannerForWindow(&host);
     BannerController *controller = Velmora::BControllFromWindow(&host);
     EXPECT_EQ(controller->view()->parentWidget(), host.centralWidget());
-    // Content that goes takes its banner along; the window may then get another.
+    // The banner goes with the central widget that it lies in; the window may get a new one.
     host.setCentralWidget(new QWidget);
     handleEvents();
     EXPECT_EQ(Velmora::BControllFromWindow(&host), nullptr);
@@ -163,9 +163,9 @@ TEST_F(BannerPlacementTest, InAMainWindowItLiesInTheCentralWidget) {
     EXPECT_NE(Velmora::BControllFromWindow(&host), nullptr);
 }
 
-TEST_F(BannerPlacementTest, APageTakesItsBannerFromWindowToWindow) {
+TEST_F(BannerPlacementTest, ABannerMovesWithItsPageFromWindowToWindow) {
     serve({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
-    // Shown by itself once, as a page may be before it has its place.
+    // Some hosts show a page as a window of its own before they put it into its place.
     auto *page = new QWidget;
     page->show();
     page->hide();
@@ -191,7 +191,7 @@ TEST_F(BannerPlacementTest, APageTakesItsBannerFromWindowToWindow) {
     time.advance(20);
     EXPECT_EQ(first.selectBanner(), QString());
 
-    // What is shown is shown at once; the page behind has its banner ready and then rests.
+    // The page in front gets its banner at once; the one behind gets one banner and then rests.
     main.show();
     const auto has = [](const BannerController &banner) {
         return eventually([&] { return !banner.selectBanner().isEmpty(); });
@@ -206,7 +206,7 @@ TEST_F(BannerPlacementTest, APageTakesItsBannerFromWindowToWindow) {
     time.advance(60);
     EXPECT_FALSE(first.bannerSwapTimer());
 
-    // Torn off into a window of its own.
+    // The host moves the page to a window of its own.
     QWidget torn;
     torn.resize(900, 300);
     page->setParent(&torn);
@@ -227,7 +227,7 @@ TEST_F(BannerPlacementTest, APageTakesItsBannerFromWindowToWindow) {
     EXPECT_EQ(Velmora::BControllFromWindow(&torn), nullptr);
 }
 
-TEST_F(BannerPlacementTest, InAnotherSuperviewItIsPlacedAnewWithItsShadow) {
+TEST_F(BannerPlacementTest, ABannerMovedToAnotherSuperviewIsPlacedThereWithItsShadow) {
     BannerController *controller = placed();
     QWidget other;
     other.resize(900, 300);
@@ -247,7 +247,7 @@ TEST_F(BannerPlacementTest, InAnotherSuperviewItIsPlacedAnewWithItsShadow) {
     EXPECT_EQ(controller->view()->y(), 296);
 }
 
-TEST_F(BannerPlacementTest, ASplitterGetsNoPaneMore) {
+TEST_F(BannerPlacementTest, ASplitterDoesNotGetTheBannerAsAPane) {
     QSplitter splitter(window.get());
     splitter.addWidget(new QWidget);
     ViewController host(&splitter);

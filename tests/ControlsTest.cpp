@@ -69,7 +69,7 @@ TEST_F(BannerImageViewTest, DecodesOnlyWhileItCanBeSeen) {
     view->show();
     EXPECT_TRUE(decodes());
 
-    // An opaque widget of the host's in front of it.
+    // Covered by an opaque widget of the host.
     QWidget cover(&window);
     cover.setAttribute(Qt::WA_OpaquePaintEvent);
     cover.setGeometry(window.rect());
@@ -80,7 +80,7 @@ TEST_F(BannerImageViewTest, DecodesOnlyWhileItCanBeSeen) {
     EXPECT_TRUE(decodes());
 }
 
-TEST_F(BannerImageViewTest, ScrolledAwayItRests) {
+TEST_F(BannerImageViewTest, PausesWhileScrolledAway) {
     QScrollArea area;
     area.resize(200, 100);
     auto *page = new QWidget;
@@ -186,7 +186,7 @@ TEST_F(BannerImageViewTest, APictureOfOneFrameIsSharpAtEverySizeAfterAnyOther) {
             EXPECT_LE(blurred, 3) << number << " at width " << size.width();
         }
     }
-    // Made smaller, details run together instead of flickering as black and white.
+    // At a smaller size, stripes of one pixel become grey; without smoothing they would alias.
     for (int x = 0; x < whole.width(); x += 12)
         QPainter(&halves).fillRect(x, 0, 6, 180, x < 728 ? Qt::white : Qt::black);
     show(pngOf(halves));
@@ -209,7 +209,7 @@ TEST_F(BannerImageViewTest, AnAnimationThatHasEndedIsSharpAtItsNewSize) {
     EXPECT_EQ(pixel(*view, {90, 11}), QColor(Qt::green));
 }
 
-TEST_F(BannerImageViewTest, ADragThatComesBackIsStillTheSamePress) {
+TEST_F(BannerImageViewTest, APointerThatLeavesAndComesBackIsOnePress) {
     window.show();
     int presses = 0;
     int clicks = 0;
@@ -269,7 +269,7 @@ TEST_F(ButtonsTest, TheCloseButtonDrawsItsImageInACircleLoweredOnOlderSystems) {
     SystemVersion::setCurrent({});
 }
 
-TEST_F(ButtonsTest, InterfaceResourcesSayWhatIsMissing) {
+TEST_F(ButtonsTest, AnElementMissingInAnInterfaceResourceIsLogged) {
     Velmora::activateDebugMode();
     EXPECT_EQ(InterfaceLoader::load(QStringLiteral("None")), nullptr);
     EXPECT_TRUE(hasLogged(QStringLiteral("interface resource None is missing")));

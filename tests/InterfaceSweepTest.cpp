@@ -22,7 +22,7 @@ namespace velmora::test {
 
 namespace {
 
-/// What an operation takes its arguments from.
+/// The values from which the operations take their arguments.
 struct Arguments {
     QWidget *window = nullptr;
     ViewController *controller = nullptr;
@@ -142,7 +142,7 @@ const Operation operations[] = {
 };
 // clang-format on
 
-/// Sensible, empty and hostile ones.
+/// Sensible, empty and hostile values.
 std::vector<Arguments> everyKind(QWidget *window, ViewController *controller) {
     constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
     constexpr double Endless = std::numeric_limits<double>::infinity();
@@ -232,7 +232,7 @@ TEST_F(InterfaceSweepTest, KnowsEveryOperation) {
     }
 }
 
-TEST_F(InterfaceSweepTest, EachIsTheFirstOfAProcess) {
+TEST_F(InterfaceSweepTest, EachMayBeTheFirstCallOfAProcess) {
     for (const Operation &operation : operations) {
         for (const Arguments &arguments : everyKind(window, &host)) {
             callTwice(operation, arguments);
@@ -246,7 +246,7 @@ TEST_F(InterfaceSweepTest, EachIsTheFirstOfAProcess) {
     }
 }
 
-TEST_F(InterfaceSweepTest, AnyOrderWhileAdvertisingIsShown) {
+TEST_F(InterfaceSweepTest, AnyOrderIsHarmlessWhileAdsAreShown) {
     setUp();
     for (int round = 0; round < 2; ++round) {
         callAll(everyKind(window, &host), {"Velmora::removeAdsNow"});
@@ -296,8 +296,8 @@ TEST_F(InterfaceSweepTest, AnotherThreadMayCallWhatTheHeadersSay) {
     EXPECT_EQ(window->findChildren<QWidget *>().size(), own);
 }
 
-/// A host in a process of its own that calls before it has an application object and after it
-/// had one. Its window lives longer than that.
+/// A host in a process of its own that makes calls before it has an application object and after
+/// that was destroyed. Its window lives longer than the application object.
 TEST(HostOutsideItsApplication, DISABLED_MayCallAnything) {
     ASSERT_EQ(QCoreApplication::instance(), nullptr);
     VirtualTime time;
@@ -316,7 +316,7 @@ TEST(HostOutsideItsApplication, DISABLED_MayCallAnything) {
     time.advance(1);
     application.reset();
     EXPECT_EQ(time.timerCount(), 0u);
-    // What was in it goes with it.
+    // The views in a window are destroyed with it.
     const qsizetype parts = window->findChildren<QWidget *>().size();
 
     ViewController host(window);
@@ -329,9 +329,9 @@ TEST(HostOutsideItsApplication, DISABLED_MayCallAnything) {
     sayPartDone();
 }
 
-TEST(InterfaceSweep, OutsideTheApplicationObjectsLife) {
+TEST(InterfaceSweep, CallsBeforeAndAfterTheApplicationObjectDoNoHarm) {
     const QTemporaryDir folder;
-    // What waits for its deletion when the application object goes is never deleted.
+    // Objects that wait for deleteLater() when the application object goes are never deleted.
     runUnnamedChildTest(QStringLiteral("HostOutsideItsApplication.*"), folder.path(),
                         {{QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0")}});
 }

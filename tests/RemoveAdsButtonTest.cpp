@@ -78,7 +78,7 @@ protected:
     RemoveAdsButton *button = new RemoveAdsButton(&window);
 };
 
-TEST_F(RemoveAdsButtonTest, TheUsualValuesComeFromMakeOnly) {
+TEST_F(RemoveAdsButtonTest, OnlyMakeSetsTheUsualValues) {
     const std::unique_ptr<RemoveAdsButton> made(RemoveAdsButton::make());
     EXPECT_EQ(made->property("titleLeading").toDouble(), 10.0);
     EXPECT_TRUE(made->property("isAnimation").toBool());
@@ -125,7 +125,7 @@ TEST_F(RemoveAdsButtonTest, TheFaceTakesTheColoursOfItsKindAndState) {
     expectPixel(100, 20, top, "circle");
     expectPixel(5, 5, QColor(Behind), "beside the circle");
 
-    // An image counts before a gradient and a circle.
+    // isImage wins over isGradient and isCircle.
     QPixmap blue(64, 64);
     blue.fill(Qt::blue);
     button->setIcon(blue);
@@ -161,7 +161,7 @@ TEST_F(RemoveAdsButtonTest, TheBorderIsARingAroundTheFace) {
     }
 }
 
-TEST_F(RemoveAdsButtonTest, TheTitleLiesInTheMiddleAndIsWhole) {
+TEST_F(RemoveAdsButtonTest, TheTitleIsCentredAndNotCutOff) {
     QFont font = window.font();
     font.setPixelSize(14);
     button->setFont(font);
@@ -174,7 +174,7 @@ TEST_F(RemoveAdsButtonTest, TheTitleLiesInTheMiddleAndIsWhole) {
     const auto two = rowsOf(Qt::white);
     EXPECT_NEAR((two.first + two.second) / 2, 20 - 1.75, 3);
     EXPECT_NEAR(two.second - two.first, 2 * (one.second - one.first), 3);
-    // Too wide for one line: it wraps, and nothing is lost.
+    // A title that is too wide for one line wraps, and all of it is drawn.
     button->setText(QStringLiteral("██████████ ██████████"));
     const auto wrapped = rowsOf(Qt::white);
     EXPECT_NEAR(wrapped.second - wrapped.first, two.second - two.first, 1);
@@ -213,7 +213,7 @@ TEST_F(RemoveAdsButtonTest, TheShineStartsOnceAndSweepsEveryFiveSeconds) {
     window.grab();
     EXPECT_EQ(button->animationTimer(), next);
 
-    // Half the way in time is far beyond half the way in space: it eases out.
+    // The sweep slows down: after half of its time the stripes are far beyond the middle.
     time.advance(0.1);
     expectPixel(199, 20, Green, "the shine comes from the left");
     time.advance(0.5);
@@ -233,7 +233,7 @@ TEST_F(RemoveAdsButtonTest, TheShineStartsOnceAndSweepsEveryFiveSeconds) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(RemoveAdsButtonTest, NobodyIsWokenForAShineThatNobodySees) {
+TEST_F(RemoveAdsButtonTest, TheShineHasNoTimerWhileTheButtonCannotBeSeen) {
     button->setProperty("isAnimation", true);
     time.advance(10);
     EXPECT_EQ(time.timerCount(), 0u);
@@ -278,7 +278,7 @@ TEST_F(RemoveAdsButtonTest, PathsAreConvertedElementForElement) {
     path.addEllipse(20, 20, 5, 5);
     EXPECT_EQ(NSBezierPathExtension::CGPathFromPath(path), path);
 
-    // A path out of a damaged stream: its second element belongs to a curve that is not there.
+    // A path from a damaged stream: its second element is a curve point without a curve.
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out << qint32(3) << qint32(0) << 1.0 << 1.0 << qint32(3) << 2.0 << 2.0 << qint32(1) << 3.0

@@ -6,8 +6,8 @@
 
 namespace velmora::test {
 
-// A day of a host that shows a splash screen whenever one is ready, while its user comes and
-// goes and opens and closes windows.
+// A host runs for a day and shows a splash screen whenever one is ready. Meanwhile its user
+// switches to other windows, opens some and closes some.
 class SoakTest : public SplashHost {
 protected:
     struct Count {
@@ -31,19 +31,19 @@ protected:
         Velmora::show();
         time.advance(2.5);
         switch (number % 4) {
-        case 0: // the user is elsewhere for a while
+        case 0: // the user works in another window for a while
             activate(elsewhere);
             time.advance(20);
             activate(window);
             break;
-        case 1: // a window joins, and is closed for good while it is covered
+        case 1: // a window joins and is destroyed while it is covered
             guest = openRegistered(QStringLiteral("guest"));
             Velmora::addBannerForWindow(guest);
             time.advance(1);
             closeWindow(guest);
             activate(window);
             break;
-        case 2: // the second window takes part, and is taken out
+        case 2: // the second window joins and is removed
             Velmora::addSplashScreenToWindow(second);
             time.advance(4);
             Velmora::removeSplashScreenFromWindow(second);

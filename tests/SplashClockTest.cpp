@@ -19,7 +19,7 @@ protected:
     int buttons = 0;
 };
 
-TEST_F(SplashClockTest, RunningSecondsStandStillWhilePaused) {
+TEST_F(SplashClockTest, RunningSecondsAreNotCountedDuringAPause) {
     time.advance(7);
     clock->begin();
     clock->startTick();
@@ -33,7 +33,7 @@ TEST_F(SplashClockTest, RunningSecondsStandStillWhilePaused) {
     time.advance(100);
     EXPECT_EQ(ticks, 2);
 
-    // The second that the pause interrupted is made up for, then the tick goes on.
+    // The first tick comes when the interrupted second is complete, the next ones a second apart.
     clock->resume();
     clock->resumeTick();
     time.advance(0.599);
@@ -50,7 +50,7 @@ TEST_F(SplashClockTest, RunningSecondsStandStillWhilePaused) {
     EXPECT_EQ(clock->passedTime(), 0);
 }
 
-TEST_F(SplashClockTest, APauseOnAWholeSecondTicksAtOnce) {
+TEST_F(SplashClockTest, AfterAPauseOnAWholeSecondItTicksAtOnce) {
     clock->begin();
     clock->startTick();
     time.advance(3);
@@ -60,7 +60,7 @@ TEST_F(SplashClockTest, APauseOnAWholeSecondTicksAtOnce) {
     clock->resumeTick();
     time.advance(0);
     EXPECT_EQ(ticks, 4);
-    // A second pause before the whole second cancels what was to make up for it.
+    // Another pause before the second is complete cancels that tick.
     time.advance(0.5);
     clock->pause();
     clock->stopTick();
@@ -86,7 +86,7 @@ TEST_F(SplashClockTest, AReplacedTimerStillFiresACancelledOneDoesNot) {
     EXPECT_EQ(buttons, 1);
 }
 
-TEST_F(SplashClockTest, NothingFiresAfterItsEnd) {
+TEST_F(SplashClockTest, NothingFiresOnceItIsDestroyed) {
     SplashWaitingPeriod *waiting = new SplashWaitingPeriod;
     waiting->start();
     clock->startTick();

@@ -17,7 +17,7 @@ namespace velmora::test {
 
 namespace {
 
-// A game's picture.
+// Stands for a game engine: a native child window.
 class Engine : public QRasterWindow {
 protected:
     void paintEvent(QPaintEvent *) override {
@@ -27,7 +27,7 @@ protected:
 
 } // namespace
 
-/// A splash screen over a window that a game engine fills, as it is seen on a real screen.
+/// Splash screens over native child windows and main windows, as seen on a real display.
 class SplashDisplayTest : public SplashHost, public ::testing::WithParamInterface<bool> {
 protected:
     bool isSeen(const QColor &color, QPoint place) const { return isSeenAt(color, window, place); }
@@ -76,7 +76,7 @@ TEST_P(SplashDisplayTest, ItCoversAnEngineAndIsClosedByTheMouse) {
     heard();
     clickOn(controller(window).outlets().closeButton);
     EXPECT_TRUE(eventually([] { return !Velmora::isShowSplashScreen(); }));
-    EXPECT_EQ(heard(), (QStringList{QStringLiteral("splashscreendidclose")}));
+    EXPECT_EQ(heard(), (QStringList{DidClose}));
     EXPECT_TRUE(eventually([this] { return isSeen(Qt::darkGreen, {20, 20}); }));
 }
 
@@ -113,7 +113,7 @@ TEST_P(SplashDisplayTest, ItCoversAMainWindowBelowItsMenuBar) {
     for (const QWidget *covered : {static_cast<QWidget *>(inDock), main.centralWidget()})
         EXPECT_TRUE(eventually([covered] { return isSeenAt(Qt::white, covered, {9, 9}); }));
     EXPECT_TRUE(isSeenAt(menuColor, main.menuBar(), inMenu));
-    // The host's new content is covered as well.
+    // New content of the host is covered as well.
     main.setCentralWidget(new QLabel(QStringLiteral("new content")));
     EXPECT_TRUE(eventually([&main] { return isSeenAt(Qt::white, main.centralWidget(), {9, 9}); }));
     clickOn(inDock);

@@ -37,7 +37,8 @@ TEST_F(SplashFacadeTest, ThePresenterIsMadeByTheFirstCallThatNeedsIt) {
     EXPECT_EQ(warnings("SplashScreen controller not initialized!"), 0);
     EXPECT_EQ(presenter().delayForFirstStart(), 30);
     EXPECT_EQ(&presenter(), &Velmora::SSPresenter());
-    // The message says the opposite, and the setter goes on.
+    // The message says the opposite: it is logged when there is a presenter. The setter still
+    // works.
     Velmora::setSplashScreenTextColor(Qt::red);
     EXPECT_EQ(warnings("SplashScreen controller not initialized!"), 1);
     EXPECT_EQ(controller(openRegistered(QStringLiteral("window"))).appearance().textColor,
@@ -89,7 +90,7 @@ TEST_F(SplashFacadeTest, ADefaultVideoIsGivenByAddressOrByName) {
     EXPECT_TRUE(hasLogged(QStringLiteral("LOAD VIDEO WITH URL : (null)")));
 }
 
-// Hosts with a real ad server whose first call is about splash screens.
+// A host with a real ad server, whose first call concerns splash screens.
 class SplashOnlyHostTest : public LocalAdServer {
 protected:
     SplashOnlyHostTest() {
@@ -121,13 +122,13 @@ TEST_F(SplashOnlyHostTest, ABannerAddedInTheSameTurnFindsTheStoredTable) {
 
     server.stop();
     Velmora::setSplashScreenDelay(3);
-    // However long the host takes in between: the ad server is not asked before the next turn.
+    // The ad server is not asked before the next turn of the main loop.
     EXPECT_FALSE(AdsDownloader::sharedInstance()->hasToldDelegates());
     Velmora::addBannerForWindow(&window);
     EXPECT_TRUE(eventually(shown));
 }
 
-TEST_F(SplashOnlyHostTest, AdsThatGoOffInTheSameTurnOnlyPutTheCycleOff) {
+TEST_F(SplashOnlyHostTest, AdsRemovedInTheSameTurnOnlyDelayTheUpdateCycle) {
     Velmora::addSplashScreenToWindow(&window);
     Velmora::removeAdsNow();
     handleEvents();
@@ -137,7 +138,7 @@ TEST_F(SplashOnlyHostTest, AdsThatGoOffInTheSameTurnOnlyPutTheCycleOff) {
     EXPECT_EQ(requests(), 1);
 }
 
-TEST_F(SplashOnlyHostTest, TheCycleWaitsUntilAdsAreAllowed) {
+TEST_F(SplashOnlyHostTest, TheUpdateCycleWaitsUntilAdsAreAllowed) {
     Velmora::removeAdsNow();
     Velmora::setSplashScreenDelay(3);
     handleEvents();

@@ -29,7 +29,7 @@ protected:
     SplashScreenController &splash() { return controller(window); }
     const SplashScreenOutlets &outlets() { return splash().outlets(); }
 
-    // What can be seen of the tree, sorted.
+    // The names of the visible elements, sorted.
     QStringList visible() {
         QStringList names;
         const auto elements =
@@ -42,7 +42,6 @@ protected:
         return names;
     }
 
-    // Every size at which an overlay has to look right.
     static QList<QSize> sizes() { return {{320, 240}, {480, 320}, {640, 480}, {1600, 1000}}; }
 
     QWidget *window = openRegistered(QStringLiteral("main"));
@@ -83,7 +82,7 @@ TEST_F(SplashScreenControllerTest, EachViewStateShowsItsOwnElements) {
     EXPECT_TRUE(splash().overlay()->isHidden());
 }
 
-TEST_F(SplashScreenControllerTest, TheHostLeavesOutWhatItWants) {
+TEST_F(SplashScreenControllerTest, ElementsThatTheHostHidesStayHidden) {
     Velmora::setSplashScreenHiddenIconBeforeVideo(true);
     Velmora::setSplashScreenHiddenButtonAfterVideo(true);
     Velmora::setSplashScreenHiddenBackgroundImageAfterVideo(true);
@@ -102,7 +101,7 @@ TEST_F(SplashScreenControllerTest, TheHostLeavesOutWhatItWants) {
     EXPECT_EQ(visible(), (QStringList{QStringLiteral("lablesView")}));
 }
 
-TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
+TEST_F(SplashScreenControllerTest, TheUserCannotResizeACoveredWindow) {
     Window *facts = Window::of(window);
     EXPECT_TRUE(facts->styleMask() & Window::Resizable);
     facts->setCollectionBehavior(0x104);
@@ -122,7 +121,7 @@ TEST_F(SplashScreenControllerTest, TheWindowKeepsItsSizeWhileItIsCovered) {
     EXPECT_EQ(fixed->size(), QSize(300, 200));
 }
 
-TEST_F(SplashScreenControllerTest, AWindowThatItsHostFixedCanBeMadeResizableAfterwards) {
+TEST_F(SplashScreenControllerTest, AWindowOfAFixedSizeCanBeMadeResizableAfterwards) {
     const auto free = [this] {
         window->setMinimumSize(0, 0);
         window->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -193,7 +192,7 @@ TEST_F(SplashScreenControllerTest, AMainWindowIsCoveredBelowItsMenuBar) {
     delete main;
 }
 
-TEST_F(SplashScreenControllerTest, TheIconIsTheApplicationsElseTheWindowsElseTheColumnClosesUp) {
+TEST_F(SplashScreenControllerTest, TheIconIsTheApplicationsElseTheWindowsElseTakesNoRoom) {
     QPixmap square(64, 64);
     square.fill(Qt::red);
     splash().showStartScreen();
@@ -201,7 +200,7 @@ TEST_F(SplashScreenControllerTest, TheIconIsTheApplicationsElseTheWindowsElseThe
     EXPECT_TRUE(outlets().iconImageView->image().isNull());
     const int above = outlets().lablesView->y();
     const int below = outlets().removeAdsButton->y() - outlets().lablesView->geometry().bottom();
-    EXPECT_NEAR(above, below, 0.1 * window->height()) << "nothing is kept free for an icon";
+    EXPECT_NEAR(above, below, 0.1 * window->height()) << "no room is kept for an icon";
 
     QWidget *iconic = openWindow(QStringLiteral("iconic"));
     iconic->setWindowIcon(square);
@@ -216,10 +215,10 @@ TEST_F(SplashScreenControllerTest, TheIconIsTheApplicationsElseTheWindowsElseThe
     EXPECT_EQ(shown(openRegistered(QStringLiteral("later"))), QColor(Qt::green));
     QApplication::setWindowIcon({});
     Velmora::setSplashScreenIcon(square.toImage());
-    EXPECT_GT(outlets().lablesView->y(), above) << "an icon that comes later gets its room";
+    EXPECT_GT(outlets().lablesView->y(), above) << "there is room for an icon that is set later";
 }
 
-TEST_F(SplashScreenControllerTest, TransitionsMoveThemselvesToTheMainThread) {
+TEST_F(SplashScreenControllerTest, AScreenMayBeShownFromAnyThread) {
     std::thread worker([this] { splash().showStartScreen(); });
     worker.join();
     EXPECT_TRUE(splash().overlay()->isHidden());
@@ -227,7 +226,7 @@ TEST_F(SplashScreenControllerTest, TransitionsMoveThemselvesToTheMainThread) {
     EXPECT_FALSE(splash().overlay()->isHidden());
 }
 
-TEST_F(SplashScreenControllerTest, AppearanceReachesThoseThatAreThereAndThoseToCome) {
+TEST_F(SplashScreenControllerTest, AppearanceAppliesToPresentAndLaterSplashScreens) {
     const QColor dark(20, 30, 40);
     Velmora::setSplashScreenBackgroundColor(dark);
     Velmora::setSplashScreenTextColor(Qt::cyan);
@@ -244,8 +243,8 @@ TEST_F(SplashScreenControllerTest, AppearanceReachesThoseThatAreThereAndThoseToC
     EXPECT_FALSE(options.contains(QStringLiteral("backgroundImageScaling")));
 
     QWidget *later = openRegistered(QStringLiteral("later"));
-    EXPECT_EQ(splash().appearance().topInset, 12.7);
-    EXPECT_EQ(controller(later).appearance().topInset, 12);
+    EXPECT_EQ(splash().topInset(), 12.7);
+    EXPECT_EQ(controller(later).topInset(), 12);
     EXPECT_EQ(controller(later).overlay()->frame(), QRect(0, 12, 640, 468));
     for (QWidget *each : {window, later}) {
         const SplashScreenOutlets &tree = controller(each).outlets();
@@ -265,7 +264,7 @@ TEST_F(SplashScreenControllerTest, AppearanceReachesThoseThatAreThereAndThoseToC
     EXPECT_EQ(controller(later).overlay()->frame(), QRect(0, 40, 640, 440));
 }
 
-TEST_F(SplashScreenControllerTest, WithoutAWishTheUsualLookApplies) {
+TEST_F(SplashScreenControllerTest, TheDefaultOptionsGiveTheUsualLook) {
     QImage icon(64, 64, QImage::Format_RGB32);
     icon.fill(Qt::magenta);
     QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
@@ -277,7 +276,7 @@ TEST_F(SplashScreenControllerTest, WithoutAWishTheUsualLookApplies) {
     EXPECT_EQ(usual.appearance().timerProgressColor.red(), 85);
     EXPECT_EQ(usual.appearance().timerBorderWidth, 2);
     EXPECT_EQ(usual.appearance().timerProgressWidth, 4);
-    EXPECT_EQ(usual.appearance().topInset, 0);
+    EXPECT_EQ(usual.topInset(), 0);
     EXPECT_EQ(usual.overlay()->frame(), other->rect());
     EXPECT_EQ(usual.outlets().iconImageView->image().pixelColor(5, 5), QColor(Qt::magenta));
     Velmora::setSplashScreenIcon(QImage(8, 8, QImage::Format_RGB32));
@@ -286,7 +285,7 @@ TEST_F(SplashScreenControllerTest, WithoutAWishTheUsualLookApplies) {
 }
 
 // With VELMORA_WRITE_DOCS set, the page is written instead of compared.
-TEST_F(SplashScreenControllerTest, ThePageOfOptionsIsMadeFromTheirTable) {
+TEST_F(SplashScreenControllerTest, TheDocumentationOfTheOptionsIsUpToDate) {
     QFile page(QStringLiteral(VELMORA_SOURCE_DIR "/docs/splash-options.md"));
     const bool writes = qEnvironmentVariableIsSet("VELMORA_WRITE_DOCS");
     ASSERT_TRUE(page.open(writes ? QIODevice::ReadWrite : QIODevice::ReadOnly));
@@ -358,7 +357,7 @@ TEST_F(SplashScreenControllerTest, EverythingFitsAtEverySizeInEveryLanguage) {
     }
 }
 
-TEST_F(SplashScreenControllerTest, TheKeyboardWorksEveryControlAndReachesNothingBelow) {
+TEST_F(SplashScreenControllerTest, TheKeyboardReachesEveryControlAndNothingBelow) {
     auto *below = new QPushButton(QStringLiteral("host"), window);
     below->show();
     below->setFocus();
@@ -391,7 +390,7 @@ TEST_F(SplashScreenControllerTest, TheKeyboardWorksEveryControlAndReachesNothing
     EXPECT_FALSE(Velmora::isShowSplashScreen());
     time.advance(1);
     EXPECT_EQ(window->focusWidget(), below);
-    EXPECT_EQ(heard(), (QStringList{QStringLiteral("splashscreendidclose")}));
+    EXPECT_EQ(heard(), (QStringList{DidClose}));
 }
 
 TEST_F(SplashScreenControllerTest, ABannerThatComesLaterLiesBelow) {
@@ -404,7 +403,7 @@ TEST_F(SplashScreenControllerTest, ABannerThatComesLaterLiesBelow) {
     EXPECT_TRUE(splash().view() == hit || splash().view()->isAncestorOf(hit));
 }
 
-TEST_F(SplashScreenControllerTest, AControllerOfTheContentGetsItAsAChild) {
+TEST_F(SplashScreenControllerTest, AContentViewControllerGetsTheSplashScreenAsAChild) {
     QWidget *other = openWindow(QStringLiteral("other"));
     auto *inner = new QWidget(other);
     inner->setGeometry(0, 40, 640, 440);

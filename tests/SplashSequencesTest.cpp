@@ -7,14 +7,13 @@
 
 namespace velmora::test {
 
-// Random sequences of what a host, its user and time can do. What must hold whatever happens is
-// checked after each step.
+// Random steps of a host, of its user, and of time. Invariants are checked after each step.
 class SplashSequencesTest : public SplashHost, public ::testing::WithParamInterface<unsigned> {
 protected:
     static constexpr int Windows = 4;
     static constexpr int Unregistered = Windows - 1; // never registered
 
-    // Half a tick more than the start screen and the video's seconds to the close button.
+    // From the beginning of a sequence to its close button, and half a second more.
     static constexpr double ButtonSeconds = 10.5;
     static constexpr double WindowlessSeconds = 10.5;
 
@@ -23,7 +22,7 @@ protected:
             window(number);
     }
 
-    // The window of a number, opened anew when it was destroyed.
+    // The window of a number; opened again when it was destroyed.
     QWidget *window(int number) {
         if (!windows[number]) {
             windows[number] = openWindow(QString::number(number));
@@ -81,7 +80,7 @@ protected:
         }
     }
 
-    // The user can close only where there is a close button; the click makes its window key.
+    // A user can close a sequence only by a close button; the click makes its window key.
     QString clickClose() {
         for (const auto &splash : presenter().SSControllers()) {
             if (presenter().isShow() && isShown(splash->outlets().closeButton)) {
@@ -107,15 +106,15 @@ protected:
 
     void listen() {
         for (const QString &name : heard()) {
-            if (name == QLatin1String("splashcreendidshow")) {
+            if (name == DidShow) {
                 EXPECT_FALSE(isOpen) << "a sequence inside another";
                 isOpen = true;
                 running = 0;
                 windowless = 0;
-            } else if (name == QLatin1String("splashscreendidclose")) {
+            } else if (name == DidClose) {
                 EXPECT_TRUE(isOpen) << "an end without a beginning";
                 isOpen = false;
-            } else if (name == QLatin1String("splashcreensecondstart")) {
+            } else if (name == MoreOne) {
                 EXPECT_GE(Velmora::splashScreenStartCount(), 2);
             }
         }
@@ -170,16 +169,16 @@ protected:
     std::mt19937 random{GetParam()};
     QPointer<QWidget> windows[Windows];
     std::set<int> registered;
-    // Between a did-show and its did-close.
+    // The host was told that a sequence is shown, and not yet that it was closed.
     bool isOpen = false;
-    // Seconds that the sequence has run, and that no window was registered.
+    // Seconds for which the sequence has run, and for which no window was registered.
     double running = 0;
     double windowless = 0;
 };
 
-TEST_P(SplashSequencesTest, WhatMustHoldHolds) {
+TEST_P(SplashSequencesTest, InvariantsHoldAfterEveryStep) {
     run(150);
-    // Nothing is left, and nothing comes, after ads were removed.
+    // After ads were removed nothing is left, and nothing is shown any more.
     Velmora::removeAdsNow();
     handleEvents();
     registered.clear();
@@ -191,8 +190,8 @@ TEST_P(SplashSequencesTest, WhatMustHoldHolds) {
         EXPECT_TRUE(presenter().SSControllers().empty());
     }
     const QStringList last = heard();
-    EXPECT_FALSE(last.contains(QStringLiteral("splashcreenwillshow")));
-    EXPECT_FALSE(last.contains(QStringLiteral("splashcreendidshow")));
+    EXPECT_FALSE(last.contains(WillShow));
+    EXPECT_FALSE(last.contains(DidShow));
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, SplashSequencesTest, ::testing::Range(1u, 25u));

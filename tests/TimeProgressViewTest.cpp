@@ -88,7 +88,7 @@ TEST_F(TimeProgressViewTest, ItGrowsClockwiseFromTwelve) {
     EXPECT_EQ(colorAt(181, 3), QColor(Qt::red));
     EXPECT_EQ(colorAt(187, 3), QColor(Qt::blue));
 
-    // Past the full circle it stays full, and goes on ticking.
+    // Beyond 100 the ring stays full and goes on ticking.
     ring->startTimerFromSec(15, 10);
     time.advance(1);
     EXPECT_GT(ring->val1(), 155);
@@ -100,7 +100,7 @@ TEST_F(TimeProgressViewTest, ItGrowsClockwiseFromTwelve) {
     EXPECT_EQ(ring->Diametr(), 50);
 }
 
-TEST_F(TimeProgressViewTest, EveryRedrawOfItsOwnIsAStep) {
+TEST_F(TimeProgressViewTest, EveryRedrawIsAStep) {
     show();
     ring->startTimerFromSec(0, 1000);
     handleEvents();
@@ -117,7 +117,7 @@ TEST_F(TimeProgressViewTest, EveryRedrawOfItsOwnIsAStep) {
     EXPECT_EQ(ring->val1(), 4);
 }
 
-TEST_F(TimeProgressViewTest, WhatMovesBehindOrBeforeItIsNoStep) {
+TEST_F(TimeProgressViewTest, PaintingTheSameRingAgainIsNoStep) {
     QWidget video(&window);
     video.setGeometry(window.rect());
     video.lower();
@@ -132,13 +132,13 @@ TEST_F(TimeProgressViewTest, WhatMovesBehindOrBeforeItIsNoStep) {
         handleEvents();
     }
     EXPECT_EQ(ring->val1(), before);
-    // Nor is a fade of what holds it.
+    // Nor is it a step when the view around the ring fades.
     Animator::setHidden(&video, true);
     time.advance(1);
     EXPECT_EQ(ring->val1(), before);
 }
 
-TEST_F(TimeProgressViewTest, StopHoldsAndCompliteGoesOn) {
+TEST_F(TimeProgressViewTest, CompliteContinuesWhereStopStopped) {
     show();
     ring->startTimerFromSec(0, 10);
     time.advance(2);
@@ -157,7 +157,7 @@ TEST_F(TimeProgressViewTest, StopHoldsAndCompliteGoesOn) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
-TEST_F(TimeProgressViewTest, UnseenItWakesNobodyAndIsInPlaceWhenSeenAgain) {
+TEST_F(TimeProgressViewTest, UnseenItHasNoTimerAndCatchesUpWhenSeenAgain) {
     ring->startTimerFromSec(0, 100);
     EXPECT_EQ(time.timerCount(), 0u);
     time.advance(10);
@@ -185,7 +185,7 @@ TEST_F(TimeProgressViewTest, UnseenItWakesNobodyAndIsInPlaceWhenSeenAgain) {
     time.advance(10);
     EXPECT_NEAR(double(ring->val1()), 72, 1);
 
-    // Stopped while out of sight: what had come due until then counts.
+    // When the ring is stopped while it cannot be seen, the steps that were due until then count.
     window.hide();
     time.advance(5);
     ring->stop();

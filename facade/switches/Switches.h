@@ -3,9 +3,9 @@
 
 namespace velmora {
 
-/// The process-wide switches that every part of the framework asks. Debug mode and window
-/// auto-removal last for the process; ads-off is kept in the settings store and read from there
-/// at every question, so that a change counts everywhere at once.
+/// The process-wide switches. Debug mode and window auto-removal ("ARC") last as long as the
+/// process. That ads are removed is stored in the settings, and every call reads it there, so that
+/// a change made by another process counts at once. Any thread.
 class Switches {
 public:
     static void activateDebugMode();

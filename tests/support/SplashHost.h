@@ -13,15 +13,23 @@
 
 namespace velmora::test {
 
-/// A host with several windows, virtual time and no ad server.
+/// A host with windows of its own, virtual time and no ad server.
 class SplashHost : public FreshProcess {
 protected:
+    // What heard() calls the notifications.
+    static inline const QString WillShow = QStringLiteral("splashcreenwillshow");
+    static inline const QString DidShow = QStringLiteral("splashcreendidshow");
+    static inline const QString MoreOne = QStringLiteral("splashcreensecondstart");
+    static inline const QString VideoStart = QStringLiteral("videostart");
+    static inline const QString VideoStop = QStringLiteral("videostop");
+    static inline const QString DidClose = QStringLiteral("splashscreendidclose");
+
     SplashHost();
     ~SplashHost() override;
 
-    /// Shows a new window and makes it the key window.
+    /// Opens a window, which becomes key.
     QWidget *openWindow(const QString &name);
-    /// The same, and registers it for splash screens.
+    /// Opens a window that is registered for splash screens.
     QWidget *openRegistered(const QString &name);
     void activate(QWidget *window);
     void closeWindow(QWidget *window) { delete window; }
@@ -34,10 +42,12 @@ protected:
     static QString countdown(QWidget *window);
     static QString videoCountdown(QWidget *window);
 
-    /// Sets a default video that exists but cannot be played.
+    /// Makes the next sequence "play" a file that is no video: the player refuses it, and the video
+    /// never ends.
     void useUnplayableVideo();
 
-    /// The notifications since the last call, each as the last part of its name.
+    /// The notifications since the last call: the last part of their names, with ":" and the
+    /// object when they have one.
     QStringList heard();
 
     VirtualTime time;

@@ -4,10 +4,10 @@
 
 namespace velmora::test {
 
-// The sequence's clock is virtual, the video is real.
-class SplashVideoTest : public SplashHost {
+// Plays real videos; only the clock of the sequence is virtual.
+class SplashPlaybackTest : public SplashHost {
 protected:
-    SplashVideoTest() {
+    SplashPlaybackTest() {
         Velmora::setDefaultVideoWithURL(
             QUrl::fromLocalFile(QStringLiteral(VELMORA_TEST_CLIPS "/short.mp4")), {});
     }
@@ -21,7 +21,7 @@ protected:
     QWidget *window = openRegistered(QStringLiteral("main"));
 };
 
-TEST_F(SplashVideoTest, AVideoPlaysPausesResumesAndEnds) {
+TEST_F(SplashPlaybackTest, AVideoPlaysPausesResumesAndEnds) {
     presenter().setMuted(true);
     Velmora::showWithouSplash();
     time.advance(0);
@@ -36,7 +36,7 @@ TEST_F(SplashVideoTest, AVideoPlaysPausesResumesAndEnds) {
     EXPECT_TRUE(player()->isPlaying());
     heard();
     ASSERT_TRUE(eventually([this] { return presenter().isShowEnd(); }));
-    EXPECT_EQ(heard(), (QStringList{QStringLiteral("videostop")}));
+    EXPECT_EQ(heard(), (QStringList{VideoStop}));
     EXPECT_EQ(presenter().videoDuration(), 1);
     EXPECT_FALSE(isShown(controller(window).outlets().closeButton));
     time.advance(5);
@@ -46,7 +46,7 @@ TEST_F(SplashVideoTest, AVideoPlaysPausesResumesAndEnds) {
     EXPECT_EQ(player(), nullptr);
 }
 
-TEST_F(SplashVideoTest, AVideoThatPlaysMayBeTakenAwayAtAnyMoment) {
+TEST_F(SplashPlaybackTest, APlayingVideoMayBeRemovedAtAnyMoment) {
     for (int round = 0; round < 3; ++round) {
         Velmora::showWithouSplash();
         time.advance(0);

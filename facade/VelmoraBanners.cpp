@@ -54,7 +54,7 @@ void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
     FacadeState::current().*defaultValue = value;
     if (Velmora::isInitializedBannerLOG_ERROR())
         return;
-    // A copy: laying a banner out may wake the host, who may add another.
+    // A copy: the change may run code of the host, which may add another banner.
     const Velmora::BannerList banners = Velmora::BControllers();
     for (const auto &banner : banners)
         (banner.get()->*setter)(value);

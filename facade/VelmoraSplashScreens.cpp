@@ -36,7 +36,7 @@ bool mayShow() {
     return false;
 }
 
-// What a request does on the main thread while ads are on.
+// Runs a request on the main thread, unless ads are removed.
 void request(void (*work)(SplashScreenPresenter &)) {
     if (!mayShow())
         return;
@@ -54,9 +54,9 @@ bool isOnMainThread() {
     return false;
 }
 
-// The first time that ads are allowed: a host without banners gets its ads by this. On a later
-// turn, so that banners which the host adds in the same turn are told of the stored ad table
-// before the ad server's answer may take its place.
+// Starts the update cycle, once, as soon as ads are allowed: a host without banners would get no
+// ads otherwise. Posted, so that banners which the host adds in the same turn of the main loop
+// still find the stored ad table before the ad server's reply may replace it.
 void startUpdateCycle() {
     if (FacadeState::current().isUpdateCycleStarted || Switches::isADSRemoved())
         return;
@@ -178,7 +178,7 @@ void Velmora::setSplashScreenLoadTime(qint64 seconds) {
 }
 
 void Velmora::setSplashScreenDelay(double seconds) {
-    // Not further than any process runs, and no number counts as a wrong one.
+    // 30 years; a larger number might not fit. NaN is not usable either.
     constexpr double Longest = 1e9;
     const bool usable = seconds >= 0;
     SSPresenter().setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest)) : UsualDelay);
@@ -187,7 +187,7 @@ void Velmora::setSplashScreenDelay(double seconds) {
 bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
     if (!FacadeState::current().presenter)
         return true;
-    // The message says the opposite of what was found. Hosts know it this way round.
+    // The message says the opposite of what was found; it stays as hosts know it.
     LOG(Warning, QStringLiteral("SplashScreen controller not initialized!"));
     return false;
 }

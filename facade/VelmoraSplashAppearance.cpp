@@ -26,7 +26,7 @@ bool isUsable(const Value &value) {
         return true;
 }
 
-// Restyles every splash screen there is, and those to come.
+// Applies to every splash screen, also to those that are made later.
 template<class Value>
 void setOption(const SplashScreenOption &option, const Value &value) {
     if (!isUsable(value)) {
@@ -35,7 +35,7 @@ void setOption(const SplashScreenOption &option, const Value &value) {
         return;
     }
     const QVariant exact = QVariant::fromValue(value);
-    // A copy: a new look may wake the host, who may add or remove windows.
+    // A copy: the change may run code of the host, which may add or remove windows.
     const auto controllers = Velmora::SSPresenter().SSControllers();
     for (const auto &controller : controllers)
         option.set(*controller, exact);

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "BannerPlacement.h"
+
+#include "BannerImageView.h"
+#include "BannerShadowView.h"
+#include "CloseButtonCell.h"
+#include "InterfaceLoader.h"
+
+#include <QtWidgets/QLayout>
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+using Relation = LayoutConstraint::Relation;
+
+constexpr double CircleShare = 0.26;
+constexpr double SmallestCircle = 15;
+constexpr double LargestCircle = 22;
+constexpr int CloseMargin = 3;
+
+// The circle is small on a small banner, so that it hides little of the picture. The area that
+// takes clicks keeps its size as long as the banner has room for it.
+void fitCloseButton(CloseButtonCell &close, QLayout &layout, const QSize &banner) {
+    const int room = std::min(banner.width(), banner.height());
+    const int side = std::min(close.sizeHint().height(), room);
+    const int margin = std::clamp((room - side) / 2, 0, CloseMargin);
+    close.setFixedSize(side, side);
+    layout.setContentsMargins(margin, margin, margin, margin);
+    layout.activate();
+    close.setImageDiameter(
+        std::clamp(banner.height() * CircleShare, SmallestCircle, LargestCircle));
+}
+
+} // namespace
+
+void BannerPlacement::loadConstraints(QWidget *root) {
+    m_heightConstraint =
+        InterfaceLoader::constraint(root, QStringLiteral("heightConstraint"), Relation::Height);
+    m_shadowBotOfset =
+        InterfaceLoader::constraint(root, QStringLiteral("shadowBotOfset"), Relation::Spacing);
+}
+
+void BannerPlacement::place(QWidget *view, BannerImageView *image, CloseButtonCell *close) {
+    m_centerXConstraint = std::make_shared<LayoutConstraint>(Relation::CenterX, 1, 0);
+    m_bottomConstraint =
+        std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
+    m_layout = new ConstraintLayout(view);
+    m_shadow = new BannerShadowView(view);
+    m_layout->setPlacedHandler([shadow = m_shadow, picture = QPointer(image),
+                                button = QPointer(close),
+                                depth = m_shadowBotOfset](const QRect &frame) {
+        if (shadow)
+            shadow->follow(frame, qRound(depth->constant()));
+        if (button && picture && picture->layout())
+            fitCloseButton(*button, *picture->layout(), frame.size());
+    });
+    m_layout->add(m_heightConstraint);
+    m_layout->add(m_centerXConstraint);
+    m_layout->add(m_bottomConstraint);
+    m_layout->add(std::make_shared<LayoutConstraint>(Relation::TrailingInside, 1, 0));
+}
+
+void BannerPlacement::setImageSize(const QSizeF &image) {
+    if (!m_layout)
+        return;
+    if (m_aspectConstraint)
+        m_layout->remove(m_aspectConstraint);
+    m_aspectConstraint =
+        std::make_shared<LayoutConstraint>(Relation::Aspect, image.width() / image.height(), 0);
+    m_layout->add(m_aspectConstraint);
+}
+
+double BannerPlacement::height() const {
+    return m_heightConstraint ? m_heightConstraint->constant() : 0;
+}
+
+void BannerPlacement::setHeight(double height) {
+    if (m_heightConstraint)
+        m_heightConstraint->setConstant(height);
+}
+
+double BannerPlacement::bottomInset() const {
+    return m_bottomConstraint ? m_bottomConstraint->constant() - m_shadowBotOfset->constant() : 0;
+}
+
+void BannerPlacement::setBottomInset(double inset) {
+    if (m_bottomConstraint)
+        m_bottomConstraint->setConstant(inset + m_shadowBotOfset->constant());
+}
+
+double BannerPlacement::centerXInset() const {
+    return m_centerXConstraint ? m_centerXConstraint->constant() : 0;
+}
+
+void BannerPlacement::setCenterXInset(double inset) {
+    if (m_centerXConstraint)
+        m_centerXConstraint->setConstant(inset);
+}
+
+BannerShadowView *BannerPlacement::shadow() const {
+    return m_shadow;
+}
+
+} // namespace velmora

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "ConstraintLayout.h"
+#include "LayoutConstraint.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+namespace velmora {
+
+class BannerImageView;
+class BannerShadowView;
+class CloseButtonCell;
+
+/// Where a banner's view lies: at the bottom of its superview, in the middle, as high as the host
+/// wants and as wide as the picture then is. Keeps the shadow below the view, and the close
+/// button at a size that suits the banner. Lengths are points. Main thread only.
+class BannerPlacement {
+public:
+    /// Reads the constraints of the interface resource from a loaded view.
+    void loadConstraints(QWidget *root);
+
+    /// Holds a view in the superview that it has; the shadow is made beside it. Null is allowed
+    /// for the two controls.
+    void place(QWidget *view, BannerImageView *image, CloseButtonCell *close);
+    bool isPlaced() const { return m_layout != nullptr; }
+
+    /// Makes the width follow the shape of a picture of this size.
+    void setImageSize(const QSizeF &image);
+
+    double height() const;
+    void setHeight(double height);
+
+    // Distances from the superview's bottom, above the room for the shadow, positive is up; and
+    // from its centre, positive is to the right. Setting them has no effect before place().
+    double bottomInset() const;
+    void setBottomInset(double inset);
+    double centerXInset() const;
+    void setCenterXInset(double inset);
+
+    /// Null before place().
+    BannerShadowView *shadow() const;
+
+private:
+    LayoutConstraintPtr m_heightConstraint;
+    LayoutConstraintPtr m_aspectConstraint;
+    LayoutConstraintPtr m_bottomConstraint;
+    LayoutConstraintPtr m_centerXConstraint;
+    LayoutConstraintPtr m_shadowBotOfset;
+    QPointer<ConstraintLayout> m_layout;
+    QPointer<BannerShadowView> m_shadow;
+};
+
+} // namespace velmora

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SplashVideo.h"
+
+#include "AdKeys.h"
+#include "AdsDownloader.h"
+#include "BackgroundThread.h"
+#include "MainQueue.h"
+#include "VideoPlayer.h"
+
+#include <Velmora/Support.h>
+
+namespace velmora {
+
+namespace {
+
+QVariant validUnlessNull(const QString &name) {
+    return name.isNull() ? QVariant() : QVariant(name);
+}
+
+} // namespace
+
+SplashVideo::SplashVideo() : m_downloader(AdsDownloader::sharedInstance()) {}
+
+void SplashVideo::download() {
+    m_downloader->downloadVideo();
+}
+
+void SplashVideo::setDefault(const QUrl &video, const QUrl &link) {
+    m_defaultUrl = video;
+    m_defaultLink = link;
+    lookUpDefaultName();
+}
+
+void SplashVideo::lookUpDefaultName() {
+    if (m_defaultLink.isEmpty())
+        return;
+    const auto work = [this, alive = std::weak_ptr(m_alive), link = m_defaultLink] {
+        const QString name = AdsDownloader::appNameFromMarketLink(link.path(), false);
+        MainQueue::post([this, alive, link, name] {
+            // The host may have set another link meanwhile.
+            if (!alive.expired() && m_defaultLink == link)
+                m_defaultName = name;
+        });
+    };
+    QString error;
+    if (!startBackgroundThread("velmora-name", work, &error))
+        LOG(QStringLiteral("the default video's name cannot be looked up: %1").arg(error));
+}
+
+void SplashVideo::warmUpPlayer() const {
+    if (!m_downloader->interstitialVideoURL().isEmpty() || !m_defaultUrl.isEmpty())
+        VideoPlayer::warmUp();
+}
+
+void SplashVideo::choose() {
+    m_duration = 0;
+    // Read once: every reading prepares the next video.
+    VideoAd video = m_downloader->readyVideo();
+    if (video.file.path().contains(MissingNameMark))
+        video = {m_defaultUrl, {}, {}, {}};
+    m_url = video.file;
+    m_link = video.link;
+    m_interstitialUrl = video.still;
+    m_info = video.info;
+}
+
+const QUrl &SplashVideo::linkToOpen() const {
+    // The link is compared with the default video's address, not with its link.
+    const bool isOwn = !m_link.isEmpty() && m_link != m_defaultUrl;
+    return isOwn ? m_link : m_defaultLink;
+}
+
+QVariant SplashVideo::advertisedName() const {
+    return validUnlessNull(m_info.isEmpty() ? m_defaultName
+                                            : m_info.value(kMainNameKey).toString());
+}
+
+void SplashVideo::setDuration(double seconds) {
+    if (seconds > 0)
+        m_duration = qint64(seconds);
+}
+
+} // namespace velmora

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "AdKeys.h"
+#include "AdsDownloader.h"
+#include "tests/support/SplashHost.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QJsonArray>
+
+namespace velmora::test {
+
+class SplashScreenVideoTest : public SplashHost {
+protected:
+    QWidget *window = openRegistered(QStringLiteral("main"));
+};
+
+TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
+    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
+    downloader.startUpdateAllAds();
+    ASSERT_TRUE(eventually([&] { return downloader.isUpdateAdsCurrentSession(); }));
+    const auto draw = [&](const QString &name) {
+        const QJsonObject ad{{kMainNameKey, name},
+                             {kVideoCapture, QStringLiteral("/%1.mp4").arg(name)},
+                             {kVideoImage, QStringLiteral("/%1.png").arg(name)},
+                             {kVideoPriority, 1},
+                             {kVideoURL, QStringLiteral("https://store.example/app/%1").arg(name)}};
+        downloader.setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+        downloader.downloadVideo();
+    };
+    const auto click = [&] {
+        heard();
+        opened.clear();
+        presenter().didClickOnVideo();
+    };
+    useUnplayableVideo();
+    const QUrl link(QStringLiteral("https://store.example/app/default"));
+    Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
+    ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
+
+    // An ad was drawn, but its video cannot be downloaded: the default video plays.
+    draw(QStringLiteral("ghost"));
+    Velmora::forceShow();
+    time.advance(5);
+    click();
+    EXPECT_EQ(opened, QList<QUrl>{link});
+    EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:null")});
+    EXPECT_TRUE(presenter().interstitialVideoUrl().isEmpty());
+    time.advance(5);
+    presenter().didClickClose();
+
+    putInCaches(QStringLiteral("own.mp4"), "a film");
+    putInCaches(QStringLiteral("own.png"), "a still");
+    ASSERT_TRUE(eventually([&] {
+        draw(QStringLiteral("own")); // refused until the request for "ghost" has failed
+        return !downloader.interstitialVideoURL().isEmpty();
+    }));
+    draw(QStringLiteral("ghost"));
+    Velmora::forceShow();
+    time.advance(5);
+    draw(QStringLiteral("ghost"));
+    click();
+    EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://store.example/app/own"))});
+    EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:own")});
+    EXPECT_EQ(presenter().videoUrl().fileName(), QStringLiteral("own.mp4"));
+    EXPECT_EQ(presenter().interstitialVideoUrl().fileName(), QStringLiteral("own.png"));
+}
+
+TEST_F(SplashScreenVideoTest, AClickOpensTheLinkAndMutingAppliesToEveryWindow) {
+    QWidget *second = openRegistered(QStringLiteral("second"));
+    presenter().didClickOnVideo();
+    EXPECT_EQ(heard(), QStringList()) << "no link at all";
+    const QUrl link(QStringLiteral("https://store.example/app/id7"));
+    useUnplayableVideo();
+    Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
+    ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
+    Velmora::forceShow();
+    controller(second).outlets().urlButton->click();
+    EXPECT_EQ(opened, QList<QUrl>()) << "nothing to click on yet";
+    time.advance(5);
+    heard();
+    controller(second).outlets().urlButton->click();
+    EXPECT_EQ(opened, (QList<QUrl>{link}));
+    // No server answers the look-up of the name.
+    EXPECT_EQ(heard(), (QStringList{QStringLiteral("clickforvideo:null")}));
+
+    controller(second).outlets().soundButton->click();
+    EXPECT_TRUE(presenter().isMuted());
+    EXPECT_TRUE(controller(window).isMuted());
+    EXPECT_TRUE(controller(second).playerlayer()->isMuted());
+    QWidget *late = openRegistered(QStringLiteral("late"));
+    EXPECT_TRUE(controller(late).isMuted()) << "a window that comes after the sound was turned off";
+    controller(second).outlets().soundButton->click();
+    EXPECT_FALSE(controller(window).isMuted());
+}
+
+} // namespace velmora::test
