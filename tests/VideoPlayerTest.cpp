@@ -157,7 +157,7 @@ TEST_F(VideoPlayerTest, RestsWhilePausedAndGoesOn) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.ends == 1; }));
     EXPECT_GT(video.frames, frames + 8);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
 }
 
 TEST_F(VideoPlayerTest, SentBackWhilePlayingItPlaysOnFromTheStart) {
@@ -189,7 +189,7 @@ TEST_F(VideoPlayerTest, AMainThreadThatIsBusyMissesPicturesAndNothingElse) {
     ASSERT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
 }
 
 TEST_F(VideoPlayerTest, AStallOverTheEndHidesNothing) {
@@ -288,7 +288,7 @@ TEST_F(VideoPlayerTest, AnEngineThatFallsSilentIsGivenUpAfterNewAttempts) {
     EXPECT_TRUE(eventually([&] { return video.isOver(); }, 20'000));
     EXPECT_EQ(video.failures, 1);
     EXPECT_EQ(video.firstFrames, 1);
-    EXPECT_EQ(logged().filter(QStringLiteral("taken up again")).size(), 2);
+    EXPECT_EQ(logged().filter(QStringLiteral("restarted without sound")).size(), 2);
 }
 
 TEST_F(VideoPlayerTest, ASoundServerThatHangsDoesNotHoldPicturesUp) {
@@ -299,7 +299,7 @@ TEST_F(VideoPlayerTest, ASoundServerThatHangsDoesNotHoldPicturesUp) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
     qunsetenv("PULSE_SERVER");
 }
 
