@@ -3,11 +3,13 @@
 
 namespace velmora {
 
-/// The process-wide switches that every part of the framework asks. Debug mode and window
-/// auto-removal last for the process; ads-off is kept in the settings store and read from there
-/// at every question, so that a change counts everywhere at once.
+/// The process-wide switches. Debug mode and the removal of splash screens from closing windows
+/// ("ARC") are process state. Ads-off is stored in the host's settings and read from there at every
+/// call, so that a change, also one by another process of the host, takes effect everywhere at
+/// once. Any thread.
 class Switches {
 public:
+    /// Switches debug mode on: from now on Log prints messages.
     static void activateDebugMode();
     static bool isDebugModeActivate();
 
