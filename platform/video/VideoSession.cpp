@@ -193,7 +193,8 @@ void VideoSession::change(const std::function<void(VideoUpdate &)> &change) {
     if (m_closed)
         return;
     change(m_update);
-    // Under the lock, because close() resets the receiver before the receiver is destroyed.
+    // Under the lock, because close() resets the receiver before the receiver is destroyed. Not
+    // MainQueue::post(), which only the main thread may give an object that can be destroyed.
     if (!std::exchange(m_updatePosted, true))
         QCoreApplication::postEvent(m_receiver, new QEvent(QEvent::User));
 }

@@ -25,7 +25,7 @@ const char *__tsan_default_suppressions() {
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
            // Handed over by the media framework.
-           "race:GstVideoEngine::BusTap\n"
+           "race:GstBusReader::Tap\n"
            // Its thread has ended by then; Qt's way of waiting for it is not seen.
            "race:UrlSessionWorker::~UrlSessionWorker\n";
 }
