@@ -10,13 +10,13 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(PROJECT_IS_TOP_LEVEL)
     find_program(CCACHE_PROGRAM ccache)
     if(CCACHE_PROGRAM)
-        # ccache refuses precompiled headers unless it is told to trust them.
+        # Without these, ccache does not cache sources that use precompiled headers.
         set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
             CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
     endif()
 endif()
 
-# Compile settings shared by all of our own targets; never exported to a host.
+# Compile settings of all targets of this project. They are not exported to a host.
 add_library(velmora_settings INTERFACE)
 target_compile_definitions(velmora_settings INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
@@ -26,14 +26,18 @@ target_compile_options(velmora_settings INTERFACE
     $<$<BOOL:${VELMORA_WARNINGS_AS_ERRORS}>:-Werror>
     $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 
-# For what is not part of the library: the public headers, and includes from the project's root.
+# For targets outside the library, such as tests and demo: the public headers, and includes that
+# start at the project's root.
 add_library(velmora_project_includes INTERFACE)
 target_include_directories(velmora_project_includes INTERFACE
     ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 
-# velmora_add_objects(name [WIDGETS] SOURCES ... [HEADERS ...] LINK ...): one of the library's object
-# targets. It sees its own folder, the public headers that are named for it, and what the targets
-# that it links see: an include of something above it does not compile.
+# velmora_add_objects(name [WIDGETS] SOURCES ... [HEADERS ...] LINK ...)
+#
+# Adds an object library, one layer of the library. Its sources can include the headers in its own
+# folder, the public headers listed after HEADERS, and those of the targets that it links. So an
+# include of a header from a higher layer does not compile. WIDGETS chooses the precompiled header
+# with Qt Widgets.
 function(velmora_add_objects name)
     cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;HEADERS;LINK" ${ARGN})
     add_library(${name} OBJECT ${ARG_SOURCES})

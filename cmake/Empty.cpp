@@ -1,2 +1,2 @@
 // SPDX-License-Identifier: Apache-2.0
-// A library made of object targets alone still needs a source of its own.
+// CMake requires at least one source file of a library that otherwise links object libraries only.

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-# Everything but the library itself is built only when Velmora is the top-level project.
+# By default, a project that embeds Velmora builds the library only.
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
@@ -7,8 +7,8 @@ option(VELMORA_DEVELOPER_BUILD
     "Let the environment replace the deployment values at run time" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 
-# The demo needs less than the tests. AUTO builds them where all that they need is installed, so
-# that one build folder serves both; ON, which ./test asks for, fails elsewhere.
+# AUTO builds the tests where everything that they need is installed; ON, which ./test sets, fails
+# where it is not. So ./run, which needs less, and ./test can share a build folder.
 set(build_tests AUTO)
 if(NOT PROJECT_IS_TOP_LEVEL)
     set(build_tests OFF)

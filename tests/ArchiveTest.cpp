@@ -38,7 +38,7 @@ TEST(ArchiveTest, AFailedWriteKeepsTheOldFile) {
 TEST(SerialQueueTest, RunsAllWorkInOrderBeforeItIsDestroyed) {
     std::vector<int> done;
     {
-        SerialQueue queue;
+        SerialQueue queue("test");
         for (int i = 0; i < 100; ++i)
             queue.run([&done, i] { done.push_back(i); });
         EXPECT_TRUE(queue.drain(std::chrono::seconds(10)));

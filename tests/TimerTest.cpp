@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MainQueue.h"
 #include "ProcessRoot.h"
+#include "tests/support/ChildTest.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 #include <Velmora/Timer.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
+
+#include <memory>
 #include <thread>
 
 namespace velmora::test {
@@ -146,6 +151,72 @@ TEST_F(MainQueueTest, PostedWorkIsDroppedWithTheProcessState) {
     ProcessRoot::drop();
     handleEvents();
     EXPECT_FALSE(ran);
+}
+
+TEST_F(MainQueueTest, PostedWorkGoesWithTheObjectThatItUses) {
+    QList<int> order;
+    QObject kept;
+    auto gone = std::make_unique<QObject>();
+    MainQueue::post([&] { order.append(1); });
+    MainQueue::post(&kept, [&] {
+        order.append(2);
+        gone.reset();
+    });
+    MainQueue::post(gone.get(), [&] { order.append(3); });
+    MainQueue::post(&kept, [&] { order.append(4); });
+    ASSERT_TRUE(eventually([&] { return order.contains(4); }));
+    EXPECT_EQ(order, (QList<int>{1, 2, 4}));
+}
+
+/// In a process that has its application object for a part of its time only.
+TEST(MainThreadTest, DISABLED_IsTheSameWithoutTheApplicationObject) {
+    const auto expectOneMainThread = [](const char *moment) {
+        SCOPED_TRACE(moment);
+        bool isWorkerMain = true;
+        bool hasWorkerRun = false;
+        std::thread([&] {
+            isWorkerMain = MainQueue::isMainThread();
+            MainQueue::runOrPost([&] { hasWorkerRun = true; });
+        }).join();
+        EXPECT_FALSE(isWorkerMain);
+        EXPECT_FALSE(hasWorkerRun);
+        EXPECT_TRUE(MainQueue::isMainThread());
+    };
+    expectOneMainThread("before the application object");
+    {
+        int count = 1;
+        char name[] = "host";
+        char *arguments[] = {name, nullptr};
+        const QCoreApplication application(count, arguments);
+        expectOneMainThread("with the application object");
+    }
+    expectOneMainThread("after the application object");
+    sayPartDone();
+}
+
+/// In such a process the application object may also live on another thread than main()'s.
+TEST(MainThreadTest, DISABLED_IsTheApplicationObjectsAlsoAfterIt) {
+    std::thread([] {
+        int count = 1;
+        char name[] = "host";
+        char *arguments[] = {name, nullptr};
+        {
+            const QCoreApplication application(count, arguments);
+            EXPECT_TRUE(MainQueue::isMainThread());
+        }
+        EXPECT_TRUE(MainQueue::isMainThread());
+        std::thread([] { EXPECT_FALSE(MainQueue::isMainThread()); }).join();
+    }).join();
+    EXPECT_FALSE(MainQueue::isMainThread());
+    sayPartDone();
+}
+
+TEST(MainThreadTest, AWorkerNeverCountsAsTheMainThread) {
+    const QTemporaryDir folder;
+    runUnnamedChildTest(QStringLiteral("MainThreadTest.*IsTheSameWithoutTheApplicationObject"),
+                        folder.path());
+    runUnnamedChildTest(QStringLiteral("MainThreadTest.*IsTheApplicationObjectsAlsoAfterIt"),
+                        folder.path());
 }
 
 } // namespace velmora::test

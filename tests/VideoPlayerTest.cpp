@@ -158,7 +158,7 @@ TEST_F(VideoPlayerTest, PausesAndContinues) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.ends == 1; }));
     EXPECT_GT(video.frames, frames + 8);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
 }
 
 TEST_F(VideoPlayerTest, SeekingToTheStartDuringPlaybackContinuesFromThere) {
@@ -190,7 +190,7 @@ TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
     ASSERT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
 }
 
 TEST_F(VideoPlayerTest, AnEndDuringABlockedMainThreadIsReportedOnce) {
@@ -289,7 +289,7 @@ TEST_F(VideoPlayerTest, AnEngineThatMakesNoProgressIsRestartedTwiceAndThenFails)
     EXPECT_TRUE(eventually([&] { return video.isOver(); }, 20'000));
     EXPECT_EQ(video.failures, 1);
     EXPECT_EQ(video.firstFrames, 1);
-    EXPECT_EQ(logged().filter(QStringLiteral("taken up again")).size(), 2);
+    EXPECT_EQ(logged().filter(QStringLiteral("restarted without sound")).size(), 2);
 }
 
 TEST_F(VideoPlayerTest, AHangingSoundServerDoesNotDelayTheVideo) {
@@ -300,7 +300,7 @@ TEST_F(VideoPlayerTest, AHangingSoundServerDoesNotDelayTheVideo) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
-    EXPECT_FALSE(hasLogged(QStringLiteral("taken up again")));
+    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
     qunsetenv("PULSE_SERVER");
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 const QString AdsOffKey = QStringLiteral("adsoff");
 
-// Atomic only because messages may be logged from a worker thread.
+// Atomic, because worker threads read them when they log a message.
 struct ProcessSwitches {
     std::atomic<bool> debugMode = false;
     std::atomic<bool> arcMode = false;

@@ -3,11 +3,13 @@
 
 namespace velmora {
 
-/// The process-wide switches. Debug mode and window auto-removal ("ARC") last as long as the
-/// process. That ads are removed is stored in the settings, and every call reads it there, so that
-/// a change made by another process counts at once. Any thread.
+/// The process-wide switches. Debug mode and the removal of splash screens from closing windows
+/// ("ARC") are process state. Ads-off is stored in the host's settings and read from there at every
+/// call, so that a change, also one by another process of the host, takes effect everywhere at
+/// once. Any thread.
 class Switches {
 public:
+    /// Switches debug mode on: from now on Log prints messages.
     static void activateDebugMode();
     static bool isDebugModeActivate();
 

@@ -3,7 +3,7 @@
 
 #include <QtCore/qglobal.h>
 
-/// Marks what the shared library shows to a host; everything else is hidden.
+/// Marks the symbols that the shared library exports. All others are hidden.
 #if defined(VELMORA_BUILDING_LIBRARY)
 #define VELMORA_EXPORT Q_DECL_EXPORT
 #else

@@ -13,30 +13,34 @@
 
 namespace velmora {
 
-/// One event: its name and the object it is about (an invalid QVariant when there is none).
+/// A notification that is being delivered.
 struct Notification {
     QString name;
+    /// What the notification is about; an invalid QVariant when there is nothing.
     QVariant object;
 };
 
-/// The process-wide channel on which the framework tells the host what happens.
+/// Delivers the framework's notifications to the host. Main thread only.
 ///
-/// Delivery is synchronous, on the main thread, in the order in which observers registered. An
-/// observer may remove itself or others, register new ones or destroy windows while it runs.
-/// Hosts may use either addObserver() or the posted() signal.
+/// post() calls the handlers itself, in the order in which they were added. A handler may remove
+/// itself or others, add new ones and destroy windows. A host may use addObserver() or the signal
+/// posted(). See Notifications.h for the names.
 class VELMORA_EXPORT NotificationCenter : public QObject {
     Q_OBJECT
 
 public:
     using Handler = std::function<void(const Notification &)>;
 
-    /// Keeps one registration alive; destroying or resetting it removes the observer.
+    /// Owns the registration of one handler. The handler is removed when this is destroyed, reset
+    /// or assigned to, and is then not called any more, even by a post() that is running.
     class VELMORA_EXPORT Observation {
     public:
+        /// Owns no registration.
         Observation() = default;
         Observation(Observation &&other) noexcept;
         Observation &operator=(Observation &&other) noexcept;
         ~Observation();
+        /// Removes the handler now. Ignored when there is none.
         void reset();
 
     private:
@@ -49,20 +53,20 @@ public:
     NotificationCenter();
     ~NotificationCenter() override;
 
-    /// The one centre of the process.
+    /// The process's centre. The reference is valid as long as the application object exists.
     static NotificationCenter &defaultCenter();
 
-    /// Registers a handler for a name. With an object given, only notifications about an equal
-    /// object are delivered. The registration ends with the returned value.
+    /// Adds a handler for a name. It is called as long as the returned value is kept.
+    /// @param object if valid, the handler is called only for notifications with an equal object
     [[nodiscard]] Observation addObserver(const QString &name, const QVariant &object,
                                           Handler handler);
     [[nodiscard]] Observation addObserver(const QString &name, Handler handler);
 
-    /// Delivers a notification before it returns. Main thread only.
+    /// Calls all handlers for the name and emits posted(), before it returns.
     void post(const QString &name, const QVariant &object = {});
 
 Q_SIGNALS:
-    /// Emitted for every notification, after the registered handlers ran.
+    /// Emitted for every notification, after the handlers were called.
     void posted(const QString &name, const QVariant &object);
 
 private:

@@ -7,47 +7,50 @@
 
 /// @file
 /// The names of the notifications that the framework posts to
-/// velmora::NotificationCenter::defaultCenter(), always on the main thread. The values are part
-/// of the interface, unusual spellings included. Of the com.tamsel names only
-/// VLMclickForBanner and VLMclickForVideo carry an object.
+/// velmora::NotificationCenter::defaultCenter(), always on the main thread. A notification has an
+/// object only where its comment names one. The values are part of the interface, with their
+/// unusual spellings.
 
-/// The user clicked a banner's close button or a remove-ads button. The framework removes
-/// nothing by itself: the host offers its purchase and then calls Velmora::removeAdsNow().
+/// The user clicked a banner's close button or a remove-ads button. Nothing is removed yet: the
+/// host offers its purchase, and after that calls Velmora::removeAdsNow().
 extern VELMORA_EXPORT const QString VLMtryRemoveAds;
 
-/// The user clicked a banner, and its link was handed to the system. Object (QString): the ad's
-/// name, "Web Banner" when the ad has none, or a house banner's identifier.
+/// The user clicked a banner, and the desktop was asked to open its link. Object (QString): the
+/// ad's name, "Web Banner" when the ad has none, or a house banner's identifier.
 extern VELMORA_EXPORT const QString VLMclickForBanner;
 
-/// The user clicked the video, and its link was handed to the system. Object (QString): the
-/// advertised application's name; none when it is not known.
+/// The user clicked the video, and the desktop was asked to open its link. Object (QString): the
+/// advertised application's name; no object when the name is not known.
 extern VELMORA_EXPORT const QString VLMclickForVideo;
 
-/// The splash screen has entered its video stage, whether or not a video could be played.
+/// The splash screens show their video. Posted also when there is no video to play.
 extern VELMORA_EXPORT const QString VLMadsVideoDidStart;
 
-/// The video has ended.
+/// The video of the splash screens has ended.
 extern VELMORA_EXPORT const QString VLMadsVideoDidStop;
 
-/// Follows VLMsplashScreenDidShow from the second splash screen of the process on.
+/// Posted after VLMsplashScreenDidShow, from the second time on that splash screens are shown in a
+/// process.
 extern VELMORA_EXPORT const QString VLMsplashScreenShowMoreOne;
 
-/// A splash screen has passed all its checks and is about to be shown.
+/// The splash screens will be shown now.
 extern VELMORA_EXPORT const QString VLMsplashScreenWillShow;
 
-/// Every registered window shows its splash screen.
+/// All registered windows show their splash screens.
 extern VELMORA_EXPORT const QString VLMsplashScreenDidShow;
 
-/// The user closed the splash screen with its close button.
+/// The splash screens were closed: by the close button, or because none of their windows existed
+/// for ten seconds.
 extern VELMORA_EXPORT const QString VLMsplashScreenDidClose;
 
-/// A started reachability monitor saw its target's flags change. The object's toString() is
-/// the monitor's description.
+/// The flags of a started reachability monitor have changed. Object
+/// (std::shared_ptr<velmora::Reachability>): the monitor. QVariant::toString() of the object gives
+/// the monitor's description().
 extern VELMORA_EXPORT const QString kReachabilityChangedNotification;
 
-/// The project version of the build, 1.0.
+/// The build's project version, 1.0. The framework's release is VelmoraVersion.
 extern VELMORA_EXPORT const double VelmoraVersionNumber;
-/// The build's what-string.
+/// The build's version text, which the tool what(1) finds in the library file.
 extern VELMORA_EXPORT const char VelmoraVersionString[];
 /// The framework's release, "3.5.0".
 extern VELMORA_EXPORT const QString VelmoraVersion;

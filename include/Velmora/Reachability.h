@@ -18,26 +18,29 @@ namespace velmora {
 class RouteMonitor;
 struct RouteTarget;
 
+/// Through which kind of network a target is reachable.
 enum NetworkStatus {
-    NetworkStatusNone = 0,
-    NetworkStatusCellular = 1, ///< never the answer on a desktop
-    NetworkStatusWiFi = 2,     ///< any network, wired ones too
+    NetworkStatusNone = 0,     ///< the target is not reachable
+    NetworkStatusCellular = 1, ///< never used on a desktop
+    NetworkStatusWiFi = 2,     ///< any network, also a wired one
 };
 
-/// Watches whether one target can be reached, as far as the system's routes tell: nothing is sent
-/// to the target, except that a host name is looked up. Idle after construction; from
-/// startNotifier() on it keeps itself alive, until stopNotifier(). Any thread may call it and none
-/// waits for the network. Every query reads the current flags; when they cannot be read the answer
-/// is false, 0 or the empty set. A host name's flags are 0 until its look-up has ended. Needs the
-/// application object for its notification.
+/// Tells whether the system has a route to one target, and reports changes. Nothing is sent to the
+/// target, so a reachable target may still not answer; but a host name is looked up by DNS.
+///
+/// Any thread may call any function, and none waits for the network. Every query reads the current
+/// flags; when they can't be read, it returns false or 0. The flags of a host name are 0 until it
+/// has been looked up. A monitor reports nothing until startNotifier(), and keeps itself alive from
+/// then until stopNotifier().
 class VELMORA_EXPORT Reachability : public std::enable_shared_from_this<Reachability> {
 public:
-    /// What the callbacks look like.
+    /// The types of the callbacks.
     using NetworkReachable = std::function<void(Reachability *)>;
     using NetworkUnreachable = std::function<void(Reachability *)>;
     using NetworkReachability = std::function<void(Reachability *, ReachabilityFlags)>;
 
-    /// A callback that one thread may replace while another calls it. Assigned like a function.
+    /// A callback that one thread may replace while another one calls it. Assign a function to set
+    /// it, and nullptr to remove it.
     template<typename... Arguments>
     class Block {
     public:
@@ -45,7 +48,7 @@ public:
 
         Block &operator=(Function function) {
             const std::lock_guard lock(m_mutex);
-            m_function.swap(function); // the old one goes after the lock
+            m_function.swap(function); // so that the old function is destroyed without the lock
             return *this;
         }
         void operator()(Arguments... arguments) const {
@@ -63,81 +66,88 @@ public:
         Function m_function;
     };
 
-    /// A monitor of a host name. Nothing when the target can never be reached, here and in all
-    /// constructors below: not an address, or a name that is empty or too long.
+    /// Makes a monitor of a host name. This and all functions below that make a monitor return null
+    /// for an impossible target: a text that is not an address, or a name that is empty or too
+    /// long.
     static std::shared_ptr<Reachability> reachabilityWithHostname(const QString &hostname);
     /// The same under a second spelling.
     static std::shared_ptr<Reachability> reachabilityWithHostName(const QString &hostname);
-    /// A monitor of an address.
-    /// @param address text of an IPv4 or IPv6 address; 0.0.0.0 and :: stand for the internet in
+    /// Makes a monitor of an address.
+    /// @param address an IPv4 or IPv6 address as text; 0.0.0.0 and :: stand for the internet in
     ///                general, 169.254.0.0 for the local network
-    /// @param port    kept for targetPort(); routes do not depend on it
+    /// @param port    only returned by targetPort(); routes do not depend on it
     static std::shared_ptr<Reachability> reachabilityWithAddress(const QString &address,
                                                                  quint16 port = 0);
-    /// The internet in general: the address that this build of the framework names for it. Main
-    /// thread.
+    /// Makes a monitor of the internet in general: of the address that the framework's build
+    /// options name for it. Main thread.
     static std::shared_ptr<Reachability> reachabilityForInternetConnection();
-    /// The local network: 169.254.0.0.
+    /// Makes a monitor of the local network: of 169.254.0.0.
     static std::shared_ptr<Reachability> reachabilityForLocalWiFi();
-    /// The URL's address and port (443 for https and else 80, if the URL has none) when its
-    /// host is a dotted IPv4 address, otherwise its host name.
+    /// Makes a monitor of a URL's host. When the host is a dotted IPv4 address, targetPort() is the
+    /// URL's port, or without one 443 for https and 80 for other schemes.
     static std::shared_ptr<Reachability> reachabilityWithURL(const QUrl &url);
 
-    /// True for the text of a dotted IPv4 address.
+    /// True when a text is a dotted IPv4 address.
     static bool isIpAddress(const QString &host);
 
     ~Reachability();
     Reachability(const Reachability &) = delete;
     Reachability &operator=(const Reachability &) = delete;
 
-    /// Called when the flags changed, on the monitor's serial queue and never on the main
-    /// thread. The pointer is valid during the call; shared_from_this() keeps it longer.
+    /// One of the two is called when the flags have changed and the target is, or is not,
+    /// reachable. Called on the monitor's own thread, never on the main thread. The pointer is
+    /// valid during the call; shared_from_this() keeps the monitor longer.
     Block<Reachability *> reachableBlock;
     Block<Reachability *> unreachableBlock;
-    /// Called after either of the two.
+    /// Called after one of the two above.
     Block<Reachability *, ReachabilityFlags> reachabilityBlock;
 
-    /// True from the construction on; nothing depends on it here.
+    /// Has no effect on a desktop.
     std::atomic<bool> reachableOnWWAN = true;
 
-    /// Reports changes from now on by the callbacks and, on the main thread, by
-    /// kReachabilityChangedNotification with the monitor (std::shared_ptr<Reachability>) as
-    /// the object. The state at the start is not reported.
-    /// @return false when the system refused, which is logged; true also when it had started
+    /// Starts to report changes: to the callbacks and, on the main thread, by
+    /// kReachabilityChangedNotification, which needs an application object. The flags at the start
+    /// are not reported.
+    /// @return true when it is started now, or was already; false when the system has refused, with
+    ///         the reason in the log
     bool startNotifier();
-    /// A callback under way may still end afterwards. May destroy the monitor when nobody
-    /// else holds it.
+    /// Stops the reports. Does not wait for a running callback. Destroys the monitor when nobody
+    /// else holds a pointer to it.
     void stopNotifier();
 
-    /// Reachable, and not only through a transient connection yet to be established.
+    /// True when there is a route to the target. False when that needs a transient connection which
+    /// must be established first.
     bool isReachable() const;
-    /// Never on a desktop.
+    /// Always false on a desktop.
     bool isReachableViaWWAN() const;
-    /// Reachable at all, through whatever network.
+    /// True when there is a route to the target, through any kind of network.
     bool isReachableViaWiFi() const;
-    /// A connection must be established first.
+    /// True when a connection must be established first.
     bool connectionRequired() const;
+    /// The same as connectionRequired().
     bool isConnectionRequired() const;
-    /// One must be, and traffic or demand establishes it.
+    /// True when a connection must be established first, and is established automatically.
     bool isConnectionOnDemand() const;
-    /// One must be, and the user must help.
+    /// True when a connection must be established first, and the user must act for that.
     bool isInterventionRequired() const;
+    /// NetworkStatusWiFi when isReachable(), otherwise NetworkStatusNone.
     NetworkStatus currentReachabilityStatus() const;
-    /// "Cellular", "WiFi" or "No Connection", in the host's translation (context "Velmora").
+    /// The status as text: "WiFi" or "No Connection", translated by the host's QTranslator (context
+    /// "Velmora").
     QString currentReachabilityString() const;
-    /// The raw flags.
+    /// The current flags.
     ReachabilityFlags reachabilityFlags() const;
-    /// The flags as text, for example "XR -------".
+    /// The current flags as text, one character for each, for example "XR -------".
     QString currentReachabilityFlags() const;
-    /// Class, address of the object and flags, for logs.
+    /// The class name, the object's address and the flags, for logs.
     QString description() const;
 
-    /// What is watched: the host name, or the address as text.
+    /// The host name, or the address as text.
     QString targetHost() const;
-    /// The address's port, 0 when none was given and for a host name.
+    /// The port that was given with an address; otherwise 0.
     quint16 targetPort() const;
 
-    /// The rules behind the queries, for given flags.
+    /// The same queries for given flags.
     static bool isReachableWithFlags(ReachabilityFlags flags);
     static bool isConnectionOnDemand(ReachabilityFlags flags);
     static bool isInterventionRequired(ReachabilityFlags flags);
@@ -150,7 +160,7 @@ private:
 
     const std::unique_ptr<RouteMonitor> m_reachabilityRef;
     std::mutex m_notifierMutex;
-    std::shared_ptr<Reachability> m_reachabilityObject; // itself while notifying
+    std::shared_ptr<Reachability> m_reachabilityObject; // this object while it is started
 };
 
 } // namespace velmora

@@ -5,18 +5,19 @@
 
 namespace velmora {
 
-/// What the system's routes say about a target; a set of ReachabilityFlag bits.
+/// What the system's route to a target is like: any combination of ReachabilityFlag values.
 using ReachabilityFlags = quint32;
 
 enum ReachabilityFlag : ReachabilityFlags {
-    ReachabilityFlagTransientConnection = 1u << 0,  ///< through a point-to-point link, as a tunnel
-    ReachabilityFlagReachable = 1u << 1,            ///< the present configuration leads there
-    ReachabilityFlagConnectionRequired = 1u << 2,   ///< but a connection must be established first
-    ReachabilityFlagConnectionOnTraffic = 1u << 3,  ///< any traffic establishes it
-    ReachabilityFlagInterventionRequired = 1u << 4, ///< the user must help to establish it
-    ReachabilityFlagConnectionOnDemand = 1u << 5,   ///< certain interfaces establish it
-    ReachabilityFlagIsLocalAddress = 1u << 16,      ///< an address of this machine
-    ReachabilityFlagIsDirect = 1u << 17,            ///< on a link of this machine, no gateway
+    ReachabilityFlagTransientConnection = 1u
+                                          << 0,   ///< through a point-to-point link, as of a tunnel
+    ReachabilityFlagReachable = 1u << 1,          ///< there is a route to the target
+    ReachabilityFlagConnectionRequired = 1u << 2, ///< a connection must be established first
+    ReachabilityFlagConnectionOnTraffic = 1u << 3,  ///< any traffic establishes that connection
+    ReachabilityFlagInterventionRequired = 1u << 4, ///< the user must act to establish it
+    ReachabilityFlagConnectionOnDemand = 1u << 5, ///< certain functions of the system establish it
+    ReachabilityFlagIsLocalAddress = 1u << 16,    ///< the target is this machine
+    ReachabilityFlagIsDirect = 1u << 17,          ///< no gateway is on the way to the target
 };
 
 } // namespace velmora

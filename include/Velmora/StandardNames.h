@@ -11,31 +11,32 @@
 
 namespace velmora {
 
-/// Names that ship with the framework: its languages and string tables, and its house banners.
-/// None of the operations throws; any thread, but for the house banners.
+/// The framework's languages and string tables, and its house banners: the banners that are shown
+/// when the ad server has none. No function throws. Any thread, except for the house banners.
 class VELMORA_EXPORT StandardNames {
 public:
     StandardNames() = delete;
 
-    /// The language folder (without ".lproj") that the framework's texts are taken from, chosen
-    /// anew at each call from the user's preferred languages: the first whose primary code is
-    /// among VLMAllowLocale(), "pt" as "pt-PT" and "zh" as "zh-Hans"; "en" when none is.
+    /// The name, without ".lproj", of the folder with the framework's texts in the user's language.
+    /// That is the first of the user's preferred languages whose primary code is in
+    /// VLMAllowLocale(), otherwise "en". "pt" gives "pt-PT", and "zh" gives "zh-Hans". Read from
+    /// the system at each call.
     static QString curentLocaleIdentifier();
 
-    /// The same for given languages, such as "de-DE" or "zh-Hans-CN", the preferred one first.
+    /// The same for given languages, such as "de-DE" or "zh-Hans-CN", in the order of preference.
     static QString localeIdentifier(const QStringList &preferredLanguages);
 
-    /// Parses a strings file: UTF-16 text (a byte-order mark decides the order, without one the
-    /// machine's own), one `"key" = "value";` a line, no escapes. Lines of any other shape are
-    /// skipped, and of two lines with one key the later counts; a missing or undecodable file
-    /// gives an empty table.
-    /// @param url a local file, or a resource ("qrc:/...")
+    /// Reads a strings file: UTF-16 text with one `"key" = "value";` in each line, without escapes.
+    /// A byte-order mark tells the byte order, which is otherwise the machine's. Lines of any other
+    /// form are skipped, and the last line with a key counts.
+    /// @param url a local file, or a Qt resource ("qrc:/...")
+    /// @return the values by key; empty when the file is missing or can't be decoded
     static QHash<QString, QString> getInfoFromURL(const QUrl &url);
 
-    /// The house banners: ad identifier to store link, built anew at each call. Main thread.
+    /// The store links of the house banners, by ad identifier. Main thread.
     static QMap<QString, QString> standardBanners();
 
-    /// The animated picture of a house banner: the path of its GIF, empty when there is none. Main
+    /// The path of a house banner's GIF, a Qt resource path; empty for an unknown identifier. Main
     /// thread.
     static QString bannerFromName(const QString &identifier);
 };

@@ -11,35 +11,36 @@
 #include <QtCore/QVariant>
 
 /// @file
-/// The framework's support functions, which a host may call too. None throws or reports an
-/// error. They may be called before the application object (QApplication) exists.
+/// Functions of the framework that a host may use too. None throws. All may be called before the
+/// application object (QApplication) exists.
 
-/// The host's persistent settings store. Any thread.
+/// The host's persistent settings. The reference is valid as long as the application object exists.
+/// Any thread.
 VELMORA_EXPORT velmora::UserDefaults &VLMUserDefaults();
 
-/// The object stored under a key, or an invalid QVariant. Any thread.
+/// The value stored under a key; an invalid QVariant when there is none. Any thread.
 VELMORA_EXPORT QVariant VLMObjForKey(const QString &key);
 
-/// Stores an object under a key and flushes the store to disk at once. Any thread.
+/// Stores a value under a key, and flushes the settings to disk before it returns. See UserDefaults
+/// for what happens when that fails. Any thread.
 VELMORA_EXPORT void VLMSetObjForKey(const QVariant &object, const QString &key);
 
-/// The host application's bundle. Main thread.
+/// The host application's bundle, see Bundle::mainBundle(). Main thread.
 VELMORA_EXPORT const velmora::Bundle &VLMMainAppBundle();
 
-/// The language codes for which the framework carries translations, in search order ("ru"
-/// stands there twice). Any thread.
+/// The codes of the languages that the framework's texts are translated into, in search order. The
+/// list contains "ru" twice. Any thread.
 VELMORA_EXPORT const QStringList &VLMAllowLocale();
 
-/// The framework's translation of a key in the user's language, or the key itself when there
-/// is none. A null key counts as the empty one. The language is fixed by the first call of the
-/// process. Any thread.
+/// The framework's text for a key in the user's language, or the key itself when there is none. A
+/// null key counts as an empty one. The first call in a process decides the language. Any thread.
 VELMORA_EXPORT QString VLMStringFromKey(const QString &key);
 
-/// Prints a message to the system log (logging category "velmora", through the installed message
-/// handler) while debug mode is on and ads are not removed; otherwise does nothing. Qt's rules for
-/// logging categories do not silence it. Any thread.
+/// Writes a message to the log while debug mode is on and ads are not removed; otherwise does
+/// nothing. The message is a Qt debug message of the category "velmora", so it goes to the
+/// installed message handler. Qt's logging rules do not filter it. Any thread.
 VELMORA_EXPORT void LOG(const QString &message);
 
-/// Lets a timer fire also while the user drags, resizes or holds a menu. Neither schedules,
-/// starts nor keeps the timer; null is ignored. Main thread.
+/// Lets a timer also fire while the user drags or resizes a window or holds a menu open. With Qt
+/// every timer does, so this only sets Timer::firesDuringTracking(). Null is ignored. Main thread.
 VELMORA_EXPORT void setGodTimer(const velmora::TimerPtr &timer);

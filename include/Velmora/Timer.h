@@ -9,39 +9,47 @@
 
 namespace velmora {
 
-/// A one-shot or repeating timer on the main loop. The loop keeps a scheduled timer alive until
-/// it has fired (one-shot) or was invalidated; dropping every reference does not cancel it.
-/// Main thread only.
+/// A one-shot or repeating timer that fires in the main thread's event loop. A scheduled timer
+/// keeps itself alive until it has fired (one-shot) or was invalidated; destroying all pointers to
+/// it does not cancel it. Main thread only.
 class VELMORA_EXPORT Timer : public std::enable_shared_from_this<Timer> {
 public:
-    enum class Kind { OneShot, Repeating };
+    enum class Kind {
+        OneShot,  ///< fires once and is then invalid
+        Repeating ///< fires at every multiple of the interval; missed ones are not made up for
+    };
     using Duration = std::chrono::nanoseconds;
 
-    /// Schedules a timer.
-    /// @param seconds interval; zero or less fires a one-shot timer on the next turn of the loop
-    ///                and a repeating one once a frame (60 times a second).
+    /// Makes a timer and schedules it.
+    /// @param seconds  the interval, at most ten years. With zero, a negative value or NaN, a
+    /// one-shot
+    ///                 timer fires on the next turn of the event loop, and a repeating one 60 times
+    ///                 a second.
+    /// @param callback called each time that the timer fires
     static std::shared_ptr<Timer> scheduled(double seconds, Kind kind,
                                             std::function<void()> callback);
 
-    /// Cancels the timer for good and lets go of its callback. Harmless when repeated.
+    /// Cancels the timer for good and destroys its callback. Ignored the second time.
     void invalidate();
 
-    /// Cancels a timer and resets the pointer to it; null is ignored.
+    /// Invalidates a timer and resets the pointer to it. Null is ignored.
     static void cancel(std::shared_ptr<Timer> &timer);
 
-    /// True until the timer is invalidated or, if one-shot, has fired.
+    /// True until the timer is invalidated or, if it is one-shot, fires.
     bool isValid() const { return m_valid; }
 
-    /// True once setGodTimer() has seen the timer.
+    /// True when setGodTimer() was called for the timer.
     bool firesDuringTracking() const { return m_tracking; }
+    /// What setGodTimer() does.
     void setFiresDuringTracking() { m_tracking = true; }
 
     Duration interval() const { return m_interval; }
+    /// When the timer fires next, as the time since an arbitrary start of a monotonic clock.
     Duration deadline() const { return m_deadline; }
 
-    /// For the loop that owns the timer: runs the callback and moves the deadline on.
+    /// For the framework's event loop only: calls the callback and sets the next deadline.
     void fire(Duration now);
-    /// For the loop that owns the timer: the loop is going away.
+    /// For the framework's event loop only, when that is destroyed: makes the timer invalid.
     void sourceGone() { m_valid = false; }
 
 private:

@@ -8,28 +8,31 @@
 
 namespace velmora {
 
-/// The host's persistent settings store: QSettings in the native format, for the current user,
-/// under the host's organisation and application name (the application name stands in where
-/// the host has set no organisation). Any thread, at any time.
+/// The host's persistent settings: QSettings in the native format, for the current user, under the
+/// host's organisation and application name. Without an organisation name its domain is used, and
+/// without a domain the application name. Any thread, also before there is an application object.
 ///
-/// The store follows the names: when the host sets or changes one after the first call, later
-/// calls go to the store of the new name, and what this run has written goes there too. Before
-/// the application has a name (it has one as soon as there is an application object), and when
-/// the store cannot be written, values hold for the run and are written as soon as they can be;
-/// the system log says so in debug mode.
+/// When the host sets or changes a name after the first call, later calls use the settings of the
+/// new name, and the values that this run has written are copied there.
+///
+/// Without an application name, and when the settings can't be written, values are kept in memory,
+/// are returned by object(), and are written when that becomes possible. The log says so in debug
+/// mode. (QApplication sets an application name, if the host has not.)
 class VELMORA_EXPORT UserDefaults {
 public:
-    /// The process's store, the one that VLMUserDefaults() returns.
+    /// The host's settings; the same as VLMUserDefaults(). The reference is valid as long as the
+    /// application object exists.
     static UserDefaults &standard();
 
-    /// The stored value, also one that another process of the host has stored meanwhile, or an
-    /// invalid QVariant when the key is absent.
+    /// The value of a key; an invalid QVariant when there is none. Finds also what another process
+    /// of the host has stored meanwhile.
     QVariant object(const QString &key) const;
 
-    /// Stores a value and flushes the store to disk before it returns.
+    /// Stores a value, and flushes the settings to disk before it returns. An invalid QVariant
+    /// removes the key.
     void setObject(const QVariant &value, const QString &key);
 
-    /// Removes a key and flushes.
+    /// Removes a key, and flushes the settings to disk before it returns.
     void removeObject(const QString &key);
 };
 

@@ -21,14 +21,17 @@ class BannerController;
 class SplashScreenPresenter;
 } // namespace velmora
 
-/// The one class through which a host drives the framework. It has no instances; its state
-/// lasts for the process, but for the ads-off switch, which lasts until resetAds().
+/// The class through which a host uses the framework. All functions are static. The state lasts as
+/// long as the application object (QApplication); only the ads-off switch is stored, until
+/// resetAds().
 ///
-/// All operations are called on the main thread, after the application object (QApplication)
-/// was made; those that show or remove advertising move themselves there when called on another
-/// thread. Without an application object nothing is added or shown. None throws or reports an
-/// error: what is refused does nothing, and says why in the system log while debug mode is on.
-/// Windows are never owned: the host may destroy one at any time.
+/// Call the functions on the main thread, after the application object was made. Some may also be
+/// called on another thread, which their comments say: they then do their work a little later on
+/// the main thread. Without an application object nothing is added or shown.
+///
+/// No function throws or blocks. A call that is refused does nothing, and writes the reason to the
+/// log while debug mode is on. The framework never owns the host's windows and views: the host may
+/// destroy them at any time.
 class VELMORA_EXPORT Velmora {
 public:
     Velmora() = delete;
@@ -38,223 +41,252 @@ public:
     /// @name Switches
     /// @{
 
-    /// Lets the framework explain itself in the system log (category "velmora") until the
-    /// process ends. Off at start; there is no way back.
+    /// Switches debug mode on: the framework writes to the log (category "velmora") what it does,
+    /// and what it refuses and why. Default: off. It can't be switched off again.
     static void activateDebugMode();
+    /// True when debug mode is on.
     static bool isDebugModeActivate();
 
-    /// Whether a splash screen leaves a window that is about to close. Default: false.
+    /// Sets whether the splash screen of a window is removed when the window is closed. Default:
+    /// false, so it is still registered when the host shows the window again.
     static void setARCToWindows(bool on);
+    /// What setARCToWindows() has set.
     static bool isARCActivate();
 
-    /// True once ads were removed; read from the settings store at every call.
+    /// True when ads are removed. Read from the host's settings at every call. Any thread.
     static bool isADSRemoved();
 
-    /// Allows ads again. Nothing that was removed comes back by itself: add windows and banners
-    /// anew.
+    /// Allows ads again. Removed banners and splash screens do not return: add the windows and
+    /// views again.
     static void resetAds();
 
-    /// Removes every banner and splash screen now and shows no advertising any more, in this and
-    /// all later runs of the host. Any thread; on another than the main one the work is done a
-    /// little later.
+    /// Removes all banners and splash screens, and stores that no advertising is shown any more, in
+    /// this and in all later runs of the host. Any thread.
     static void removeAdsNow();
     /// @}
 
     /// @name Splash screens
-    /// A splash screen covers the content of every registered window at once: a start screen with
-    /// a countdown, a video, an end screen with a close button. Only one window plays the video:
-    /// the key one. Losing the key status to a window that is not registered pauses the sequence.
+    /// Splash screens cover the content of all registered windows at the same time. A sequence has
+    /// three parts: a start screen with a countdown, a video, and an end screen with a close
+    /// button. Only the key window, that is the active one, plays the video. While a window that is
+    /// not registered is key, the sequence is paused.
     ///
-    /// The first of these calls prepares everything and asks the ad server, once a run together
-    /// with the banners, for the first ads. Where a window is asked for, any widget in it will do:
-    /// its window is taken. Operations that
-    /// show do nothing while ads are removed. Main thread; the four that show or wait move
-    /// themselves there.
+    /// The first call of any of these functions asks the ad server for ads; banners and splash
+    /// screens share one request in a process. Functions that take a window also take any widget in
+    /// it. While ads are removed, nothing is shown or registered. Main thread, except for show(),
+    /// forceShow(), showWithouSplash() and refreshWaitAgain(): any thread.
     /// @{
 
-    /// Registers a window.
-    /// In a main window the splash screen covers everything below the menu bar; the top inset
-    /// spares what the host wants to keep. A window that is registered while splash screens are
-    /// shown joins in.
+    /// Registers a window. In a QMainWindow the splash screen covers everything below the menu bar;
+    /// see setSplashScreenTopInset() to leave more uncovered. When splash screens are shown
+    /// already, the window gets its splash screen at once.
     /// @param window a top-level widget, or any widget in it
-    /// @return false when nothing was registered: the window is registered already, is null, or
-    ///         ads are removed
+    /// @return false when nothing was registered: the window is registered already or null, ads are
+    ///         removed, or there is no application object
     static bool addSplashScreenToWindow(QWidget *window);
-    /// The same for a window with a game engine's view: the splash screen is then a native window
-    /// of its own inside it, above any other.
+    /// The same for a window with a game engine's view. The splash screen is a native window of its
+    /// own there, above all other native windows.
     static bool addSplashScreenToUnityWindow(QWidget *window);
-    /// Takes a window out; a sequence goes on in the others, and ends as if closed when there has
-    /// been no window for ten seconds. Also while ads are removed.
+    /// Unregisters a window and removes its splash screen. A running sequence goes on in the other
+    /// windows; when there has been no window for ten seconds, it ends as if closed by the user.
+    /// Works also while ads are removed.
     static void removeSplashScreenFromWindow(QWidget *window);
-    /// Does nothing; here for hosts that call it.
+    /// Does nothing. Exists only for hosts that call it.
     static void removeADSFromWindow(QWidget *window);
 
-    /// Shows the splash screens if isADSReady(); ignored otherwise and while one is on screen.
-    /// When no registered window is key, they are shown as soon as one becomes key.
+    /// Shows the splash screens if isADSReady(). Ignored otherwise, and while they are shown. When
+    /// no registered window is key, they are shown as soon as one becomes key. Any thread.
     static void show();
-    /// Shows the splash screens, ready or not; ignored when no registered window is key and
-    /// while one is on screen. Ends the running wait: afterwards ads become ready only by
-    /// refreshWaitAgain() or a while after a sequence.
+    /// Shows the splash screens, also while isADSReady() is false. Ignored while they are shown,
+    /// and when no registered window is key. Ends a running waiting period; ads become ready again
+    /// a waiting period after the sequence, or after refreshWaitAgain(). Any thread.
     static void forceShow();
-    /// As forceShow(), without the start screen: the video comes at once.
+    /// Like forceShow(), but without the start screen: the sequence starts with the video. Any
+    /// thread.
     static void showWithouSplash();
-    /// Starts the wait for the next splash screen anew, now.
+    /// Starts the waiting period until ads are ready from its beginning, now. Any thread.
     static void refreshWaitAgain();
 
-    /// A splash screen is on screen.
+    /// True while splash screens are shown.
     static bool isShowSplashScreen();
-    /// The wait is over: show() would show.
+    /// True when the waiting period is over, so that show() shows the splash screens.
     static bool isADSReady();
-    /// How many times splash screens were shown in this process.
+    /// How many sequences this process has started.
     static qint64 splashScreenStartCount();
 
-    /// The one presenter, made by the first call. Owned by the framework.
+    /// The process's presenter, which the first call makes. Owned by the framework, and valid as
+    /// long as the application object.
     static velmora::SplashScreenPresenter &SSPresenter();
 
-    /// A video for when the ad server has none.
+    /// Sets the video that is shown when the ad server has none. Default: none.
     /// @param videoURL a local file; empty for no video
-    /// @param linkURL  what a click on it opens: a web or store link
+    /// @param linkURL  the web or store link that a click on the video opens
     static void setDefaultVideoWithURL(const QUrl &videoURL, const QUrl &linkURL);
-    /// @param appID the store's number of the advertised application, with or without "id"
+    /// The same for a video that advertises an application of the store.
+    /// @param appID the application's number in the store, with or without "id" before it
     static void setDefaultVideoURL(const QUrl &videoURL, const QString &appID);
-    /// @param fileName name, with extension, of a resource of the host's bundle
+    /// The same for a video that is a resource of the host's bundle.
+    /// @param fileName the resource's name with its extension
     static void setDefaultVideoName(const QString &fileName, const QString &appID);
     /// The store link of an application.
+    /// @param appID as above
     static QUrl urlFromAppID(const QString &appID);
 
-    /// Seconds from the end of a splash screen until ads are ready again. Default: 120.
+    /// Sets the waiting period: the seconds from the end of a sequence until ads are ready again.
+    /// Default: 120.
     static void setSplashScreenWaitingVideoTimeSeconds(qint64 seconds);
-    /// Seconds of the start screen, 0 to 15; any other value counts as 5. 0 also hides the start
-    /// screen's icon, background image and button. Default: 5.
+    /// Sets how many seconds the start screen is shown, 0 to 15. Any other value counts as 5. With
+    /// 0 its icon, background image and button are hidden, too. Default: 5.
     static void setSplashScreenLoadTime(qint64 seconds);
-    /// Seconds from the registration of the first window until ads are ready, cut to whole ones;
-    /// a negative value counts as 30. To be called before that registration. Default: 30.
+    /// Sets the seconds from the registration of the first window until ads are ready. Fractions
+    /// are cut off, and a negative value counts as 30. Call it before that registration.
+    /// Default: 30.
     static void setSplashScreenDelay(double seconds);
     /// @}
 
     /// @name Appearance of splash screens
-    /// Each applies at once to the splash screens there are, and to those added later. A null
-    /// image, an invalid colour or a length that is no finite number is refused. What is hidden
-    /// or shown changes with the next screen. Lengths are device-independent pixels. Main thread.
+    /// Each option applies at once to all splash screens, and to those that are added later; only
+    /// the "Hidden" options take effect with the next screen that is shown. A null image, an
+    /// invalid colour, NaN and infinity are refused. Lengths are in device-independent pixels. Main
+    /// thread.
     /// @{
 
-    /// Height of the strip at the top of the content that stays uncovered. Default: 0. Splash
-    /// screens added later take the whole part.
+    /// Sets the height of the strip at the top of the content that splash screens leave uncovered.
+    /// Default: 0. Splash screens that are added later get the whole-number part only.
     static void setSplashScreenTopInset(double inset);
-    /// The same for one window, and only for the splash screen that it has now.
+    /// The same for one window. It does not apply to a splash screen that the window gets later.
     static void setSplashScreenTopInset(double inset, QWidget *window);
 
-    /// Default: white.
+    /// Sets the background colour. Default: white.
     static void setSplashScreenBackgroundColor(const QColor &color);
-    /// Default: none.
+    /// Sets the background image. Default: none.
     static void setSplashScreenBackgroundImage(const QImage &image);
-    /// How the background image fills the window: 0 smaller when it has to be, its shape kept
-    /// (default); 1 to the window's size; 2 in its own size; 3 as large as it fits, its shape
-    /// kept.
+    /// Sets how the background image is scaled to the window: 0 scales it down to fit, with its
+    /// aspect ratio kept; 1 stretches it to the window's size; 2 does not scale it; 3 scales it up
+    /// or down to fit, with its aspect ratio kept. Default: 0.
     static void setSplashScreenBackgroundImageScaling(unsigned scaling);
-    /// The icon on the start and end screens. Default: the application's window icon.
+    /// Sets the icon on the start and end screens. Default: the application's window icon.
     static void setSplashScreenIcon(const QImage &icon);
-    /// The two lines of text. Default: black.
+    /// Sets the colour of the two lines of text. Default: black.
     static void setSplashScreenTextColor(const QColor &color);
 
-    /// The seconds inside the countdown rings. Default: black.
+    /// Sets the colour of the seconds in the countdown rings. Default: black.
     static void setSplashScreenTimerTextColor(const QColor &color);
-    /// The rings' discs. Default: white.
+    /// Sets the colour of the discs in the countdown rings. Default: white.
     static void setSplashScreenTimerBackgroundColor(const QColor &color);
-    /// The rings' tracks and elapsed parts. Default: grey and dark grey.
+    /// Sets the colours of the countdown rings. Default: grey and dark grey.
+    /// @param borderColor   the whole ring
+    /// @param progressColor the elapsed part of the ring
     static void setSplashScreenTimerBorderColor(const QColor &borderColor,
                                                 const QColor &progressColor);
-    /// Thickness of the tracks, and how much thicker the elapsed parts are. Default: 2 and 4.
+    /// Sets the widths of the countdown rings. Default: 2 and 4.
+    /// @param borderWidth   the width of the whole ring
+    /// @param progressWidth how much wider the elapsed part is
     static void setSplashScreenTimerBorderWidth(double borderWidth, double progressWidth);
 
-    /// The remove-ads button on the start screen and on the end screen. Default: shown.
+    /// Hides the remove-ads button on the start screen. Default: shown.
     static void setSplashScreenHiddenButtonBeforeVideo(bool hidden);
+    /// Hides the remove-ads button on the end screen. Default: shown.
     static void setSplashScreenHiddenButtonAfterVideo(bool hidden);
-    /// The icon: on both screens, on the end screen, on the start screen. Default: shown.
+    /// Hides the icon on both screens. Default: shown.
     static void setSplashScreenHiddenIcon(bool hidden);
+    /// Hides the icon on the end screen. Default: shown.
     static void setSplashScreenHiddenIconAfterVideo(bool hidden);
+    /// Hides the icon on the start screen. Default: shown.
     static void setSplashScreenHiddenIconBeforeVideo(bool hidden);
-    /// The background image: the same. Default: shown.
+    /// Hides the background image on both screens. Default: shown.
     static void setSplashScreenHiddenBackgroundImage(bool hidden);
+    /// Hides the background image on the end screen. Default: shown.
     static void setSplashScreenHiddenBackgroundImageAfterVideo(bool hidden);
+    /// Hides the background image on the start screen. Default: shown.
     static void setSplashScreenHiddenBackgroundImageBeforeVideo(bool hidden);
     /// @}
 
     /// @name Banners
-    /// Heights and insets are in device-independent pixels. A banner keeps its picture's
-    /// aspect; where it would be wider or higher than the room there is, it is shown smaller. In
-    /// a flat window the bottom inset takes half of the height at most. Banners are not added
-    /// while ads are removed.
+    /// A banner appears when its first picture is loaded. When that can't be loaded, or not within
+    /// 15 seconds, a house banner is shown instead. A new picture follows every 15 seconds. While
+    /// the banner can't be seen, because its window is hidden or minimised or its page is behind
+    /// another one, no new picture is shown; the rotation goes on when the banner can be seen
+    /// again.
     ///
-    /// A banner appears when its first picture is there. A house banner stands in when that could
-    /// not be had, or has not come within 15 seconds. Every 15 seconds the next one follows; out
-    /// of sight (its window is hidden or minimised, its page lies behind another) the rotation
-    /// rests, and goes on as soon as the banner can be seen again.
+    /// Heights and insets are in device-independent pixels; NaN and infinity are refused. A banner
+    /// has the aspect ratio of its picture. It is scaled down where its place is too narrow or too
+    /// low, and a bottom inset that would leave it less than half of a low place is reduced.
     ///
-    /// Where a window is asked for, any widget in it will do: its window is taken. A banner's
-    /// window is the one that it lies in by now: a page may get its banner before it enters a
-    /// window, and take it along to another.
+    /// Functions that take a window also take any widget in it. A banner's window is the one that
+    /// it is in now: a host may add a banner to a page that has no window yet, and may move the
+    /// page to another window. While ads are removed, no banner is added. Main thread, except for
+    /// the two functions that add a banner: any thread.
     /// @{
 
-    /// Puts a banner at the bottom of a window's content. A window gets one at most; a second
-    /// call does nothing. The banner goes with the widget it lies in: a host that replaces a
-    /// window's central widget adds the banner anew. Content made of native child windows (a game
-    /// engine's view) would hide it.
-    /// @param window a top-level widget, or any widget in it; in a main window the banner lies in
-    ///               the central widget
+    /// Adds a banner at the bottom of a window's content. Ignored when the window has one already.
+    /// The banner is destroyed together with the widget that it is in, so a host that replaces a
+    /// QMainWindow's central widget has to add the banner again. Native child windows, such as a
+    /// game engine's view, would hide the banner. Any thread.
+    /// @param window a top-level widget, or any widget in it; in a QMainWindow the banner is in the
+    ///               central widget
     static void addBannerForWindow(QWidget *window);
 
-    /// Puts a banner at the bottom of a view, each call a further one.
-    /// @param controller the controller of the host's view; on another thread than the main one,
-    ///                   nothing happens when it is gone before the main thread has got to it
-    /// @param view       the view to put the banner into; null for the controller's own. When
+    /// Adds a banner at the bottom of a view. Every call adds another banner. Any thread; the host
+    /// may destroy the controller or the view before the main thread does the work, and nothing is
+    /// added then.
+    /// @param controller the controller of the host's view
+    /// @param view       the view that the banner is added to; null for the controller's own. When
     ///                   there is neither, the banner is never shown
     static void addBannerForViewController(velmora::ViewController *controller, QWidget *view);
 
-    /// The banner added last among those that lie in a window, or null (and a log line). Owned by
-    /// the framework.
+    /// The banner in a window, of several the one added last; null, and a log line, when there is
+    /// none. Owned by the framework.
     static velmora::BannerController *BControllFromWindow(QWidget *window);
 
-    /// The banner that is the given controller itself, or null (and a log line).
+    /// The given controller, if it is one of the banners; otherwise null, and a log line.
     static velmora::BannerController *
     BControllFromViewController(velmora::ViewController *controller);
 
-    /// All banners that the host added, without those whose window is gone.
+    /// All banners that the host has added, except those whose window was destroyed.
     static BannerList &BControllers();
 
-    /// Height of all banners, present and future. Default: 100.
+    /// Sets the height of all banners, also of later ones. Default: 100.
     static void setBannersHeight(double height);
-    /// Height 100 for all banners.
+    /// Sets the height of all banners to 100.
     static void setBannersLargeImage();
-    /// Height 60 for all banners.
+    /// Sets the height of all banners to 60.
     static void setBannersSmallImage();
-    /// Distance of all banners from the bottom, present and future; positive is up. Default: 0.
+    /// Sets the distance of all banners, also of later ones, from the bottom; positive is up.
+    /// Default: 0.
     static void setBannersBottomInset(double inset);
-    /// Distance of all banners from the centre, present and future; positive is to the right,
-    /// and never past the right edge. Default: 0.
+    /// Sets the distance of all banners, also of later ones, from the centre; positive is to the
+    /// right. A banner is never moved beyond the right edge. Default: 0.
     static void setBannersCenterXInset(double inset);
 
-    /// The same for one window's banner; the defaults for future banners stay as they are.
+    /// Sets the height of one window's banner.
     static void setBannerHeight(double height, QWidget *window);
+    /// Sets the height of one window's banner to 100.
     static void setBannerLargeImageToWindow(QWidget *window);
+    /// Sets the height of one window's banner to 60.
     static void setBannerSmallImageToWindow(QWidget *window);
+    /// Sets the distance of one window's banner from the bottom, see setBannersBottomInset().
     static void setBannerBottomInset(double inset, QWidget *window);
+    /// Sets the distance of one window's banner from the centre, see setBannersCenterXInset().
     static void setBannerCenterXInset(double inset, QWidget *window);
 
-    /// Hides or shows the banner of the window that a host's view lies in, at once. A hidden
-    /// banner comes back with its next picture.
+    /// Hides or shows a banner at once. A hidden banner is shown again with its next picture.
+    /// @param controller a banner, or the controller of a host's view, which stands for the banner
+    /// in
+    ///                   that view's window
     static void setBannerHidden(bool hidden, velmora::ViewController *controller);
     /// @}
 
     /// @name Checks
-    /// Each returns true, and logs nothing, while its object does not exist; when it exists,
-    /// it logs a line and returns false.
+    /// Each function returns true while its object, the presenter or the list of banners, does not
+    /// exist. When it exists, the function writes a line to the log and returns false.
     /// @{
     static bool isInitializedSplashScreenWithLOG_WARNING();
     static bool isInitializedSplashScreenWithLOG_ERROR();
     static bool isInitializedBannerLOG_ERROR();
     /// @}
 
-    /// Logs "VELMORA :: level :: message" while debug mode is on and ads are not removed.
+    /// Writes "VELMORA :: level :: message" to the log while debug mode is on and ads are not
+    /// removed. Any thread.
     static void LOG(const QString &level, const QString &message);
 };

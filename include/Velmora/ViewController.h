@@ -11,45 +11,54 @@
 
 namespace velmora {
 
-/// Controls one view (a QWidget). A host wraps a view of its own to say where a banner goes;
-/// the framework's controllers load theirs on first use. Main thread only.
+/// Controls one view (a QWidget). A host makes one for a view of its own, to tell where a banner is
+/// to be shown. The framework's own controllers make their views when they are first needed. Main
+/// thread only.
 ///
-/// The view belongs to its parent widget, or to nobody, never to the controller: when the host
-/// destroys a window, the views in it go too, and view() is null from then on.
+/// The controller never owns the view. Its parent widget does, as usual in Qt: when the host
+/// destroys a window, the views in it are destroyed, and view() is null from then on.
 class VELMORA_EXPORT ViewController {
 public:
-    /// A controller for a view of the host's; the controller does not own it.
+    /// Makes a controller for a view of the host's.
     explicit ViewController(QWidget *view);
     virtual ~ViewController();
     ViewController(const ViewController &) = delete;
     ViewController &operator=(const ViewController &) = delete;
 
-    /// The view, loaded now if it has not been yet; null once it has been destroyed.
+    /// The view, which is made now if this is the first call; null when it has been destroyed.
     QWidget *view();
 
-    /// The view when it has been loaded and still exists, else null; loads nothing.
+    /// The view if it has been made and still exists, otherwise null.
     QWidget *viewIfLoaded() const { return m_view; }
 
-    /// The window that the view lies in; null when it lies in none.
+    /// The window that the view is in; null when it is in none. Makes the view if necessary.
     QWidget *viewWindow();
 
-    /// Makes this the controller of a window's content: banners of the window then become
-    /// children of this controller and lie in its view. Ends with the controller or the window.
+    /// Makes this the controller of a window's content. Banners of the window are then added to
+    /// this controller's view, and their controllers become its children. Lasts until the
+    /// controller or the window is destroyed.
+    /// @param window a top-level widget, or any widget in it
     void setContentOf(QWidget *window);
 
-    /// Expires with the controller.
+    /// Expires when the controller is destroyed.
     std::weak_ptr<void> lifetime() const { return m_lifetime; }
 
+    /// Adds a child controller, and removes it from an earlier parent. Children are not owned, and
+    /// their views are not moved.
     void addChildViewController(ViewController *child);
+    /// Removes this from its parent controller. Ignored without one.
     void removeFromParentViewController();
+    /// Null when there is none.
     ViewController *parentViewController() const { return m_parent; }
+    /// In the order in which they were added.
     const std::vector<ViewController *> &childViewControllers() const { return m_children; }
 
 protected:
+    /// For a controller that makes its view in loadView().
     ViewController();
-    /// Makes the view; called once, by the first view().
+    /// Makes the view. Called once, by the first call of view().
     virtual QWidget *loadView() { return nullptr; }
-    /// Called once, right after loadView() gave a view.
+    /// Called once, after loadView() has returned a view.
     virtual void viewDidLoad() {}
 
 private:

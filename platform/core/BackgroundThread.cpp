@@ -25,7 +25,8 @@ bool startBackgroundThread(const char *name, std::function<void()> work, QString
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before); // inherited by the new thread
+    // A new thread inherits the signal mask of the thread that starts it.
+    pthread_sigmask(SIG_SETMASK, &all, &before);
     bool started = true;
     try {
         std::thread([name, work = std::move(work)] {

@@ -8,11 +8,14 @@ Q_LOGGING_CATEGORY(velmoraLog, "velmora", QtDebugMsg)
 namespace velmora {
 
 namespace {
+// Not in ProcessRoot: these only name the functions to ask, which never change once they are set.
+// What the functions answer is process state, and they keep it in ProcessRoot.
 std::atomic<Log::Gate> s_isOn = nullptr;
 std::atomic<Log::Gate> s_isSilenced = nullptr;
 } // namespace
 
 void Log::setGates(Gate isOn, Gate isSilenced) {
+    // write() reads them in the other order, so it never finds the first without the second.
     s_isSilenced = isSilenced;
     s_isOn = isOn;
 }
@@ -23,8 +26,8 @@ void Log::write(const QString &message) {
         writeAlways(message);
 }
 
-// Past the category's filter: debug messages of all categories are often switched off by rules that
-// the host's developer has not written.
+// Not qCDebug(): logging rules often switch off the debug messages of all categories, and the
+// host's developer has not written those rules.
 void Log::writeAlways(const QString &message) {
     const Gate isOn = s_isOn;
     if (isOn && isOn())

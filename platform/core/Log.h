@@ -4,23 +4,24 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QString>
 
-/// The system log of the framework.
+/// The category of all the framework's log messages: "velmora".
 Q_DECLARE_LOGGING_CATEGORY(velmoraLog)
 
 namespace velmora {
 
-/// The framework's debug messages: what was refused and why. Any thread.
+/// Writes the framework's debug messages, which say what was refused and why. Any thread.
 class Log {
 public:
     using Gate = bool (*)();
 
-    /// Decides what is printed; without gates nothing is. Installed by the process's switches.
-    /// @param isOn       messages are wanted at all
-    /// @param isSilenced only those of writeAlways() are
+    /// Sets the functions that decide, at every message, whether it is printed. Nothing is printed
+    /// before this is called. The functions may be called on any thread.
+    /// @param isOn       false: nothing is printed
+    /// @param isSilenced true: only the messages of writeAlways() are printed
     static void setGates(Gate isOn, Gate isSilenced);
 
     static void write(const QString &message);
-    /// Also while the log is silenced.
+    /// Prints the message even while the log is silenced.
     static void writeAlways(const QString &message);
 };
 

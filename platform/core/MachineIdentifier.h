@@ -9,11 +9,11 @@ namespace velmora {
 /// The identifier that the system gave this machine. Any thread.
 class MachineIdentifier {
 public:
-    /// As UUID text, empty when there is none.
+    /// The identifier as UUID text; empty when the machine has none.
     static QString uuid();
 
-    /// The UUID text of an identifier as the system stores it: 32 digits without dashes get
-    /// theirs. An identifier of another shape is only put in upper case.
+    /// Turns an identifier, as the system stores it, into UUID text. 32 hexadecimal digits get the
+    /// dashes of a UUID; an identifier of any other form is only converted to upper case.
     static QString uuidText(const QByteArray &identifier);
 };
 

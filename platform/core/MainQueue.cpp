@@ -6,10 +6,14 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 #include <QtCore/QThread>
 
+#include <atomic>
 #include <deque>
 #include <mutex>
+#include <thread>
+#include <utility>
 
 namespace velmora {
 
@@ -17,8 +21,9 @@ namespace {
 
 class MainQueueReceiver;
 
-// What threads hand over, under a standard mutex, which the thread sanitizer understands, unlike
-// the one inside Qt. Never destroyed: a worker may be posting while the process state goes.
+// The posted work, on its way from any thread to the main thread. A std::mutex guards it, because
+// the thread sanitizer does not understand the locks inside Qt. It is never destroyed, because a
+// worker may still be posting while the process state is dropped.
 struct Handover {
     std::mutex mutex;
     std::deque<std::function<void()>> pending;
@@ -30,7 +35,7 @@ Handover &handover() {
     return instance;
 }
 
-// Receives one event a posted piece of work, on the main thread.
+// Receives one event on the main thread for each piece of work.
 class MainQueueReceiver : public QObject {
 public:
     MainQueueReceiver() {
@@ -62,6 +67,15 @@ public:
     }
 };
 
+// Not in ProcessRoot: the main thread stays the main thread when the process state is dropped.
+std::atomic<std::thread::id> &mainThread() {
+    static std::atomic<std::thread::id> thread = std::this_thread::get_id();
+    return thread;
+}
+
+// Calls mainThread() while the library is loaded, so that the first caller is never a worker.
+[[maybe_unused]] const auto &s_loadingThread = mainThread();
+
 } // namespace
 
 void MainQueue::post(std::function<void()> work) {
@@ -69,16 +83,28 @@ void MainQueue::post(std::function<void()> work) {
         return;
     ProcessRoot::get<MainQueueReceiver>();
     const std::lock_guard lock(handover().mutex);
-    // It may have gone again since.
+    // Another thread may have dropped the process state since the call above.
     if (!handover().receiver)
         return;
     handover().pending.push_back(std::move(work));
     QCoreApplication::postEvent(handover().receiver, new QEvent(QEvent::User));
 }
 
+void MainQueue::post(QObject *context, std::function<void()> work) {
+    post([context = QPointer<QObject>(context), work = std::move(work)] {
+        if (context)
+            work();
+    });
+}
+
 bool MainQueue::isMainThread() {
-    const QCoreApplication *app = QCoreApplication::instance();
-    return !app || QThread::currentThread() == app->thread();
+    if (const QCoreApplication *app = QCoreApplication::instance()) {
+        if (QThread::currentThread() != app->thread())
+            return false;
+        mainThread() = std::this_thread::get_id();
+        return true;
+    }
+    return mainThread() == std::this_thread::get_id();
 }
 
 void MainQueue::runOrPost(std::function<void()> work) {

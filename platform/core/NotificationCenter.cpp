@@ -61,7 +61,7 @@ NotificationCenter::Observation NotificationCenter::addObserver(const QString &n
 
 void NotificationCenter::post(const QString &name, const QVariant &object) {
     std::erase_if(m_observers, [](const auto &weak) { return weak.expired(); });
-    // A copy, since handlers may register and remove while this runs.
+    // A copy, because handlers may add observers.
     const auto observers = m_observers;
     for (const auto &weak : observers) {
         const auto entry = weak.lock();

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ProcessRoot.h"
 
+#include "MainQueue.h"
+
 #include <QtCore/QCoreApplication>
-#include <QtCore/QThread>
 
 #include <cstdlib>
 #include <mutex>
@@ -18,13 +19,13 @@ struct Entry {
     std::shared_ptr<void> object;
 };
 
-// Recursive, because an object may ask for another while it is being made or destroyed.
+// Recursive, because an object may ask for another while it is constructed. Neither this mutex nor
+// the list is ever destroyed: atexit handlers and worker threads use them until the process ends.
 std::recursive_mutex &rootMutex() {
     static auto &mutex = *new std::recursive_mutex;
     return mutex;
 }
 
-// Neither is ever destroyed: who comes last still finds them.
 std::vector<Entry> &entries() {
     static auto &list = *new std::vector<Entry>;
     return list;
@@ -40,7 +41,8 @@ std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
     }
     if (!factory)
         return nullptr;
-    // The application object forgets its routines when it has run them.
+    // Qt runs a post routine once and forgets it. So this registers drop() again for every process
+    // state, that is whenever the first object of one is made.
     if (entries().empty())
         qAddPostRoutine(&ProcessRoot::drop);
     std::shared_ptr<void> object = factory();
@@ -50,9 +52,8 @@ std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
 
 void ProcessRoot::dropAtExit() {
     std::atexit([] {
-        // exit() on a worker leaves the main thread running: it may use anything still.
-        const QCoreApplication *app = QCoreApplication::instance();
-        if (!app || QThread::currentThread() == app->thread())
+        // When a worker calls exit(), the main thread keeps running and may still use everything.
+        if (MainQueue::isMainThread())
             drop();
     });
 }
@@ -71,7 +72,8 @@ void ProcessRoot::drop() {
             last = std::move(entries().back().object);
             entries().pop_back();
         }
-        // Destroyed outside the lock: a destructor may wait for a thread that asks for the root.
+        // Destroyed without the lock, because a destructor may wait for a thread that is calling
+        // find() at this moment.
         last.reset();
     }
 }

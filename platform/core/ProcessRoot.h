@@ -6,40 +6,44 @@
 
 namespace velmora {
 
-/// Owns every object that lives as long as the process: each is made on first use and all are
-/// destroyed together, last made first, when the application object goes or a test asks for a
-/// fresh process state. An object is made on the thread that asks first.
+/// Owns the objects of which the process has one each. An object is constructed when it is first
+/// asked for, on the thread that asks. All are destroyed together, in reverse order of
+/// construction, when the application object is destroyed, or when a test drops them to start with
+/// a fresh process state.
 class ProcessRoot {
 public:
-    /// The process's one T, made now if there is none yet. Main thread.
+    /// The process's one T, constructed now if there is none. Main thread.
     template<class T>
     static T &get() {
         return *share<T>();
     }
 
-    /// The same for any other thread than the main one: keeps the object for as long as it is in
-    /// use there, should the process state be dropped meanwhile.
+    /// The same for other threads than the main one. While the caller holds the pointer, the object
+    /// is not destroyed, even when the process state is dropped meanwhile.
     template<class T>
     static std::shared_ptr<T> share() {
         return std::static_pointer_cast<T>(
             find(typeid(T), []() -> std::shared_ptr<void> { return std::make_shared<T>(); }));
     }
 
-    /// The process's one T, or null when none was made.
+    /// The process's one T, or null when none has been constructed. Main thread.
     template<class T>
     static T *existing() {
         return static_cast<T *>(find(typeid(T), nullptr).get());
     }
 
-    /// True while there is an application object whose main loop can serve the framework.
+    /// True while there is an application object that is not being destroyed. Only then can posted
+    /// work be run and can widgets be made. Any thread.
     static bool isUsable();
 
-    /// Has drop() called also when the process ends without its application object going, by
-    /// exit(). To be said again after something was made that the objects' threads lean on: what
-    /// was made last goes first.
+    /// Registers drop() to be called by exit(), which does not destroy an application object.
+    ///
+    /// exit() runs its handlers and destroys static objects in reverse order. So call this again
+    /// after constructing static objects that threads of the process state use: those threads are
+    /// then ended before the static objects are destroyed.
     static void dropAtExit();
 
-    /// Destroys everything; the next get() starts a fresh process state.
+    /// Destroys all objects. The next get() constructs the first object of a fresh process state.
     static void drop();
 
 private:

@@ -12,6 +12,8 @@ public:
     quint32 next() override { return QRandomGenerator::system()->generate(); }
 };
 
+// Set by tests. Not in ProcessRoot: a test replaces the source before it drops the process state
+// and expects the replacement to stay.
 RandomSource *s_replacement = nullptr;
 
 } // namespace

@@ -5,8 +5,9 @@
 
 namespace velmora {
 
-/// Uniform 32-bit random numbers: of cryptographic quality from the system, or from another
-/// source put in its place (a seeded generator, say). Main thread only.
+/// A source of uniformly distributed 32-bit random numbers. The default is the system's
+/// cryptographic generator; a test replaces it, for example by a seeded generator. Main thread
+/// only.
 class RandomSource {
 public:
     virtual ~RandomSource() = default;
@@ -14,7 +15,7 @@ public:
 
     static RandomSource &current();
 
-    /// Replaces the source; null goes back to the system's. The caller keeps ownership.
+    /// For tests: replaces the source; null restores the default. The caller keeps ownership.
     static void setCurrent(RandomSource *source);
 };
 

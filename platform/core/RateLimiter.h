@@ -5,19 +5,20 @@
 
 namespace velmora {
 
-/// A rate limiter: lets something happen a few times a second and no more, so that it cannot loop
-/// against code that undoes it each time. Main thread only.
+/// Allows something at most five times a second. The framework limits changes that the host's code
+/// may undo at once (a raised widget, a moved focus), so that the two cannot loop for ever. Main
+/// thread only.
 class RateLimiter {
 public:
-    /// Whether it may happen once more now; counts it if so.
+    /// True when it may happen once more now. Every call counts.
     bool allows() {
-        constexpr int Most = 5;
+        constexpr int MaxPerSecond = 5;
         const auto now = TimeSource::current().now();
         if (m_count == 0 || now - m_start >= std::chrono::seconds(1)) {
             m_start = now;
             m_count = 0;
         }
-        return ++m_count <= Most;
+        return ++m_count <= MaxPerSecond;
     }
 
 private:

@@ -1,44 +1,60 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SerialQueue.h"
 
+#include "BackgroundThread.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
 #include <utility>
 
 namespace velmora {
 
+struct SerialQueue::State {
+    std::mutex mutex;
+    std::condition_variable idle;
+    std::deque<std::function<void()>> pending;
+    bool isRunning = false;
+
+    // Runs what is queued until nothing is left.
+    void loop() {
+        std::unique_lock lock(mutex);
+        while (!pending.empty()) {
+            std::function<void()> work = std::move(pending.front());
+            pending.pop_front();
+            lock.unlock();
+            work();
+            work = nullptr;
+            lock.lock();
+        }
+        isRunning = false;
+        idle.notify_all();
+    }
+};
+
+SerialQueue::SerialQueue(const char *threadName)
+    : m_threadName(threadName), m_state(std::make_shared<State>()) {}
+
 SerialQueue::~SerialQueue() {
-    if (m_thread.joinable())
-        m_thread.join();
+    std::unique_lock lock(m_state->mutex);
+    m_state->idle.wait(lock, [this] { return !m_state->isRunning; });
 }
 
 void SerialQueue::run(std::function<void()> work) {
-    const std::lock_guard lock(m_mutex);
-    m_pending.push_back(std::move(work));
-    if (m_running)
-        return;
-    // The thread before this one has nothing left to do but return.
-    if (m_thread.joinable())
-        m_thread.join();
-    m_running = true;
-    m_thread = std::thread([this] { loop(); });
+    {
+        const std::lock_guard lock(m_state->mutex);
+        m_state->pending.push_back(std::move(work));
+        if (std::exchange(m_state->isRunning, true))
+            return;
+    }
+    if (!startBackgroundThread(
+            m_threadName, [state = m_state] { state->loop(); }, nullptr))
+        m_state->loop();
 }
 
 bool SerialQueue::drain(std::chrono::milliseconds longest) {
-    std::unique_lock lock(m_mutex);
-    return m_idle.wait_for(lock, longest, [this] { return !m_running; });
-}
-
-void SerialQueue::loop() {
-    std::unique_lock lock(m_mutex);
-    while (!m_pending.empty()) {
-        std::function<void()> work = std::move(m_pending.front());
-        m_pending.pop_front();
-        lock.unlock();
-        work();
-        work = nullptr;
-        lock.lock();
-    }
-    m_running = false;
-    m_idle.notify_all();
+    std::unique_lock lock(m_state->mutex);
+    return m_state->idle.wait_for(lock, longest, [this] { return !m_state->isRunning; });
 }
 
 } // namespace velmora

@@ -2,40 +2,42 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 namespace velmora {
 
-/// Runs pieces of work in order on a worker thread, which is there only while there is work. The
-/// destructor finishes what is queued.
+/// Runs pieces of work one after the other on a worker thread. The thread is started for the first
+/// piece and ends when no work is left.
 class SerialQueue {
 public:
-    SerialQueue() = default;
+    /// @param threadName see startBackgroundThread()
+    explicit SerialQueue(const char *threadName);
+    /// Waits until all queued work is done.
     ~SerialQueue();
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
 
-    /// Queues a piece of work. Any thread.
+    /// Queues a piece of work. Any thread. When the system gives no thread, the work is done before
+    /// this returns.
     void run(std::function<void()> work);
 
-    /// Waits until everything queued so far is done; false when that took longer than given.
+    /// Waits until all queued work is done. Any thread but the worker's.
+    /// @return false when that took longer than the given time
     bool drain(std::chrono::milliseconds longest);
 
 private:
-    void loop();
+    struct State;
 
-    std::mutex m_mutex;
-    std::condition_variable m_idle;
-    std::deque<std::function<void()>> m_pending;
-    bool m_running = false;
-    std::thread m_thread;
+    const char *const m_threadName;
+    // Shared with the thread, which may still be returning when the queue is destroyed.
+    const std::shared_ptr<State> m_state;
 };
 
-/// The process's queue for writing files, so that no disk is waited for on the main thread.
-class DiskQueue : public SerialQueue {};
+/// The process's queue for writing files, so that the main thread never waits for a disk.
+class DiskQueue : public SerialQueue {
+public:
+    DiskQueue() : SerialQueue("velmora-disk") {}
+};
 
 } // namespace velmora

@@ -9,8 +9,10 @@
 namespace velmora {
 
 namespace {
+// Set by tests. Not in ProcessRoot, so that virtual time goes on when a test drops the process
+// state.
 TimeSource *s_replacement = nullptr;
-}
+} // namespace
 
 TimeSource &TimeSource::current() {
     return s_replacement ? *s_replacement : ProcessRoot::get<SystemTimeSource>();
@@ -43,7 +45,7 @@ void SystemTimeSource::remove(Timer *timer) {
     const auto found = m_scheduled.find(timer);
     if (found == m_scheduled.end())
         return;
-    // The Qt timer may be the one whose signal is being delivered right now.
+    // Not deleted at once: this may be called from a slot of the QTimer's own timeout signal.
     found->second.clock->stop();
     found->second.clock.release()->deleteLater();
     m_scheduled.erase(found);
@@ -52,7 +54,8 @@ void SystemTimeSource::remove(Timer *timer) {
 void SystemTimeSource::arm(Scheduled &scheduled) {
     const auto left =
         std::chrono::ceil<std::chrono::milliseconds>(scheduled.timer->deadline() - now());
-    // Qt counts milliseconds in an int; what is further away is armed again on the way.
+    // QTimer counts milliseconds in an int, which is enough for 24 days. A timer with a later
+    // deadline expires early; fire() then only arms it again.
     const std::chrono::milliseconds longest = std::chrono::hours(24);
     scheduled.clock->start(std::clamp(left, std::chrono::milliseconds(0), longest));
 }

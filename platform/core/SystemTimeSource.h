@@ -9,8 +9,9 @@
 
 namespace velmora {
 
-/// The steady clock and precise Qt timers. A deadline that was missed is fired once, late, and
-/// the following ones stay on the original grid, so that a second tick does not drift.
+/// Real time: the steady clock and precise Qt timers. A repeating timer that missed deadlines, for
+/// example because the main thread was busy, fires once for all of them. Its later deadlines stay
+/// multiples of the interval after its start, so a countdown of seconds does not drift.
 class SystemTimeSource final : public TimeSource {
 public:
     ~SystemTimeSource() override;

@@ -7,8 +7,9 @@
 namespace velmora {
 
 namespace {
+// Set by tests. Not in ProcessRoot, so that it stays when a test drops the process state.
 std::optional<SystemVersion> s_replacement;
-}
+} // namespace
 
 SystemVersion SystemVersion::current() {
     if (s_replacement)

@@ -5,14 +5,15 @@
 
 namespace velmora {
 
-/// The running operating system's version. Where the system names none, it counts as 0.0.
+/// The running operating system's version; 0.0 when the system has no version number. Main thread
+/// only.
 struct SystemVersion {
     int major = 0;
     int minor = 0;
 
     static SystemVersion current();
 
-    /// Replaces the answer, or goes back to the real one when empty.
+    /// For tests: replaces the answer; an empty value restores the real one.
     static void setCurrent(std::optional<SystemVersion> version);
 };
 

@@ -8,27 +8,27 @@ namespace velmora {
 
 class Timer;
 
-/// Where time comes from and who fires the timers. The process runs on the system's steady
-/// clock unless another source is put in its place, before the first timer is made.
-/// Main thread only.
+/// Tells the time and fires the timers. The default is SystemTimeSource; a test replaces it by
+/// virtual time before it makes the first timer. Main thread only.
 class TimeSource {
 public:
     using Duration = std::chrono::nanoseconds;
 
     virtual ~TimeSource() = default;
 
-    /// Time since an arbitrary start; never goes backwards.
+    /// Monotonic time since an arbitrary start.
     virtual Duration now() const = 0;
 
-    /// Keeps the timer alive and fires it at its deadlines until it is invalid.
+    /// Schedules a timer: holds a reference to it and calls its fire() at its deadlines, until it
+    /// is invalid.
     virtual void add(const std::shared_ptr<Timer> &timer) = 0;
 
-    /// The timer was invalidated: forget it.
+    /// Drops an invalidated timer from the schedule. Ignored for an unknown timer.
     virtual void remove(Timer *timer) = 0;
 
     static TimeSource &current();
 
-    /// Replaces the source; null goes back to the system's clock. The caller keeps ownership.
+    /// For tests: replaces the source; null restores the default. The caller keeps ownership.
     static void setCurrent(TimeSource *source);
 };
 

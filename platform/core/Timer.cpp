@@ -15,7 +15,7 @@ constexpr Timer::Duration Frame{1'000'000'000 / 60};
 constexpr double LongestSeconds = 10.0 * 365 * 24 * 3600;
 
 Timer::Duration durationFrom(double seconds) {
-    // Also false for "not a number".
+    // Not "seconds <= 0", so that NaN is caught too.
     if (!(seconds > 0))
         return Timer::Duration{0};
     return Timer::Duration{std::llround(std::min(seconds, LongestSeconds) * 1e9)};
@@ -43,7 +43,7 @@ void Timer::invalidate() {
     m_valid = false;
     const std::shared_ptr<Timer> alive = shared_from_this();
     TimeSource::current().remove(this);
-    // Let go last: the callback may own whoever is cancelling.
+    // Destroyed last: the callback may own the object that is calling invalidate().
     std::exchange(m_callback, nullptr);
 }
 

@@ -5,6 +5,7 @@
 
 #include <QtNetwork/QNetworkCookieJar>
 
+#include <mutex>
 #include <utility>
 
 namespace velmora {
@@ -24,6 +25,7 @@ std::unique_ptr<QNetworkAccessManager> NetworkAccess::fresh() {
     auto manager = newManager();
     QNetworkCookieJar *cookies = shared().cookieJar();
     manager->setCookieJar(cookies);
+    // setCookieJar() has made the new manager the jar's owner.
     cookies->setParent(m_shared.get());
     return manager;
 }
@@ -31,11 +33,10 @@ std::unique_ptr<QNetworkAccessManager> NetworkAccess::fresh() {
 std::unique_ptr<QNetworkAccessManager> NetworkAccess::newManager() const {
     auto manager = std::make_unique<QNetworkAccessManager>();
     manager->setTransferTimeout(m_configuration.idleTimeoutMs);
-    static const bool prepared = [] {
-        ProcessRoot::dropAtExit();
-        return true;
-    }();
-    Q_UNUSED(prepared)
+    // The first manager constructs static objects of Qt, so this must come after it; see
+    // dropAtExit().
+    static std::once_flag once;
+    std::call_once(once, &ProcessRoot::dropAtExit);
     return manager;
 }
 

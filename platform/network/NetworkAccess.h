@@ -11,23 +11,24 @@
 
 namespace velmora {
 
-/// How a session reaches the network: its network managers and what they trust. Worker thread
-/// only, but for the constructor.
+/// Makes and configures the network managers of a UrlSession. Worker thread only, except for the
+/// constructor.
 class NetworkAccess {
 public:
     explicit NetworkAccess(UrlSession::Configuration configuration);
     ~NetworkAccess();
 
-    /// The manager whose connections are kept and shared, made on first use.
+    /// The manager that reuses its connections. Made on first use.
     QNetworkAccessManager &shared();
 
-    /// A manager without any connection, with the shared one's cookies.
+    /// A new manager that has no connection yet. It shares the cookies of shared().
     std::unique_ptr<QNetworkAccessManager> fresh();
 
-    /// What a host's certificate is verified against.
+    /// The TLS configuration for a URL's host, with the authorities that its certificate is
+    /// verified against.
     QSslConfiguration tlsFor(const QUrl &url);
 
-    /// Closes the shared connections; only while nobody uses them.
+    /// Destroys the shared manager and its connections. Only while no transfer uses it.
     void closeConnections() { m_shared.reset(); }
 
 private:

@@ -6,14 +6,14 @@
 
 namespace velmora {
 
-/// A request's body that can be read once. The network manager sends a request again by itself
-/// when the connection breaks without a reply; that begins with going back to the start of the
-/// body, and when this cannot be done the request fails before anything goes out again.
+/// A request's body that can be read only once, so that the request is never sent twice. When a
+/// connection breaks without a reply, QNetworkAccessManager sends the request again on its own. For
+/// that it resets the body to its start; this body can't be reset, so the request fails instead
+/// (QNetworkReply::ContentReSendError).
 class OneTimeBody final : public QIODevice {
     Q_OBJECT
 
 public:
-    /// @param bytes may be empty
     OneTimeBody(QByteArray bytes, QObject *parent);
 
     qint64 size() const override { return m_bytes.size(); }

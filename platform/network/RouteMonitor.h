@@ -11,33 +11,34 @@
 
 namespace velmora {
 
-/// What is watched: a host name, or an address when the name is empty.
+/// What is watched: an address, or a host name when the address is null.
 struct RouteTarget {
-    /// 0.0.0.0 and :: stand for the internet in general, 169.254.0.0 for the local network.
+    /// 0.0.0.0 and :: stand for the internet in general, 169.254.0.0 for the local network. Null
+    /// for a host name.
     QHostAddress address;
-    /// Kept for the host's information; routes do not depend on it.
+    /// Only stored; routes do not depend on it.
     quint16 port = 0;
     QString hostName;
 };
 
-/// Reads and watches how one target is routed. Routes are the system's own opinion: nothing is
-/// sent to the target, except that a host name is looked up. Every operation may be called from
-/// any thread and none waits for the network.
+/// Reads the system's route to one target, and reports when it changes. Nothing is sent to the
+/// target, so a route does not tell that the target answers; but a host name is looked up by DNS.
+/// Any thread; no function waits for the network.
 class RouteMonitor {
 public:
     using Callback = std::function<void(ReachabilityFlags)>;
 
     enum class StartResult {
         Started,
-        CallbackRefused, ///< the system does not tell about changes
-        QueueRefused,    ///< there is no thread to tell them on
+        CallbackRefused, ///< the system does not report changes
+        QueueRefused,    ///< there is no thread to report them on
     };
 
-    /// The flags of an address now, 0 when they cannot be read. Below a millisecond.
+    /// The current flags of an address; 0 when they can't be read. Takes less than a millisecond.
     static ReachabilityFlags query(const QHostAddress &target);
 
-    /// A monitor at rest, or nothing when the target can never be one: no address, or a name
-    /// that is empty or too long. The look-up of a name begins here.
+    /// Makes a monitor that is not started. Returns null when the target is neither an address nor
+    /// a possible host name, because the name is empty or too long. Starts looking a name up.
     static std::unique_ptr<RouteMonitor> create(const RouteTarget &target);
 
     ~RouteMonitor();
@@ -46,17 +47,18 @@ public:
 
     const RouteTarget &target() const;
 
-    /// The target's flags now; 0 for a host name that is not known, or not known yet.
+    /// The target's current flags; 0 for a host name that does not exist or has not been looked up
+    /// yet.
     ReachabilityFlags flags() const;
 
-    /// Begins to report every change of the flags, on a serial queue of the monitor's own. The
-    /// state at start is not reported, unless it is a host name's that becomes known later.
-    /// Replaces an earlier start.
-    /// @param error receives the system's reason when the result is not Started
+    /// Starts to report every change of the flags. The flags at the start are not reported; those
+    /// of a host name are 0 until it has been looked up. A second call replaces the first.
+    /// @param callback called on the monitor's own thread, never twice at the same time
+    /// @param error    receives the system's reason when the result is not Started; may be null
     StartResult start(Callback callback, QString *error);
 
-    /// Ends the reports. A callback that is due at this very moment may still run to its end
-    /// afterwards: stopping or destroying the monitor, also from the callback, waits for none.
+    /// Stops the reports. Does not wait for a running callback, which may still be running
+    /// afterwards. So the monitor can be stopped, and destroyed, inside the callback.
     void stop();
 
 private:

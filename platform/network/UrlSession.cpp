@@ -96,7 +96,7 @@ std::optional<UrlResponse> UrlSession::fetch(const UrlRequest &request) {
     try {
         return answer.get();
     } catch (const std::future_error &) {
-        // The session went away and took the promise with it.
+        // close() has destroyed the promise with the request.
         return {};
     }
 }

@@ -19,39 +19,43 @@ namespace velmora {
 
 class UrlSessionWorker;
 
-/// What to ask for, and where the answer's body goes.
+/// A request, and what to do with the reply's body.
 struct UrlRequest {
     QUrl url;
     QByteArray method = "GET";
     QByteArray body;
     QList<QPair<QByteArray, QByteArray>> headers;
-    /// Where the body is written, atomically and only when it arrived whole; its folder is made
-    /// if it is missing. Empty keeps the body in memory.
+    /// The file that the body is written to, atomically, when it has arrived completely. A missing
+    /// folder is created. Empty: the body is kept in memory.
     QString destination;
-    /// A longer body counts as an error.
+    /// In bytes; a longer body is an error.
     qint64 largestBody = 16 * 1024 * 1024;
-    /// The reply's arrival is all that matters: its body is not read.
+    /// The body is not read; the request ends when the reply's headers have arrived.
     bool ignoresBody = false;
-    /// Reaches the server once at most: on a connection of its own, since one that was idle may
-    /// be closed already, and not again when that breaks without a reply. A redirect's target is
-    /// asked once, too.
+    /// The request reaches the server at most once: it is not sent again when the connection breaks
+    /// without a reply. It gets a new connection, because a reused one may already be closed by the
+    /// server. The same holds for the target of a redirect.
     bool onlyOnce = false;
 };
 
-/// How a task ended. The HTTP status is told but never judged: any reply is a success.
+/// How a request ended. A reply with any HTTP status counts as success; the caller checks the
+/// status.
 struct UrlResponse {
-    /// Empty unless the transport failed, the body was torn or too long, or could not be
-    /// written.
+    /// The reason why the transfer failed: no reply, or a body that was incomplete, too long or
+    /// could not be written. Empty on success.
     QString error;
+    /// The HTTP status; 0 when there was no reply.
     int status = 0;
+    /// Empty when the body was written to a file.
     QByteArray body;
+    /// In bytes.
     qint64 bodySize = 0;
 };
 
-/// A request under way. Main thread only.
+/// A started request. Main thread only.
 class UrlTask {
 public:
-    /// True until the completion is called.
+    /// True until the completion is called, and for ever when the session was closed before.
     bool isRunning() const { return m_running; }
 
 private:
@@ -61,42 +65,43 @@ private:
 
 using UrlTaskPtr = std::shared_ptr<UrlTask>;
 
-/// Requests over HTTP and HTTPS, carried by one worker thread that starts with the first of
-/// them. Completions are called on the main thread in the order in which the requests ended,
-/// never from inside start(). Redirects are followed when no less safe; certificates are always
-/// verified; a transfer that stays silent for the idle timeout fails. When there has been
-/// nothing to carry for a while, connections and what belongs to them are let go until the next
-/// request. Main thread only, but for fetch().
+/// Sends HTTP and HTTPS requests on one worker thread, which is started for the first of them.
+/// Completions are called on the main thread, in the order in which the requests ended, and never
+/// inside start(). Redirects are followed, but not from https to http. Certificates are always
+/// verified. A transfer that receives nothing during the idle timeout fails. After five seconds
+/// without a request the connections are closed. Main thread only, except for fetch().
 class UrlSession {
 public:
     struct Configuration {
-        /// A host that is verified against authorities of its own, and against no others; PEM
-        /// text. All other hosts are verified against the system's authorities.
+        /// A host name whose certificate is verified against `privateAuthorities` only. All other
+        /// hosts are verified against the system's certificate authorities.
         QString privateHost;
+        /// Certificates in PEM format.
         QByteArray privateAuthorities;
+        /// Milliseconds without any data after which a transfer fails.
         int idleTimeoutMs = 60'000;
-        /// Further requests wait, in order, while so many are under way.
+        /// The number of transfers at the same time; further requests wait in order.
         int mostAtOnce = 6;
     };
 
     using Completion = std::function<void(const UrlResponse &)>;
 
     explicit UrlSession(Configuration configuration);
-    /// Closes the session. Any thread once it is closed.
+    /// Closes the session. Main thread; any thread when it is closed already.
     ~UrlSession();
 
-    /// Ends the session: aborts what is under way without calling its completions, and carries
-    /// nothing any more.
+    /// Aborts all requests without calling their completions, and ends the worker thread. Requests
+    /// that are started later are ignored.
     void close();
 
     UrlTaskPtr start(const UrlRequest &request, Completion completion);
 
-    /// Begins to carry what was asked for before there was an application object, without which
-    /// no thread can serve the network.
+    /// Starts the requests that were made before there was an application object, which the network
+    /// manager needs.
     void wake();
 
-    /// Waits for the answer. Any thread but the main one; nothing when the session ends first or
-    /// there is no application object.
+    /// Sends a request and waits for the reply. Any thread but the main one.
+    /// @return empty when the session is closed before the reply, and without an application object
     std::optional<UrlResponse> fetch(const UrlRequest &request);
 
 private:
@@ -107,8 +112,9 @@ private:
     bool m_closed = false;
     int m_underWay = 0;
     TimerPtr m_idleTimer;
-    // Expires when the session is closed, for completions that are still posted then.
+    // Reset by close(), so that completions which are already posted are not called.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
+    // Not startBackgroundThread(): the network manager needs Qt's event loop.
     QThread m_thread;
     UrlSessionWorker *m_worker;
 };

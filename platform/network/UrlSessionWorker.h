@@ -14,28 +14,29 @@ namespace velmora {
 
 class UrlTransfer;
 
-/// The session's side on its worker thread: takes requests in order, keeps at most so many
-/// under way and hands their answers back.
+/// The part of a UrlSession that lives on its worker thread: starts the requests in order, limits
+/// how many run at the same time, and calls back with their responses.
 class UrlSessionWorker : public QObject {
     Q_OBJECT
 
 public:
     struct Job {
         UrlRequest request;
+        /// Called on the worker thread.
         std::function<void(UrlResponse)> done;
     };
 
     explicit UrlSessionWorker(UrlSession::Configuration configuration);
     ~UrlSessionWorker() override;
 
-    /// Takes a request. Any thread.
+    /// Queues a request. Any thread.
     void enqueue(Job job);
 
-    /// Aborts everything on the worker thread, answers nothing any more and ends the thread. Any
+    /// Aborts all requests without calling back, and ends the worker thread's event loop. Any
     /// thread.
     void stop();
 
-    /// Lets connections go when there is nothing to carry. Any thread.
+    /// Closes the connections if there is no request. Any thread.
     void closeIdleConnections();
 
     bool event(QEvent *event) override;

@@ -15,7 +15,7 @@
 namespace velmora {
 
 namespace {
-// Bounds what the socket may read ahead of us, so that no whole video is ever in memory.
+// The most that is buffered while a file is written, so that a video is never in memory completely.
 constexpr qint64 ReadAhead = 256 * 1024;
 constexpr int MostRedirects = 20;
 } // namespace
@@ -42,6 +42,7 @@ void UrlTransfer::start() {
         return;
     }
     m_response.error = QStringLiteral("not a web address: ") + m_request.url.toString();
+    // Not MainQueue::post(): finished() belongs to this object's thread, the worker thread.
     QMetaObject::invokeMethod(this, &UrlTransfer::finish, Qt::QueuedConnection);
 }
 
@@ -51,7 +52,7 @@ void UrlTransfer::send() {
     for (const auto &[name, value] : m_request.headers)
         request.setRawHeader(name, value);
     QNetworkAccessManager &shared = m_network.shared();
-    // A custom verb, also for POST: for its own POST the network manager adds a content type.
+    // sendCustomRequest() also for POST, because post() adds a Content-Type header.
     if (m_request.onlyOnce)
         m_reply = sendOnce(request);
     else if (m_request.method == "GET")
@@ -64,11 +65,11 @@ void UrlTransfer::send() {
     connect(m_reply, &QNetworkReply::finished, this, &UrlTransfer::replyFinished);
 }
 
-// The manager goes with the transfer.
+// Uses a manager of the transfer's own, which is destroyed with it.
 QNetworkReply *UrlTransfer::sendOnce(QNetworkRequest &request) {
     QNetworkAccessManager *manager = m_network.fresh().release();
     manager->setParent(this);
-    // The network manager would ask the next place as often as it likes.
+    // When the network manager follows a redirect itself, it may send that request more than once.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     return manager->sendCustomRequest(request, m_request.method,
@@ -79,7 +80,7 @@ void UrlTransfer::headArrived() {
     m_response.status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     const QUrl next = m_request.url.resolved(target);
-    // A redirect that must not be followed is the reply.
+    // A redirect that must not be followed counts as the reply.
     if (m_request.onlyOnce && !target.isEmpty() && mayFollow(next))
         follow(next);
     else if (m_request.ignoresBody)
@@ -123,7 +124,7 @@ void UrlTransfer::readAvailable() {
     if (!m_file) {
         QDir().mkpath(QFileInfo(m_request.destination).path());
         m_file = std::make_unique<QSaveFile>(m_request.destination);
-        // A link's target lies wherever somebody pointed it.
+        // QSaveFile writes through a symbolic link, to a file outside of the destination's folder.
         if (QFileInfo(m_request.destination).isSymLink()) {
             fail(QStringLiteral("%1 is a symbolic link").arg(m_request.destination));
             return;
@@ -170,12 +171,12 @@ bool UrlTransfer::failedInTransport() const {
     const QNetworkReply::NetworkError error = m_reply->error();
     if (error == QNetworkReply::NoError)
         return false;
-    // The network manager also calls statuses from 400 on errors; to us they are replies.
-    const bool aboutStatus =
+    // The network manager also reports HTTP statuses from 400 on as errors; here they are replies.
+    const bool isStatusError =
         (error >= QNetworkReply::ContentAccessDenied &&
          error <= QNetworkReply::UnknownContentError) ||
         (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
-    return !(aboutStatus && m_response.status >= 400);
+    return !(isStatusError && m_response.status >= 400);
 }
 
 bool UrlTransfer::isTorn() const {

@@ -13,14 +13,14 @@ namespace velmora {
 
 class NetworkAccess;
 
-/// One request on the worker thread: streams the body into memory or into a file that takes its
-/// name only when the body arrived whole.
+/// One request. Streams the body into memory, or into a temporary file that is renamed when the
+/// body has arrived completely. Worker thread only.
 class UrlTransfer : public QObject {
     Q_OBJECT
 
 public:
     UrlTransfer(UrlRequest request, NetworkAccess &network, QObject *parent);
-    /// Aborts the request if it is still under way.
+    /// Aborts the request if it is still running.
     ~UrlTransfer() override;
 
     void start();

@@ -5,14 +5,15 @@
 
 namespace velmora {
 
-/// Which addresses may be asked, and which links may leave the process. Handing an untrusted link
-/// to the desktop's opener is a known kind of hole, so only web pages and store pages may.
+/// Decides which URLs the framework may load, and which links it may give to the desktop. Links
+/// come from the ad server and are not trusted, and desktops have applications for many schemes,
+/// some of which can be exploited. So only web and store pages are opened. Any thread.
 class WebLink {
 public:
-    /// True for a whole address with the scheme https or http.
+    /// True for a valid URL with a host and the scheme https or http.
     static bool isOnTheWeb(const QUrl &url);
 
-    /// True for a whole link with the scheme macappstores, https or http.
+    /// True for a valid URL with a host and the scheme macappstores, https or http.
     static bool mayOpen(const QUrl &link);
 };
 

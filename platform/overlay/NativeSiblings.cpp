@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NativeSiblings.h"
 
+#include "MainQueue.h"
+
 #include <QtCore/QEvent>
 
 #include <utility>
@@ -55,7 +57,7 @@ bool NativeSiblings::follow() {
 
 bool NativeSiblings::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_root && event->type() == QEvent::ChildAdded)
-        note();
+        reportLater();
     return false;
 }
 
@@ -65,25 +67,24 @@ void NativeSiblings::watchChildren() {
         if (!child)
             continue;
         child->disconnect(this);
-        connect(child, &QWindow::visibleChanged, this, &NativeSiblings::note);
-        connect(child, &QWindow::xChanged, this, &NativeSiblings::note);
-        connect(child, &QWindow::yChanged, this, &NativeSiblings::note);
-        connect(child, &QWindow::widthChanged, this, &NativeSiblings::note);
-        connect(child, &QWindow::heightChanged, this, &NativeSiblings::note);
+        connect(child, &QWindow::visibleChanged, this, &NativeSiblings::reportLater);
+        connect(child, &QWindow::xChanged, this, &NativeSiblings::reportLater);
+        connect(child, &QWindow::yChanged, this, &NativeSiblings::reportLater);
+        connect(child, &QWindow::widthChanged, this, &NativeSiblings::reportLater);
+        connect(child, &QWindow::heightChanged, this, &NativeSiblings::reportLater);
     }
 }
 
-void NativeSiblings::note() {
-    if (std::exchange(m_noted, true))
+void NativeSiblings::reportLater() {
+    if (std::exchange(m_reportPosted, true))
         return;
-    // A window that is being added is none yet.
-    const auto tell = [this] {
-        m_noted = false;
+    // Later, because a child that is just being added is not a QWindow yet.
+    MainQueue::post(this, [this] {
+        m_reportPosted = false;
         if (m_root)
             watchChildren();
         m_changed();
-    };
-    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    });
 }
 
 } // namespace velmora

@@ -10,36 +10,36 @@
 
 namespace velmora {
 
-/// The native child windows that a superview's plain children would be hidden behind: those of
-/// window containers, game engines' and video players' views. A QOpenGLWidget is none. Watches
-/// for new ones and for changes of those that are there. Main thread only.
+/// Watches the native child windows that would hide a superview's plain children: window
+/// containers, and the views of game engines and video players. A QOpenGLWidget is drawn like any
+/// other widget and is none of them. Main thread only.
 class NativeSiblings : public QObject {
     Q_OBJECT
 
 public:
-    /// @param changed called, on a later turn and once for several changes, whenever a native
-    ///                window may have come, gone, moved or been shown.
+    /// @param changed called on a later turn of the main loop, once for several changes, when a
+    ///                native window may have been added, removed, moved, resized, shown or hidden
     NativeSiblings(QWidget *superview, std::function<void()> changed);
 
-    /// Whether a native window is visible over the superview.
-    /// @param own one that does not count
+    /// Whether a visible native window intersects the superview.
+    /// @param own a native window that does not count; may be null
     bool areVisible(const QWindow *own) const;
 
     /// Watches the native window that the superview lies in now.
-    /// @return whether that is another one than the last time
+    /// @return true when that is another one than at the last call; false for the first one
     bool follow();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void watchChildren();
-    void note();
+    void reportLater();
 
     QWidget *m_superview;
     QPointer<QWindow> m_root;
     std::function<void()> m_changed;
     bool m_hadRoot = false;
-    bool m_noted = false;
+    bool m_reportPosted = false;
 };
 
 } // namespace velmora

@@ -2,6 +2,9 @@
 #include "Overlay.h"
 
 #include "Animator.h"
+#include "MainQueue.h"
+
+#include <QtGui/QDropEvent>
 
 #include <utility>
 
@@ -13,24 +16,23 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
       m_kind(kind),
       m_setFrame(superview->rect()),
       m_setSize(superview->size()) {
-    view->hide();
-    beChild();
     m_focus = std::make_unique<OverlayFocus>(view, superview);
+    m_mount =
+        std::make_unique<OverlayMount>(view, superview, *m_focus, [this] { containerLost(); });
     applyFrame();
-    // Nothing that the view does not want goes on to what lies underneath: clicks, drags and
-    // wheel, the focus that a click gives, things dragged from elsewhere.
+    // Events that the view ignores must not reach the widgets below it: clicks, wheel and drags,
+    // and the focus that a click gives.
     view->setAttribute(Qt::WA_NoMousePropagation);
     view->setFocusPolicy(Qt::ClickFocus);
     view->setAcceptDrops(true);
-    // A main window would show its dividers' cursors through the view.
+    // Otherwise the cursors that a main window sets over its dividers would be seen on the view.
     if (!view->testAttribute(Qt::WA_SetCursor))
         view->setCursor(Qt::ArrowCursor);
     view->installEventFilter(this);
-    superview->installEventFilter(this);
     connect(view, &QObject::destroyed, this, &Overlay::viewGone);
     connect(superview, &QObject::destroyed, this, &Overlay::superviewGone);
     m_siblings = std::make_unique<NativeSiblings>(superview, [this] { nativeWindowsChanged(); });
-    followWindow();
+    watchSurroundings();
     if (kind == Kind::Native)
         enterContainer();
 }
@@ -40,6 +42,47 @@ Overlay::~Overlay() {
         remove();
     else
         delete takeView();
+}
+
+void Overlay::watchSurroundings() {
+    m_surroundings = std::make_unique<OverlaySurroundings>(m_superview);
+    const OverlaySurroundings *watch = m_surroundings.get();
+    const auto checkNativeWindowsLater = [this] {
+        MainQueue::post(this, [this] { nativeWindowsChanged(); });
+    };
+    connect(watch, &OverlaySurroundings::superviewResized, this, &Overlay::applyFrame);
+    connect(watch, &OverlaySurroundings::childAdded, this,
+            [this] { MainQueue::post(this, [this] { keepOnTop(); }); });
+    connect(watch, &OverlaySurroundings::windowAboutToPaint, this, &Overlay::keepOnTop);
+    connect(watch, &OverlaySurroundings::superviewShown, this, checkNativeWindowsLater);
+    connect(watch, &OverlaySurroundings::nativeWindowChanged, this,
+            [this, checkNativeWindowsLater] {
+                // When Qt recreates the host's native window, the native windows in it are
+                // destroyed, too, without an event for their owners.
+                if (m_siblings->follow())
+                    MainQueue::post(this, [this] { containerLost(); });
+                checkNativeWindowsLater();
+            });
+    connect(watch, &OverlaySurroundings::windowActivated, m_focus.get(), &OverlayFocus::checkLater);
+}
+
+bool Overlay::eventFilter(QObject *watched, QEvent *event) {
+    if (!m_superview || watched != m_view)
+        return false;
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: {
+        auto *drop = static_cast<QDropEvent *>(event);
+        drop->setDropAction(Qt::IgnoreAction);
+        // The view accepts the entering drag and then refuses the drop. If it refused the drag, Qt
+        // would offer that to the widgets below.
+        drop->setAccepted(event->type() == QEvent::DragEnter);
+        return true;
+    }
+    default:
+        return false;
+    }
 }
 
 QWidget *Overlay::takeView() {
@@ -59,21 +102,19 @@ void Overlay::remove() {
     }
     m_focus->end();
     m_hidden = true;
-    m_superview->removeEventFilter(this);
     m_superview->disconnect(this);
-    if (m_window)
-        m_window->removeEventFilter(this);
     QWidget *view = m_view;
     view->removeEventFilter(this);
     view->disconnect(this);
     m_view = nullptr;
     m_superview = nullptr;
+    m_surroundings.reset();
     m_siblings.reset();
-    m_focus.reset();
     Animator::setHiddenNow(view, true);
     view->setParent(nullptr);
     view->deleteLater();
-    m_container.reset();
+    m_mount.reset();
+    m_focus.reset();
 }
 
 QRect Overlay::frame() const {
@@ -92,11 +133,15 @@ void Overlay::setFrame(const QRect &frame) {
 }
 
 void Overlay::applyFrame() {
+    if (!m_view || !m_superview)
+        return;
     m_focus->setFrame(frame());
-    if (m_container)
-        m_container->setFrame(frame());
-    else
-        m_view->setGeometry(frame());
+    m_mount->setFrame(frame());
+}
+
+void Overlay::keepOnTop() {
+    if (m_view && m_superview && m_view->isVisible() && !m_mount->isOnTop() && m_raises.allows())
+        m_mount->raise();
 }
 
 void Overlay::setHidden(bool hidden) {
@@ -114,48 +159,78 @@ void Overlay::change(bool hidden, void (*set)(QWidget *, bool)) {
     const bool changes = std::exchange(m_hidden, hidden) != hidden;
     if (changes && hidden)
         m_focus->end();
-    // Whoever gets the focus is the host's, and may do as it likes.
+    // The focus went to a widget of the host's, whose code may have destroyed anything.
     if (!self || !m_view || !m_superview)
         return;
     if (changes && !hidden)
         prepareToShow();
-    if (m_container) {
-        m_view->setVisible(!hidden);
-        m_container->setVisible(!hidden);
-    } else {
-        set(m_view, hidden);
-    }
-    if (changes && !hidden && m_focus)
-        m_focus->begin(focusHolder());
+    m_mount->setHidden(hidden, set);
+    if (changes && !hidden && self && m_focus)
+        m_focus->begin(m_mount->focusHolder());
 }
 
 void Overlay::prepareToShow() {
-    followWindow();
+    m_surroundings->followWindow();
     m_siblings->follow();
-    const bool native = m_kind == Kind::Native || nativeWindowsWouldHideIt();
-    if (m_container && !(native && m_container->isWhole()))
-        leaveContainer();
-    if (native && !m_container)
+    const bool native = m_kind == Kind::Native || isHiddenByNativeWindows();
+    if (!native || !m_mount->isContainerWhole())
+        m_mount->leaveContainer();
+    if (native && !m_mount->isInContainer())
         enterContainer();
     applyFrame();
-    raise();
+    m_mount->raise();
     if (m_view->accessibleName().isEmpty())
         m_view->setAccessibleName(QStringLiteral("Advertisement"));
 }
 
+bool Overlay::isHiddenByNativeWindows() const {
+    // The view's own native window does not count; a plain child may have one, too.
+    return m_siblings->areVisible(m_mount->nativeWindow());
+}
+
+void Overlay::enterContainer() {
+    applyFrame();
+    m_mount->enterContainer(m_hidden);
+}
+
+// The host's native window was recreated, or the host has destroyed the container.
+void Overlay::containerLost() {
+    if (!m_view || !m_superview || !m_mount->isInContainer())
+        return;
+    m_view->hide();
+    m_mount->leaveContainer();
+    if (std::exchange(m_hidden, true)) {
+        if (m_kind == Kind::Native)
+            enterContainer();
+    } else {
+        setHiddenNow(false);
+    }
+}
+
+void Overlay::nativeWindowsChanged() {
+    if (m_hidden || !m_view || !m_superview)
+        return;
+    if (m_mount->isInContainer())
+        m_mount->raise();
+    else if (isHiddenByNativeWindows())
+        enterContainer();
+}
+
 void Overlay::superviewGone() {
+    const bool wasInContainer = isNative();
     m_superview = nullptr;
+    m_surroundings.reset();
     m_siblings.reset();
-    m_focus.reset();
     m_hidden = true;
     if (m_view && m_superviewLost) {
         Animator::setHiddenNow(m_view, true);
         m_view->setParent(nullptr);
-    } else if (m_container) {
-        // A plain child goes with its parent.
+    } else if (wasInContainer) {
+        // A plain child is destroyed by its parent, the superview.
         delete m_view;
     }
-    m_container.reset();
+    m_mount.reset();
+    m_focus.reset();
     if (m_view && m_superviewLost)
         m_superviewLost();
 }
@@ -163,13 +238,12 @@ void Overlay::superviewGone() {
 void Overlay::viewGone() {
     m_view = nullptr;
     m_hidden = true;
+    m_surroundings.reset();
     m_siblings.reset();
     if (m_focus)
         m_focus->end();
+    m_mount.reset();
     m_focus.reset();
-    m_container.reset();
-    if (m_superview)
-        m_superview->removeEventFilter(this);
     m_superview = nullptr;
 }
 

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "NativeSiblings.h"
-#include "OverlayContainer.h"
 #include "OverlayFocus.h"
+#include "OverlayMount.h"
+#include "OverlaySurroundings.h"
 #include "RateLimiter.h"
 
 #include <QtCore/QObject>
@@ -16,35 +17,39 @@
 
 namespace velmora {
 
-/// Keeps one view over everything in a superview, opaque to the mouse and to Tab. While it is
-/// shown, the focus of the window is in the view instead of in what lies underneath, and it goes
-/// back afterwards. The host may destroy the window, the superview or the view at any moment.
-/// Main thread only.
+/// Keeps one view over everything in a superview. The view takes all mouse, drag and Tab events
+/// there. While it is shown, the focus of the window is in the view and not in a widget that the
+/// view covers; afterwards the focus returns to where it was. The host may destroy the window, the
+/// superview or the view at any moment. Main thread only.
 ///
-/// A plain child of the superview that fades where that is seen; but native child windows hide
-/// plain widgets and take their clicks, so over these the view is moved into a native window of
-/// its own. Then view->window() is that one: ask superview()->window() for the host's. Shortcuts
-/// of actions in the view do not fire there; keys do.
+/// The view is normally a plain child of the superview, which can fade. But native child windows
+/// hide plain widgets and take their clicks, so over these the view is moved into a native window
+/// of its own (a container). There view->window() is the container's widget, so ask
+/// superview()->window() for the host's window, and shortcuts of actions in the view do not work;
+/// key events do.
+///
+/// This class decides which of the two is used, and holds the state: the frame, hidden or shown.
 class Overlay : public QObject {
     Q_OBJECT
 
 public:
     enum class Kind {
-        Automatic, ///< a plain child; in a container where native child windows would hide one
-        Native,    ///< always in a container (a game engine's view may come at any time)
+        Automatic, ///< a plain child; in a container where native child windows would hide that
+        Native,    ///< always in a container, because a game engine's view may come at any time
     };
 
-    /// Puts a view, hidden, over what is in a superview, whose whole size it takes. The view is
-    /// the superview's from now on.
+    /// Puts a view over the whole of a superview, hidden. The superview takes ownership of the
+    /// view.
     Overlay(QWidget *view, QWidget *superview, Kind kind);
-    /// Takes the view out of the superview, if that still exists, and destroys it.
+    /// Destroys the view if it still exists.
     ~Overlay() override;
 
-    /// Lets the view outlive its superview: called when that is destroyed, with the view hidden
-    /// and without a parent. The overlay must not be destroyed inside the call. Without a handler
-    /// the view goes with its superview.
+    /// Lets the view outlive its superview. Without a handler both are destroyed together.
+    /// @param lost called when the superview is destroyed, with the view hidden and without a
+    ///             parent; must not destroy the overlay
     void setSuperviewLostHandler(std::function<void()> lost) { m_superviewLost = std::move(lost); }
-    /// Gives the view away for another overlay, once its superview is gone; null without a view.
+    /// Releases the view, for another overlay, after the superview was destroyed. The caller
+    /// becomes the owner. Null while the superview exists, and when there is no view.
     QWidget *takeView();
 
     /// Null once destroyed or removed.
@@ -52,61 +57,55 @@ public:
 
     /// In the superview's coordinates.
     QRect frame() const;
-    /// Places the view. Its width and height grow and shrink with the superview from then on;
-    /// the margins, negative ones too, stay.
+    /// Places the view. Afterwards its width and height change with those of the superview, so
+    /// that the margins, also negative ones, stay the same.
     void setFrame(const QRect &frame);
 
-    /// Shows or hides with a fade; at once in a container, which can't blend.
+    /// Shows or hides the view with a fade; in a container without one.
     void setHidden(bool hidden);
     void setHiddenNow(bool hidden);
-    /// The logical state, whatever a fade still shows.
+    /// The state that was set last, also while a fade still leads to it.
     bool isHidden() const { return m_hidden; }
 
-    /// Whether the view is in a container now. Automatic decides at every showing, and moves the
-    /// view when a native window appears meanwhile.
-    bool isNative() const { return m_container != nullptr; }
+    /// Whether the view is in a container now. Kind::Automatic decides this each time the view is
+    /// shown, and moves a shown view when a native window appears under it.
+    bool isNative() const { return m_mount && m_mount->isInContainer(); }
 
-    /// Takes the view out for good, at once, and destroys it on a later turn. Harmless twice.
+    /// Takes the view out of the superview for good, at once, and destroys it on a later turn of
+    /// the main loop. Ignored the second time.
     void remove();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void watchSurroundings();
     void change(bool hidden, void (*set)(QWidget *, bool));
     void prepareToShow();
     void applyFrame();
+    void keepOnTop();
+
+    bool isHiddenByNativeWindows() const;
+    void enterContainer();
+    void containerLost();
+    void nativeWindowsChanged();
+
     void superviewGone();
     void viewGone();
 
-    bool nativeWindowsWouldHideIt() const;
-    void enterContainer();
-    void leaveContainer();
-    void containerLost();
-    void nativeWindowsChanged();
-    void beChild();
-    QWidget *focusHolder() const;
-
-    bool isOnTop() const;
-    void raise();
-    void keepOnTop();
-    void followWindow();
-    void superviewEvent(QEvent *event);
-    void windowEvent(QEvent *event);
-    bool viewEvent(QEvent *event);
-
     QPointer<QWidget> m_view;
     QPointer<QWidget> m_superview;
-    QPointer<QWidget> m_window;
     Kind m_kind;
     bool m_hidden = true;
-    // The frame as it was set, and the superview's size at that time.
+    // The frame that was set, and the superview's size at that time.
     QRect m_setFrame;
     QSize m_setSize;
     std::function<void()> m_superviewLost;
     RateLimiter m_raises;
+    // These exist as long as the view and the superview do.
+    std::unique_ptr<OverlaySurroundings> m_surroundings;
     std::unique_ptr<NativeSiblings> m_siblings;
     std::unique_ptr<OverlayFocus> m_focus;
-    std::unique_ptr<OverlayContainer> m_container;
+    std::unique_ptr<OverlayMount> m_mount;
 };
 
 } // namespace velmora

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "OverlayContainer.h"
 
+#include "MainQueue.h"
+
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
 
@@ -22,7 +24,7 @@ OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> los
     m_root->setWindowFlags(Flags);
     m_root->setAttribute(Qt::WA_ShowWithoutActivating);
     m_root->setAttribute(Qt::WA_QuitOnClose, false);
-    // What a child would have inherited.
+    // A child of the superview would inherit these; the root widget is a window.
     m_root->setPalette(superview->palette());
     m_root->setFont(superview->font());
     m_root->setLayoutDirection(superview->layoutDirection());
@@ -36,7 +38,7 @@ OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> los
     m_container->hide();
     m_root->windowHandle()->setParent(m_shell);
     m_keyProxy = new OverlayKeyProxy(superview);
-    connect(m_keyProxy, &QObject::destroyed, this, &OverlayContainer::noteLost);
+    connect(m_keyProxy, &QObject::destroyed, this, &OverlayContainer::reportLostLater);
 }
 
 OverlayContainer::~OverlayContainer() {
@@ -45,7 +47,8 @@ OverlayContainer::~OverlayContainer() {
         leaveShell();
     }
     delete m_container;
-    // Either may be delivering the very event that ends the overlay.
+    // Not deleted at once: the event that leads here may have been sent to the key proxy or to a
+    // widget in the root.
     if (m_keyProxy) {
         m_keyProxy->disconnect(this);
         m_keyProxy->hide();
@@ -76,13 +79,14 @@ void OverlayContainer::raise() {
     if (!m_container)
         return;
     m_container->raise();
-    // Says nothing to the window when the container is the last child already.
+    // QWidget::raise() leaves the native window as it is when the container is the last child
+    // already, although another native window may lie over it.
     if (QWindow *native = window())
         native->raise();
 }
 
 QWindow *OverlayContainer::window() const {
-    // The container has one of its own where its siblings have.
+    // The container has a native window of its own only when its siblings have one.
     QWindow *native = m_container ? m_container->windowHandle() : nullptr;
     return native ? native : m_shell.data();
 }
@@ -100,18 +104,18 @@ bool OverlayContainer::eventFilter(QObject *watched, QEvent *event) {
                static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
                    QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
         leaveShell();
-        noteLost();
+        reportLostLater();
     }
     return false;
 }
 
-void OverlayContainer::noteLost() {
-    QMetaObject::invokeMethod(this, m_lost, Qt::QueuedConnection);
+void OverlayContainer::reportLostLater() {
+    MainQueue::post(this, m_lost);
 }
 
 void OverlayContainer::leaveShell() {
     m_shell->disconnect(m_root);
-    // Hidden first: a visible window without a parent would be one on the screen.
+    // Hidden first: a visible window without a parent appears as a top-level window.
     m_root->hide();
     m_root->windowHandle()->setParent(nullptr);
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "OverlayFocus.h"
 
+#include "MainQueue.h"
+
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 
 #include <utility>
@@ -9,7 +12,17 @@ namespace velmora {
 
 OverlayFocus::OverlayFocus(QWidget *view, QWidget *superview)
     : m_view(view), m_superview(superview) {
+    superview->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, &OverlayFocus::changed);
+}
+
+bool OverlayFocus::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_superview || event->type() != QEvent::KeyPress || !isInView())
+        return false;
+    // The view ignores a Tab when none of its widgets takes the focus. Ignored by the superview,
+    // too, it would move the focus to a covered widget.
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
 }
 
 void OverlayFocus::begin(QWidget *holder) {
@@ -18,7 +31,7 @@ void OverlayFocus::begin(QWidget *holder) {
         m_inner = nullptr;
         m_previous = nullptr;
     }
-    if (holder && wants()) {
+    if (holder && shouldTakeFocus()) {
         if (QWidget *covered = m_superview->window()->focusWidget())
             m_previous = covered;
         holder->setFocus(Qt::OtherFocusReason);
@@ -56,19 +69,19 @@ void OverlayFocus::changed(QWidget *old, QWidget *now) {
     } else if (!now || isCovered(now)) {
         if (now)
             m_previous = now;
-        checkSoon();
+        checkLater();
     }
 }
 
-void OverlayFocus::checkSoon() {
+void OverlayFocus::checkLater() {
     if (std::exchange(m_checking, true))
         return;
-    QMetaObject::invokeMethod(this, &OverlayFocus::check, Qt::QueuedConnection);
+    MainQueue::post(this, [this] { check(); });
 }
 
 void OverlayFocus::check() {
     m_checking = false;
-    if (!m_active || !m_superview || !m_holder || !wants() || !m_limit.allows())
+    if (!m_active || !m_superview || !m_holder || !shouldTakeFocus() || !m_limit.allows())
         return;
     const bool inner = m_inner && m_inner->isVisible() && m_inner->window() == m_holder->window();
     (inner ? m_inner : m_holder)->setFocus(Qt::OtherFocusReason);
@@ -78,7 +91,7 @@ bool OverlayFocus::isInView() const {
     return m_superview && belongsToView(m_superview->window()->focusWidget());
 }
 
-bool OverlayFocus::wants() const {
+bool OverlayFocus::shouldTakeFocus() const {
     const QWidget *window = m_superview->window();
     const QWidget *now = window->focusWidget();
     return now ? isCovered(now) : window->isActiveWindow();

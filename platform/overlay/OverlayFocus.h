@@ -9,43 +9,48 @@
 
 namespace velmora {
 
-/// The focus of a window, part of whose content a view covers: it is in the view instead of in
-/// something covered, and back where it was at the end. The window's activation and a focus that
-/// is elsewhere in the window are left alone. Main thread only.
+/// Keeps the focus of a window in a view that covers a part of the window's content: a covered
+/// widget never keeps it while the view is shown. At the end it returns to where it was. Tab stays
+/// in the view. A focus elsewhere in the window stays there, and the window is never activated.
+/// Main thread only.
 class OverlayFocus : public QObject {
     Q_OBJECT
 
 public:
     OverlayFocus(QWidget *view, QWidget *superview);
 
-    /// What the view covers of the superview; widgets beside it keep their focus.
+    /// Tells which part of the superview the view covers. Widgets outside it keep the focus.
     void setFrame(const QRect &frame) { m_frame = frame; }
 
-    /// The view is shown from now on.
-    /// @param holder what has the focus for the view, in the same window: the view itself or a
-    ///               key proxy
+    /// Starts when the view is shown: moves the focus into the view if a covered widget has it.
+    /// @param holder the widget that has the focus for the view, in the host's window: the view
+    ///               itself or a key proxy
     void begin(QWidget *holder);
-    /// The holder is another; the focus goes over to it if the view has it.
+    /// Replaces the holder. If the view has the focus, the new holder gets it.
     void setHolder(QWidget *holder);
+    /// Ends when the view is hidden: returns the focus if the view has it.
     void end();
 
     /// Whether the view has the focus of the window.
     bool isInView() const;
 
-    /// Looks on a later turn whether the focus is in something covered.
-    void checkSoon();
+    /// Checks, on a later turn of the main loop, whether a covered widget has the focus, and moves
+    /// it into the view then.
+    void checkLater();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void changed(QWidget *old, QWidget *now);
     void check();
     bool belongsToView(const QWidget *widget) const;
     bool isCovered(const QWidget *widget) const;
-    bool wants() const;
+    bool shouldTakeFocus() const;
 
     QPointer<QWidget> m_view;
     QPointer<QWidget> m_superview;
     QPointer<QWidget> m_holder;
-    // Where the focus goes back to, and the last widget in the view that had it.
+    // The host's widget that the focus returns to, and the last widget in the view that had it.
     QPointer<QWidget> m_previous;
     QPointer<QWidget> m_inner;
     QRect m_frame;

@@ -7,7 +7,7 @@
 namespace velmora {
 
 OverlayKeyProxy::OverlayKeyProxy(QWidget *superview) : QWidget(superview) {
-    // Unseen, but a hidden widget can't have the focus.
+    // Not hidden, because a hidden widget can't have the focus. One pixel that paints nothing.
     setGeometry(0, 0, 1, 1);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -21,7 +21,7 @@ bool OverlayKeyProxy::event(QEvent *event) {
     case QEvent::ShortcutOverride: {
         if (!m_view)
             return false;
-        // Tab goes there too: the view's own focus chain turns within the view.
+        // Also Tab: the view is in a window of its own, so its focus chain stays within it.
         QWidget *inner = m_view->focusWidget();
         return QCoreApplication::sendEvent(inner ? inner : m_view.data(), event);
     }

@@ -6,9 +6,10 @@
 
 namespace velmora {
 
-/// Stands for a view in a native window of its own, which never has the keyboard, in the focus
-/// of the host's window: the keys it gets go to the view's focus widget. What the view ignores
-/// goes on to the superview, as from a plain child. Main thread only.
+/// An invisible widget in the host's window that has the focus for a view in a container, because
+/// the container's native window never gets key events. It sends its key events to the view's focus
+/// widget. A key that the view ignores goes to the superview, as from a plain child. Main thread
+/// only.
 class OverlayKeyProxy : public QWidget {
     Q_OBJECT
 

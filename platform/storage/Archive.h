@@ -9,20 +9,21 @@
 
 namespace velmora {
 
-/// A value tree kept as bytes under a versioned header that names what it holds, so that a
-/// torn, foreign or future archive is recognised and never half understood. Any thread.
+/// Stores a value tree as CBOR with a header: a version, and the kind of content. So a truncated
+/// file, another program's file and a later version's file are all recognised and refused. Any
+/// thread.
 class Archive {
 public:
     /// @param kind names what the archive holds, for example "savedAds"
     static QByteArray encode(const QString &kind, const QCborValue &root);
 
-    /// The root value, or nothing when the bytes are not a whole archive of this kind.
+    /// The root value; empty when the bytes are not a complete archive of this kind and version.
     static std::optional<QCborValue> decode(const QString &kind, const QByteArray &bytes);
 
-    /// Replaces the file atomically; false when it could not be written.
+    /// Writes a file atomically. Returns false, and leaves an old file as it is, when it can't.
     static bool write(const QString &path, const QByteArray &bytes);
 
-    /// The file's bytes; empty when it is missing, unreadable or larger than given.
+    /// The file's bytes; empty when it is missing, unreadable or larger than `largest` bytes.
     static QByteArray read(const QString &path, qint64 largest);
 };
 

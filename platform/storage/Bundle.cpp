@@ -32,7 +32,8 @@ QVariantMap readInfo(const QStringList &places) {
 
 } // namespace
 
-// The host's bundle. Where it is, is known from the application object on.
+// The host's bundle. It is read once, and a second time when the first was before there was an
+// application object, without which Qt does not know the executable's folder.
 struct HostBundle {
     void read() {
         const bool knowsFolder = QCoreApplication::instance() != nullptr;

@@ -12,8 +12,9 @@ std::shared_ptr<SettingsStore> store() {
     return ProcessRoot::share<SettingsStore>();
 }
 
-// Said even while ads are removed, since the switch itself may be what is not stored.
-void sayComplaints(SettingsStore &store) {
+// Logged even while ads are removed: the value that can't be stored may be the ads-off switch
+// itself.
+void logComplaints(SettingsStore &store) {
     for (const QString &complaint : store.takeComplaints())
         Log::writeAlways(complaint);
 }
@@ -23,7 +24,7 @@ void sayComplaints(SettingsStore &store) {
 QVariant HostSettings::value(const QString &key) {
     const auto settings = store();
     QVariant value = settings->value(key);
-    sayComplaints(*settings);
+    logComplaints(*settings);
     return value;
 }
 
@@ -31,13 +32,13 @@ void HostSettings::setValue(const QVariant &value, const QString &key,
                             SettingsStore::OnRename onRename) {
     const auto settings = store();
     settings->setValue(key, value, onRename);
-    sayComplaints(*settings);
+    logComplaints(*settings);
 }
 
 QString HostSettings::place() {
     const auto settings = store();
     QString place = settings->place();
-    sayComplaints(*settings);
+    logComplaints(*settings);
     return place;
 }
 

@@ -5,13 +5,13 @@
 
 namespace velmora {
 
-/// The process's one settings store. What it cannot store is said in the log. Any thread.
+/// The process's one SettingsStore. Logs what that can't store. Any thread.
 class HostSettings {
 public:
     static QVariant value(const QString &key);
     static void setValue(const QVariant &value, const QString &key,
                          SettingsStore::OnRename onRename = SettingsStore::OnRename::GoesAlong);
-    /// Names where values are stored; empty while there is no such place.
+    /// See SettingsStore::place().
     static QString place();
 };
 

@@ -13,7 +13,7 @@ constexpr int DeepestNesting = 64;
 class Parser {
 public:
     explicit Parser(const QByteArray &bytes) : m_xml(bytes) {
-        // A property list needs none but the predefined entities, which the limit spares.
+        // A property list uses the predefined entities only, to which the limit does not apply.
         m_xml.setEntityExpansionLimit(0);
     }
 
@@ -32,13 +32,13 @@ private:
     QXmlStreamReader m_xml;
 };
 
-// The first reason is the one to tell.
+// Keeps the first reason, which the later ones follow from.
 void Parser::refuse(const QString &reason) {
     if (!m_xml.hasError())
         m_xml.raiseError(reason);
 }
 
-// An external entity would count as empty without a word.
+// Refuses entity declarations: QXmlStreamReader silently replaces an external entity by nothing.
 void Parser::readProlog() {
     while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement) {
         if (m_xml.isDTD() && !m_xml.entityDeclarations().isEmpty())
@@ -101,7 +101,7 @@ QVariant Parser::value(int depth) {
     return scalar();
 }
 
-// As QXmlStreamReader::readElementText(), which leaves out an unknown entity without a word.
+// Like QXmlStreamReader::readElementText(), but that silently skips an unknown entity.
 QString Parser::text() {
     QString result;
     while (!m_xml.hasError() && m_xml.readNext() != QXmlStreamReader::EndElement) {
@@ -116,7 +116,7 @@ QString Parser::text() {
 QVariant Parser::scalar() {
     const QString type = m_xml.name().toString();
     const QString content = text();
-    bool isSound = true;
+    bool isValid = true;
     QVariant result;
     if (type == u"string") {
         result = content;
@@ -124,19 +124,19 @@ QVariant Parser::scalar() {
         result = type == u"true";
     } else if (type == u"integer") {
         const int base = content.contains(u'x', Qt::CaseInsensitive) ? 16 : 10;
-        result = content.toLongLong(&isSound, base);
+        result = content.toLongLong(&isValid, base);
     } else if (type == u"real") {
-        result = content.toDouble(&isSound);
+        result = content.toDouble(&isValid);
     } else if (type == u"date") {
         const QDateTime date = QDateTime::fromString(content.trimmed(), Qt::ISODate);
-        isSound = date.isValid();
+        isValid = date.isValid();
         result = date.toUTC();
     } else if (type == u"data") {
         result = QByteArray::fromBase64(content.toLatin1());
     } else {
-        isSound = false;
+        isValid = false;
     }
-    if (!isSound)
+    if (!isValid)
         refuse(QStringLiteral("<%1>%2 is no value").arg(type, content.left(40)));
     return result;
 }

@@ -7,17 +7,18 @@
 
 namespace velmora {
 
-/// Reads a property list in its XML form. The binary form is refused.
+/// Reads XML property lists. The binary form is refused.
 class InfoPlistReader {
 public:
     static constexpr qsizetype LargestFile = 262'144;
 
-    /// The dictionary at the top. Strings become QString, whole numbers qlonglong, real numbers
-    /// double, dates QDateTime in UTC, data QByteArray, arrays QVariantList and dictionaries
-    /// QVariantMap. Whatever the bytes are, reading them is bounded in time and memory, and
-    /// nothing that they refer to is loaded. Any thread.
-    /// @param bytes at most LargestFile
-    /// @param error empty on success; otherwise the reason, and the result is empty
+    /// Returns the dictionary at the top. string becomes QString, integer qlonglong, real double,
+    /// true and false bool, date QDateTime in UTC, data QByteArray, array QVariantList and dict
+    /// QVariantMap. The bytes are not trusted: nesting and entities are limited, and nothing that
+    /// they refer to is loaded. Any thread.
+    /// @param bytes at most LargestFile; more are refused
+    /// @param error receives the reason when the result is empty because of a fault, else an empty
+    ///              text; may be null
     static QVariantMap read(const QByteArray &bytes, QString *error);
 };
 

@@ -26,7 +26,7 @@ SettingsStore::Names SettingsStore::namesNow() {
 QVariant SettingsStore::value(const QString &key) {
     const std::lock_guard lock(m_mutex);
     follow();
-    // Asked for at every log line: a folder that cannot be written is not tried each time.
+    // Rate limited, because every log line reads a setting, and trying to write is slow.
     if (hasDue() && MainQueue::isMainThread() && m_retries.allows())
         storeDue();
     const auto own = m_own.constFind(key);
@@ -70,7 +70,8 @@ void SettingsStore::complain(const QString &reason) {
     m_complaints.append(QStringLiteral("settings hold for this run only: %1").arg(reason));
 }
 
-// The names are the main thread's, which may be setting them while another one asks.
+// Switches to the settings of the current names. A worker does that only while there are none yet,
+// because the main thread may be changing the names at the same time.
 void SettingsStore::follow() {
     if (m_settings && !MainQueue::isMainThread())
         return;
@@ -92,7 +93,7 @@ std::unique_ptr<QSettings> SettingsStore::settingsOf(const Names &names) {
         return nullptr;
     auto settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
                                                 names.organization, names.application);
-    // What is asked for is this host's key, never the same key of its whole organisation.
+    // Otherwise QSettings would also return the keys of the whole organisation.
     settings->setFallbacksEnabled(false);
     return settings;
 }
@@ -108,7 +109,7 @@ bool SettingsStore::hasDue() const {
 bool SettingsStore::storeDue() {
     if (!m_settings)
         return false;
-    // An error stays with the object for good and would hide that the next write succeeds.
+    // QSettings never clears its error status, so only a new object shows whether a write succeeds.
     if (m_settings->status() != QSettings::NoError)
         m_settings = settingsOf(m_names);
     for (auto it = m_own.cbegin(); it != m_own.cend(); ++it) {

@@ -16,32 +16,36 @@ class QSettings;
 namespace velmora {
 
 /// The application's persistent settings: QSettings in the native format, for the current user,
-/// under the organisation and application name of the moment (the application name stands in
-/// where there is no organisation). Without an application name there is no place that is the
-/// application's own, so values stay in memory until it has one. Any thread.
+/// under the current organisation and application name. Without an organisation name its domain is
+/// used, and without a domain the application name. Without an application name QSettings would
+/// store values for all applications of the organisation, so they stay in memory until there is
+/// one. Any thread.
 class SettingsStore {
 public:
-    /// What becomes of a value of this run when the application takes another name.
+    /// What happens to a value that this run has written when the application's name changes.
     enum class OnRename {
-        GoesAlong, ///< it is written under the new name as well
-        Moves      ///< it leaves the old name when its owner has stored it under the new one
+        GoesAlong, ///< it is also written under the new name
+        Moves      ///< it is removed from the old name when it is next set, under the new one
     };
 
     SettingsStore();
     ~SettingsStore();
 
-    /// What is stored now, also by another process; what could not be stored is remembered. An
-    /// invalid QVariant when the key is absent.
+    /// The value that is stored now, also by another process, or that this run could not store so
+    /// far; an invalid QVariant when the key is absent.
     QVariant value(const QString &key);
 
-    /// Stores a value and flushes; an invalid one removes the key.
+    /// Stores a value and flushes it to disk; an invalid value removes the key. A value that can't
+    /// be stored is kept in memory, and storing it is tried again at later calls.
     void setValue(const QString &key, const QVariant &value,
                   OnRename onRename = OnRename::GoesAlong);
 
-    /// Names where values are stored; empty while there is no such place.
+    /// The file (or, on other systems, the native location) of the values; empty while the
+    /// application has no name.
     QString place();
 
-    /// What could not be stored since the last call, and why; a line each.
+    /// One line for each time that a value could not be stored since the last call, with the
+    /// reason.
     QStringList takeComplaints();
 
 private:
@@ -68,7 +72,7 @@ private:
     std::mutex m_mutex;
     Names m_names;
     std::unique_ptr<QSettings> m_settings;
-    QHash<QString, OwnValue> m_own; // what this run wrote
+    QHash<QString, OwnValue> m_own; // the values that this run has written
     QStringList m_complaints;
     RateLimiter m_retries;
 };

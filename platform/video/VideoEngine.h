@@ -6,74 +6,78 @@
 
 namespace velmora {
 
-/// What an engine is to play.
+/// What an engine plays.
 struct VideoSource {
-    /// A regular file that is not empty; its content is untrusted.
+    /// A regular file that is not empty. Its content is not trusted.
     QString path;
-    /// Without sound, no sound device is touched.
+    /// False: the sound is left out, and no sound device is opened.
     bool sound = true;
 };
 
-/// Hears of an engine's playback, on any thread, from load() until the engine's destructor
-/// returns.
+/// Receives the events of an engine, on any thread, from load() until the engine's destructor has
+/// returned.
 class VideoEngineListener {
 public:
-    /// The first picture (or sound) is at hand; told once.
+    /// The source is open and its first picture, or sound, is decoded. Once.
     virtual void prepared() = 0;
-    /// A picture to show now. Its pixels are the engine's and live as long as an image uses
-    /// them.
+    /// A picture to show now. The pixels belong to the engine, which keeps them as long as an image
+    /// uses them.
     virtual void frame(const QImage &picture) = 0;
-    /// The stream has moved on, or the opening of it.
-    /// @param position seconds from the start of the media
-    /// @param quietFor seconds for which nothing more need come
+    /// Playing, or opening the source, makes progress.
+    /// @param position seconds from the start of the video
+    /// @param quietFor seconds until the next progress is expected
     virtual void moved(double position, double quietFor) = 0;
     /// The end was reached while playing.
     virtual void ended() = 0;
-    /// Playback is over for good.
-    /// @param soundIsAtFault true when it may well play without sound
+    /// The engine can't play any more, or not at all.
+    /// @param soundIsAtFault true when another engine may play the source without sound
     virtual void failed(const QString &reason, bool soundIsAtFault) = 0;
-    /// Something that a developer may want to know and that does not end playback.
+    /// A problem that does not end playback, for the log.
     virtual void remark(const QString &text) = 0;
 
 protected:
     ~VideoEngineListener() = default;
 };
 
-/// A system's way of playing one video. Used on one thread, which it may block; lives in the
-/// video module, so that a host that shows no video loads no media framework.
+/// Plays one video with a media framework. All functions are called on one thread, which they may
+/// block. Engines are in the video module, so that a host without videos loads no media framework.
 ///
-/// The engine over GStreamer stands in linux/gstreamer. Systems without it want a second one
-/// over Qt Multimedia: player and sink made, used and destroyed on the engine's thread (a sink
-/// whose thread is busy for 300 ms ends playback for good, and a player that is destroyed while
-/// it plays blocks for as long), frames converted from their mapped planes there.
+/// The only engine, with GStreamer, is in platform/video/gstreamer. For an engine with Qt
+/// Multimedia: construct, use and destroy QMediaPlayer and QVideoSink on the engine's thread, and
+/// convert the frames there. A sink whose thread is busy for 300 ms stops playback for good, and
+/// destroying a player while it plays blocks as long.
 class VideoEngine {
 public:
     virtual ~VideoEngine() = default;
 
-    /// Loads what playing most videos needs, for the next engine. Instead of anything else.
+    /// Loads the plugins that most videos need, so that later engines start faster. An engine that
+    /// warms up is not used for anything else.
     virtual void warmUp() = 0;
-    /// Opens the source and pauses at its start. Once, before anything else.
+    /// Opens the source and pauses at its start. Called once, before the functions below.
     virtual void load(const VideoSource &source) = 0;
-    /// To be called once the listener heard that the engine is prepared: from now on play() and
-    /// pause() take effect at once, and the last of those before does now.
+    /// Called once, after the listener's prepared(). play() and pause() only take effect from here
+    /// on; the last of them that was called before takes effect now.
     virtual void opened() = 0;
     virtual void play() = 0;
     virtual void pause() = 0;
-    /// Asked now and then until the engine is prepared: says that it failed when nothing is at
-    /// work any more.
+    /// Called about twice a second until the engine is prepared. Calls the listener's failed() when
+    /// opening has stopped without a result.
     virtual void checkOpening() = 0;
-    /// Goes to a time, also after the end; plays on if it was playing. Without effect before
-    /// the engine is prepared.
+    /// Goes to a position, in seconds, also from the end. A playing video plays on from there.
+    /// Ignored before the engine is prepared.
     virtual void seek(double seconds) = 0;
     virtual void setMuted(bool muted) = 0;
-    /// Of the whole media; 0 when unknown. Known once prepared.
+    /// The length of the whole video in seconds; 0 when it is unknown and before the engine is
+    /// prepared.
     virtual double durationSeconds() = 0;
 };
 
-/// What the module exports: makes an engine, or returns null and says why. Any thread.
+/// The function that the module exports: makes an engine, which the caller owns, or returns null
+/// and sets the error. Any thread.
 using VideoEngineFactory = VideoEngine *(*)(VideoEngineListener *listener, QString *error);
 
-/// The name of that function. It changes whenever the classes above do.
+/// The function's name. Its number must change whenever the classes above change, so that a library
+/// refuses a module of another version.
 inline constexpr const char *VideoEngineFactoryName = "velmora_video_engine_1";
 
 } // namespace velmora

@@ -14,7 +14,7 @@ namespace {
 
 constexpr QLatin1String FileName("velmora_video.so");
 
-// The folder of the file that this very code was loaded from.
+// The folder of the shared library or program that contains this function.
 QString ownFolder() {
     Dl_info info{};
     if (!dladdr(reinterpret_cast<const void *>(&ownFolder), &info) || !info.dli_fname)
@@ -27,7 +27,7 @@ VideoEngineFactory load(QString *error) {
         if (!QFileInfo::exists(path))
             continue;
         QLibrary library(path);
-        // Media frameworks keep threads and types that do not survive being unloaded.
+        // GStreamer has running threads and registered types, which crash when they are unloaded.
         library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
         if (const auto symbol = library.resolve(VideoEngineFactoryName))
             return reinterpret_cast<VideoEngineFactory>(symbol);
@@ -58,12 +58,13 @@ QStringList VideoModule::candidates() {
 
 std::unique_ptr<VideoEngine> VideoModule::createEngine(VideoEngineListener *listener,
                                                        QString *error) {
+    // Not in ProcessRoot: the module stays loaded until the process ends.
     static std::mutex mutex;
     static VideoEngineFactory factory = nullptr;
     VideoEngineFactory make = nullptr;
     {
         const std::lock_guard lock(mutex);
-        // Looked for again when it was missing: it may have been installed meanwhile.
+        // After a failure it is tried again, because the module may have been installed meanwhile.
         if (!factory)
             factory = load(error);
         make = factory;

@@ -9,18 +9,19 @@
 
 namespace velmora {
 
-/// The library's part that plays videos, in a file of its own that is loaded at the first video
-/// and stays.
+/// Loads the video module: the part of the library, in a file of its own, that plays videos. It is
+/// loaded for the first video and never unloaded.
 class VideoModule {
 public:
-    /// An engine, or null and the reason. Loads the module when that has not happened yet: tens
-    /// of milliseconds, and much more when the media framework first looks its plugins over. Any
-    /// thread but the main one.
+    /// Makes an engine. Loads the module first if necessary, which takes tens of milliseconds, and
+    /// several seconds when the media framework scans its plugins for the first time. Any thread
+    /// but the main one.
+    /// @param error receives the reason when the result is null
     static std::unique_ptr<VideoEngine> createEngine(VideoEngineListener *listener, QString *error);
 
-    /// Where the module is looked for, in this order: beside the library, in "velmora" beside
-    /// it, and in a developer's build where it was built; there the environment's
-    /// VELMORA_VIDEO_MODULE names the file instead. Any thread.
+    /// The paths where the module may be, the first one preferred: the library's folder, then the
+    /// folder "velmora" in it. A developer build adds the build folder, and if the environment
+    /// variable VELMORA_VIDEO_MODULE is set, its value is the only path. Any thread.
     static QStringList candidates();
 };
 

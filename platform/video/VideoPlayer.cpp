@@ -7,6 +7,7 @@
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
 
+#include <mutex>
 #include <utility>
 
 namespace velmora {
@@ -17,12 +18,12 @@ using namespace std::chrono_literals;
 
 constexpr double WatchInterval = 0.5;
 constexpr auto LongestSilence = 2s;
-// Before the engine is there: the media framework may have to look all its plugins over first.
+// Before any progress: the media framework may have to scan all its plugins first.
 constexpr auto LongestStarting = 10s;
 constexpr int MostRestarts = 2;
 
 void call(const std::function<void()> &handler) {
-    // Copied, because the player, and its handlers with it, may go in the call.
+    // A copy, because the handler may destroy the player, and its handlers with it.
     if (const auto copy = handler)
         copy();
 }
@@ -36,8 +37,9 @@ VideoPlayer::~VideoPlayer() {
 }
 
 void VideoPlayer::warmUp() {
-    static const bool once = (VideoSession::warmUp(), true);
-    Q_UNUSED(once)
+    // Not in ProcessRoot: the plugins stay loaded until the process ends.
+    static std::once_flag once;
+    std::call_once(once, &VideoSession::warmUp);
 }
 
 void VideoPlayer::load(const QUrl &url) {
@@ -75,7 +77,7 @@ void VideoPlayer::play() {
         return;
     m_playing = true;
     watch();
-    // An engine that must go to its place first plays from there when it is ready.
+    // A restarted engine that has to seek first is told to play by becameReady().
     if (m_engineReady || m_resumeAt == 0)
         m_session->run([](VideoEngine &engine) { engine.play(); });
 }
@@ -153,7 +155,7 @@ void VideoPlayer::becameReady(double duration) {
         m_session->run([](VideoEngine &engine) { engine.play(); });
 }
 
-// Watched only while it should move: until it is open, and while it plays.
+// The watchdog runs while progress is expected: until the video is open, and while it plays.
 void VideoPlayer::watch() {
     const bool needed = m_session && (m_playing || !m_engineReady);
     if (needed && !m_watchTimer) {
@@ -166,8 +168,8 @@ void VideoPlayer::watch() {
     }
 }
 
-// Silence is measured in the time that passes outside, because that is the one in which media
-// play, and by what the engine has done, which a busy main thread does not hide.
+// Measures with the real clock, also in tests, because media play in real time. Counts the engine's
+// progress and not the arrived pictures, which a busy main thread would delay.
 void VideoPlayer::watchTick() {
     const VideoProgress progress = m_session->progress();
     const auto now = SteadyClock::now();
@@ -191,9 +193,9 @@ bool VideoPlayer::restart(const QString &reason) {
         return false;
     ++m_restarts;
     const double position = m_engineReady ? m_session->progress().position : m_resumeAt;
-    log(QStringLiteral("taken up again at %1 s: %2").arg(position).arg(reason));
+    log(QStringLiteral("restarted without sound at %1 s: %2").arg(position).arg(reason));
     m_session->close();
-    // At the end there is nothing to take up but the start, once it is asked for.
+    // A video at its end can only be played again from its start.
     m_resumeAt = m_atEnd ? 0 : position;
     open(false);
     if (m_playing && m_resumeAt == 0)

@@ -16,27 +16,27 @@ namespace velmora {
 class VideoSession;
 struct VideoUpdate;
 
-/// Plays one video file. Nothing here blocks: what may take time happens on a thread of the
-/// video's own, and destroying the player in any state waits for nothing. A busy main thread
-/// misses pictures, playback goes on meanwhile. When nothing comes of it for two seconds, opening
-/// or playing, or the sound device breaks down, it is taken up again from there without sound, at
-/// most twice a load. Main thread only.
+/// Plays one video file. No function blocks: all slow work is done on a thread of the video's own,
+/// and the destructor waits for nothing. While the main thread is busy, pictures are skipped and
+/// playback goes on. A video that makes no progress for two seconds (ten until the media framework
+/// is loaded), or whose sound device fails, is restarted without sound from where it was, at most
+/// twice for each load(). Main thread only.
 class VideoPlayer : public QObject {
 public:
     enum class Status {
-        Unknown, ///< nothing loaded, or not looked at yet
-        Ready,   ///< the start is there and the duration known
-        Failed,  ///< for good; the log says why
+        Unknown, ///< nothing is loaded, or the video is not open yet
+        Ready,   ///< the video is open and its duration is known
+        Failed,  ///< the video can't be played; the log has the reason
     };
 
-    /// Called on the main thread, never from inside one of the player's functions; each may
-    /// destroy the player. Any may be empty.
+    /// Called on the main thread, never inside one of the player's functions. A handler may destroy
+    /// the player, and may be empty.
     struct Handlers {
-        /// The first picture is there, playing or not. Once a load.
+        /// The first picture has arrived, also while paused. Once for each load().
         std::function<void()> firstFrame;
-        /// There is a newer frame().
+        /// frame() has changed.
         std::function<void()> frameAvailable;
-        /// The end was reached; once each time it is played to its end.
+        /// The end was reached. Once each time.
         std::function<void()> ended;
         /// The status became Failed.
         std::function<void()> failed;
@@ -45,20 +45,19 @@ public:
     explicit VideoPlayer(Handlers handlers);
     ~VideoPlayer() override;
 
-    /// Loads in the background what the first video needs, once a process: worth it when a video
-    /// will be played soon.
+    /// Loads, in the background, what the first video needs, so that it starts as fast as the later
+    /// ones. Call it when a video will be played soon. Ignored after the first call.
     static void warmUp();
 
-    /// Opens a video and rests at its start, in place of an earlier one. Whether the player is
-    /// muted is kept. Anything but a local file's URL fails.
+    /// Opens a video and pauses at its start. Replaces an earlier one; the player stays muted if it
+    /// was. The video fails unless the URL is that of a local file.
     void load(const QUrl &url);
 
-    /// Plays, or goes on playing; may be asked before the video is ready. Nothing at the end,
-    /// until it was sent back to the start.
+    /// Plays, as soon as the video is ready. Ignored at the end, until seekToStart().
     void play();
     void pause();
 
-    /// Goes to the start, also from the end; a playing video plays on from there.
+    /// Goes to the start, also from the end. A playing video plays on from there.
     void seekToStart();
 
     void setMuted(bool muted);
@@ -69,10 +68,10 @@ public:
     /// True from play() until pause(), the end or a failure.
     bool isPlaying() const { return m_playing; }
 
-    /// The length of the whole video; 0 while it is not ready and when the file does not tell.
+    /// The length of the whole video in seconds; 0 while it is not ready, and when it is unknown.
     double durationSeconds() const { return m_duration; }
 
-    /// The latest picture, stored as it came from the engine; null before the first.
+    /// The latest picture, which shares its pixels with the engine; null before the first one.
     const QImage &frame() const { return m_frame; }
 
     bool event(QEvent *event) override;
@@ -100,8 +99,10 @@ private:
     double m_duration = 0;
     QImage m_frame;
 
-    // The engine has opened its source; frames of one that is to go elsewhere are not shown.
+    // The engine has opened its source.
     bool m_engineReady = false;
+    // Where a restarted engine goes, in seconds. Until then its pictures, of the start, are not
+    // shown.
     double m_resumeAt = 0;
     int m_restarts = 0;
     TimerPtr m_watchTimer;

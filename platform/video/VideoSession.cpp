@@ -20,15 +20,16 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Enough for a thread to end what it is at; the process ends in any case.
+// How long the end of the process waits for the threads.
 constexpr auto LongestEnding = 2s;
 
-// The sessions whose threads run. They may be loading libraries, which must not go on while the
-// process takes its libraries down: it ends them first.
+// The sessions whose threads are running. A thread may be loading a library, which must not happen
+// while exit() destroys the static objects of all libraries. So exit() ends the threads first.
 class RunningSessions {
 public:
     static RunningSessions &instance() {
-        // Never destroyed: a thread that does not end in time still comes to leave.
+        // Not in ProcessRoot, and never destroyed: a thread that does not end in time still calls
+        // leave().
         static auto *sessions = new RunningSessions;
         return *sessions;
     }
@@ -71,7 +72,7 @@ VideoSession::VideoSession(QObject *receiver, VideoSource source)
 void VideoSession::warmUp() {
     const auto session = std::make_shared<VideoSession>(nullptr, VideoSource{});
     session->m_warmsUpOnly = true;
-    // There is nobody to tell anything.
+    // There is no receiver.
     session->m_closed = true;
     session->begin();
 }
@@ -138,8 +139,8 @@ VideoProgress VideoSession::progress() const {
 
 void VideoSession::serve() {
     if (m_warmsUpOnly) {
-        QString unheard;
-        if (const auto engine = VideoModule::createEngine(this, &unheard))
+        QString ignored; // the first video fails for the same reason and logs it
+        if (const auto engine = VideoModule::createEngine(this, &ignored))
             engine->warmUp();
         return;
     }
@@ -173,7 +174,7 @@ void VideoSession::runCommands(VideoEngine &engine) {
     }
 }
 
-// What is no ordinary file could keep the thread waiting for ever.
+// Reading anything but a regular file could block the thread for ever.
 QString VideoSession::faultOfSource() const {
     if (m_source.path.isEmpty())
         return QStringLiteral("it is not a local file");
@@ -192,13 +193,14 @@ void VideoSession::change(const std::function<void(VideoUpdate &)> &change) {
     if (m_closed)
         return;
     change(m_update);
-    // Under the lock: the receiver is there until close() has returned.
+    // Under the lock, because close() resets the receiver before the receiver is destroyed. Not
+    // MainQueue::post(), which only the main thread may give an object that can be destroyed.
     if (!std::exchange(m_updatePosted, true))
         QCoreApplication::postEvent(m_receiver, new QEvent(QEvent::User));
 }
 
 void VideoSession::prepared() {
-    // The engine can be asked on its own thread only.
+    // A command, because the engine must be used on its own thread.
     run([this](VideoEngine &engine) {
         engine.opened();
         const double duration = engine.durationSeconds();
@@ -207,7 +209,7 @@ void VideoSession::prepared() {
 }
 
 void VideoSession::frame(const QImage &picture) {
-    // The picture that is replaced goes without the lock: that may mean work for the engine.
+    // The replaced picture is destroyed without the lock, because the engine then frees its buffer.
     QImage latest = picture;
     change([&latest](VideoUpdate &update) { update.frame.swap(latest); });
 }

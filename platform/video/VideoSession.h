@@ -14,50 +14,54 @@
 
 namespace velmora {
 
-/// What an engine has reported since the player last asked.
+/// What an engine has reported since the last VideoSession::takeUpdate().
 struct VideoUpdate {
-    /// The latest picture; null when there is none newer.
+    /// The latest picture; null when there is no new one.
     QImage frame;
-    /// The duration, told once, when the video is ready.
+    /// The duration in seconds. Set once, when the video is ready.
     std::optional<double> duration;
     bool ended = false;
-    /// Empty unless playback is over for good.
+    /// Why the engine failed; empty unless it has. See VideoEngineListener::failed().
     QString failure;
     bool soundIsAtFault = false;
 };
 
-/// How far an engine has come. A count that stands still is an engine that does.
+/// The progress of an engine, see VideoEngineListener::moved().
 struct VideoProgress {
+    /// How often there was progress. The watchdog restarts a player when this stays the same.
     quint64 moves = 0;
     double position = 0;
     double quietFor = 0;
 };
 
-/// One engine on a thread of its own, between the player and whatever the engine blocks on. The
-/// main thread never waits here: commands are queued, updates collected, and a session that is
-/// closed ends by itself, however long that takes.
+/// Runs one engine on a thread of its own, because the engine's functions may block. The player
+/// never waits: it queues commands, and takes the collected updates. A closed session ends when its
+/// engine returns, and keeps itself alive until then. Main thread only.
 class VideoSession final : private VideoEngineListener,
                            public std::enable_shared_from_this<VideoSession> {
 public:
     using Command = std::function<void(VideoEngine &)>;
 
-    /// @param receiver gets one event of type User whenever there is an update to take
+    /// @param receiver gets an event of type QEvent::User when there is an update to take; null for
+    ///                 a session that is closed
     VideoSession(QObject *receiver, VideoSource source);
 
-    /// Has a thread load what an engine needs, so that the first video starts as fast as the
+    /// Loads, on a thread, what an engine needs, so that the first video starts as fast as the
     /// others.
     static void warmUp();
 
-    /// Starts the thread, which opens the source. A failure to do so is reported, too.
+    /// Starts the thread, which opens the source. When there is no thread, an update reports the
+    /// failure.
     void begin();
 
     /// Queues a command for the engine.
     void run(Command command);
 
-    /// Queues a seek; an end that was reached before is forgotten.
+    /// Queues a seek. An end that was reached before it is no longer reported.
     void seek(double seconds);
 
-    /// No event is sent any more and the engine goes as soon as it can. Repeatable.
+    /// Stops sending events, drops the queued commands and lets the thread destroy the engine. Does
+    /// not wait for it. Any thread; ignored the second time.
     void close();
 
     VideoUpdate takeUpdate();
@@ -67,7 +71,7 @@ private:
     void serve();
     void runCommands(VideoEngine &engine);
     QString faultOfSource() const;
-    /// Changes the update that is waiting to be taken, and has the receiver told of it.
+    /// Changes the pending update and sends an event to the receiver.
     void change(const std::function<void(VideoUpdate &)> &change);
 
     void prepared() override;

@@ -17,7 +17,7 @@ VideoView::VideoView(QWidget *parent) : QWidget(parent) {
 void VideoView::showFrame(const QImage &frame) {
     const bool samePlace = frame.size() == m_frame.size();
     m_frame = frame;
-    // The black around it stays as it is.
+    // The black bars stay as they are.
     if (samePlace)
         update(frameRect().toAlignedRect());
     else
@@ -40,7 +40,7 @@ QRectF VideoView::frameRect() const {
 void VideoView::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     const QRectF place = m_frame.isNull() ? QRectF() : frameRect();
-    // Rounded inwards: a pixel that belongs to both is black with the picture drawn over it.
+    // Rounded inwards: a pixel that the picture covers partly is painted black before the picture.
     const QPoint first(int(std::ceil(place.left())), int(std::ceil(place.top())));
     const QPoint beyond(int(std::floor(place.right())), int(std::floor(place.bottom())));
     const QRect covered(first, beyond - QPoint(1, 1));

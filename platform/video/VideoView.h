@@ -6,20 +6,19 @@
 
 namespace velmora {
 
-/// Shows the pictures of a video, each as large as it fits with its shape kept, on black. A
-/// picture that has the size of its place in the screen's own pixels is copied as it is.
-/// Main thread only.
+/// Shows the pictures of a video, scaled to fit with their aspect ratio kept, on black. A picture
+/// whose size is that of its place in physical pixels is not scaled. Main thread only.
 class VideoView : public QWidget {
     Q_OBJECT
 
 public:
     explicit VideoView(QWidget *parent = nullptr);
 
-    /// Shows a picture until the next one; a null image shows black. Pixels are not copied.
+    /// Shows a picture until the next call; a null image shows black. The pixels are not copied.
     void showFrame(const QImage &frame);
     const QImage &frame() const { return m_frame; }
 
-    /// Where the picture is, in the view's coordinates; on whole pixels of the screen.
+    /// The picture's place, in the view's coordinates. Its edges are on physical pixels.
     QRectF frameRect() const;
 
 protected:

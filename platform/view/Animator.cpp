@@ -7,8 +7,8 @@ namespace velmora {
 
 namespace {
 
-// Whether a fade of the view would be seen as one: it is on screen, and nothing that contains it
-// is fading itself. Qt can't draw a fade within a fade.
+// False when the view is not on screen, so that nobody would see a fade, and when one of its
+// parents is fading: Qt can't draw an opacity effect inside another one.
 bool canFade(const QWidget *view) {
     const QWidget *superview = view->parentWidget();
     if (!superview || !superview->isVisible() || view->window()->isMinimized())

@@ -3,27 +3,25 @@
 
 #include <QtWidgets/QWidget>
 
-#include <functional>
-
 namespace velmora {
 
-/// Changes of a view that are seen gradually: the view's logical state changes at once, the
-/// fade follows. A view on no screen changes without a fade. Main thread only.
+/// Shows, hides and removes views with a fade. isHidden() changes at once, before the fade starts.
+/// A view that is not on screen changes without a fade. Main thread only.
 class Animator {
 public:
-    /// Length of a fade, seconds.
+    /// Length of a fade in seconds.
     static constexpr double Duration = 0.25;
 
-    /// Hides or shows a view with a fade. A view that fades out takes no clicks any more.
+    /// Hides or shows a view with a fade. A view that is fading out is transparent to the mouse.
     static void setHidden(QWidget *view, bool hidden);
 
-    /// The same without a fade; ends one that is under way.
+    /// The same without a fade. Ends a running fade.
     static void setHiddenNow(QWidget *view, bool hidden);
 
-    /// The logical state, whatever a fade still shows.
+    /// The state that was set last, also while a fade still leads to it.
     static bool isHidden(const QWidget *view);
 
-    /// Fades a view out, then takes it out of its superview for good and destroys it.
+    /// Fades a view out and then destroys it.
     static void remove(QWidget *view);
 };
 

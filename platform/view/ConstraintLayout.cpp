@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-// As far as any screen reaches, and well within an int.
+// Limits a length to more than any screen has, and to much less than an int can hold.
 double withinReach(double length) {
     constexpr double Farthest = 100'000;
     return std::clamp(length, -Farthest, Farthest);
@@ -78,8 +78,9 @@ QRectF ConstraintLayout::solve(const std::vector<LayoutConstraintPtr> &constrain
             break;
         }
     }
-    // In a flat superview the distance from the bottom leaves the view half of the height, and
-    // the view fits above it.
+    // The distance from the bottom leaves room for the view's height, or for half of the
+    // superview's when the view is higher than that. The view is then scaled down to the room above
+    // it.
     bottom = std::min(bottom, superview.height() - std::min(height, superview.height() / 2));
     height = std::min(height, superview.height() - std::max(bottom, 0.0));
     double width = height * aspect;
@@ -110,15 +111,13 @@ bool ConstraintLayout::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::Resize)
         apply();
     if (event->type() == QEvent::ChildAdded && !m_raisePosted) {
-        // The new child is not a widget yet while this event is delivered.
+        // Later, because the new child is not a widget yet: its constructor is still running.
         m_raisePosted = true;
-        MainQueue::post([self = QPointer<ConstraintLayout>(this)] {
-            if (!self)
-                return;
-            self->m_raisePosted = false;
-            self->m_view->raise();
-            // What accompanies the view comes up with it.
-            self->apply();
+        MainQueue::post(this, [this] {
+            m_raisePosted = false;
+            m_view->raise();
+            // The placed handler raises what belongs to the view.
+            apply();
         });
     }
     return false;

@@ -13,16 +13,18 @@
 
 namespace velmora {
 
-/// Keeps one view where its constraints say, above its siblings, for as long as the view lives:
-/// when a constraint changes, when the superview is resized or gets new children, and when the
-/// view is put into another superview. A view that would be wider than its superview, or higher
-/// than what is left above its distance from the bottom, is scaled down with its aspect kept; the
-/// distance in turn leaves the view half of a flat superview. Main thread only.
+/// Keeps one view where its constraints place it, and above its siblings. It lays the view out
+/// again when a constraint changes, when the superview is resized or gets a new child, and when the
+/// view gets another superview. Main thread only.
+///
+/// A view that would not fit is scaled down with its aspect ratio kept. The distance from the
+/// bottom is reduced when it would leave the view less than its height and less than half of the
+/// superview's.
 class ConstraintLayout : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes over the geometry of a view that has a superview. Owned by the view.
+    /// @param view the view whose geometry is set from now on; owns this object
     explicit ConstraintLayout(QWidget *view);
 
     void add(const LayoutConstraintPtr &constraint);
@@ -36,7 +38,7 @@ public:
         m_placed = std::move(placed);
     }
 
-    /// The rectangle that constraints give a view inside a superview of a size.
+    /// The rectangle that constraints give a view in a superview of the given size.
     static QRectF solve(const std::vector<LayoutConstraintPtr> &constraints, QSizeF superview);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -25,7 +25,7 @@ Fade::~Fade() {
 }
 
 void Fade::run(bool hidden) {
-    // Qt can't draw a fade within a fade.
+    // Qt can't draw an opacity effect inside another one.
     const auto inner = m_view->findChildren<Fade *>();
     for (Fade *fade : inner) {
         if (fade != this)
@@ -53,9 +53,9 @@ void Fade::frame() {
     m_lastFrame = now;
     const double step = passed / Animator::Duration;
     setOpacity(std::clamp(m_opacity + (m_hidden ? -step : step), 0.0, 1.0));
-    const bool arrived = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
-    // A view that went off screen meanwhile has nobody to fade for.
-    if (arrived || !m_view->isVisible())
+    const bool isDone = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
+    // Nobody sees the rest of the fade when the view is no longer on screen.
+    if (isDone || !m_view->isVisible())
         end();
 }
 
@@ -72,7 +72,7 @@ void Fade::setOpacity(double opacity) {
 void Fade::end() {
     if (m_timer)
         m_timer->invalidate();
-    // Taken out of its superview meanwhile, the view would become a window.
+    // Without a parent, because the host has removed it meanwhile, a shown view would be a window.
     m_view->setVisible(!m_hidden && m_view->parentWidget());
     m_view->setGraphicsEffect(nullptr);
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents, false);

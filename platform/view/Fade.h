@@ -9,7 +9,8 @@
 
 namespace velmora {
 
-/// The fade of one view towards shown or hidden, owned by the view.
+/// One fade of a view, in or out. The view owns it; it destroys itself at its end. Main thread
+/// only.
 class Fade : public QObject {
     Q_OBJECT
 
@@ -22,11 +23,11 @@ public:
 
     bool isTowardsHidden() const { return m_hidden; }
 
-    /// Turns the fade towards a state, from whatever opacity it has reached.
+    /// Starts the fade towards a state, or turns it round at the opacity that it has reached.
     void run(bool hidden);
-    /// Reaches the state now.
+    /// Ends the fade at once, in the given state.
     void finish(bool hidden);
-    /// Destroys the view when it has become hidden.
+    /// Lets the fade destroy the view when the view has become hidden.
     void removeViewAtEnd() { m_removes = true; }
 
 private:

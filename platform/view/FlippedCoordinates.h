@@ -5,8 +5,8 @@
 
 namespace velmora {
 
-/// Places geometry that is measured from a view's bottom edge, y growing upwards, in the view's
-/// own coordinates, where y grows downwards from its top edge.
+/// Converts coordinates that start at a view's bottom edge, with y growing upwards, into Qt's,
+/// which start at its top edge, with y growing downwards.
 class FlippedCoordinates {
 public:
     explicit FlippedCoordinates(double viewHeight) : m_height(viewHeight) {}

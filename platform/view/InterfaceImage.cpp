@@ -17,7 +17,7 @@ QIcon InterfaceImage::named(const QString &name) {
     for (const int density : {1, 2, 3}) {
         const QString suffix = density == 1 ? QString() : QStringLiteral("@%1x").arg(density);
         QImageReader reader(folder + name + suffix + QStringLiteral(".png"), "png");
-        // Else every image plugin is loaded into the host to find out that this is a PNG.
+        // Otherwise Qt loads all image plugins into the host to detect that this is a PNG.
         reader.setAutoDetectImageFormat(false);
         QImage image = reader.read();
         image.setDevicePixelRatio(density);

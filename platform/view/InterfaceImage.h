@@ -6,10 +6,12 @@
 
 namespace velmora {
 
-/// The images of the framework's interface, sharp at every screen density.
+/// The images of the framework's interface, as icons with pixmaps for device pixel ratios 1, 2 and
+/// 3. Main thread only.
 class InterfaceImage {
 public:
-    /// An interface image by its bare name; a null icon, and a log line, when it is missing.
+    /// An interface image; a null icon, and a log line, when it is missing.
+    /// @param name the file's name without folder, "@2x" and extension
     static QIcon named(const QString &name);
 };
 

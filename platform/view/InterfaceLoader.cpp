@@ -13,6 +13,8 @@ namespace velmora {
 
 namespace {
 
+// Not in ProcessRoot: the framework registers the same classes whenever it needs them, so a fresh
+// process state would not differ.
 QHash<QString, std::function<QWidget *(QWidget *)>> &factories() {
     static QHash<QString, std::function<QWidget *(QWidget *)>> known;
     return known;
@@ -32,9 +34,9 @@ public:
     }
 };
 
-// The process's loader. Its constructor loads every Designer plugin in the library paths, with
-// whatever those drag into the host's process; without paths it finds none. Made once, since the
-// paths are the whole process's.
+// The process's loader. The constructor of QUiLoader loads all Designer plugins in the library
+// paths, with all libraries that they link, into the host. So the paths are empty meanwhile. The
+// paths belong to the whole process, so the loader is made once only.
 struct LoaderWithoutPlugins {
     LoaderWithoutPlugins() {
         const QStringList paths = QCoreApplication::libraryPaths();

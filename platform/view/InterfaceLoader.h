@@ -14,17 +14,19 @@ namespace velmora {
 /// classes. Main thread only.
 class InterfaceLoader {
 public:
-    /// Lets interface resources use a class by its bare name.
+    /// Lets interface resources use a class under a name. T needs a constructor that takes the
+    /// parent widget.
     template<class T>
     static void registerClass(const QString &name) {
         registerFactory(name, [](QWidget *parent) -> QWidget * { return new T(parent); });
     }
 
-    /// Builds the view tree of "interface/NAME.ui"; null, and a log line, when it cannot. A
-    /// class that nobody registered is logged, since Qt drops it with all it contains.
+    /// Makes the widgets of "interface/NAME.ui" and returns the root, which the caller owns; null,
+    /// and a log line, when it can't. A class that is neither Qt's nor registered is logged,
+    /// because Qt silently skips such an element with all its children.
     static QWidget *load(const QString &name);
 
-    /// The element that an outlet is bound to, by object name; a missing one is logged.
+    /// The widget of the loaded tree with an object name; null, and a log line, when it is missing.
     template<class T>
     static T *outlet(QWidget *root, const QString &name) {
         T *found =
@@ -34,8 +36,8 @@ public:
         return found;
     }
 
-    /// A constraint of the interface resource: a dynamic property of its root, whose number is
-    /// the constant.
+    /// Makes a constraint whose constant is a dynamic property of the root. A missing property is
+    /// logged, and counts as 0.
     static LayoutConstraintPtr constraint(QWidget *root, const QString &name,
                                           LayoutConstraint::Relation relation);
 

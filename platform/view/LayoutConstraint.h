@@ -7,8 +7,8 @@
 
 namespace velmora {
 
-/// One relation that holds a view in place, with a constant that can be changed at any time.
-/// Only the relations that the framework lays its views out with. Main thread only.
+/// One relation that a ConstraintLayout keeps for its view. The constant, in device-independent
+/// pixels, can be changed at any time. Main thread only.
 class LayoutConstraint {
 public:
     enum class Relation {
@@ -17,7 +17,7 @@ public:
         CenterX,        ///< horizontal centre = superview's centre + constant
         Bottom,         ///< superview's bottom = view's bottom + constant
         TrailingInside, ///< superview's trailing edge >= view's trailing edge
-        Spacing         ///< a distance that others refer to
+        Spacing         ///< none; only the constant is used, by other code
     };
 
     LayoutConstraint(Relation relation, double multiplier, double constant)
@@ -26,7 +26,7 @@ public:
     Relation relation() const { return m_relation; }
     double multiplier() const { return m_multiplier; }
     double constant() const { return m_constant; }
-    /// What is not a finite number is ignored.
+    /// Sets the constant and calls the change handler. NaN and infinity are ignored.
     void setConstant(double constant) {
         if (!std::isfinite(constant))
             return;
@@ -35,7 +35,7 @@ public:
             m_changed();
     }
 
-    /// For the layout that the constraint is added to: called after a change.
+    /// For the layout that the constraint is added to; called after setConstant().
     void setChangeHandler(std::function<void()> changed) { m_changed = std::move(changed); }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ContentArea.h"
 
+#include "MainQueue.h"
 #include "Window.h"
 
 #include <Velmora/ViewController.h>
@@ -37,9 +38,9 @@ QRect ContentArea::rect() const {
     if (!whole)
         return {};
     const QWidget *menu = whole == m_window ? menuBar() : nullptr;
-    // A menu bar that is shown elsewhere on the desktop is hidden here.
-    const bool isTaken = menu && menu->isVisibleTo(m_window);
-    return whole->rect().adjusted(0, isTaken ? menu->geometry().bottom() + 1 : 0, 0, 0);
+    // The menu bar is hidden when the desktop shows it in a panel of its own.
+    const bool isInWindow = menu && menu->isVisibleTo(m_window);
+    return whole->rect().adjusted(0, isInWindow ? menu->geometry().bottom() + 1 : 0, 0, 0);
 }
 
 bool ContentArea::eventFilter(QObject *watched, QEvent *event) {
@@ -48,14 +49,14 @@ bool ContentArea::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::ChildAdded:
     case QEvent::ChildRemoved:
         if (watched == m_window)
-            checkSoon();
+            checkLater();
         break;
     case QEvent::Resize:
     case QEvent::Move:
     case QEvent::Show:
     case QEvent::Hide:
         if (watched == m_menuBar)
-            checkSoon();
+            checkLater();
         break;
     default:
         break;
@@ -63,13 +64,13 @@ bool ContentArea::eventFilter(QObject *watched, QEvent *event) {
     return false;
 }
 
-void ContentArea::checkSoon() {
-    if (!std::exchange(m_checking, true))
-        QMetaObject::invokeMethod(this, &ContentArea::check, Qt::QueuedConnection);
+void ContentArea::checkLater() {
+    if (!std::exchange(m_checkPosted, true))
+        MainQueue::post(this, [this] { check(); });
 }
 
 void ContentArea::check() {
-    m_checking = false;
+    m_checkPosted = false;
     QWidget *menu = menuBar();
     if (menu != m_menuBar) {
         if (m_menuBar)

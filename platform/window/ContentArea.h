@@ -10,20 +10,20 @@
 
 namespace velmora {
 
-/// The part of a window that a splash screen covers: everything below a main window's menu bar
-/// (tool bars, docks and status bar included), the view of a content view controller, else the
-/// whole window. A main window itself is the superview, not its central widget, so that the host
-/// may replace that one. Main thread only.
+/// Tells which part of a window a splash screen covers. In a QMainWindow that is everything below
+/// the menu bar, with tool bars, docks and status bar. In a window with a content view controller
+/// it is that controller's view, in any other window the whole of it. Main thread only.
 class ContentArea : public QObject {
     Q_OBJECT
 
 public:
-    /// Owned by the window's user, who lets it go before or after the window.
-    /// @param changed called, on a later turn, when the menu bar has come, gone or changed its
-    ///                height; the superview's own resizing is not reported
+    /// The caller owns this object, and may destroy it before or after the window.
+    /// @param changed called on a later turn of the main loop when the menu bar was added, removed,
+    ///                shown, hidden or resized. Not called when the superview is resized.
     ContentArea(QWidget *window, std::function<void()> changed);
 
-    /// The widget that a covering view is a child of; null once the window is gone.
+    /// The widget that a covering view becomes a child of; null once the window is destroyed. In a
+    /// QMainWindow this is the window and not the central widget, which the host may replace.
     QWidget *superview() const;
 
     /// The area in the superview's coordinates.
@@ -33,14 +33,14 @@ public:
 
 private:
     QWidget *menuBar() const;
-    void checkSoon();
+    void checkLater();
     void check();
 
     QPointer<QWidget> m_window;
     QPointer<QWidget> m_menuBar;
     std::function<void()> m_changed;
     int m_top = 0;
-    bool m_checking = false;
+    bool m_checkPosted = false;
 };
 
 } // namespace velmora

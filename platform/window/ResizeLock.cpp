@@ -28,7 +28,8 @@ bool ResizeLock::eventFilter(QObject *watched, QEvent *event) {
             lock();
         break;
     case QEvent::WindowStateChange:
-        // Back to normal, the window still has the big size; the resize to come holds it.
+        // A window that leaves these states still has its large size here. It is locked at the
+        // Resize event that follows.
         if (!isNormal())
             unlock();
         break;
@@ -36,7 +37,7 @@ bool ResizeLock::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::UpdateRequest:
     case QEvent::WindowActivate:
     case QEvent::WinIdChange:
-        // The widget's own limits went over ours when the host or its layout changed them.
+        // When the host or a layout changes the widget's limits, Qt copies them to the QWindow.
         if (m_size && m_window->isVisible())
             lock();
         break;
@@ -65,7 +66,7 @@ void ResizeLock::setLimits(const QSize &minimum, const QSize &maximum) {
     QWindow *native = m_window->windowHandle();
     if (!native || (native->minimumSize() == minimum && native->maximumSize() == maximum))
         return;
-    // Never a minimum above the maximum in between: the native window would be resized.
+    // In this order the minimum never exceeds the maximum, which would resize the native window.
     native->setMinimumSize(minimum.boundedTo(native->maximumSize()));
     native->setMaximumSize(maximum);
     native->setMinimumSize(minimum);

@@ -9,14 +9,13 @@
 
 namespace velmora {
 
-/// Keeps a window's user from resizing it for as long as this object lives. Main thread only.
+/// Prevents the user from resizing a window, as long as this object exists. Main thread only.
 ///
-/// The limits are put on the native window alone, past the widget: the host's own minimum and
-/// maximum stay what they are (or become meanwhile) and need no saving, a layout that derives
-/// its window's minimum goes on doing so, and the host can still resize(); the window is then
-/// held at its new size. setFixedSize() on the widget would lose all three. While the window is
-/// maximised or full screen no limits are set: it has no edge to drag, and window managers undo
-/// such a state when a window becomes fixed.
+/// The limits are set on the QWindow and not on the widget. So the widget keeps the minimum and
+/// maximum size that the host or a layout has set, or sets meanwhile, and the host can still call
+/// resize(); the new size is then fixed. QWidget::setFixedSize() would prevent all of that. While
+/// the window is maximised or full screen no limits are set: it has no edge to drag, and window
+/// managers leave such a state when a window gets a fixed size.
 class ResizeLock : public QObject {
     Q_OBJECT
 
@@ -33,7 +32,7 @@ private:
     void setLimits(const QSize &minimum, const QSize &maximum);
 
     QWidget *m_window;
-    // Unset while the window may take any size.
+    // The fixed size; unset while the user may resize the window.
     std::optional<QSize> m_size;
 };
 

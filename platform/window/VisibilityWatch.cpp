@@ -37,7 +37,8 @@ void VisibilityWatch::follow() {
         if (widget->isWindow())
             break;
     }
-    // Filters that stay are not touched: Qt may be walking through them just now.
+    // Filters that stay are not installed again: that would change the list of event filters, which
+    // Qt may be iterating over.
     for (QWidget *widget : std::as_const(m_watched)) {
         if (widget && !chain.contains(widget))
             widget->removeEventFilter(this);

@@ -8,9 +8,9 @@
 
 namespace velmora {
 
-/// Knows whether a view's surroundings are on screen, whichever window the view is in by now:
-/// views are put into pages that enter their window later, and pages move between windows. The
-/// view's own hidden state does not count. Main thread only.
+/// Tells whether the window and the superview of a view are visible. Follows the view into other
+/// windows: a host may put a view into a page before the page gets its window, and may move the
+/// page to another window. The view's own hidden state does not count. Main thread only.
 class VisibilityWatch : public QObject {
     Q_OBJECT
 
@@ -18,23 +18,23 @@ public:
     /// Owned by the view.
     explicit VisibilityWatch(QWidget *view);
 
-    /// The view lies in a window that is shown and not minimised.
+    /// True when the view is in a window that is shown and not minimised.
     bool isWindowVisible() const;
-    /// The superview is shown in such a window: it is no page behind another.
+    /// True when, in addition, the superview is shown: it is not on a page behind another one.
     bool isSuperviewVisible() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// One of the two may have become true, or the view lies in another window. Emitted in the
-    /// middle of the host's change.
+    /// One of the two may have become true, or the view is in another window. Emitted while the
+    /// host's call or event that changes it is still running.
     void changed();
 
 private:
     void follow();
 
     QWidget *m_view;
-    /// The view and all that contains it.
+    // The view and all its parents up to the window.
     QList<QPointer<QWidget>> m_watched;
     QMetaObject::Connection m_windowShown;
 };

@@ -2,6 +2,7 @@
 #include "Window.h"
 
 #include "MainQueue.h"
+#include "ProcessRoot.h"
 #include "ResizeLock.h"
 #include <Velmora/NotificationCenter.h>
 
@@ -17,8 +18,21 @@ const QString NSWindowDidResignKeyNotification = QStringLiteral("NSWindowDidResi
 const QString NSWindowWillCloseNotification = QStringLiteral("NSWindowWillCloseNotification");
 
 namespace {
+
+struct KeyWindow {
+    QPointer<Window> window;
+};
+
 // The key window among those with a companion.
-Window *s_keyWindow = nullptr;
+Window *keyWindow() {
+    const auto *key = ProcessRoot::existing<KeyWindow>();
+    return key ? key->window.data() : nullptr;
+}
+
+void setKeyWindow(Window *window) {
+    ProcessRoot::get<KeyWindow>().window = window;
+}
+
 } // namespace
 
 Window *Window::of(QWidget *widget) {
@@ -33,26 +47,23 @@ Window *Window::of(QWidget *widget) {
 Window::Window(QWidget *window) : QObject(window), m_window(window), m_wasVisible(isVisible()) {
     window->installEventFilter(this);
     if (window->isActiveWindow() && isVisible())
-        s_keyWindow = this;
+        setKeyWindow(this);
 }
 
-Window::~Window() {
-    if (s_keyWindow == this)
-        s_keyWindow = nullptr;
-}
+Window::~Window() = default;
 
 bool Window::isVisible() const {
     return m_window->isVisible() && !m_window->isMinimized();
 }
 
 bool Window::isKeyWindow() const {
-    return s_keyWindow == this && isVisible();
+    return keyWindow() == this && isVisible();
 }
 
 QWidget *Window::contentView() const {
     const auto *mainWindow = qobject_cast<const QMainWindow *>(m_window);
     QWidget *central = mainWindow ? mainWindow->centralWidget() : nullptr;
-    // A splitter would take whatever is put into it for one more pane.
+    // QSplitter makes every child widget one of its panes.
     return central && !qobject_cast<QSplitter *>(central) ? central : m_window;
 }
 
@@ -89,12 +100,10 @@ bool Window::eventFilter(QObject *watched, QEvent *event) {
         lostActivation();
         break;
     case QEvent::Close:
-        // The host may still refuse; only a hide that follows at once is a close.
+        // The host may still ignore the event. The window is closed if a Hide event follows at
+        // once.
         m_closing = true;
-        MainQueue::post([self = QPointer<Window>(this)] {
-            if (self)
-                self->m_closing = false;
-        });
+        MainQueue::post(this, [this] { m_closing = false; });
         break;
     case QEvent::Hide:
         if (event->spontaneous())
@@ -116,22 +125,22 @@ void Window::noteVisibility(bool visible) {
 }
 
 void Window::becameActive() {
-    if (s_keyWindow == this || !isVisible())
+    if (keyWindow() == this || !isVisible())
         return;
     const QPointer<Window> self(this);
-    if (Window *previous = s_keyWindow)
+    if (Window *previous = keyWindow())
         previous->lostActivation();
-    // An observer may have destroyed this window.
+    // An observer of the notification may have destroyed this window.
     if (!self)
         return;
-    s_keyWindow = this;
+    setKeyWindow(this);
     post(NSWindowDidBecomeKeyNotification);
 }
 
 void Window::lostActivation() {
-    if (s_keyWindow != this)
+    if (keyWindow() != this)
         return;
-    s_keyWindow = nullptr;
+    setKeyWindow(nullptr);
     post(NSWindowDidResignKeyNotification);
 }
 

@@ -17,53 +17,53 @@ extern const QString NSWindowDidBecomeKeyNotification;
 extern const QString NSWindowDidResignKeyNotification;
 extern const QString NSWindowWillCloseNotification;
 
-/// What the framework knows of one host window, and its notifications, whose object is the
-/// window. There is one companion a window, made when it is first asked for; it goes with the
-/// window. Main thread only.
+/// The framework's companion of one host window: knows its state and posts its notifications, whose
+/// object is the window (QObject *). A window gets its companion when of() is first called for it,
+/// and owns it. Main thread only.
 ///
-/// Resign always comes before become, although Qt reports a newly active window before
-/// the loss of the old one. A window that is hidden or closed is not key. A widget that has been
-/// put into another window is none any more: its companion is silent until it is one again.
+/// The key window is the active one. Qt reports that a window becomes active before it reports that
+/// the other one is no longer active; here the resign notification is always posted first. A hidden
+/// or closed window is not key. When the host puts a window into another widget, it is no longer a
+/// window, and its companion posts nothing until it is one again.
 class Window : public QObject {
     Q_OBJECT
 
 public:
-    /// The companion of the window that a widget is or lies in; null for null.
+    /// The companion of a widget's window; null for null.
     static Window *of(QWidget *widget);
 
     ~Window() override;
 
-    /// On screen: shown and not minimised.
+    /// True when the window is shown and not minimised.
     bool isVisible() const;
     bool isKeyWindow() const;
 
-    /// The widget that holds the window's content: a main window's central widget, else the
-    /// window itself.
+    /// The widget that holds the window's content: the central widget of a QMainWindow, unless that
+    /// is a QSplitter; otherwise the window itself.
     QWidget *contentView() const;
 
-    /// Bits of the style mask and of the collection behaviour that mean something here.
+    /// A bit of the style mask, and two of the collection behaviour.
     static constexpr quint64 Resizable = 0x8;
     static constexpr quint64 FullScreenPrimary = 0x80;
     static constexpr quint64 FullScreenAuxiliary = 0x100;
 
-    /// The window's style: Resizable, unless its user can't resize it. Other bits are ignored
-    /// and read as 0.
+    /// Resizable, or 0 when the user can't resize the window. There are no other bits.
     quint64 styleMask() const;
 
-    /// Clearing Resizable holds the window at whatever size it has, against its user alone: its
-    /// size does not change, the host may resize() it and change its minimum and maximum sizes
-    /// all the same. Setting it gives the window back to the limits that the host has set; one
-    /// whose limits leave no choice stays not resizable.
+    /// Without Resizable, the user can't resize the window (see ResizeLock); its size does not
+    /// change. With it, the user can again, within the limits that the host has set; a window whose
+    /// minimum is its maximum stays not resizable. Other bits are ignored.
     void setStyleMask(quint64 mask);
     bool isResizable() const { return styleMask() & Resizable; }
 
-    /// FullScreenPrimary unless set otherwise. Only kept, not acted upon: taking a window's full
-    /// screen button away means changing its window flags, for which Qt hides the
-    /// window or makes it anew. Without Resizable, window managers do not offer to maximise.
+    /// Default: FullScreenPrimary. Stored without an effect: to remove the window's full-screen
+    /// button Qt would have to change the window flags, which hides the window or recreates its
+    /// native window. Window managers don't offer to maximise a window that is not Resizable
+    /// anyway.
     quint64 collectionBehavior() const { return m_collectionBehavior; }
     void setCollectionBehavior(quint64 behavior) { m_collectionBehavior = behavior; }
 
-    /// Set by a host that manages its content with a controller; null otherwise. Not owned.
+    /// The controller that the host has set for the window's content, or null. Not owned.
     ViewController *contentViewController() const { return m_contentViewController; }
     void setContentViewController(ViewController *controller) {
         m_contentViewController = controller;
@@ -72,7 +72,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// isVisible() has become true, inside the call or event that made it so.
+    /// isVisible() has become true. Emitted while the call or event that shows the window is still
+    /// running.
     void becameVisible();
 
 private:

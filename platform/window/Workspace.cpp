@@ -10,6 +10,7 @@ namespace velmora {
 
 namespace {
 
+// Set by tests. Not in ProcessRoot, so that it stays when a test drops the process state.
 Workspace::Opener s_opener;
 
 bool openOnDesktop(const QUrl &link) {

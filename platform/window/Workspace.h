@@ -7,20 +7,21 @@
 
 namespace velmora {
 
-/// Opens links with the desktop. Main thread only.
+/// Opens links with the desktop's applications. Main thread only.
 class Workspace {
 public:
     using Opener = std::function<bool(const QUrl &)>;
 
-    /// Hands a link to the system. Links that may not be opened are refused with a log line;
-    /// a store link becomes its web form where the desktop has no handler for the store.
-    /// @return whether the system took it
+    /// Asks the desktop to open a link. A link that WebLink::mayOpen() does not allow is refused
+    /// with a log line. A store link (macappstores:) becomes an https link when the desktop has no
+    /// application for the store.
+    /// @return true when the desktop has accepted the link
     static bool openURL(const QUrl &link);
 
-    /// Replaces what the links are handed to; null goes back to the desktop.
+    /// For tests: opens the links instead of the desktop; null restores the desktop.
     static void setOpener(Opener opener);
 
-    /// Whether the desktop has an application for a scheme.
+    /// True when the desktop has an application for a scheme.
     static bool hasHandlerFor(const QString &scheme);
 };
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// Suppressions for libraries that are not part of this project. A sanitizer calls these functions
-// at start; without one they are unused.
+// What the sanitizers are told of the libraries that are not ours. Without a sanitizer nobody
+// calls these.
 
 extern "C" {
 
 __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
 __attribute__((visibility("default"))) const char *__tsan_default_suppressions();
 
-// Memory that these libraries keep until the process ends.
+// What the font, desktop and media libraries keep until the process ends.
 const char *__lsan_default_suppressions() {
     return "leak:libfontconfig.so\n"
            "leak:libQt6XcbQpa.so\n"
@@ -16,7 +16,7 @@ const char *__lsan_default_suppressions() {
            "leak:libglib-2.0.so\n";
 }
 
-// These libraries are built without instrumentation, so the sanitizer does not see their locks.
+// These are not instrumented: their own locks and once-only guards are invisible to the sanitizer.
 const char *__tsan_default_suppressions() {
     return "called_from_lib:libQt6Core.so\n"
            "called_from_lib:libQt6Network.so\n"
@@ -25,7 +25,7 @@ const char *__tsan_default_suppressions() {
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
            // Handed from one thread to another inside GStreamer.
-           "race:GstVideoEngine::BusTap\n"
+           "race:GstBusReader::Tap\n"
            // Runs after QThread::wait() for its thread, which the sanitizer does not see.
            "race:UrlSessionWorker::~UrlSessionWorker\n";
 }
@@ -33,8 +33,8 @@ const char *__tsan_default_suppressions() {
 #ifdef VELMORA_TEST_MEDIA_THREADS
 __attribute__((visibility("default"))) const char *__tsan_default_options();
 
-// GStreamer's threads synchronise with locks that the sanitizer does not see, so only code of this
-// project is checked.
+// The media framework's threads know only locks that the sanitizer does not see; what they do
+// outside our own code is left out.
 const char *__tsan_default_options() {
     return "ignore_noninstrumented_modules=1";
 }

@@ -55,8 +55,8 @@ QString lastError() {
     return QString::fromUtf8(SCErrorString(SCError()));
 }
 
-// One service handle and what was last known through it. Shared with the queues, so that it
-// outlives a monitor that is destroyed meanwhile.
+// The system's reachability handle, and the flags that it reported last. Shared with the dispatch
+// queues, so that it outlives a monitor that is destroyed while they use it.
 struct Service {
     explicit Service(SCNetworkReachabilityRef reference) : handle(reference) {}
     ~Service() { CFRelease(handle); }
@@ -71,7 +71,7 @@ struct Service {
 
 using ServicePtr = std::shared_ptr<Service>;
 
-// Reading the flags of a name may wait for the name service.
+// In the background, because reading the flags of a host name may wait for the name service.
 void readInBackground(const ServicePtr &service) {
     if (service->reading.exchange(true))
         return;
@@ -84,11 +84,12 @@ void readInBackground(const ServicePtr &service) {
                      read);
 }
 
-// From one start to the stop; held by the service's context while a callback runs.
+// The state from start() to stop(). The reachability handle's context keeps it while a callback
+// runs.
 struct Watch {
     ServicePtr service;
     RouteMonitor::Callback callback;
-    ReachabilityFlags last = 0; // after the start only on the queue
+    ReachabilityFlags last = 0; // after start() used on the queue only
     std::atomic<bool> stopped = false;
 };
 

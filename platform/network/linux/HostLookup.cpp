@@ -12,7 +12,8 @@ namespace {
 
 struct Answer {
     QList<QHostAddress> addresses;
-    bool isFinal = false; ///< the name service answered, be it that there is no such name
+    // True when the name service has answered, also when it answered that there is no such name.
+    bool isFinal = false;
 };
 
 Answer resolve(const QByteArray &name) {
@@ -39,17 +40,17 @@ void HostLookup::begin(std::shared_ptr<WakeEvent> wake) {
         const std::lock_guard lock(m_mutex);
         if (wake)
             m_waiting.push_back(std::move(wake));
-        if (m_underWay) {
+        if (m_isRunning) {
             m_again = true;
             return;
         }
-        m_underWay = true;
+        m_isRunning = true;
     }
     const auto work = [self = shared_from_this()] { self->run(); };
     if (startBackgroundThread("velmora-lookup", work, nullptr))
         return;
     const std::lock_guard lock(m_mutex);
-    m_underWay = false;
+    m_isRunning = false;
     m_failed = true;
     for (const auto &waiting : std::exchange(m_waiting, {}))
         waiting->signal();
@@ -62,11 +63,12 @@ void HostLookup::run() {
         if (answer.isFinal)
             m_addresses = answer.addresses;
         m_failed = answer.addresses.isEmpty();
-        // The result is shown at once; whoever asked meanwhile is woken by the next one too.
+        // All waiters are woken by this result. When another look-up follows, they stay in the list
+        // and are woken again by its result.
         const std::vector<std::shared_ptr<WakeEvent>> waiting = m_waiting;
         if (!m_again) {
             m_waiting.clear();
-            m_underWay = false;
+            m_isRunning = false;
         }
         for (const auto &wake : waiting)
             wake->signal();
@@ -82,7 +84,7 @@ QList<QHostAddress> HostLookup::addresses() const {
 
 bool HostLookup::hasFailed() const {
     const std::lock_guard lock(m_mutex);
-    return m_failed && !m_underWay;
+    return m_failed && !m_isRunning;
 }
 
 } // namespace velmora

@@ -13,21 +13,21 @@
 
 namespace velmora {
 
-/// The addresses of a host name, as far as they are known. Any thread; nothing here waits.
+/// Looks up the addresses of a host name in the background. Any thread; no function waits.
 class HostLookup : public std::enable_shared_from_this<HostLookup> {
 public:
-    /// @param name in the form that the resolver takes
+    /// @param name in the form that getaddrinfo() takes, with international names in ASCII (ACE)
     explicit HostLookup(QByteArray name);
 
-    /// Looks the name up once more, on a thread of its own: the resolver may take many seconds
-    /// and cannot be interrupted. Asked during a look-up, another one follows.
-    /// @param wake signalled when the result is there; may be null
+    /// Starts a look-up on a background thread, because the resolver may take many seconds and
+    /// can't be interrupted. When one is running already, another one follows it.
+    /// @param wake signalled at the result; may be null
     void begin(std::shared_ptr<WakeEvent> wake);
 
-    /// The last result; an earlier one stays while the resolver cannot be reached.
+    /// The last result. A look-up that could not reach the name service does not change it.
     QList<QHostAddress> addresses() const;
 
-    /// True when the last look-up found nothing and no other is under way.
+    /// True when the last look-up found no address and no other one is running.
     bool hasFailed() const;
 
 private:
@@ -37,7 +37,7 @@ private:
     mutable std::mutex m_mutex;
     QList<QHostAddress> m_addresses;
     std::vector<std::shared_ptr<WakeEvent>> m_waiting;
-    bool m_underWay = false;
+    bool m_isRunning = false;
     bool m_again = false;
     bool m_failed = false;
 };

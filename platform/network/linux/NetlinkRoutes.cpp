@@ -16,9 +16,10 @@ namespace velmora {
 
 namespace {
 
-// A look-up of 0.0.0.0 itself is answered "local" by the kernel, also without any network. An
-// address that nobody has a route of its own for is answered by the default route, with the
-// metrics, the policy rules and the dead next hops all weighed, and without reading the table.
+// Stands for "any host on the internet". The kernel reports 0.0.0.0 itself as local, even without
+// any network. For a public address that no machine has a special route to, it reports the default
+// route. It applies metrics, policy rules and dead next hops in doing so, which would be much work
+// with the routing table.
 QHostAddress anyIpv4Host() {
     return QHostAddress(QStringLiteral("128.0.0.1"));
 }
@@ -65,7 +66,7 @@ bool isRoutable(int type) {
 
 QHostAddress normalised(const QHostAddress &address) {
     bool isIpv4 = false;
-    const quint32 ipv4 = address.toIPv4Address(&isIpv4); // also of an IPv4-mapped address
+    const quint32 ipv4 = address.toIPv4Address(&isIpv4); // also for an IPv4-mapped IPv6 address
     return isIpv4 ? QHostAddress(ipv4) : address;
 }
 
@@ -93,7 +94,7 @@ ReachabilityFlags NetlinkRoutes::flags(const QHostAddress &target) {
     return hostFlags(address);
 }
 
-// A machine with an IPv6 network alone is on the internet too.
+// IPv6 is tried second: a machine may have an IPv6 network only.
 ReachabilityFlags NetlinkRoutes::internetFlags(bool onlyIpv6) {
     const ReachabilityFlags ipv4 = onlyIpv6 ? 0 : hostFlags(anyIpv4Host());
     if (ipv4 & ReachabilityFlagReachable && !(ipv4 & ReachabilityFlagConnectionRequired))
@@ -101,8 +102,8 @@ ReachabilityFlags NetlinkRoutes::internetFlags(bool onlyIpv6) {
     return better(ipv4, hostFlags(anyIpv6Host()));
 }
 
-// The network 169.254.0.0 has rarely a route of its own, and no gateway leads there: any local
-// network that carries an IPv4 address will do.
+// 169.254.0.0 stands for the local network. It rarely has a route of its own, so any running link
+// with an IPv4 address counts, except loopback and point-to-point links.
 ReachabilityFlags NetlinkRoutes::localNetworkFlags() {
     Message<ifaddrmsg> request(RTM_GETADDR, NLM_F_DUMP);
     request->ifa_family = AF_INET;
@@ -131,7 +132,7 @@ ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
         flags |= ReachabilityFlagIsDirect;
     if (found->type == RTN_LOCAL)
         return flags | ReachabilityFlagIsLocalAddress;
-    // The kernel keeps routes over a link that has lost its carrier.
+    // The kernel keeps the routes of a link that has lost its carrier.
     const bool running = state & IFF_RUNNING;
     if (!(state & IFF_POINTOPOINT))
         return running ? flags : 0;

@@ -8,17 +8,17 @@
 
 namespace velmora {
 
-/// Asks the kernel how it would route to an address now. One thread at a time.
+/// Asks the kernel for its current route to an address. One thread at a time.
 class NetlinkRoutes {
 public:
-    /// False, with errno set by the construction, when the kernel cannot be asked.
+    /// False when the constructor could not open a netlink socket, and has set errno.
     bool isOpen() const { return m_socket.isOpen(); }
 
-    /// 0 when the kernel knows no way or cannot be asked.
+    /// 0 when the kernel has no route or does not answer.
     ReachabilityFlags flags(const QHostAddress &target);
 
-    /// The stronger of two answers for one target: without a connection to establish before
-    /// with one, and either before none.
+    /// The better one of two results for the same target. Reachable at once is better than
+    /// reachable after a connection is established, which is better than unreachable.
     static ReachabilityFlags better(ReachabilityFlags first, ReachabilityFlags second);
 
 private:

@@ -11,7 +11,7 @@ namespace velmora {
 
 namespace {
 
-// As large as the kernel's largest message, which the kernel bounds to 32 KiB.
+// The largest message that the kernel sends.
 constexpr std::size_t BufferSize = 32768;
 
 int forward(const nlmsghdr *message, void *handler) {
@@ -24,7 +24,7 @@ int forward(const nlmsghdr *message, void *handler) {
 NetlinkSocket::NetlinkSocket() : m_socket(mnl_socket_open2(NETLINK_ROUTE, SOCK_CLOEXEC)) {
     if (!m_socket)
         return;
-    // The kernel answers inside the request; the limit only guards against its not doing so.
+    // The kernel has answered when sendto() returns. The time-out is for a kernel that does not.
     const timeval limit{0, 200'000};
     setsockopt(descriptor(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     if (mnl_socket_bind(m_socket, 0, MNL_SOCKET_AUTOPID) < 0) {
@@ -53,7 +53,7 @@ bool NetlinkSocket::join(std::initializer_list<int> groups) {
 }
 
 bool NetlinkSocket::request(nlmsghdr *message, const Handler &handler) {
-    // The acknowledgement marks the end of an answer that is not a dump.
+    // Only a dump has an end message of its own. The acknowledgement ends any other answer.
     message->nlmsg_flags |= NLM_F_REQUEST | NLM_F_ACK;
     message->nlmsg_seq = ++m_sequence;
     if (mnl_socket_sendto(m_socket, message, message->nlmsg_len) < 0)

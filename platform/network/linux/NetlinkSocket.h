@@ -11,8 +11,8 @@ struct nlmsghdr;
 
 namespace velmora {
 
-/// A routing socket of the kernel. Requests are answered by the kernel at once; a socket that
-/// joined groups is for listening only. One thread at a time.
+/// A NETLINK_ROUTE socket. It is used either for requests, which the kernel answers at once, or for
+/// the events of the groups that it has joined. One thread at a time.
 class NetlinkSocket {
 public:
     using Handler = std::function<void(const nlmsghdr *)>;
@@ -22,18 +22,19 @@ public:
     NetlinkSocket(const NetlinkSocket &) = delete;
     NetlinkSocket &operator=(const NetlinkSocket &) = delete;
 
-    /// False, with errno set, when the kernel gave no socket.
+    /// False when the constructor could not open the socket, and has set errno.
     bool isOpen() const { return m_socket != nullptr; }
     int descriptor() const;
 
-    /// Asks to be told of the events of these groups. False, with errno set, when refused.
+    /// Subscribes to the events of multicast groups (RTNLGRP_*). False, with errno set, when the
+    /// kernel refuses.
     bool join(std::initializer_list<int> groups);
 
-    /// Sends a request and hands every message of the answer to the handler. False, with errno
-    /// set, when the kernel answered with an error.
+    /// Sends a request and calls the handler for every message of the answer. False, with errno
+    /// set, when the kernel answers with an error or not in time.
     bool request(nlmsghdr *message, const Handler &handler);
 
-    /// Throws away the events that wait, and the mark that some were lost.
+    /// Discards all received events, and the error state (ENOBUFS) that tells of lost ones.
     void drain();
 
 private:

@@ -18,10 +18,10 @@ namespace velmora {
 
 namespace {
 
-// One change of the network makes a burst of events.
+// A change of the network causes many events at once. They are collected for this long.
 constexpr int SettleMilliseconds = 20;
 
-// The name service is often ready a little later than the route that leads to it.
+// After a change of routes the name service often needs a few seconds until it answers.
 constexpr int LookupRetries = 4;
 constexpr int FirstRetryMilliseconds = 1000;
 
@@ -35,7 +35,7 @@ ReachabilityFlags flagsOf(NetlinkRoutes &routes, const RouteTarget &target,
     return flags;
 }
 
-// The name in the resolver's form; empty when it can be none.
+// The name as getaddrinfo() takes it; empty when it is not a possible host name.
 QByteArray resolverName(const QString &name) {
     constexpr qsizetype LongestName = 254; // with the final dot
     const QByteArray utf8 = name.toUtf8();
@@ -43,14 +43,15 @@ QByteArray resolverName(const QString &name) {
     return result.size() <= LongestName && !result.contains('\0') ? result : QByteArray();
 }
 
-// From one start to the stop. Its thread owns it and outlives the monitor when it must.
+// The watching thread's state, from start() to stop(). The thread shares it with the monitor, and
+// keeps it when the monitor is destroyed first.
 class Watch {
 public:
     Watch(const RouteTarget &target, std::shared_ptr<HostLookup> lookup,
           RouteMonitor::Callback callback)
         : m_target(target), m_lookup(std::move(lookup)), m_callback(std::move(callback)) {}
 
-    // The events are asked for before the first look, so that no change falls between.
+    // Subscribes before it reads the flags, so that no change in between is missed.
     bool prepare() {
         if (!m_routes.isOpen() || !m_events.isOpen() ||
             !m_events.join({RTNLGRP_LINK, RTNLGRP_IPV4_IFADDR, RTNLGRP_IPV6_IFADDR,
@@ -74,15 +75,15 @@ public:
         int retries = 0;
         int timeout = -1;
         for (;;) {
-            const Wakening reason = wait(true, timeout);
-            if (reason == Wakening::Network) {
+            const WakeReason reason = wait(true, timeout);
+            if (reason == WakeReason::Network) {
                 wait(false, SettleMilliseconds);
                 m_events.drain();
                 retries = 0;
             }
             if (m_stopped)
                 return;
-            if (m_lookup && reason != Wakening::Signal)
+            if (m_lookup && reason != WakeReason::Signal)
                 m_lookup->begin(m_wake);
             m_wake->clear();
             report();
@@ -93,14 +94,14 @@ public:
     }
 
 private:
-    enum class Wakening { Signal, Network, Timeout };
+    enum class WakeReason { Signal, Network, Timeout };
 
-    Wakening wait(bool withNetwork, int timeout) {
+    WakeReason wait(bool withNetwork, int timeout) {
         pollfd sources[] = {{m_wake->descriptor(), POLLIN, 0}, {m_events.descriptor(), POLLIN, 0}};
         const int ready = poll(sources, withNetwork ? 2 : 1, timeout);
         if (ready == 0)
-            return Wakening::Timeout;
-        return ready > 0 && sources[1].revents ? Wakening::Network : Wakening::Signal;
+            return WakeReason::Timeout;
+        return ready > 0 && sources[1].revents ? WakeReason::Network : WakeReason::Signal;
     }
 
     void report() {
@@ -177,16 +178,16 @@ RouteMonitor::StartResult RouteMonitor::start(Callback callback, QString *error)
     const std::lock_guard lock(m_d->mutex);
     m_d->detach();
     auto watch = std::make_shared<Watch>(m_d->target, m_d->lookup, std::move(callback));
-    const auto giveReason = [error] {
+    const auto reportErrno = [error] {
         if (error)
             *error = qt_error_string(errno);
     };
     if (!watch->prepare()) {
-        giveReason();
+        reportErrno();
         return StartResult::CallbackRefused;
     }
     if (!watch->canWake()) {
-        giveReason();
+        reportErrno();
         return StartResult::QueueRefused;
     }
     if (!startBackgroundThread(

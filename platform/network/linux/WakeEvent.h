@@ -8,7 +8,7 @@
 
 namespace velmora {
 
-/// Wakes a thread that polls the descriptor. Any thread may signal.
+/// An eventfd that wakes a thread which waits for the descriptor in poll(). Any thread may signal.
 class WakeEvent {
 public:
     WakeEvent() : m_descriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
@@ -19,7 +19,7 @@ public:
     WakeEvent(const WakeEvent &) = delete;
     WakeEvent &operator=(const WakeEvent &) = delete;
 
-    /// False, with errno set by the construction, when the process has no descriptor left.
+    /// False when the process has no file descriptor left; the constructor has then set errno.
     bool isValid() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
 

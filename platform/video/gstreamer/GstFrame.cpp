@@ -9,7 +9,7 @@ namespace velmora {
 
 namespace {
 
-// Keeps its buffer. The sample is not kept: the sink uses it again for what comes next.
+// A mapped buffer, which the mapping keeps. The sample is not kept, because the sink reuses it.
 struct MappedFrame {
     GstVideoFrame frame{};
     bool isMapped = false;

@@ -7,12 +7,12 @@
 
 namespace velmora {
 
-/// The format that GstFrame::image() takes, as it stands in capabilities: 32 bits a pixel in
-/// the machine's own byte order.
+/// The pixel format that gstFrameImage() takes, as GStreamer names it in capabilities. It has the
+/// memory layout of QImage::Format_RGB32.
 const char *gstFrameFormat();
 
-/// The picture of a sample as an image that shares the pixels and keeps them. A null image when
-/// it is not in the format.
+/// Returns a sample's picture as an image, without copying: the image keeps the sample's buffer
+/// until it is destroyed. A null image when the picture has another format. Any thread.
 QImage gstFrameImage(GstSample *sample);
 
 } // namespace velmora

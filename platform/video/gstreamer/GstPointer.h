@@ -23,7 +23,7 @@ struct GlibErrorRelease {
     void operator()(GError *error) const { g_error_free(error); }
 };
 
-/// One reference to an object of the media framework.
+/// Owns one reference to a GstObject.
 template<class T>
 using GstPointer = std::unique_ptr<T, GstObjectRelease>;
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GstSoundSink.h"
 
+#include "BackgroundThread.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 namespace velmora {
@@ -14,11 +14,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Much more than a sound server needs to answer, and little enough to wait for with a picture.
+// A sound server answers much faster. The first picture of a video waits as long.
 constexpr auto LongestOpening = 700ms;
 
-// In this order, rather than by asking for whatever there is: some others are no sound devices,
-// and some write to the host's standard error when they find no server.
+// The sinks to try, in this order. Not autoaudiosink, which tries all sinks: some of them are no
+// sound devices, and some write to the host's standard error when they find no server.
 constexpr const char *Candidates[] = {"pulsesink", "alsasink"};
 
 GstPointer<GstElement> openFirst() {
@@ -59,13 +59,12 @@ void open(const std::shared_ptr<Opening> &opening) {
 } // namespace
 
 GstPointer<GstElement> openGstSoundSink() {
-    // A server that hangs holds up whoever calls it, and nothing interrupts that.
+    // On a thread of its own, because opening a device blocks as long as the server hangs, and
+    // can't be interrupted.
     const auto opening = std::make_shared<Opening>();
-    try {
-        std::thread([opening] { open(opening); }).detach();
-    } catch (const std::system_error &) {
+    if (!startBackgroundThread(
+            "velmora-sound", [opening] { open(opening); }, nullptr))
         return nullptr;
-    }
     std::unique_lock lock(opening->mutex);
     opening->isGivenUp =
         !opening->done.wait_for(lock, LongestOpening, [&] { return opening->isDone; });

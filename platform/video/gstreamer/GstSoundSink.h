@@ -5,8 +5,9 @@
 
 namespace velmora {
 
-/// An open way to the system's sound, or null when there is no device, no sound server, or one
-/// that does not answer within a moment. Not on the main thread.
+/// Makes a sink that has opened the system's sound device. Returns null when there is no device and
+/// no sound server, or when the server does not answer within 0.7 seconds. Blocks as long, so not
+/// on the main thread.
 GstPointer<GstElement> openGstSoundSink();
 
 } // namespace velmora

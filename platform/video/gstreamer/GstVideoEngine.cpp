@@ -6,57 +6,21 @@
 
 #include <QtCore/QFile>
 
-#include <algorithm>
-#include <cstring>
-#include <mutex>
-
 namespace velmora {
 
 namespace {
 
-constexpr int SkipFactory = 2; // what "autoplug-select" takes; its type is not public
-constexpr int TryFactory = 0;
-
+// How long a pipeline that is opening may have no running thread before that counts as a failure.
 constexpr qint64 LongestIdleMs = 300;
+// The longest wait for a change of the pipeline's state.
 constexpr GstClockTime LongestChange = 2 * GST_SECOND;
 
 double seconds(GstClockTime time) {
     return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
 }
 
-// More than any screen has: the decoder's memory is the host's, and a small file can ask for
-// gigabytes of it.
-constexpr int LargestSide = 4096;
-
-// What one thread decodes in a fraction of its time; more of them cost more than they help.
-constexpr int LargestForOneThread = 1280;
-
-// The longer side of the pictures; 0 when the format does not tell.
-int longerSide(const GstCaps *caps) {
-    const GstStructure *format = gst_caps_get_structure(caps, 0);
-    int width = 0;
-    int height = 0;
-    if (!gst_structure_get_int(format, "width", &width) ||
-        !gst_structure_get_int(format, "height", &height))
-        return 0;
-    return std::max(width, height);
-}
-
-// A file from a server may be a playlist, a project or a session description in disguise: what
-// would make it reach for the network or for other files does not take part. A still is no video.
-bool isWanted(GstElementFactory *factory, const GstCaps *caps) {
-    if (g_str_has_prefix(gst_structure_get_name(gst_caps_get_structure(caps, 0)), "image/"))
-        return false;
-    const char *kind = gst_element_factory_get_metadata(factory, GST_ELEMENT_METADATA_KLASS);
-    for (const char *refused : {"Adaptive", "Editing", "Network", "Source"}) {
-        if (kind && std::strstr(kind, refused))
-            return false;
-    }
-    return true;
-}
-
-// Whether a thread runs any of the elements, waiting for its turn included.
-bool isAtWork(GstElement *pipeline) {
+// Whether a thread is started for any of the elements, also one that is waiting.
+bool hasRunningThread(GstElement *pipeline) {
     bool found = false;
     const auto lookAt = [](const GValue *value, gpointer result) {
         auto *element = GST_ELEMENT(g_value_get_object(value));
@@ -75,51 +39,27 @@ bool isAtWork(GstElement *pipeline) {
     return found;
 }
 
-// Square pixels, upright, and no larger than an image may sensibly be.
+// The elements that pictures go through: turned upright, with square pixels, in the format of
+// QImage and with limited size. The sink keeps the latest two, and drops the older one when nobody
+// takes it.
 QByteArray pictureDescription() {
     const GstPointer<GstElementFactory> flip(gst_element_factory_find("videoflip"));
+    const QByteArray side = "[1," + QByteArray::number(GstDecoder::LargestSide) + ']';
     return QByteArray("queue max-size-buffers=3 max-size-bytes=0 max-size-time=0 ! ") +
            (flip ? "videoflip video-direction=auto ! " : "") +
            "videoconvert ! videoscale ! video/x-raw,format=" + gstFrameFormat() +
-           ",pixel-aspect-ratio=1/1,width=[1,4096],height=[1,4096] ! "
+           ",pixel-aspect-ratio=1/1,width=" + side + ",height=" + side +
+           " ! "
            "appsink name=pictures max-buffers=2 drop=true sync=true enable-last-sample=false";
 }
 
 } // namespace
 
-// Messages may still be on their way when the engine goes.
-struct GstVideoEngine::BusTap {
-    std::mutex mutex;
-    GstVideoEngine *engine = nullptr;
-};
-
-// What the media framework calls, on threads of the pipeline's.
+// What GStreamer calls, on the pipeline's threads.
 struct GstVideoEngine::Callbacks {
     static GstVideoEngine *engine(gpointer data) { return static_cast<GstVideoEngine *>(data); }
 
-    static GstBusSyncReply message(GstBus *, GstMessage *message, gpointer data) {
-        const auto &tap = *static_cast<std::shared_ptr<BusTap> *>(data);
-        const std::lock_guard lock(tap->mutex);
-        if (tap->engine)
-            tap->engine->heard(message);
-        gst_message_unref(message);
-        return GST_BUS_DROP;
-    }
-
-    static void dropTap(gpointer data) { delete static_cast<std::shared_ptr<BusTap> *>(data); }
-
-    static int chooseFactory(GstElement *, GstPad *, GstCaps *caps, GstElementFactory *factory,
-                             gpointer data) {
-        return engine(data)->accepts(caps) && isWanted(factory, caps) ? TryFactory : SkipFactory;
-    }
-
-    static void partAdded(GstBin *, GstElement *part, gpointer data) {
-        if (engine(data)->m_isSmall &&
-            g_object_class_find_property(G_OBJECT_GET_CLASS(part), "max-threads"))
-            g_object_set(part, "max-threads", 1, nullptr);
-    }
-
-    static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->decoded(pad); }
+    static void padAdded(GstElement *, GstPad *pad, gpointer data) { engine(data)->addStream(pad); }
 
     static GstFlowReturn newPreroll(GstAppSink *sink, gpointer data) {
         const GstSamplePointer sample(gst_app_sink_try_pull_preroll(sink, 0));
@@ -142,21 +82,16 @@ struct GstVideoEngine::Callbacks {
 };
 
 GstVideoEngine::GstVideoEngine(VideoEngineListener *listener)
-    : m_listener(listener), m_tap(std::make_shared<BusTap>()) {
-    m_tap->engine = this;
-}
+    : m_listener(listener), m_decoder(listener), m_bus(listener) {}
 
 GstVideoEngine::~GstVideoEngine() {
-    {
-        const std::lock_guard lock(m_tap->mutex);
-        m_tap->engine = nullptr;
-    }
+    m_bus.stop();
     if (m_pipeline)
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
 }
 
 void GstVideoEngine::warmUp() {
-    // Of an MP4 file with H.264 and AAC, and of what every pipeline here is made of.
+    // The plugins for MP4 files with H.264 and AAC, and those of every pipeline here.
     for (const char *name :
          {"qtdemux", "h264parse", "avdec_h264", "avdec_aac", "filesrc", "decodebin", "videoflip",
           "videoconvert", "videoscale", "appsink", "audioconvert", "audioresample", "volume"}) {
@@ -169,12 +104,10 @@ void GstVideoEngine::warmUp() {
 void GstVideoEngine::load(const VideoSource &source) {
     m_wantsSound = source.sound;
     m_pipeline.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
-    const GstPointer<GstBus> bus(gst_element_get_bus(m_pipeline.get()));
-    gst_bus_set_sync_handler(bus.get(), Callbacks::message, new std::shared_ptr<BusTap>(m_tap),
-                             Callbacks::dropTap);
+    m_bus.start(m_pipeline.get());
 
     GstElement *file = gst_element_factory_make("filesrc", nullptr);
-    GstElement *decoder = gst_element_factory_make("decodebin", nullptr);
+    GstElement *decoder = m_decoder.create();
     if (!file || !decoder) {
         for (GstElement *element : {file, decoder}) {
             if (element)
@@ -184,10 +117,6 @@ void GstVideoEngine::load(const VideoSource &source) {
             QStringLiteral("the package gstreamer1.0-plugins-base is missing"), false);
     }
     g_object_set(file, "location", QFile::encodeName(source.path).constData(), nullptr);
-    // Decoders on graphics hardware drag drivers into the host, and save little at this size.
-    g_object_set(decoder, "force-sw-decoders", TRUE, nullptr);
-    g_signal_connect(decoder, "autoplug-select", G_CALLBACK(Callbacks::chooseFactory), this);
-    g_signal_connect(decoder, "element-added", G_CALLBACK(Callbacks::partAdded), this);
     g_signal_connect(decoder, "pad-added", G_CALLBACK(Callbacks::padAdded), this);
     gst_bin_add_many(GST_BIN(m_pipeline.get()), file, decoder, nullptr);
     gst_element_link(file, decoder);
@@ -201,10 +130,10 @@ void GstVideoEngine::setState(GstState state) {
         m_listener->failed(QStringLiteral("the pipeline refuses to start"), false);
 }
 
-// The decoder swallows the error of a part that gives up while it is being fitted in. Nothing is
-// heard of it any more then, and no thread of the pipeline has anything to do.
+// The decoder ignores the error of a plugin that fails while it is added to the pipeline. No
+// message follows then, and no thread of the pipeline is running.
 void GstVideoEngine::checkOpening() {
-    if (!m_pipeline || m_isPrepared || isAtWork(m_pipeline.get()))
+    if (!m_pipeline || m_bus.isPrepared() || hasRunningThread(m_pipeline.get()))
         m_idleTime.invalidate();
     else if (!m_idleTime.isValid())
         m_idleTime.start();
@@ -214,7 +143,7 @@ void GstVideoEngine::checkOpening() {
 
 void GstVideoEngine::opened() {
     m_isOpened = true;
-    settle();
+    waitForState();
     if (m_wantsToPlay)
         play();
 }
@@ -224,7 +153,7 @@ void GstVideoEngine::play() {
     if (!m_isOpened)
         return;
     setState(GST_STATE_PLAYING);
-    settle();
+    waitForState();
 }
 
 void GstVideoEngine::pause() {
@@ -232,24 +161,23 @@ void GstVideoEngine::pause() {
     if (!m_isOpened)
         return;
     setState(GST_STATE_PAUSED);
-    settle();
+    waitForState();
 }
 
-// A pipeline that is asked for another state while it is on its way to one may stop half-way for
-// good.
-void GstVideoEngine::settle() {
+// Waits until a change of state is complete: a pipeline that gets the next change before may hang.
+void GstVideoEngine::waitForState() {
     if (m_pipeline)
         gst_element_get_state(m_pipeline.get(), nullptr, nullptr, LongestChange);
 }
 
 void GstVideoEngine::seek(double target) {
-    if (!m_isPrepared)
+    if (!m_bus.isPrepared())
         return;
     const auto flags = GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     if (!gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME, flags,
                                  gint64(target * GST_SECOND)))
         return m_listener->remark(QStringLiteral("it cannot be sent to another place"));
-    settle();
+    waitForState();
 }
 
 void GstVideoEngine::setMuted(bool muted) {
@@ -274,28 +202,20 @@ double GstVideoEngine::durationSeconds() {
 
 // On the pipeline's threads from here.
 
-bool GstVideoEngine::accepts(const GstCaps *caps) {
-    const int side = longerSide(caps);
-    if (side > 0)
-        m_isSmall = side <= LargestForOneThread;
-    if (side <= LargestSide)
-        return true;
-    m_listener->failed(QStringLiteral("its pictures are too large"), false);
-    return false;
-}
-
-void GstVideoEngine::decoded(GstPad *pad) {
+void GstVideoEngine::addStream(GstPad *pad) {
     const GstCapsPointer caps(gst_pad_get_current_caps(pad));
     if (!caps)
         return;
     const char *kind = gst_structure_get_name(gst_caps_get_structure(caps.get(), 0));
-    // Of several streams of a kind, the first.
-    if (!accepts(caps.get()))
+    if (!m_decoder.accepts(caps.get()))
         return;
-    if (g_str_has_prefix(kind, "video/") && !m_hasPictures.exchange(true))
+    // Only the first stream of each kind is played.
+    if (g_str_has_prefix(kind, "video/") && !m_hasPictures.exchange(true)) {
+        m_bus.setHasPictures();
         showPictures(pad);
-    else if (g_str_has_prefix(kind, "audio/") && !m_hasSound.exchange(true))
+    } else if (g_str_has_prefix(kind, "audio/") && !m_hasSound.exchange(true)) {
         playSound(pad);
+    }
 }
 
 GstElement *GstVideoEngine::addPart(const char *description) {
@@ -331,7 +251,7 @@ void GstVideoEngine::playSound(GstPad *pad) {
     GstPointer<GstElement> device = m_wantsSound ? openGstSoundSink() : nullptr;
     if (m_wantsSound && !device)
         m_listener->remark(QStringLiteral("no sound device answers, so it plays without"));
-    // What nobody hears only keeps its time.
+    // Without a device, a sink that discards the sound at the right time keeps the pipeline going.
     GstElement *part =
         addPart(device ? "queue ! audioconvert ! audioresample ! volume name=volume" : "queue");
     if (!part)
@@ -342,10 +262,11 @@ void GstVideoEngine::playSound(GstPad *pad) {
     if (!device)
         g_object_set(sink, "sync", TRUE, nullptr);
     gst_bin_add(GST_BIN(m_pipeline.get()), sink);
-    // The bin has a reference of its own now.
+    // The bin has taken a reference of its own.
     if (device)
         gst_object_unref(sink);
-    m_soundSink = sink;
+    if (m_wantsSound)
+        m_bus.setSoundSink(sink);
     const GstPointer<GstPad> end(gst_element_get_static_pad(sink, "sink"));
     gst_pad_add_probe(end.get(), GST_PAD_PROBE_TYPE_BUFFER, Callbacks::soundBuffer, this, nullptr);
     gst_element_link(part, sink);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "GstBusReader.h"
+#include "GstDecoder.h"
 #include "GstPointer.h"
 #include "VideoEngine.h"
 
@@ -9,12 +11,11 @@
 #include <gst/app/gstappsink.h>
 
 #include <atomic>
-#include <memory>
 
 namespace velmora {
 
-/// Plays with GStreamer: decodes in software, keeps time by the sound device where there is
-/// one, and hands each picture over at its time, on a thread of the pipeline's.
+/// Plays with GStreamer: decodes in software, plays at the speed of the sound device if there is
+/// one, and calls the listener with each picture when it is due, on a thread of the pipeline.
 class GstVideoEngine final : public VideoEngine {
 public:
     explicit GstVideoEngine(VideoEngineListener *listener);
@@ -31,41 +32,33 @@ public:
     double durationSeconds() override;
 
 private:
-    struct BusTap;
     struct Callbacks;
 
-    bool accepts(const GstCaps *caps);
-    void decoded(GstPad *pad);
+    // Called on the pipeline's threads.
+    void addStream(GstPad *pad);
     void showPictures(GstPad *pad);
     void playSound(GstPad *pad);
     GstElement *addPart(const char *description);
-    void applyMuted();
     void showSample(GstSample *sample);
     void soundMoved(GstBuffer *buffer);
 
-    void heard(GstMessage *message);
-    void heardError(GstMessage *message);
-    void heardMissing(GstMessage *message);
+    // Also called on the pipeline's threads.
+    void applyMuted();
+
     void setState(GstState state);
-    void settle();
+    void waitForState();
 
     VideoEngineListener *m_listener;
+    GstDecoder m_decoder;
+    GstBusReader m_bus;
     GstPointer<GstElement> m_pipeline;
-    std::shared_ptr<BusTap> m_tap;
     bool m_wantsSound = true;
     bool m_wantsToPlay = false;
     bool m_isOpened = false;
     QElapsedTimer m_idleTime;
     std::atomic<bool> m_muted = false;
-    std::atomic<bool> m_isPrepared = false;
-    std::atomic<bool> m_isSmall = false;
     std::atomic<bool> m_hasPictures = false;
     std::atomic<bool> m_hasSound = false;
-    // What plays the sound; in the pipeline and kept by it.
-    std::atomic<GstElement *> m_soundSink = nullptr;
-    // What a package is missing for, from the bus; guarded by the tap.
-    QString m_missing;
-    bool m_isPictureMissing = false;
 };
 
 } // namespace velmora

@@ -8,9 +8,9 @@ using velmora::VideoEngineListener;
 
 namespace {
 
-// Empty when the media framework is ready for use.
+// Initialises GStreamer. Returns the error, empty on success.
 QString initialise() {
-    // The host's own crash handlers stay in place while plugins are looked over.
+    // Otherwise GStreamer replaces the host's crash handlers while it scans plugins.
     gst_segtrap_set_enabled(FALSE);
     GError *error = nullptr;
     if (gst_init_check(nullptr, nullptr, &error))

@@ -8,7 +8,7 @@ namespace velmora {
 
 namespace {
 
-// The lists of a freedesktop desktop in which an application declares itself for a scheme.
+// The freedesktop.org files that list the default applications of MIME types and schemes.
 QStringList associationLists() {
     return QStandardPaths::locateAll(QStandardPaths::GenericConfigLocation,
                                      QStringLiteral("mimeapps.list")) +

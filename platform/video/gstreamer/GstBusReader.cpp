@@ -1,15 +1,51 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "GstVideoEngine.h"
+#include "GstBusReader.h"
 
 #include <gst/pbutils/pbutils.h>
 
 #include <cstring>
-
-// What the pipeline tells, on its threads and under the lock of the tap.
+#include <mutex>
 
 namespace velmora {
 
-void GstVideoEngine::heard(GstMessage *message) {
+// The bus shares it with the reader, because threads of the pipeline may still post messages when
+// the reader is destroyed. The mutex is locked while a message is read.
+struct GstBusReader::Tap {
+    std::mutex mutex;
+    GstBusReader *reader = nullptr;
+};
+
+GstBusReader::GstBusReader(VideoEngineListener *listener)
+    : m_listener(listener), m_tap(std::make_shared<Tap>()) {
+    m_tap->reader = this;
+}
+
+GstBusReader::~GstBusReader() {
+    stop();
+}
+
+void GstBusReader::start(GstElement *pipeline) {
+    const GstPointer<GstBus> bus(gst_element_get_bus(pipeline));
+    const auto release = [](gpointer tap) { delete static_cast<std::shared_ptr<Tap> *>(tap); };
+    gst_bus_set_sync_handler(bus.get(), receive, new std::shared_ptr<Tap>(m_tap), release);
+}
+
+void GstBusReader::stop() {
+    const std::lock_guard lock(m_tap->mutex);
+    m_tap->reader = nullptr;
+}
+
+GstBusSyncReply GstBusReader::receive(GstBus *, GstMessage *message, gpointer data) {
+    const auto &tap = *static_cast<std::shared_ptr<Tap> *>(data);
+    const std::lock_guard lock(tap->mutex);
+    if (tap->reader)
+        tap->reader->read(message);
+    gst_message_unref(message);
+    return GST_BUS_DROP;
+}
+
+void GstBusReader::read(GstMessage *message) {
+    // While the source is opened, every message is progress.
     if (!m_isPrepared)
         m_listener->moved(0, 0);
     switch (GST_MESSAGE_TYPE(message)) {
@@ -23,36 +59,36 @@ void GstVideoEngine::heard(GstMessage *message) {
         m_listener->ended();
         break;
     case GST_MESSAGE_ERROR:
-        heardError(message);
+        readError(message);
         break;
     case GST_MESSAGE_ELEMENT:
         if (gst_is_missing_plugin_message(message))
-            heardMissing(message);
+            readMissingPlugin(message);
         break;
     default:
         break;
     }
 }
 
-void GstVideoEngine::heardError(GstMessage *message) {
+void GstBusReader::readError(GstMessage *message) {
     GError *rawError = nullptr;
     char *rawDetail = nullptr;
     gst_message_parse_error(message, &rawError, &rawDetail);
     const GlibError error(rawError);
     const GlibString detail(rawDetail);
     const QString text = QString::fromUtf8(error->message);
-    const bool isSound =
-        m_wantsSound && m_soundSink && GST_MESSAGE_SRC(message) == GST_OBJECT(m_soundSink.load());
+    const GstElement *soundSink = m_soundSink;
+    const bool isSound = soundSink && GST_MESSAGE_SRC(message) == GST_OBJECT_CAST(soundSink);
     m_listener->failed(m_missing.isEmpty() ? text : m_missing + QStringLiteral(": ") + text,
                        isSound);
 }
 
-void GstVideoEngine::heardMissing(GstMessage *message) {
+void GstBusReader::readMissingPlugin(GstMessage *message) {
     const GlibString detail(gst_missing_plugin_message_get_installer_detail(message));
     const GlibString name(gst_missing_plugin_message_get_description(message));
     const bool isDecoder = detail && std::strstr(detail.get(), "|decoder-");
     const bool isPicture = detail && std::strstr(detail.get(), "|decoder-video/");
-    // Those that nearly every video needs; others are told by the name alone.
+    // The packages that nearly every video needs. The plugin's name tells what else may be missing.
     const QString text = QStringLiteral("%1 is missing; try the package %2")
                              .arg(QString::fromUtf8(name.get()),
                                   isDecoder ? QStringLiteral("gstreamer1.0-libav")

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "OverlayMount.h"
+
+#include "Animator.h"
+
+#include <utility>
+
+namespace velmora {
+
+OverlayMount::OverlayMount(QWidget *view, QWidget *superview, OverlayFocus &focus,
+                           std::function<void()> containerLost)
+    : m_view(view),
+      m_superview(superview),
+      m_focus(focus),
+      m_containerLost(std::move(containerLost)) {
+    view->hide();
+    becomeChild();
+}
+
+void OverlayMount::becomeChild() {
+    // Qt looks for the widget that Tab leads to within the nearest window or sub-window, so a
+    // sub-window keeps Tab inside the view.
+    constexpr auto Type = Qt::WindowFlags(Qt::WindowType_Mask);
+    m_view->setParent(m_superview, (m_view->windowFlags() & ~Type) | Qt::SubWindow);
+}
+
+void OverlayMount::enterContainer(bool hidden) {
+    Animator::setHiddenNow(m_view, hidden);
+    const QPointer<QWidget> inner = m_view->focusWidget();
+    m_container = std::make_unique<OverlayContainer>(m_superview, m_containerLost);
+    // Before the view leaves the window: Qt would otherwise give its focus to a covered widget.
+    m_focus.setHolder(focusHolder());
+    m_container->setView(m_view);
+    m_container->setFrame(m_frame);
+    if (inner)
+        inner->setFocus(Qt::OtherFocusReason);
+    if (hidden)
+        return;
+    m_view->show();
+    m_container->setVisible(true);
+    raise();
+}
+
+void OverlayMount::leaveContainer() {
+    if (!m_container)
+        return;
+    becomeChild();
+    m_container.reset();
+    m_focus.setHolder(focusHolder());
+}
+
+void OverlayMount::setFrame(const QRect &frame) {
+    m_frame = frame;
+    if (m_container)
+        m_container->setFrame(frame);
+    else
+        m_view->setGeometry(frame);
+}
+
+void OverlayMount::setHidden(bool hidden, void (*set)(QWidget *, bool)) {
+    if (m_container) {
+        m_view->setVisible(!hidden);
+        m_container->setVisible(!hidden);
+    } else {
+        set(m_view, hidden);
+    }
+}
+
+bool OverlayMount::isOnTop() const {
+    return m_container ? m_container->isLastChild() : topmostChild(m_superview) == m_view;
+}
+
+void OverlayMount::raise() {
+    if (m_container)
+        m_container->raise();
+    else
+        m_view->raise();
+}
+
+QWidget *OverlayMount::focusHolder() const {
+    return m_container ? m_container->keyProxy() : m_view.data();
+}
+
+QWindow *OverlayMount::nativeWindow() const {
+    return m_container ? m_container->window() : m_view->windowHandle();
+}
+
+} // namespace velmora

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "VideoEngine.h"
+
+#include <gst/gst.h>
+
+#include <atomic>
+
+namespace velmora {
+
+/// Makes the pipeline's decoder, and limits what an untrusted file may do with it: which plugins
+/// are used, how large pictures are, and how many threads decode them. Lives as long as the
+/// pipeline is not in the state NULL, because the decoder calls it on the pipeline's threads.
+class GstDecoder {
+public:
+    /// The longest side of a picture in pixels, more than most screens have. It limits the
+    /// decoder's memory, of which a small file may otherwise claim gigabytes.
+    static constexpr int LargestSide = 4096;
+
+    /// @param listener told of a failure when the pictures are too large
+    explicit GstDecoder(VideoEngineListener *listener) : m_listener(listener) {}
+
+    /// Makes the decoder element; null when the plugin is missing. A floating reference.
+    GstElement *create();
+
+    /// False, with the listener told, when a stream's pictures are too large. Any thread.
+    bool accepts(const GstCaps *caps);
+
+private:
+    static int choosePlugin(GstElement *, GstPad *, GstCaps *caps, GstElementFactory *factory,
+                            gpointer decoder);
+    static void elementAdded(GstBin *, GstElement *element, gpointer decoder);
+
+    VideoEngineListener *const m_listener;
+    std::atomic<bool> m_isSmall = false;
+};
+
+} // namespace velmora
