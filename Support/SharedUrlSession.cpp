@@ -3,10 +3,9 @@
 
 #include "Deployment.h"
 #include "ProcessRoot.h"
+#include "Switches.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtNetwork/QNetworkAccessManager>
-#include <QtNetwork/QSslConfiguration>
 
 #include <mutex>
 
@@ -19,6 +18,7 @@ UrlSession::Configuration configuration() {
     const Deployment &deployment = Deployment::current();
     configuration.privateHost = QUrl(deployment.acsURL).host();
     configuration.privateAuthorities = deployment.adServerAuthorities;
+    configuration.isAllowed = [] { return !Switches::isADSRemoved(); };
     return configuration;
 }
 
@@ -46,9 +46,6 @@ SharedUrlSession::~SharedUrlSession() {
 
 UrlSession &SharedUrlSession::shared() {
     static const bool prepared = [] {
-        // Makes what the network thread leans on, so that exit() takes the thread away first.
-        QSslConfiguration::defaultConfiguration();
-        const QNetworkAccessManager registersItsTypes;
         ProcessRoot::dropAtExit();
         qAddPreRoutine([] {
             if (const auto session = existing())
@@ -58,6 +55,11 @@ UrlSession &SharedUrlSession::shared() {
     }();
     Q_UNUSED(prepared)
     return *ProcessRoot::get<SharedUrlSession>().m_session;
+}
+
+void SharedUrlSession::cancelAll() {
+    if (const auto session = existing())
+        session->cancelAll();
 }
 
 std::shared_ptr<UrlSession> SharedUrlSession::existing() {

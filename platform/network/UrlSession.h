@@ -4,10 +4,7 @@
 #include <Velmora/Timer.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QList>
-#include <QtCore/QPair>
 #include <QtCore/QString>
-#include <QtCore/QThread>
 #include <QtCore/QUrl>
 
 #include <functional>
@@ -24,24 +21,25 @@ struct UrlRequest {
     QUrl url;
     QByteArray method = "GET";
     QByteArray body;
-    QList<QPair<QByteArray, QByteArray>> headers;
     /// Where the body is written, atomically and only when it arrived whole; its folder is made
     /// if it is missing. Empty keeps the body in memory.
     QString destination;
-    /// A longer body counts as an error.
-    qint64 largestBody = 16 * 1024 * 1024;
-    /// The reply's arrival is all that matters: its body is not read.
+    /// A longer body counts as an error; measured after decompression.
+    qint64 largestBody = qint64(16) * 1024 * 1024;
+    /// The request fails when it takes longer than this, and so does each that a redirect leads to;
+    /// milliseconds.
+    int wholeTimeoutMs = 60'000;
+    /// Only the reply's head matters: its body is not read.
     bool ignoresBody = false;
-    /// Reaches the server once at most: on a connection of its own, since one that was idle may
-    /// be closed already, and not again when that breaks without a reply. A redirect's target is
-    /// asked once, too.
+    /// Reaches the server once at most: on a connection of its own, since an idle one may be
+    /// closed already and would have the request repeated. A redirect's target is asked once, too.
     bool onlyOnce = false;
 };
 
-/// How a task ended. The HTTP status is told but never judged: any reply is a success.
+/// How a task ended. The HTTP status is reported but never judged: any reply is a success.
 struct UrlResponse {
-    /// Empty unless the transport failed, the body was torn or too long, or could not be
-    /// written.
+    /// Empty on success. Otherwise why there is no reply, or why its body is torn, too long or
+    /// could not be written.
     QString error;
     int status = 0;
     QByteArray body;
@@ -61,12 +59,11 @@ private:
 
 using UrlTaskPtr = std::shared_ptr<UrlTask>;
 
-/// Requests over HTTP and HTTPS, carried by one worker thread that starts with the first of
-/// them. Completions are called on the main thread in the order in which the requests ended,
-/// never from inside start(). Redirects are followed when no less safe; certificates are always
-/// verified; a transfer that stays silent for the idle timeout fails. When there has been
-/// nothing to carry for a while, connections and what belongs to them are let go until the next
-/// request. Main thread only, but for fetch().
+/// Requests over HTTP and HTTPS, carried by a worker thread that lives while there is something to
+/// carry and a few seconds longer. Completions are called on the main thread in the order in which
+/// the requests ended, never from inside start(). Certificates are always verified. Redirects are
+/// followed on the same host and scheme only. Headers that identify the user or the system are
+/// never sent, and no cookies are kept. Main thread only, but for fetch() and cancelAll().
 class UrlSession {
 public:
     struct Configuration {
@@ -74,9 +71,13 @@ public:
         /// text. All other hosts are verified against the system's authorities.
         QString privateHost;
         QByteArray privateAuthorities;
+        /// A transfer that stays silent for this long fails; whole seconds, 1 at least.
         int idleTimeoutMs = 60'000;
         /// Further requests wait, in order, while so many are under way.
         int mostAtOnce = 6;
+        /// Asked before anything is sent, on any thread; a request that is not allowed fails.
+        /// Without it all are.
+        std::function<bool()> isAllowed;
     };
 
     using Completion = std::function<void(const UrlResponse &)>;
@@ -85,22 +86,24 @@ public:
     /// Closes the session. Any thread once it is closed.
     ~UrlSession();
 
-    /// Ends the session: aborts what is under way without calling its completions, and carries
-    /// nothing any more.
+    /// Ends the session and its thread: cancels what is under way without calling its completions
+    /// and refuses what comes later.
     void close();
 
     UrlTaskPtr start(const UrlRequest &request, Completion completion);
 
-    /// Begins to carry what was asked for before there was an application object, without which
-    /// no thread can serve the network.
+    /// Starts what was asked for before there was an application object, without which no
+    /// completion could be delivered.
     void wake();
+
+    /// Cancels everything that waits or is under way; it fails. Any thread.
+    void cancelAll();
 
     /// Waits for the answer. Any thread but the main one; nothing when the session ends first or
     /// there is no application object.
     std::optional<UrlResponse> fetch(const UrlRequest &request);
 
 private:
-    void startThread();
     void taskEnded();
 
     std::mutex m_closeMutex;
@@ -109,8 +112,7 @@ private:
     TimerPtr m_idleTimer;
     // Expires when the session is closed, for completions that are still posted then.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
-    QThread m_thread;
-    UrlSessionWorker *m_worker;
+    const std::shared_ptr<UrlSessionWorker> m_worker;
 };
 
 } // namespace velmora
