@@ -89,7 +89,8 @@ bool UrlTransfer::prepare() {
     set(CURLOPT_CONNECTTIMEOUT_MS, idleSeconds * 1000);
     set(CURLOPT_LOW_SPEED_LIMIT, 1L); // byte a second
     set(CURLOPT_LOW_SPEED_TIME, idleSeconds);
-    set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_request.largestBody));
+    if (!m_request.ignoresBody)
+        set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_request.largestBody));
 
     set(CURLOPT_NOSIGNAL, 1L);
     // A name server that does not answer is not waited for when the session ends.
