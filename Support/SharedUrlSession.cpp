@@ -3,10 +3,9 @@
 
 #include "Deployment.h"
 #include "ProcessRoot.h"
+#include "Switches.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtNetwork/QNetworkAccessManager>
-#include <QtNetwork/QSslConfiguration>
 
 #include <mutex>
 
@@ -19,6 +18,7 @@ UrlSession::Configuration configuration() {
     const Deployment &deployment = Deployment::current();
     configuration.privateHost = QUrl(deployment.acsURL).host();
     configuration.privateAuthorities = deployment.adServerAuthorities;
+    configuration.isAllowed = [] { return !Switches::isADSRemoved(); };
     return configuration;
 }
 
@@ -48,10 +48,6 @@ SharedUrlSession::~SharedUrlSession() {
 UrlSession &SharedUrlSession::shared() {
     // Once a program and not once a ProcessRoot, since neither registration can be undone.
     static const bool prepared = [] {
-        // Qt Network makes its global objects here, before dropAtExit() registers with exit(). So
-        // exit() ends the network thread first and destroys the objects that it uses afterwards.
-        QSslConfiguration::defaultConfiguration();
-        const QNetworkAccessManager registersItsTypes;
         ProcessRoot::dropAtExit();
         // Requests made before the application object start with it.
         qAddPreRoutine([] {
@@ -62,6 +58,11 @@ UrlSession &SharedUrlSession::shared() {
     }();
     Q_UNUSED(prepared)
     return *ProcessRoot::get<SharedUrlSession>().m_session;
+}
+
+void SharedUrlSession::cancelAll() {
+    if (const auto session = existing())
+        session->cancelAll();
 }
 
 std::shared_ptr<UrlSession> SharedUrlSession::existing() {

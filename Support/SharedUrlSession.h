@@ -7,7 +7,8 @@
 
 namespace velmora {
 
-/// The process's one URL session. It trusts the certificate authorities that Deployment names.
+/// The process's one URL session. It trusts the certificate authorities that Deployment names. All
+/// requests of the framework go through it, and it sends none while ads are removed.
 class SharedUrlSession {
 public:
     SharedUrlSession();
@@ -20,6 +21,9 @@ public:
     /// closed while the caller holds it. Any thread: only shared() makes a session, so that another
     /// thread cannot make one while the process is ending.
     static std::shared_ptr<UrlSession> existing();
+
+    /// Cancels all requests; their completions report an error. Any thread.
+    static void cancelAll();
 
 private:
     const std::shared_ptr<UrlSession> m_session;

@@ -24,7 +24,7 @@ protected:
     }
 
     UrlSession::Configuration trusting(int idleTimeoutMs = 20'000) const {
-        return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6};
+        return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6, {}};
     }
 
     UrlRequest toFile(const QString &path = QStringLiteral("/file")) const {

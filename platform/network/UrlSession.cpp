@@ -6,24 +6,39 @@
 
 #include <QtCore/QCoreApplication>
 
-#include <future>
+#include <condition_variable>
 #include <utility>
 
 namespace velmora {
 
 namespace {
+
 constexpr double IdleSeconds = 5;
-}
+
+/// Hands one response from the worker thread to a thread that waits for it.
+struct Rendezvous {
+    std::mutex mutex;
+    std::condition_variable arrived;
+    std::optional<UrlResponse> response;
+    bool isOver = false;
+
+    void finish(std::optional<UrlResponse> result) {
+        const std::lock_guard lock(mutex);
+        if (isOver)
+            return;
+        response = std::move(result);
+        isOver = true;
+        arrived.notify_all();
+    }
+};
+
+} // namespace
 
 UrlSession::UrlSession(Configuration configuration)
-    : m_worker(new UrlSessionWorker(std::move(configuration))) {
-    m_thread.setObjectName(QStringLiteral("velmora-network"));
-    m_worker->moveToThread(&m_thread);
-}
+    : m_worker(std::make_shared<UrlSessionWorker>(std::move(configuration))) {}
 
 UrlSession::~UrlSession() {
     close();
-    delete m_worker;
 }
 
 void UrlSession::close() {
@@ -35,32 +50,27 @@ void UrlSession::close() {
     m_alive.reset();
     if (m_idleTimer)
         m_idleTimer->invalidate();
-    if (m_thread.isRunning()) {
-        m_worker->stop();
-        m_thread.wait();
-    }
-}
-
-void UrlSession::startThread() {
-    if (!m_thread.isRunning() && QCoreApplication::instance())
-        m_thread.start();
+    m_worker->stop();
 }
 
 void UrlSession::wake() {
     const std::lock_guard lock(m_closeMutex);
-    if (!m_closed && m_underWay > 0)
-        startThread();
+    if (!m_closed)
+        m_worker->wake();
+}
+
+void UrlSession::cancelAll() {
+    m_worker->cancelAll();
 }
 
 UrlTaskPtr UrlSession::start(const UrlRequest &request, Completion completion) {
     auto task = std::make_shared<UrlTask>();
     if (m_idleTimer)
         m_idleTimer->invalidate();
-    ++m_underWay;
     const std::lock_guard lock(m_closeMutex);
     if (m_closed)
         return task;
-    startThread();
+    ++m_underWay;
     m_worker->enqueue({request, [this, alive = std::weak_ptr(m_alive), task,
                                  completion = std::move(completion)](UrlResponse response) {
                            MainQueue::post(
@@ -78,27 +88,25 @@ UrlTaskPtr UrlSession::start(const UrlRequest &request, Completion completion) {
 void UrlSession::taskEnded() {
     if (--m_underWay == 0)
         m_idleTimer = Timer::scheduled(IdleSeconds, Timer::Kind::OneShot,
-                                       [this] { m_worker->closeIdleConnections(); });
+                                       [this] { m_worker->endWhenIdle(); });
 }
 
 std::optional<UrlResponse> UrlSession::fetch(const UrlRequest &request) {
-    auto promise = std::make_shared<std::promise<UrlResponse>>();
-    std::future<UrlResponse> answer = promise->get_future();
+    const auto rendezvous = std::make_shared<Rendezvous>();
     {
         const std::lock_guard lock(m_closeMutex);
         if (m_closed || !QCoreApplication::instance())
             return {};
-        startThread();
-        m_worker->enqueue({request, [promise = std::move(promise)](UrlResponse response) {
-                               promise->set_value(std::move(response));
+        // Destroyed with the job, which is dropped without an answer when the session ends first.
+        const std::shared_ptr<void> dropped(nullptr,
+                                            [rendezvous](void *) { rendezvous->finish({}); });
+        m_worker->enqueue({request, [rendezvous, dropped](UrlResponse response) {
+                               rendezvous->finish(std::move(response));
                            }});
     }
-    try {
-        return answer.get();
-    } catch (const std::future_error &) {
-        // close() has destroyed the promise with the request.
-        return {};
-    }
+    std::unique_lock lock(rendezvous->mutex);
+    rendezvous->arrived.wait(lock, [&] { return rendezvous->isOver; });
+    return rendezvous->response;
 }
 
 } // namespace velmora

@@ -4,10 +4,7 @@
 #include <Velmora/Timer.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QList>
-#include <QtCore/QPair>
 #include <QtCore/QString>
-#include <QtCore/QThread>
 #include <QtCore/QUrl>
 
 #include <functional>
@@ -19,22 +16,24 @@ namespace velmora {
 
 class UrlSessionWorker;
 
-/// A request, and what to do with the reply's body.
+/// A request, and where the reply's body goes.
 struct UrlRequest {
     QUrl url;
     QByteArray method = "GET";
     QByteArray body;
-    QList<QPair<QByteArray, QByteArray>> headers;
     /// The file that the body is written to, atomically, when it has arrived completely. A missing
     /// folder is created. Empty: the body is kept in memory.
     QString destination;
-    /// In bytes; a longer body is an error.
-    qint64 largestBody = 16 * 1024 * 1024;
+    /// In bytes, after decompression; a longer body is an error.
+    qint64 largestBody = qint64(16) * 1024 * 1024;
+    /// Milliseconds after which the request fails, however much has arrived. Counted anew for the
+    /// target of a redirect.
+    int wholeTimeoutMs = 60'000;
     /// The body is not read; the request ends when the reply's headers have arrived.
     bool ignoresBody = false;
-    /// The request reaches the server at most once: it is not sent again when the connection breaks
-    /// without a reply. It gets a new connection, because a reused one may already be closed by the
-    /// server. The same holds for the target of a redirect.
+    /// The request reaches the server at most once. It gets a new connection, because libcurl
+    /// repeats a request when a reused connection turns out to be closed. The same holds for the
+    /// target of a redirect.
     bool onlyOnce = false;
 };
 
@@ -46,16 +45,14 @@ struct UrlResponse {
     QString error;
     /// The HTTP status; 0 when there was no reply.
     int status = 0;
-    /// Empty when the body was written to a file.
     QByteArray body;
-    /// In bytes.
     qint64 bodySize = 0;
 };
 
-/// A started request. Main thread only.
+/// A request under way. Main thread only.
 class UrlTask {
 public:
-    /// True until the completion is called, and for ever when the session was closed before.
+    /// True until the completion is called.
     bool isRunning() const { return m_running; }
 
 private:
@@ -65,11 +62,11 @@ private:
 
 using UrlTaskPtr = std::shared_ptr<UrlTask>;
 
-/// Sends HTTP and HTTPS requests on one worker thread, which is started for the first of them.
-/// Completions are called on the main thread, in the order in which the requests ended, and never
-/// inside start(). Redirects are followed, but not from https to http. Certificates are always
-/// verified. A transfer that receives nothing during the idle timeout fails. After five seconds
-/// without a request the connections are closed. Main thread only, except for fetch().
+/// Sends HTTP and HTTPS requests on a worker thread, which is started for the first of them and ends
+/// after five seconds without a request. Completions are called on the main thread, in the order in
+/// which the requests ended, and never inside start(). Certificates are always verified. Redirects
+/// are followed only within the same host and scheme. No cookies are kept, and no header tells
+/// anything about the user or the system. Main thread only, except for fetch() and cancelAll().
 class UrlSession {
 public:
     struct Configuration {
@@ -78,16 +75,19 @@ public:
         QString privateHost;
         /// Certificates in PEM format.
         QByteArray privateAuthorities;
-        /// Milliseconds without any data after which a transfer fails.
+        /// Milliseconds without any data after which a transfer fails, rounded up to seconds.
         int idleTimeoutMs = 60'000;
         /// The number of transfers at the same time; further requests wait in order.
         int mostAtOnce = 6;
+        /// Called before a request is sent, on the worker thread; when it returns false, the
+        /// request fails instead. Empty: all requests are allowed.
+        std::function<bool()> isAllowed;
     };
 
     using Completion = std::function<void(const UrlResponse &)>;
 
     explicit UrlSession(Configuration configuration);
-    /// Closes the session. Main thread; any thread when it is closed already.
+    /// Closes the session. Any thread once it is closed.
     ~UrlSession();
 
     /// Aborts all requests without calling their completions, and ends the worker thread. Requests
@@ -96,16 +96,18 @@ public:
 
     UrlTaskPtr start(const UrlRequest &request, Completion completion);
 
-    /// Starts the requests that were made before there was an application object, which the network
-    /// manager needs.
+    /// Starts the requests that were made before there was an application object, which delivers
+    /// the completions.
     void wake();
+
+    /// Cancels all requests; their completions report an error. Any thread.
+    void cancelAll();
 
     /// Sends a request and waits for the reply. Any thread but the main one.
     /// @return empty when the session is closed before the reply, and without an application object
     std::optional<UrlResponse> fetch(const UrlRequest &request);
 
 private:
-    void startThread();
     void taskEnded();
 
     std::mutex m_closeMutex;
@@ -114,9 +116,7 @@ private:
     TimerPtr m_idleTimer;
     // Reset by close(), so that completions which are already posted are not called.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
-    // Not startBackgroundThread(): the network manager needs Qt's event loop.
-    QThread m_thread;
-    UrlSessionWorker *m_worker;
+    const std::shared_ptr<UrlSessionWorker> m_worker;
 };
 
 } // namespace velmora

@@ -1,93 +1,206 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "UrlSessionWorker.h"
 
-#include "UrlTransfer.h"
+#include "BackgroundThread.h"
+#include "Log.h"
+#include "ProcessRoot.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {
 
 namespace {
-const QEvent::Type WorkEvent = QEvent::User;
-const QEvent::Type CloseIdleEvent = QEvent::Type(QEvent::User + 1);
+
+// libcurl wakes up for its own timeouts before this.
+constexpr int LongestPollMs = 600'000;
+
+void initialiseLibrary() {
+    static const bool once = [] {
+        curl_global_init(CURL_GLOBAL_DEFAULT);
+        // The TLS library has just registered what it does at exit(). Ours must come before that.
+        ProcessRoot::dropAtExit();
+        return true;
+    }();
+    Q_UNUSED(once)
+}
+
+UrlResponse failure(const QString &reason) {
+    UrlResponse response;
+    response.error = reason;
+    return response;
+}
+
 } // namespace
 
 UrlSessionWorker::UrlSessionWorker(UrlSession::Configuration configuration)
-    : m_mostAtOnce(configuration.mostAtOnce), m_network(std::move(configuration)) {}
+    : m_configuration(std::move(configuration)) {}
 
 UrlSessionWorker::~UrlSessionWorker() = default;
 
 void UrlSessionWorker::enqueue(Job job) {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_pending.push_back(std::move(job));
-    }
-    QCoreApplication::postEvent(this, new QEvent(WorkEvent));
+    const std::lock_guard lock(m_mutex);
+    if (m_isStopped)
+        return;
+    m_pending.push_back(std::move(job));
+    m_endsWhenIdle = false;
+    startThread();
+}
+
+void UrlSessionWorker::wake() {
+    const std::lock_guard lock(m_mutex);
+    if (!m_pending.empty())
+        startThread();
+}
+
+void UrlSessionWorker::cancelAll() {
+    const std::lock_guard lock(m_mutex);
+    if (!m_isRunning)
+        return;
+    m_cancels = true;
+    wakeThread();
+}
+
+void UrlSessionWorker::endWhenIdle() {
+    const std::lock_guard lock(m_mutex);
+    m_endsWhenIdle = true;
+    wakeThread();
 }
 
 void UrlSessionWorker::stop() {
-    m_stopped = true;
-    QCoreApplication::postEvent(this, new QEvent(WorkEvent));
+    std::deque<Job> dropped; // after the lock, as they may hold whoever waits for them
+    std::unique_lock lock(m_mutex);
+    m_isStopped = true;
+    dropped.swap(m_pending);
+    wakeThread();
+    m_ended.wait(lock, [this] { return !m_isRunning; });
 }
 
-void UrlSessionWorker::closeIdleConnections() {
-    QCoreApplication::postEvent(this, new QEvent(CloseIdleEvent));
+void UrlSessionWorker::wakeThread() {
+    if (m_multi)
+        curl_multi_wakeup(m_multi);
 }
 
-bool UrlSessionWorker::event(QEvent *event) {
-    if (event->type() == CloseIdleEvent)
-        closeConnections();
-    else if (event->type() != WorkEvent)
-        return QObject::event(event);
-    else if (m_stopped)
-        abortAll();
-    else
-        startNext();
+void UrlSessionWorker::startThread() {
+    if (m_isRunning) {
+        wakeThread();
+        return;
+    }
+    if (m_isStopped || !QCoreApplication::instance())
+        return;
+    QString error;
+    m_isRunning = startBackgroundThread(
+        "velmora-network", [self = shared_from_this()] { self->run(); }, &error);
+    if (m_isRunning)
+        return;
+    Log::write(QStringLiteral("there is no thread for the network: %1").arg(error));
+    for (const Job &job : std::exchange(m_pending, {}))
+        job.done(failure(error));
+}
+
+void UrlSessionWorker::run() {
+    initialiseLibrary();
+    CURLM *multi = curl_multi_init();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_multi = multi;
+    }
+    carry(multi);
+    curl_multi_cleanup(multi);
+    const std::lock_guard lock(m_mutex);
+    m_isRunning = false;
+    m_ended.notify_all();
+    // What came between the last look and now.
+    if (!m_pending.empty())
+        startThread();
+}
+
+void UrlSessionWorker::carry(CURLM *multi) {
+    Transfers active;
+    while (!isEnding(active)) {
+        cancelWhatIsAsked(active, multi);
+        startNext(active, multi);
+        int running = 0;
+        curl_multi_perform(multi, &running);
+        const bool hasFinished = takeFinished(active, multi);
+        if (!hasFinished)
+            curl_multi_poll(multi, nullptr, 0, LongestPollMs, nullptr);
+    }
+    for (const auto &[transfer, job] : active)
+        curl_multi_remove_handle(multi, transfer->handle());
+}
+
+bool UrlSessionWorker::isEnding(const Transfers &active) {
+    const std::lock_guard lock(m_mutex);
+    const bool isIdle = active.empty() && m_pending.empty();
+    if (!m_isStopped && !(m_endsWhenIdle && isIdle))
+        return false;
+    m_multi = nullptr;
     return true;
 }
 
-void UrlSessionWorker::startNext() {
-    while (m_active.size() < static_cast<size_t>(m_mostAtOnce)) {
+void UrlSessionWorker::cancelWhatIsAsked(Transfers &active, CURLM *multi) {
+    std::deque<Job> cancelled;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!std::exchange(m_cancels, false))
+            return;
+        cancelled.swap(m_pending);
+    }
+    for (auto &[transfer, job] : active) {
+        curl_multi_remove_handle(multi, transfer->handle());
+        cancelled.push_back(std::move(job));
+    }
+    active.clear();
+    for (const Job &job : cancelled)
+        job.done(failure(QStringLiteral("cancelled")));
+}
+
+void UrlSessionWorker::startNext(Transfers &active, CURLM *multi) {
+    while (active.size() < size_t(m_configuration.mostAtOnce)) {
         Job job;
         {
             const std::lock_guard lock(m_mutex);
-            if (m_pending.empty())
+            if (m_isStopped || m_pending.empty())
                 return;
             job = std::move(m_pending.front());
             m_pending.pop_front();
         }
-        auto *transfer = new UrlTransfer(std::move(job.request), m_network, this);
-        m_active.push_back(transfer);
-        connect(transfer, &UrlTransfer::finished, this,
-                [this, transfer, done = std::move(job.done)] {
-                    std::erase(m_active, transfer);
-                    transfer->deleteLater();
-                    if (m_stopped)
-                        return;
-                    done(transfer->takeResponse());
-                    startNext();
-                });
-        transfer->start();
+        auto transfer = std::make_unique<UrlTransfer>(job.request, m_configuration);
+        if (!transfer->prepare()) {
+            job.done(transfer->takeResponse());
+            continue;
+        }
+        curl_multi_add_handle(multi, transfer->handle());
+        active.emplace_back(std::move(transfer), std::move(job));
     }
 }
 
-void UrlSessionWorker::abortAll() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_pending.clear();
+bool UrlSessionWorker::takeFinished(Transfers &active, CURLM *multi) {
+    bool hasFinished = false;
+    int left = 0;
+    while (const CURLMsg *message = curl_multi_info_read(multi, &left)) {
+        if (message->msg != CURLMSG_DONE)
+            continue;
+        const CURLcode result = message->data.result;
+        const auto found = std::find_if(active.begin(), active.end(), [message](const auto &entry) {
+            return entry.first->handle() == message->easy_handle;
+        });
+        if (found == active.end())
+            continue;
+        hasFinished = true;
+        curl_multi_remove_handle(multi, found->first->handle());
+        if (found->first->goesOnAfter(result)) {
+            curl_multi_add_handle(multi, found->first->handle());
+            continue;
+        }
+        const auto [transfer, job] = std::move(*found);
+        active.erase(found);
+        job.done(transfer->takeResponse());
     }
-    qDeleteAll(std::exchange(m_active, {}));
-    m_network.closeConnections();
-    thread()->quit();
-}
-
-void UrlSessionWorker::closeConnections() {
-    const std::lock_guard lock(m_mutex);
-    if (m_active.empty() && m_pending.empty())
-        m_network.closeConnections();
+    return hasFinished;
 }
 
 } // namespace velmora

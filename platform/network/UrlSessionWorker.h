@@ -1,57 +1,69 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "NetworkAccess.h"
 #include "UrlSession.h"
+#include "UrlTransfer.h"
 
-#include <QtCore/QObject>
-
-#include <atomic>
+#include <condition_variable>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <mutex>
+#include <vector>
 
 namespace velmora {
 
-class UrlTransfer;
-
-/// The part of a UrlSession that lives on its worker thread: starts the requests in order, limits
-/// how many run at the same time, and calls back with their responses.
-class UrlSessionWorker : public QObject {
-    Q_OBJECT
-
+/// The session's side on a worker thread of its own: takes requests in order, keeps at most so many
+/// under way and hands their answers back. The thread is started by the first request, ends with
+/// stop() or endWhenIdle(), and is started again by the next request. Any thread.
+class UrlSessionWorker : public std::enable_shared_from_this<UrlSessionWorker> {
 public:
     struct Job {
         UrlRequest request;
-        /// Called on the worker thread.
+        /// Called on the worker thread, unless the worker is stopped first.
         std::function<void(UrlResponse)> done;
     };
 
     explicit UrlSessionWorker(UrlSession::Configuration configuration);
-    ~UrlSessionWorker() override;
+    ~UrlSessionWorker();
 
-    /// Queues a request. Any thread.
     void enqueue(Job job);
 
-    /// Aborts all requests without calling back, and ends the worker thread's event loop. Any
-    /// thread.
+    /// Starts the thread when something waits for an application object that is there now.
+    void wake();
+
+    /// Fails everything that waits or is under way.
+    void cancelAll();
+
+    /// Ends the thread and its connections, if there is nothing to carry.
+    void endWhenIdle();
+
+    /// Drops everything without an answer and waits until the thread has ended.
     void stop();
 
-    /// Closes the connections if there is no request. Any thread.
-    void closeIdleConnections();
-
-    bool event(QEvent *event) override;
-
 private:
-    void startNext();
-    void abortAll();
-    void closeConnections();
+    using Transfers = std::vector<std::pair<std::unique_ptr<UrlTransfer>, Job>>;
 
-    const int m_mostAtOnce;
+    void startThread();
+    void run();
+    bool isEnding(const Transfers &active);
+    void carry(CURLM *multi);
+    void cancelWhatIsAsked(Transfers &active, CURLM *multi);
+    void startNext(Transfers &active, CURLM *multi);
+    bool takeFinished(Transfers &active, CURLM *multi);
+    void wakeThread();
+
+    const UrlSession::Configuration m_configuration;
+
     std::mutex m_mutex;
+    std::condition_variable m_ended;
     std::deque<Job> m_pending;
-    std::atomic<bool> m_stopped = false;
-    NetworkAccess m_network;
-    std::vector<UrlTransfer *> m_active;
+    /// Set while the thread runs its loop.
+    CURLM *m_multi = nullptr;
+    bool m_isRunning = false;
+    bool m_isStopped = false;
+    bool m_endsWhenIdle = false;
+    bool m_cancels = false;
 };
 
 } // namespace velmora

@@ -1,96 +1,213 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "UrlTransfer.h"
 
-#include "NetworkAccess.h"
-#include "OneTimeBody.h"
 #include "WebLink.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtNetwork/QNetworkReply>
-#include <QtNetwork/QNetworkRequest>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {
 
 namespace {
-// The most that is buffered while a file is written, so that a video is never in memory completely.
-constexpr qint64 ReadAhead = 256 * 1024;
+
 constexpr int MostRedirects = 20;
+constexpr qint64 LargestHead = 64 * 1024;
+
+// The same for every host, user and system.
+constexpr char UserAgent[] = "Velmora";
+
+// libcurl sends these by itself unless they are named without a value.
+constexpr const char *HeadersNotSent[] = {"Accept:", "Content-Type:", "Expect:"};
+
+const QByteArray LocationHeader = "location:";
+
 } // namespace
 
-UrlTransfer::UrlTransfer(UrlRequest request, NetworkAccess &network, QObject *parent)
-    : QObject(parent), m_request(std::move(request)), m_network(network) {}
+UrlTransfer::UrlTransfer(UrlRequest request, const UrlSession::Configuration &configuration)
+    : m_request(std::move(request)), m_configuration(configuration), m_handle(curl_easy_init()) {
+    for (const char *header : HeadersNotSent)
+        m_headers = curl_slist_append(m_headers, header);
+}
 
 UrlTransfer::~UrlTransfer() {
-    releaseReply();
+    curl_easy_cleanup(m_handle);
+    curl_slist_free_all(m_headers);
 }
 
-void UrlTransfer::releaseReply() {
-    // The reply belongs to the network manager, which may go before this object does.
-    if (QNetworkReply *reply = std::exchange(m_reply, nullptr)) {
-        reply->disconnect(this);
-        reply->abort();
-        reply->deleteLater();
+bool UrlTransfer::refuse(const QString &reason) {
+    m_response = {};
+    m_response.error = reason;
+    m_file.reset();
+    return false;
+}
+
+bool UrlTransfer::isAllowed() const {
+    return !m_configuration.isAllowed || m_configuration.isAllowed();
+}
+
+bool UrlTransfer::prepare() {
+    if (!m_handle)
+        return refuse(QStringLiteral("out of memory"));
+    if (!WebLink::isOnTheWeb(m_request.url))
+        return refuse(QStringLiteral("not a web address: ") + m_request.url.toString());
+    if (!isAllowed())
+        return refuse(QStringLiteral("requests are not allowed now"));
+
+    set(CURLOPT_URL, m_request.url.toEncoded(QUrl::RemoveFragment).constData());
+    set(CURLOPT_PROTOCOLS_STR, "https,http");
+    set(CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
+    set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    set(CURLOPT_USERAGENT, UserAgent);
+    set(CURLOPT_ACCEPT_ENCODING, "gzip");
+    set(CURLOPT_HTTPHEADER, m_headers);
+    if (m_request.method == "POST") {
+        set(CURLOPT_POST, 1L);
+        set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(m_request.body.size()));
+        set(CURLOPT_COPYPOSTFIELDS, m_request.body.constData());
+    } else {
+        set(CURLOPT_HTTPGET, 1L);
     }
-}
-
-void UrlTransfer::start() {
-    if (WebLink::isOnTheWeb(m_request.url)) {
-        send();
-        return;
+    if (!m_configuration.privateHost.isEmpty() &&
+        m_request.url.host() == m_configuration.privateHost &&
+        !m_configuration.privateAuthorities.isEmpty()) {
+        const QByteArray &authorities = m_configuration.privateAuthorities;
+        curl_blob blob{const_cast<char *>(authorities.constData()), size_t(authorities.size()),
+                       CURL_BLOB_COPY};
+        set(CURLOPT_CAINFO_BLOB, &blob);
+        set(CURLOPT_CAPATH, static_cast<const char *>(nullptr));
     }
-    m_response.error = QStringLiteral("not a web address: ") + m_request.url.toString();
-    // Not MainQueue::post(): finished() belongs to this object's thread, the worker thread.
-    QMetaObject::invokeMethod(this, &UrlTransfer::finish, Qt::QueuedConnection);
+    if (m_request.onlyOnce) {
+        set(CURLOPT_FRESH_CONNECT, 1L);
+        set(CURLOPT_FORBID_REUSE, 1L);
+    }
+
+    const long idleSeconds = std::max(1, (m_configuration.idleTimeoutMs + 999) / 1000);
+    set(CURLOPT_TIMEOUT_MS, long(m_request.wholeTimeoutMs));
+    set(CURLOPT_CONNECTTIMEOUT_MS, idleSeconds * 1000);
+    set(CURLOPT_LOW_SPEED_LIMIT, 1L); // byte a second
+    set(CURLOPT_LOW_SPEED_TIME, idleSeconds);
+    if (!m_request.ignoresBody)
+        set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_request.largestBody));
+
+    set(CURLOPT_NOSIGNAL, 1L);
+    // A name server that does not answer is not waited for when the session ends.
+    set(CURLOPT_QUICK_EXIT, 1L);
+    set(CURLOPT_ERRORBUFFER, m_error);
+    set(CURLOPT_HEADERFUNCTION, &UrlTransfer::receiveHeader);
+    set(CURLOPT_HEADERDATA, this);
+    set(CURLOPT_WRITEFUNCTION, &UrlTransfer::receiveBody);
+    set(CURLOPT_WRITEDATA, this);
+    set(CURLOPT_PREREQFUNCTION, &UrlTransfer::beforeRequest);
+    set(CURLOPT_PREREQDATA, this);
+    return true;
 }
 
-void UrlTransfer::send() {
-    QNetworkRequest request(m_request.url);
-    request.setSslConfiguration(m_network.tlsFor(m_request.url));
-    for (const auto &[name, value] : m_request.headers)
-        request.setRawHeader(name, value);
-    QNetworkAccessManager &shared = m_network.shared();
-    // sendCustomRequest() also for POST, because post() adds a Content-Type header.
-    if (m_request.onlyOnce)
-        m_reply = sendOnce(request);
-    else if (m_request.method == "GET")
-        m_reply = shared.get(request);
-    else
-        m_reply = shared.sendCustomRequest(request, m_request.method, m_request.body);
-    m_reply->setReadBufferSize(ReadAhead);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &UrlTransfer::headArrived);
-    connect(m_reply, &QNetworkReply::readyRead, this, &UrlTransfer::readAvailable);
-    connect(m_reply, &QNetworkReply::finished, this, &UrlTransfer::replyFinished);
+int UrlTransfer::beforeRequest(void *self, char *, char *, int, int) {
+    auto *transfer = static_cast<UrlTransfer *>(self);
+    if (transfer->isAllowed())
+        return CURL_PREREQFUNC_OK;
+    transfer->m_refusal = QStringLiteral("requests are not allowed now");
+    return CURL_PREREQFUNC_ABORT;
 }
 
-// Uses a manager of the transfer's own, which is destroyed with it.
-QNetworkReply *UrlTransfer::sendOnce(QNetworkRequest &request) {
-    QNetworkAccessManager *manager = m_network.fresh().release();
-    manager->setParent(this);
-    // When the network manager follows a redirect itself, it may send that request more than once.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::ManualRedirectPolicy);
-    return manager->sendCustomRequest(request, m_request.method,
-                                      new OneTimeBody(m_request.body, manager));
+// Both end the transfer by returning another size than they were given.
+
+size_t UrlTransfer::receiveHeader(const char *data, size_t one, size_t count, void *self) {
+    const size_t size = one * count;
+    const bool goesOn =
+        static_cast<UrlTransfer *>(self)->takeHeader(QByteArray(data, qsizetype(size)));
+    return goesOn ? size : 0;
 }
 
-void UrlTransfer::headArrived() {
-    m_response.status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
-    const QUrl next = m_request.url.resolved(target);
-    // A redirect that must not be followed counts as the reply.
-    if (m_request.onlyOnce && !target.isEmpty() && mayFollow(next))
+size_t UrlTransfer::receiveBody(const char *data, size_t one, size_t count, void *self) {
+    const size_t size = one * count;
+    return static_cast<UrlTransfer *>(self)->takeBody(data, qint64(size)) ? size : 0;
+}
+
+bool UrlTransfer::takeHeader(const QByteArray &line) {
+    m_headerSize += line.size();
+    if (m_headerSize > LargestHead) {
+        m_refusal = QStringLiteral("the headers are longer than %1 bytes").arg(LargestHead);
+        return false;
+    }
+    if (line.startsWith("HTTP/"))
+        m_location.clear(); // of an interim response
+    else if (line.left(LocationHeader.size()).toLower() == LocationHeader)
+        m_location = line.mid(LocationHeader.size()).trimmed();
+    if (!line.trimmed().isEmpty())
+        return true;
+    long status = 0;
+    curl_easy_getinfo(m_handle, CURLINFO_RESPONSE_CODE, &status);
+    m_response.status = int(status);
+    m_hasHead = status >= 200;
+    const bool needsNoBody = m_request.ignoresBody || !redirection().isEmpty();
+    return !m_hasHead || !needsNoBody;
+}
+
+bool UrlTransfer::takeBody(const char *data, qint64 size) {
+    m_response.bodySize += size;
+    if (m_response.bodySize > m_request.largestBody) {
+        m_refusal = QStringLiteral("the body is longer than %1 bytes").arg(m_request.largestBody);
+        return false;
+    }
+    if (m_request.destination.isEmpty()) {
+        m_response.body.append(data, size);
+        return true;
+    }
+    if (!m_file && !openFile())
+        return false;
+    if (m_file->write(data, size) == size)
+        return true;
+    m_refusal = m_file->errorString();
+    return false;
+}
+
+bool UrlTransfer::openFile() {
+    QDir().mkpath(QFileInfo(m_request.destination).path());
+    m_file = std::make_unique<QSaveFile>(m_request.destination);
+    // A link's target lies wherever somebody pointed it.
+    if (QFileInfo(m_request.destination).isSymLink())
+        m_refusal = QStringLiteral("%1 is a symbolic link").arg(m_request.destination);
+    else if (!m_file->open(QIODevice::WriteOnly))
+        m_refusal = m_file->errorString();
+    return m_refusal.isEmpty();
+}
+
+bool UrlTransfer::goesOnAfter(CURLcode result) {
+    if (!m_refusal.isEmpty())
+        return refuse(m_refusal);
+    const QUrl next = redirection();
+    if (!next.isEmpty() && mayFollow(next)) {
         follow(next);
-    else if (m_request.ignoresBody)
-        finish();
+        return prepare();
+    }
+    // A redirect that must not be followed is a reply, but no media.
+    if (!next.isEmpty() && !m_request.onlyOnce)
+        return refuse(QStringLiteral("a redirect to %1 is not followed").arg(next.toString()));
+    const bool endedAtItsHead = m_hasHead && (m_request.ignoresBody || !next.isEmpty());
+    if (result != CURLE_OK && !endedAtItsHead)
+        return refuse(errorOf(result));
+    if (m_file && !m_file->commit())
+        return refuse(m_file->errorString());
+    m_file.reset();
+    return false;
+}
+
+QUrl UrlTransfer::redirection() const {
+    constexpr int Redirects[] = {301, 302, 303, 307, 308};
+    const bool isRedirect =
+        m_hasHead && std::ranges::find(Redirects, m_response.status) != std::ranges::end(Redirects);
+    if (!isRedirect || m_location.isEmpty())
+        return {};
+    return m_request.url.resolved(QUrl(QString::fromUtf8(m_location)));
 }
 
 bool UrlTransfer::mayFollow(const QUrl &next) const {
-    const bool isLessSafe =
-        m_request.url.scheme() == QLatin1String("https") && next.scheme() != m_request.url.scheme();
-    return WebLink::isOnTheWeb(next) && !isLessSafe && m_redirects < MostRedirects;
+    return WebLink::isOnTheWeb(next) && next.scheme() == m_request.url.scheme() &&
+           next.host() == m_request.url.host() && m_redirects < MostRedirects;
 }
 
 void UrlTransfer::follow(const QUrl &next) {
@@ -101,90 +218,17 @@ void UrlTransfer::follow(const QUrl &next) {
         m_request.body.clear();
     }
     m_response = {};
-    m_reply->manager()->deleteLater();
-    releaseReply();
-    send();
+    m_location.clear();
+    m_hasHead = false;
+    m_headerSize = 0;
+    curl_easy_reset(m_handle);
 }
 
-void UrlTransfer::readAvailable() {
-    if (m_done || !m_reply->isOpen())
-        return;
-    const QByteArray bytes = m_reply->readAll();
-    if (bytes.isEmpty())
-        return;
-    m_response.bodySize += bytes.size();
-    if (m_response.bodySize > m_request.largestBody) {
-        fail(QStringLiteral("the body is longer than %1 bytes").arg(m_request.largestBody));
-        return;
-    }
-    if (m_request.destination.isEmpty()) {
-        m_response.body += bytes;
-        return;
-    }
-    if (!m_file) {
-        QDir().mkpath(QFileInfo(m_request.destination).path());
-        m_file = std::make_unique<QSaveFile>(m_request.destination);
-        // QSaveFile writes through a symbolic link, to a file outside of the destination's folder.
-        if (QFileInfo(m_request.destination).isSymLink()) {
-            fail(QStringLiteral("%1 is a symbolic link").arg(m_request.destination));
-            return;
-        }
-        if (!m_file->open(QIODevice::WriteOnly)) {
-            fail(m_file->errorString());
-            return;
-        }
-    }
-    if (m_file->write(bytes) != bytes.size())
-        fail(m_file->errorString());
-}
-
-void UrlTransfer::replyFinished() {
-    if (m_done)
-        return;
-    readAvailable();
-    if (m_done)
-        return;
-    if (m_reply->error() == QNetworkReply::ContentReSendError)
-        m_response.error = QStringLiteral("the connection broke before a reply came");
-    else if (failedInTransport())
-        m_response.error = m_reply->errorString();
-    else if (isTorn())
-        m_response.error = QStringLiteral("the body ended early");
-    else if (m_file && !m_file->commit())
-        m_response.error = m_file->errorString();
-    finish();
-}
-
-void UrlTransfer::fail(const QString &error) {
-    m_response.error = error;
-    finish();
-}
-
-void UrlTransfer::finish() {
-    m_done = true;
-    m_file.reset();
-    releaseReply();
-    Q_EMIT finished();
-}
-
-bool UrlTransfer::failedInTransport() const {
-    const QNetworkReply::NetworkError error = m_reply->error();
-    if (error == QNetworkReply::NoError)
-        return false;
-    // The network manager also reports HTTP statuses from 400 on as errors; here they are replies.
-    const bool isStatusError =
-        (error >= QNetworkReply::ContentAccessDenied &&
-         error <= QNetworkReply::UnknownContentError) ||
-        (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
-    return !(isStatusError && m_response.status >= 400);
-}
-
-bool UrlTransfer::isTorn() const {
-    if (m_reply->hasRawHeader("Content-Encoding") || !m_reply->hasRawHeader("Content-Length"))
-        return false;
-    bool known = false;
-    const qint64 announced = m_reply->rawHeader("Content-Length").toLongLong(&known);
-    return known && announced != m_response.bodySize;
+QString UrlTransfer::errorOf(CURLcode result) const {
+    if (result == CURLE_FILESIZE_EXCEEDED)
+        return QStringLiteral("the body is longer than %1 bytes").arg(m_request.largestBody);
+    const QString text = QString::fromUtf8(m_error);
+    return text.isEmpty() ? QString::fromUtf8(curl_easy_strerror(result)) : text;
 }
 
 } // namespace velmora

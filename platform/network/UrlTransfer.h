@@ -3,54 +3,69 @@
 
 #include "UrlSession.h"
 
-#include <QtCore/QObject>
+#include <QtCore/QByteArray>
 #include <QtCore/QSaveFile>
 
-class QNetworkReply;
-class QNetworkRequest;
+#include <curl/curl.h>
+
+#include <memory>
 
 namespace velmora {
 
-class NetworkAccess;
-
-/// One request. Streams the body into memory, or into a temporary file that is renamed when the
-/// body has arrived completely. Worker thread only.
-class UrlTransfer : public QObject {
-    Q_OBJECT
-
+/// One request on the worker thread: streams the body into memory or into a file that takes its
+/// name only when the body arrived whole.
+class UrlTransfer {
 public:
-    UrlTransfer(UrlRequest request, NetworkAccess &network, QObject *parent);
-    /// Aborts the request if it is still running.
-    ~UrlTransfer() override;
+    UrlTransfer(UrlRequest request, const UrlSession::Configuration &configuration);
+    ~UrlTransfer();
+    UrlTransfer(const UrlTransfer &) = delete;
+    UrlTransfer &operator=(const UrlTransfer &) = delete;
 
-    void start();
+    CURL *handle() const { return m_handle; }
+
+    /// Prepares the handle for its request; false when the request is refused, with the reason in
+    /// the response.
+    bool prepare();
+
+    /// The handle has ended a request. True when it is prepared for another, which a redirect
+    /// leads to; else the response is complete.
+    bool goesOnAfter(CURLcode result);
+
     UrlResponse takeResponse() { return std::move(m_response); }
 
-Q_SIGNALS:
-    /// Emitted once, never from inside start().
-    void finished();
-
 private:
-    void send();
-    QNetworkReply *sendOnce(QNetworkRequest &request);
-    void headArrived();
+    static size_t receiveHeader(const char *data, size_t one, size_t count, void *self);
+    static size_t receiveBody(const char *data, size_t one, size_t count, void *self);
+    static int beforeRequest(void *self, char *, char *, int, int);
+
+    bool refuse(const QString &reason);
+    bool isAllowed() const;
+    bool takeHeader(const QByteArray &line);
+    bool takeBody(const char *data, qint64 size);
+    bool openFile();
+    QUrl redirection() const;
     bool mayFollow(const QUrl &next) const;
     void follow(const QUrl &next);
-    void readAvailable();
-    void replyFinished();
-    void fail(const QString &error);
-    void finish();
-    void releaseReply();
-    bool failedInTransport() const;
-    bool isTorn() const;
+    QString errorOf(CURLcode result) const;
+
+    template<class Value>
+    void set(CURLoption option, Value value) {
+        curl_easy_setopt(m_handle, option, value);
+    }
 
     UrlRequest m_request;
-    NetworkAccess &m_network;
+    const UrlSession::Configuration &m_configuration;
     UrlResponse m_response;
-    int m_redirects = 0;
-    QNetworkReply *m_reply = nullptr;
+    CURL *const m_handle;
+    curl_slist *m_headers = nullptr;
+    char m_error[CURL_ERROR_SIZE] = "";
+    /// Why this transfer was ended from inside a callback.
+    QString m_refusal;
     std::unique_ptr<QSaveFile> m_file;
-    bool m_done = false;
+    QByteArray m_location;
+    qint64 m_headerSize = 0;
+    int m_redirects = 0;
+    bool m_hasHead = false;
 };
 
 } // namespace velmora
