@@ -45,10 +45,13 @@ SharedUrlSession::~SharedUrlSession() {
     m_session->close();
 }
 
+void SharedUrlSession::atExit() {
+    m_session->close();
+}
+
 UrlSession &SharedUrlSession::shared() {
     // Once a program and not once a ProcessRoot, since neither registration can be undone.
     static const bool prepared = [] {
-        ProcessRoot::dropAtExit();
         // Requests made before the application object start with it.
         qAddPreRoutine([] {
             if (const auto session = existing())

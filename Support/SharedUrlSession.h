@@ -14,6 +14,9 @@ public:
     SharedUrlSession();
     ~SharedUrlSession();
 
+    /// Closes the session. For ProcessRoot.
+    void atExit();
+
     /// The session, made on first use. Main thread only.
     static UrlSession &shared();
 

@@ -56,8 +56,10 @@ const QStringList &VLMAllowLocale() {
 }
 
 QString VLMStringFromKey(const QString &key) {
-    const auto table = velmora::ProcessRoot::share<velmora::StringTable>();
     const QString wanted = key.isNull() ? QLatin1String("") : key;
+    if (velmora::ProcessRoot::hasEnded())
+        return wanted;
+    const auto table = velmora::ProcessRoot::share<velmora::StringTable>();
     return table->strings.value(wanted, wanted);
 }
 

@@ -4,12 +4,32 @@
 #include "BannerController.h"
 #include "FacadeState.h"
 #include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SharedUrlSession.h"
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
 
 using velmora::FacadeState;
 using velmora::MainQueue;
+using velmora::ProcessRoot;
+using velmora::SharedUrlSession;
 using velmora::Switches;
+
+namespace {
+
+void removeEverything() {
+    // Without SSPresenter(), which would make a presenter.
+    if (const auto presenter = FacadeState::current().presenter)
+        presenter->removeAllSplashScreens();
+    // The list is emptied first: removing a banner may run code of the host, which may call in
+    // here.
+    const Velmora::BannerList banners = std::exchange(Velmora::BControllers(), {});
+    for (const auto &banner : banners)
+        banner->removeADS();
+    MainQueue::post(&velmora::AdsDownloader::forgetGoneDelegates);
+}
+
+} // namespace
 
 void Velmora::activateDebugMode() {
     Switches::activateDebugMode();
@@ -36,20 +56,11 @@ void Velmora::resetAds() {
 }
 
 void Velmora::removeAdsNow() {
-    if (!MainQueue::isMainThread()) {
-        MainQueue::post(&Velmora::removeAdsNow);
+    if (ProcessRoot::hasEnded())
         return;
-    }
     Switches::setADSRemoved(true);
-    // Without SSPresenter(), which would make a presenter.
-    if (const auto presenter = FacadeState::current().presenter)
-        presenter->removeAllSplashScreens();
-    // The list is emptied first: removing a banner may run code of the host, which may call in
-    // here.
-    const BannerList banners = std::exchange(BControllers(), {});
-    for (const auto &banner : banners)
-        banner->removeADS();
-    MainQueue::post(&velmora::AdsDownloader::forgetGoneDelegates);
+    SharedUrlSession::cancelAll();
+    MainQueue::runOrPost(&removeEverything);
 }
 
 bool Velmora::isInitializedBannerLOG_ERROR() {

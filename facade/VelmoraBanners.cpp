@@ -49,7 +49,7 @@ bool isUsable(double value) {
 }
 
 void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
-    if (!isUsable(value))
+    if (ProcessRoot::hasEnded() || !isUsable(value))
         return;
     FacadeState::current().*defaultValue = value;
     if (Velmora::isInitializedBannerLOG_ERROR())
@@ -61,7 +61,7 @@ void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
 }
 
 void setForWindow(QWidget *window, Setter setter, double value) {
-    if (Velmora::isInitializedBannerLOG_ERROR() || !isUsable(value))
+    if (ProcessRoot::hasEnded() || Velmora::isInitializedBannerLOG_ERROR() || !isUsable(value))
         return;
     if (BannerController *banner = Velmora::BControllFromWindow(window))
         (banner->*setter)(value);
@@ -70,6 +70,8 @@ void setForWindow(QWidget *window, Setter setter, double value) {
 template<class Matches>
 BannerController *lastMatch(Matches matches) {
     BannerController *found = nullptr;
+    if (ProcessRoot::hasEnded())
+        return found;
     for (const auto &banner : Velmora::BControllers()) {
         if (matches(*banner))
             found = banner.get();
@@ -131,7 +133,8 @@ Velmora::BannerList &Velmora::BControllers() {
     auto &list = FacadeState::current().bannerControllers;
     if (!list)
         list.emplace();
-    std::erase_if(*list, [](const auto &banner) { return banner->isGone(); });
+    if (!ProcessRoot::hasEnded())
+        std::erase_if(*list, [](const auto &banner) { return banner->isGone(); });
     return *list;
 }
 
@@ -176,7 +179,7 @@ void Velmora::setBannerCenterXInset(double inset, QWidget *window) {
 }
 
 void Velmora::setBannerHidden(bool hidden, ViewController *controller) {
-    if (!controller)
+    if (!controller || ProcessRoot::hasEnded())
         return;
     BannerController *banner = BControllFromViewController(controller);
     if (!banner)

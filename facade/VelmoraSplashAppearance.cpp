@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Velmora/Velmora.h>
 
+#include "ProcessRoot.h"
 #include "SplashScreenPresenter.h"
 #include "SplashScreenStyle.h"
 
@@ -9,6 +10,7 @@
 
 #include <cmath>
 
+using velmora::ProcessRoot;
 using velmora::SplashScreenOption;
 using velmora::SplashScreenStyle;
 
@@ -29,6 +31,8 @@ bool isUsable(const Value &value) {
 // Applies to every splash screen, also to those that are made later.
 template<class Value>
 void setOption(const SplashScreenOption &option, const Value &value) {
+    if (ProcessRoot::hasEnded())
+        return;
     if (!isUsable(value)) {
         Velmora::LOG(QStringLiteral("ERROR"),
                      QStringLiteral("a splash screen's colour, image or length is missing"));
@@ -55,6 +59,8 @@ void Velmora::setSplashScreenTopInset(double inset) {
 }
 
 void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
+    if (ProcessRoot::hasEnded())
+        return;
     const auto controller = SSPresenter().splashScreenControllerWithWindow(window);
     if (controller && std::isfinite(inset))
         controller->setTopInset(inset);

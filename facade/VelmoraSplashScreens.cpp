@@ -77,6 +77,11 @@ bool add(QWidget *window, bool unity) {
     return presenter.addSplashScreenForWindow(window, unity);
 }
 
+// Null once exit() has begun, when a static object of the host may still call the facade.
+SplashScreenPresenter *presenter() {
+    return ProcessRoot::hasEnded() ? nullptr : &Velmora::SSPresenter();
+}
+
 } // namespace
 
 SplashScreenPresenter &Velmora::SSPresenter() {
@@ -118,26 +123,30 @@ bool Velmora::addSplashScreenToUnityWindow(QWidget *window) {
 }
 
 void Velmora::removeSplashScreenFromWindow(QWidget *window) {
-    if (isOnMainThread())
-        SSPresenter().removeSplashScreenWithWindow(window);
+    if (SplashScreenPresenter *known = isOnMainThread() ? presenter() : nullptr)
+        known->removeSplashScreenWithWindow(window);
 }
 
 void Velmora::removeADSFromWindow(QWidget *) {}
 
 bool Velmora::isShowSplashScreen() {
-    return SSPresenter().isShow();
+    const SplashScreenPresenter *known = presenter();
+    return known && known->isShow();
 }
 
 bool Velmora::isADSReady() {
-    return SSPresenter().isAdsReady();
+    const SplashScreenPresenter *known = presenter();
+    return known && known->isAdsReady();
 }
 
 qint64 Velmora::splashScreenStartCount() {
-    return SSPresenter().splashScreenStartCount();
+    const SplashScreenPresenter *known = presenter();
+    return known ? known->splashScreenStartCount() : 0;
 }
 
 void Velmora::setDefaultVideoWithURL(const QUrl &videoURL, const QUrl &linkURL) {
-    SSPresenter().setDefaultVideoWithURL(videoURL, linkURL);
+    if (SplashScreenPresenter *known = presenter())
+        known->setDefaultVideoWithURL(videoURL, linkURL);
     ::LOG(QStringLiteral("LOAD VIDEO WITH URL : %1")
               .arg(videoURL.isEmpty() ? QStringLiteral("(null)") : videoURL.toString()));
 }
@@ -161,7 +170,8 @@ QUrl Velmora::urlFromAppID(const QString &appID) {
 
 void Velmora::setSplashScreenWaitingVideoTimeSeconds(qint64 seconds) {
     isInitializedSplashScreenWithLOG_WARNING();
-    SSPresenter().setWaitTime(seconds);
+    if (SplashScreenPresenter *known = presenter())
+        known->setWaitTime(seconds);
 }
 
 void Velmora::setSplashScreenLoadTime(qint64 seconds) {
@@ -174,14 +184,16 @@ void Velmora::setSplashScreenLoadTime(qint64 seconds) {
         setSplashScreenHiddenBackgroundImageBeforeVideo(true);
         setSplashScreenHiddenButtonBeforeVideo(true);
     }
-    SSPresenter().setLoadTime(seconds);
+    if (SplashScreenPresenter *known = presenter())
+        known->setLoadTime(seconds);
 }
 
 void Velmora::setSplashScreenDelay(double seconds) {
     // 30 years; a larger number might not fit. NaN is not usable either.
     constexpr double Longest = 1e9;
     const bool usable = seconds >= 0;
-    SSPresenter().setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest)) : UsualDelay);
+    if (SplashScreenPresenter *known = presenter())
+        known->setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest)) : UsualDelay);
 }
 
 bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {

@@ -83,7 +83,9 @@ void SplashSequence::startShowVideo() {
         startVideo();
     else
         startVideoTimerWithTime(SplashClock::VideoSeconds);
-    NotificationCenter::defaultCenter().post(VLMadsVideoDidStart);
+    // Nor is the host told of a video in a sequence that the removal of ads has ended.
+    if (m_show || !Switches::isADSRemoved())
+        NotificationCenter::defaultCenter().post(VLMadsVideoDidStart);
 }
 
 void SplashSequence::startVideo() {

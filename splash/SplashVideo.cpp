@@ -43,7 +43,7 @@ void SplashVideo::lookUpDefaultName() {
         });
     };
     QString error;
-    if (!startBackgroundThread("velmora-name", work, &error))
+    if (!startBackgroundThread("velmora-name", AtExit::Waits, work, &error))
         LOG(QStringLiteral("the default video's name cannot be looked up: %1").arg(error));
 }
 

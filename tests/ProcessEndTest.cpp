@@ -1,19 +1,72 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/ChildTest.h"
 #include "tests/support/LocalAdServer.h"
+#include "tests/support/VirtualTime.h"
 
+#include <Velmora/NotificationCenter.h>
+#include <Velmora/Notifications.h>
+#include <Velmora/Support.h>
 #include <Velmora/Velmora.h>
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 
+#include <cstdlib>
+
 namespace velmora::test {
 
-/// Runs in a child process: shows a banner and ends the process after VELMORA_TEST_MOMENT
-/// milliseconds, by exit() or by quit().
-TEST(HostThatEnds, DISABLED_ShowsABanner) {
-    const QByteArray way = qgetenv("VELMORA_TEST_CHILD");
+namespace {
+
+/// A host's static object that still calls the framework when exit() destroys it.
+struct LateCaller {
+    ~LateCaller() {
+        if (!isArmed)
+            return;
+        Velmora::isADSRemoved();
+        Velmora::removeAdsNow();
+        Velmora::addBannerForWindow(nullptr);
+        Velmora::setBannersHeight(50);
+        Velmora::BControllFromWindow(nullptr);
+        Velmora::show();
+        Velmora::isShowSplashScreen();
+        Velmora::setSplashScreenLoadTime(3);
+        Velmora::setSplashScreenTopInset(10);
+        Velmora::setDefaultVideoName(QStringLiteral("film.mp4"), QStringLiteral("id1"));
+        VLMSetObjForKey(1, QStringLiteral("late"));
+        VLMStringFromKey(QStringLiteral("RemoveAdsText"));
+        VLMMainAppBundle().objectForInfoDictionaryKey(QStringLiteral("x"));
+        LOG(QStringLiteral("late"));
+        std::puts("The late caller is done.");
+    }
+
+    bool isArmed = false;
+};
+
+LateCaller s_lateCaller;
+
+void end(const QByteArray &way) {
+    sayPartDone();
+    std::fflush(nullptr);
+    if (way == "exit")
+        std::exit(0);
+    else if (way == "_Exit")
+        std::_Exit(0);
+    else if (way == "closeAllWindows")
+        QApplication::closeAllWindows();
+    else
+        QCoreApplication::quit();
+}
+
+} // namespace
+
+/// Runs in a child process: brings the framework into a state and ends the process.
+/// VELMORA_TEST_CHILD is "WAY STATE".
+TEST(HostThatEnds, DISABLED_InSomeState) {
+    const QByteArrayList told = qgetenv("VELMORA_TEST_CHILD").split(' ');
+    const QByteArray way = told.value(0);
+    const QByteArray state = told.value(1);
     Deployment deployment = Deployment::builtIn();
     deployment.acsURL = qEnvironmentVariable("VELMORA_TEST_SERVER");
     deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
@@ -21,17 +74,38 @@ TEST(HostThatEnds, DISABLED_ShowsABanner) {
     ASSERT_TRUE(authority.open(QIODevice::ReadOnly));
     deployment.adServerAuthorities = authority.readAll();
     Deployment::replace(deployment);
+    Velmora::activateDebugMode();
+    s_lateCaller.isArmed = true;
 
-    QWidget window;
-    window.resize(900, 400);
-    window.show();
-    Velmora::addBannerForWindow(&window);
-    QTimer::singleShot(qEnvironmentVariableIntValue("VELMORA_TEST_MOMENT"), [&] {
-        EXPECT_TRUE(Velmora::BControllFromWindow(&window));
-        sayPartDone();
-        if (way == "exit")
-            std::exit(0);
-        QCoreApplication::quit();
+    // Never destroyed: exit() destroys no local object.
+    auto *window = new QWidget;
+    window->resize(900, 400);
+    window->show();
+    window->activateWindow();
+    if (state != "splash" && state != "close-button" && state != "handler") {
+        Velmora::addBannerForWindow(window);
+        // The name of what it advertises is looked up on a thread.
+        Velmora::setDefaultVideoName(QStringLiteral("none.mp4"), QStringLiteral("id1"));
+        QTimer::singleShot(state.toInt(), [way] { end(way); });
+        QCoreApplication::exec();
+        return;
+    }
+    auto *time = new VirtualTime;
+    if (way == "closeAllWindows")
+        Velmora::addSplashScreenToUnityWindow(window);
+    else
+        Velmora::addSplashScreenToWindow(window);
+    QCoreApplication::processEvents();
+    NotificationCenter::Observation shown;
+    if (state == "handler")
+        shown = NotificationCenter::defaultCenter().addObserver(
+            VLMsplashScreenDidShow, [way](const Notification &) { end(way); });
+    QTimer::singleShot(0, [&] {
+        Velmora::forceShow();
+        EXPECT_TRUE(Velmora::isShowSplashScreen());
+        time->advance(state == "close-button" ? 12 : 2);
+        if (state != "handler")
+            end(way);
     });
     QCoreApplication::exec();
 }
@@ -45,21 +119,44 @@ protected:
         authority.write(server.caPem());
     }
 
+    /// How often each end is tried: a hundred times in the long run of the tests.
+    static int repetitions() {
+        return std::max(1, qEnvironmentVariableIntValue("VELMORA_TEST_REPETITIONS"));
+    }
+
+    void endIn(const QStringList &states) {
+        for (const char *way : {"exit", "quit", "_Exit", "closeAllWindows"}) {
+            for (const QString &state : states) {
+                SCOPED_TRACE(state.toStdString());
+                for (int i = 0; i < repetitions() && !HasFailure(); ++i)
+                    runChildTest(QStringLiteral("HostThatEnds.*"),
+                                 QLatin1String(way) + QLatin1Char(' ') + state,
+                                 {{QStringLiteral("VELMORA_TEST_SERVER"), baseUrl},
+                                  {QStringLiteral("VELMORA_TEST_AUTHORITY"),
+                                   folder.filePath(QStringLiteral("ca.pem"))},
+                                  {QStringLiteral("XDG_CACHE_HOME"), folder.path()}});
+            }
+        }
+    }
+
     QTemporaryDir folder;
 };
 
-TEST_F(ProcessEndTest, AHostWithABannerMayEndAtAnyTime) {
-    for (const char *way : {"exit", "quit"}) {
-        for (const int moment : {0, 2, 4, 7, 11, 16, 25, 60, 120}) {
-            SCOPED_TRACE(moment);
-            runChildTest(QStringLiteral("HostThatEnds.*"), QLatin1String(way),
-                         {{QStringLiteral("VELMORA_TEST_MOMENT"), QString::number(moment)},
-                          {QStringLiteral("VELMORA_TEST_SERVER"), baseUrl},
-                          {QStringLiteral("VELMORA_TEST_AUTHORITY"),
-                           folder.filePath(QStringLiteral("ca.pem"))},
-                          {QStringLiteral("XDG_CACHE_HOME"), folder.path()}});
-        }
-    }
+TEST_F(ProcessEndTest, AHostMayEndAtAnyMoment) {
+    endIn({QStringLiteral("0"), QStringLiteral("3"), QStringLiteral("10"), QStringLiteral("30"),
+           QStringLiteral("120")});
+}
+
+TEST_F(ProcessEndTest, AHostMayEndWhileTheServerHangs) {
+    server.faults().set(QStringLiteral("*"), adserver::Fault::hang());
+    endIn({QStringLiteral("60")});
+    server.faults().clear();
+    server.faults().set(QStringLiteral("/media/*"), adserver::Fault::hang());
+    endIn({QStringLiteral("80")});
+}
+
+TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
+    endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
 }
 
 } // namespace velmora::test

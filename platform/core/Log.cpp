@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Log.h"
 
+#include "ProcessRoot.h"
+
 #include <atomic>
 
 Q_LOGGING_CATEGORY(velmoraLog, "velmora", QtDebugMsg)
@@ -21,7 +23,7 @@ void Log::setGates(Gate isOn, Gate isSilenced) {
 }
 
 void Log::write(const QString &message) {
-    const Gate isOn = s_isOn;
+    const Gate isOn = ProcessRoot::hasEnded() ? nullptr : s_isOn.load();
     if (isOn && isOn() && !s_isSilenced.load()())
         writeAlways(message);
 }
@@ -29,7 +31,7 @@ void Log::write(const QString &message) {
 // Not qCDebug(): logging rules often switch off the debug messages of all categories, and the
 // host's developer has not written those rules.
 void Log::writeAlways(const QString &message) {
-    const Gate isOn = s_isOn;
+    const Gate isOn = ProcessRoot::hasEnded() ? nullptr : s_isOn.load();
     if (isOn && isOn())
         QMessageLogger(nullptr, 0, nullptr, velmoraLog().categoryName()).debug().noquote()
             << message;

@@ -60,6 +60,8 @@ NotificationCenter::Observation NotificationCenter::addObserver(const QString &n
 }
 
 void NotificationCenter::post(const QString &name, const QVariant &object) {
+    if (ProcessRoot::hasEnded())
+        return;
     std::erase_if(m_observers, [](const auto &weak) { return weak.expired(); });
     // A copy, because handlers may add observers.
     const auto observers = m_observers;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ProcessRoot.h"
 
+#include "BackgroundThread.h"
 #include "MainQueue.h"
 
 #include <QtCore/QCoreApplication>
 
+#include <atomic>
 #include <cstdlib>
 #include <mutex>
 #include <utility>
@@ -17,7 +19,10 @@ namespace {
 struct Entry {
     std::type_index type;
     std::shared_ptr<void> object;
+    void (*atExit)(void *object);
 };
+
+std::atomic<bool> s_hasEnded = false;
 
 // Recursive, because an object may ask for another while it is constructed. Neither this mutex nor
 // the list is ever destroyed: atexit handlers and worker threads use them until the process ends.
@@ -33,7 +38,7 @@ std::vector<Entry> &entries() {
 
 } // namespace
 
-std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
+std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory, ExitHandler atExit) {
     const std::lock_guard lock(rootMutex());
     for (const Entry &entry : entries()) {
         if (entry.type == type)
@@ -41,29 +46,49 @@ std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory) {
     }
     if (!factory)
         return nullptr;
+    // Once a program, since it cannot be undone.
+    [[maybe_unused]] static const bool registered = (registerAtExit(), true);
     // Qt runs a post routine once and forgets it. So this registers drop() again for every process
     // state, that is whenever the first object of one is made.
     if (entries().empty())
         qAddPostRoutine(&ProcessRoot::drop);
     std::shared_ptr<void> object = factory();
-    entries().push_back({type, object});
+    entries().push_back({type, object, atExit});
     return object;
 }
 
-void ProcessRoot::dropAtExit() {
-    std::atexit([] {
-        // When a worker calls exit(), the main thread keeps running and may still use everything.
-        if (MainQueue::isMainThread())
-            drop();
-    });
+void ProcessRoot::registerAtExit() {
+    std::atexit(&ProcessRoot::exitBegins);
+}
+
+void ProcessRoot::exitBegins() {
+    // When a worker calls exit(), the main thread keeps running and may still use everything.
+    if (s_hasEnded || !MainQueue::isMainThread())
+        return;
+    s_hasEnded = true;
+    std::vector<Entry> objects;
+    {
+        const std::lock_guard lock(rootMutex());
+        objects = entries();
+    }
+    // Without the lock, because a thread that is ending may be calling find().
+    for (auto entry = objects.rbegin(); entry != objects.rend(); ++entry) {
+        if (entry->atExit)
+            entry->atExit(entry->object.get());
+    }
+    waitForBackgroundThreads();
 }
 
 bool ProcessRoot::isUsable() {
-    return QCoreApplication::instance() && !QCoreApplication::closingDown();
+    return !s_hasEnded && QCoreApplication::instance() && !QCoreApplication::closingDown();
+}
+
+bool ProcessRoot::hasEnded() {
+    return s_hasEnded;
 }
 
 void ProcessRoot::drop() {
-    for (;;) {
+    while (!s_hasEnded) {
         std::shared_ptr<void> last;
         {
             const std::lock_guard lock(rootMutex());

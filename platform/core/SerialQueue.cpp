@@ -48,7 +48,7 @@ void SerialQueue::run(std::function<void()> work) {
             return;
     }
     if (!startBackgroundThread(
-            m_threadName, [state = m_state] { state->loop(); }, nullptr))
+            m_threadName, AtExit::Waits, [state = m_state] { state->loop(); }, nullptr))
         m_state->loop();
 }
 

@@ -2,6 +2,7 @@
 #include "UrlSession.h"
 
 #include "MainQueue.h"
+#include "ProcessRoot.h"
 #include "UrlSessionWorker.h"
 
 #include <QtCore/QCoreApplication>
@@ -48,7 +49,8 @@ void UrlSession::close() {
             return;
     }
     m_alive.reset();
-    if (m_idleTimer)
+    // At exit() there is no event loop any more that would fire it.
+    if (m_idleTimer && !ProcessRoot::hasEnded())
         m_idleTimer->invalidate();
     m_worker->stop();
 }

@@ -21,7 +21,7 @@ void initialiseLibrary() {
     static const bool once = [] {
         curl_global_init(CURL_GLOBAL_DEFAULT);
         // The TLS library has just registered what it does at exit(). Ours must come before that.
-        ProcessRoot::dropAtExit();
+        ProcessRoot::registerAtExit();
         return true;
     }();
     Q_UNUSED(once)
@@ -92,7 +92,7 @@ void UrlSessionWorker::startThread() {
         return;
     QString error;
     m_isRunning = startBackgroundThread(
-        "velmora-network", [self = shared_from_this()] { self->run(); }, &error);
+        "velmora-network", AtExit::Waits, [self = shared_from_this()] { self->run(); }, &error);
     if (m_isRunning)
         return;
     Log::write(QStringLiteral("there is no thread for the network: %1").arg(error));

@@ -8,6 +8,9 @@
 
 #include <algorithm>
 
+// Exported by Qt Widgets and declared in qwidget.h as a friend only.
+extern Q_WIDGETS_EXPORT QWidgetData *qt_qwidget_data(QWidget *widget);
+
 namespace velmora {
 
 QWidget *topmostChild(const QWidget *superview) {
@@ -29,6 +32,9 @@ OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> los
     m_root->setFont(superview->font());
     m_root->setLayoutDirection(superview->layoutDirection());
     m_root->winId();
+    // Qt closes all windows before it quits and gives up at the first that does not close. A native
+    // child window never does, but Qt skips a widget that is being closed already.
+    qt_qwidget_data(m_root)->is_closing = true;
 
     m_shell->setFlags(Flags);
     m_shell->installEventFilter(this);

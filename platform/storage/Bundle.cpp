@@ -37,7 +37,7 @@ QVariantMap readInfo(const QStringList &places) {
 struct HostBundle {
     void read() {
         const bool knowsFolder = QCoreApplication::instance() != nullptr;
-        if (isRead && (hasFolder || !knowsFolder))
+        if (ProcessRoot::hasEnded() || (isRead && (hasFolder || !knowsFolder)))
             return;
         isRead = true;
         hasFolder = knowsFolder;

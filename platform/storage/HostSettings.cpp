@@ -22,6 +22,8 @@ void logComplaints(SettingsStore &store) {
 } // namespace
 
 QVariant HostSettings::value(const QString &key) {
+    if (ProcessRoot::hasEnded())
+        return {};
     const auto settings = store();
     QVariant value = settings->value(key);
     logComplaints(*settings);
@@ -30,12 +32,16 @@ QVariant HostSettings::value(const QString &key) {
 
 void HostSettings::setValue(const QVariant &value, const QString &key,
                             SettingsStore::OnRename onRename) {
+    if (ProcessRoot::hasEnded())
+        return;
     const auto settings = store();
     settings->setValue(key, value, onRename);
     logComplaints(*settings);
 }
 
 QString HostSettings::place() {
+    if (ProcessRoot::hasEnded())
+        return {};
     const auto settings = store();
     QString place = settings->place();
     logComplaints(*settings);

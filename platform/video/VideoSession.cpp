@@ -84,7 +84,7 @@ void VideoSession::begin() {
         self->serve();
         RunningSessions::instance().leave(self);
     };
-    if (startBackgroundThread("velmora-video", work, &error))
+    if (startBackgroundThread("velmora-video", AtExit::Ignores, work, &error))
         return;
     RunningSessions::instance().leave(shared_from_this());
     failed(error, false);

@@ -47,7 +47,7 @@ void HostLookup::begin(std::shared_ptr<WakeEvent> wake) {
         m_isRunning = true;
     }
     const auto work = [self = shared_from_this()] { self->run(); };
-    if (startBackgroundThread("velmora-lookup", work, nullptr))
+    if (startBackgroundThread("velmora-lookup", AtExit::Ignores, work, nullptr))
         return;
     const std::lock_guard lock(m_mutex);
     m_isRunning = false;

@@ -4,6 +4,7 @@
 #include "BackgroundThread.h"
 #include "HostLookup.h"
 #include "NetlinkRoutes.h"
+#include "ProcessRoot.h"
 
 #include <QtCore/QUrl>
 
@@ -106,7 +107,7 @@ private:
 
     void report() {
         const ReachabilityFlags flags = flagsOf(m_routes, m_target, m_lookup.get());
-        if (m_stopped || flags == m_last)
+        if (m_stopped || flags == m_last || ProcessRoot::hasEnded())
             return;
         m_last = flags;
         m_callback(flags);
@@ -191,7 +192,7 @@ RouteMonitor::StartResult RouteMonitor::start(Callback callback, QString *error)
         return StartResult::QueueRefused;
     }
     if (!startBackgroundThread(
-            "velmora-routes", [watch] { watch->run(); }, error))
+            "velmora-routes", AtExit::Ignores, [watch] { watch->run(); }, error))
         return StartResult::QueueRefused;
     m_d->watch = std::move(watch);
     return StartResult::Started;

@@ -63,7 +63,7 @@ GstPointer<GstElement> openGstSoundSink() {
     // can't be interrupted.
     const auto opening = std::make_shared<Opening>();
     if (!startBackgroundThread(
-            "velmora-sound", [opening] { open(opening); }, nullptr))
+            "velmora-sound", AtExit::Ignores, [opening] { open(opening); }, nullptr))
         return nullptr;
     std::unique_lock lock(opening->mutex);
     opening->isGivenUp =
