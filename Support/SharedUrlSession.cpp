@@ -50,6 +50,7 @@ UrlSession &SharedUrlSession::shared() {
     static const bool prepared = [] {
         // Qt Network makes its global objects here, before dropAtExit() registers with exit(). So
         // exit() ends the network thread first and destroys the objects that it uses afterwards.
+        // The exception is what Qt's TLS plugin makes with the first connection.
         QSslConfiguration::defaultConfiguration();
         const QNetworkAccessManager registersItsTypes;
         ProcessRoot::dropAtExit();
