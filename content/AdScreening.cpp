@@ -32,9 +32,8 @@ QString refusalOfWeight(const QJsonValue &weight) {
     return usable ? QString() : QStringLiteral("\"priority\" is neither a number nor a text");
 }
 
-} // namespace
-
-QString AdScreening::refusal(const QJsonValue &element, const QString &placementKey) {
+// Why an element is dropped; empty when it is usable.
+QString refusal(const QJsonValue &element, const QString &placementKey) {
     if (!element.isObject())
         return QStringLiteral("is not an object");
     const QJsonObject ad = element.toObject();
@@ -51,6 +50,8 @@ QString AdScreening::refusal(const QJsonValue &element, const QString &placement
     }
     return reason;
 }
+
+} // namespace
 
 QJsonArray AdScreening::usableAds(const QJsonValue &placement, const QString &placementKey) {
     if (!placement.isArray()) {

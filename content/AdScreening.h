@@ -17,9 +17,6 @@ public:
     /// @param placement    the ad table's value for the placement, of any type
     /// @param placementKey kMainBannerKey or kMainVideoKey
     static QJsonArray usableAds(const QJsonValue &placement, const QString &placementKey);
-
-    /// Why an element is dropped; empty when it is usable.
-    static QString refusal(const QJsonValue &element, const QString &placementKey);
 };
 
 } // namespace velmora

@@ -40,8 +40,6 @@ public:
 
     /// The request of this run has ended, in whatever way.
     bool hasReply() const { return m_hasReply; }
-    /// At the last load() the cached ads held both placements.
-    bool isCacheComplete() const { return m_isCacheComplete; }
     /// A completion has been called, and no later load() will call one.
     bool isSettled() const;
 
@@ -56,6 +54,7 @@ private:
     std::optional<QJsonObject> m_reply;
     UrlTaskPtr m_task;
     bool m_hasReply = false;
+    /// The cached ads held both placements at the last load().
     bool m_isCacheComplete = false;
 };
 

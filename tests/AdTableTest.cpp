@@ -94,7 +94,6 @@ TEST_F(AdTableTest, WithACompleteCacheTheCompletionIsCalledAtOnceAndNotForTheRep
     EXPECT_FALSE(table->isSettled());
     table->load([&] { ++called; });
     EXPECT_EQ(called, 1);
-    EXPECT_TRUE(table->isCacheComplete());
     EXPECT_TRUE(table->isSettled());
     EXPECT_EQ(firstBanner(), QStringLiteral("old"));
     ASSERT_TRUE(eventually([this] { return table->hasReply(); }));

@@ -92,6 +92,15 @@ TEST_F(BannerLoaderTest, AFailedDownloadLeavesTheReadyBannerUnchanged) {
     EXPECT_NE(loader->ready().file, ready);
 }
 
+TEST_F(BannerLoaderTest, TheSameBannerIsNotDrawnTwiceInARow) {
+    useBanners({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
+    for (int i = 0; i < 8; ++i) {
+        const QString before = loader->ready().name;
+        ASSERT_TRUE(loadAndWait());
+        EXPECT_NE(loader->ready().name, before);
+    }
+}
+
 TEST_F(BannerLoaderTest, WithoutAnAdTheCompletionIsCalledInsideTheCall) {
     int called = 0;
     loader->loadNext([&](const BannerAd &ready, bool hasFailed) {

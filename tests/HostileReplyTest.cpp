@@ -37,8 +37,10 @@ protected:
     static std::vector<QString> drawMany() {
         std::vector<QString> names;
         for (int i = 0; i < 40; ++i) {
-            downloader().downloadBannerWithComplitionBlock({});
-            quietly(1);
+            bool called = false;
+            downloader().downloadBannerWithComplitionBlock(
+                [&](const BannerAd &, bool) { called = true; });
+            EXPECT_TRUE(eventually([&] { return called; }));
             names.push_back(downloader().bannerInfo().value(kBannerName).toString());
         }
         return names;

@@ -62,11 +62,12 @@ private:
 
 using UrlTaskPtr = std::shared_ptr<UrlTask>;
 
-/// Sends HTTP and HTTPS requests on a worker thread, which is started for the first of them and ends
-/// after five seconds without a request. Completions are called on the main thread, in the order in
-/// which the requests ended, and never inside start(). Certificates are always verified. Redirects
-/// are followed only within the same host and scheme. No cookies are kept, and no header tells
-/// anything about the user or the system. Main thread only, except for fetch() and cancelAll().
+/// Sends HTTP and HTTPS requests on a worker thread, which is started for the first of them and
+/// ends after five seconds without a request. Completions are called on the main thread, in the
+/// order in which the requests ended, and never inside start(). Certificates are always verified.
+/// Redirects are followed only within the same host and scheme. No cookies are kept, and no header
+/// tells anything about the user or the system. Main thread only, except for fetch() and
+/// cancelAll().
 class UrlSession {
 public:
     struct Configuration {
