@@ -25,7 +25,6 @@ class SplashScreenPresenter final : public SplashScreenControllerProtocolOutput,
                                     public std::enable_shared_from_this<SplashScreenPresenter> {
 public:
     using Controller = SplashWindows::Controller;
-    using State = SplashSequence::State;
     using enum SplashSequence::State;
 
     static std::shared_ptr<SplashScreenPresenter> make();

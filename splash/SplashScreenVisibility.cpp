@@ -22,7 +22,7 @@ bool withStart(const Conditions &now) {
     return !now.withoutSplash;
 }
 
-bool withInterstitial(const Conditions &now) {
+bool withPicture(const Conditions &now) {
     return now.hasInterstitial;
 }
 
@@ -79,7 +79,7 @@ constexpr Row Rows[] = {
     {element<&Outlets::videoProgressView>,      no,               yes,   no,       no},
     {element<&Outlets::soundButton>,            no,               yes,   yes,      no},
     {element<&Outlets::removeAdsImageButton>,   no,               yes,   yes,      no},
-    {element<&Outlets::interstitialImage>,      no,               no,    no,       withInterstitial},
+    {element<&Outlets::interstitialImage>,      no,               no,    no,       withPicture},
     {element<&Outlets::closeButton>,            no,               no,    yes,      yes},
 };
 // clang-format on
