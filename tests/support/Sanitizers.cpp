@@ -25,9 +25,7 @@ const char *__tsan_default_suppressions() {
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
            // Handed from one thread to another inside GStreamer.
-           "race:GstBusReader::Tap\n"
-           // Runs after QThread::wait() for its thread, which the sanitizer does not see.
-           "race:UrlSessionWorker::~UrlSessionWorker\n";
+           "race:GstBusReader::Tap\n";
 }
 
 #ifdef VELMORA_TEST_MEDIA_THREADS
