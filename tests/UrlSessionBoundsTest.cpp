@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "UrlSession.h"
 #include "tests/support/FreshProcess.h"
-#include "tests/support/NetworkOfOurOwn.h"
+#include "tests/support/NetworkNamespace.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
@@ -199,7 +199,7 @@ TEST_F(UrlSessionBoundsTest, NothingLeavesWhileItIsNotAllowed) {
     EXPECT_EQ(answer(session, request()).error, QString());
 }
 
-TEST_F(NetworkOfOurOwn, ANameServerThatHangsHoldsNoEndUp) {
+TEST_F(NetworkNamespaceTest, ANameServerThatHangsHoldsNoEndUp) {
     if (!isInside())
         return runInside();
     QTemporaryFile resolver;
