@@ -61,7 +61,9 @@ public:
     static void resetAds();
 
     /// Removes all banners and splash screens, and stores that no advertising is shown any more, in
-    /// this and in all later runs of the host. Any thread.
+    /// this and in all later runs of the host. Any thread: when this returns, the switch is stored
+    /// and every request is being cancelled; called on another thread than the main one, the
+    /// windows follow a moment later.
     static void removeAdsNow();
     /// @}
 
