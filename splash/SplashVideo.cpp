@@ -5,6 +5,7 @@
 #include "AdsDownloader.h"
 #include "BackgroundThread.h"
 #include "MainQueue.h"
+#include "ProcessRoot.h"
 #include "VideoPlayer.h"
 
 #include <Velmora/Support.h>
@@ -34,6 +35,11 @@ void SplashVideo::setDefault(const QUrl &video, const QUrl &link) {
 void SplashVideo::lookUpDefaultName() {
     if (m_defaultLink.isEmpty())
         return;
+    // The answer could not be delivered, and the thread might still run while the process ends.
+    if (!ProcessRoot::isUsable()) {
+        LOG(QStringLiteral("the default video's name is not looked up: no application object"));
+        return;
+    }
     const auto work = [this, alive = std::weak_ptr(m_alive), link = m_defaultLink] {
         const QString name = AdsDownloader::appNameFromMarketLink(link.path(), false);
         MainQueue::post([this, alive, link, name] {
