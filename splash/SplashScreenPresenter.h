@@ -50,7 +50,7 @@ public:
     bool isWaitTimeLeft() const { return m_waiting.isOver(); }
     void startWaitTimer() { m_waiting.start(); }
     void endWaitTimer() { m_waiting.end(); }
-    /// Starts the waiting period anew.
+    /// Restarts the waiting period.
     void refreshWaitAgain() { m_waiting.restart(); }
 
     // The sequence.

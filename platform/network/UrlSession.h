@@ -26,7 +26,7 @@ struct UrlRequest {
     QString destination;
     /// In bytes, after decompression; a longer body is an error.
     qint64 largestBody = qint64(16) * 1024 * 1024;
-    /// Milliseconds after which the request fails, however much has arrived. Counted anew for the
+    /// Milliseconds after which the request fails, however much has arrived; they begin again for the
     /// target of a redirect.
     int wholeTimeoutMs = 60'000;
     /// The body is not read; the request ends when the reply's headers have arrived.
