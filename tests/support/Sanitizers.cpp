@@ -24,6 +24,8 @@ const char *__tsan_default_suppressions() {
            "race:libQt6Network.so\n"
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"
+           // The C library's own lock around the time zone is invisible as well.
+           "race:tzset_internal\n"
            // Handed from one thread to another inside GStreamer.
            "race:GstBusReader::Tap\n";
 }
