@@ -18,7 +18,8 @@ UrlSession::Configuration configuration() {
     const Deployment &deployment = Deployment::current();
     configuration.privateHost = QUrl(deployment.acsURL).host();
     configuration.privateAuthorities = deployment.adServerAuthorities;
-    configuration.isAllowed = [] { return !Switches::isADSRemoved(); };
+    // Once exit() has begun the switch can't be read any more.
+    configuration.isAllowed = [] { return !ProcessRoot::hasEnded() && !Switches::isADSRemoved(); };
     return configuration;
 }
 

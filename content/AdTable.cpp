@@ -73,6 +73,10 @@ void AdTable::request(const Completion &completion) {
 }
 
 void AdTable::takeReply(const UrlResponse &response, const Completion &completion) {
+    if (response.isRefused) {
+        LOG(QStringLiteral("the ad server was not asked: %1").arg(response.error));
+        return;
+    }
     qCInfo(velmoraLog, "load");
     QJsonParseError error;
     const QJsonDocument reply = QJsonDocument::fromJson(response.body, &error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdTable.h"
 #include "AdKeys.h"
+#include "Switches.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/Waiting.h"
@@ -130,6 +131,20 @@ TEST_F(AdTableTest, WhileOfflineAdsComeFromTheCacheAndOtherwiseFromTheReply) {
     EXPECT_EQ(firstBanner(), QStringLiteral("cached"));
     useDeployment(deployment());
     EXPECT_EQ(firstBanner(), QStringLiteral("served"));
+}
+
+TEST_F(AdTableTest, ARequestThatWasRefusedIsNotTheOneOfTheRun) {
+    serve({banner(QStringLiteral("one"))});
+    Switches::setADSRemoved(true);
+    bool isCalled = false;
+    table->load([&isCalled] { isCalled = true; });
+    quietly(100);
+    EXPECT_FALSE(isCalled);
+    EXPECT_FALSE(table->hasReply());
+    EXPECT_EQ(server.log().count(), 0);
+    Switches::setADSRemoved(false);
+    EXPECT_EQ(loadAndWait(), 1);
+    EXPECT_EQ(firstBanner(), QStringLiteral("one"));
 }
 
 } // namespace velmora::test

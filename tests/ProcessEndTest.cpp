@@ -13,6 +13,9 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace velmora::test {
@@ -46,6 +49,19 @@ struct LateCaller {
 
 LateCaller s_lateCaller;
 
+/// As a host does when exec() has failed in the child.
+void endInForkedChild() {
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(10); // ends it should it hang
+        std::exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status));
+    QCoreApplication::quit();
+}
+
 void end(const QByteArray &way) {
     sayPartDone();
     std::fflush(nullptr);
@@ -53,6 +69,8 @@ void end(const QByteArray &way) {
         std::exit(0);
     else if (way == "_Exit")
         std::_Exit(0);
+    else if (way == "fork")
+        endInForkedChild();
     else if (way == "closeAllWindows")
         QApplication::closeAllWindows();
     else
@@ -125,7 +143,11 @@ protected:
     }
 
     void endIn(const QStringList &states) {
-        for (const char *way : {"exit", "quit", "_Exit", "closeAllWindows"}) {
+        endIn({"exit", "quit", "_Exit", "closeAllWindows"}, states);
+    }
+
+    void endIn(std::initializer_list<const char *> ways, const QStringList &states) {
+        for (const char *way : ways) {
             for (const QString &state : states) {
                 SCOPED_TRACE(state.toStdString());
                 for (int i = 0; i < repetitions() && !HasFailure(); ++i)
@@ -157,6 +179,13 @@ TEST_F(ProcessEndTest, AHostMayEndWhileTheServerHangs) {
 
 TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
     endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
+}
+
+TEST_F(ProcessEndTest, AForkedChildMayExit) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the leak check of a forked child waits for threads that it does not have";
+#endif
+    endIn({"fork"}, {QStringLiteral("60")});
 }
 
 } // namespace velmora::test

@@ -184,13 +184,18 @@ TEST_F(UrlSessionBoundsTest, NothingLeavesWhileItIsNotAllowed) {
     UrlSession session(gated);
     server.answer = nullptr; // hangs
     QList<QString> errors;
+    int refused = 0;
     for (int i = 0; i < 20; ++i)
-        session.start(request(), [&](const UrlResponse &r) { errors.append(r.error); });
+        session.start(request(), [&](const UrlResponse &r) {
+            errors.append(r.error);
+            refused += r.isRefused;
+        });
     ASSERT_TRUE(eventually([&] { return server.requests.size() == 6; }));
     isAllowed = false;
     session.cancelAll();
     ASSERT_TRUE(eventually([&] { return errors.size() == 20; }));
     EXPECT_FALSE(errors.contains(QString()));
+    EXPECT_EQ(refused, 14); // the others had been sent
     EXPECT_FALSE(answer(session, request()).error.isEmpty());
     quietly(100);
     EXPECT_EQ(server.requests.size(), 6);

@@ -2,9 +2,10 @@
 #include "ProcessRoot.h"
 
 #include "BackgroundThread.h"
-#include "MainQueue.h"
 
 #include <QtCore/QCoreApplication>
+
+#include <unistd.h>
 
 #include <atomic>
 #include <cstdlib>
@@ -23,6 +24,7 @@ struct Entry {
 };
 
 std::atomic<bool> s_hasEnded = false;
+std::atomic<pid_t> s_process = 0;
 
 // Recursive, because an object may ask for another while it is constructed. Neither this mutex nor
 // the list is ever destroyed: atexit handlers and worker threads use them until the process ends.
@@ -58,14 +60,18 @@ std::shared_ptr<void> ProcessRoot::find(std::type_index type, Factory factory, E
 }
 
 void ProcessRoot::registerAtExit() {
+    s_process = getpid();
     std::atexit(&ProcessRoot::exitBegins);
 }
 
+bool ProcessRoot::isForkedChild() {
+    return getpid() != s_process;
+}
+
 void ProcessRoot::exitBegins() {
-    // When a worker calls exit(), the main thread keeps running and may still use everything.
-    if (s_hasEnded || !MainQueue::isMainThread())
+    // A child of fork() has none of the threads and would wait for them for ever.
+    if (s_hasEnded.exchange(true) || isForkedChild())
         return;
-    s_hasEnded = true;
     std::vector<Entry> objects;
     {
         const std::lock_guard lock(rootMutex());

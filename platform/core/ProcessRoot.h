@@ -13,8 +13,8 @@ namespace velmora {
 ///
 /// exit() destroys no application object, and when it has begun, widgets and most of Qt can't be
 /// used any more. So then no object is destroyed; those that have a member function atExit() have
-/// it called on the main thread, in the same order, to end their threads and to store what is
-/// unsaved.
+/// it called, in the same order, to end their threads. A worker may call exit() while the main
+/// thread goes on, so atExit() may be called on any thread.
 class ProcessRoot {
 public:
     /// The process's one T, constructed now if there is none. Main thread.
@@ -44,6 +44,9 @@ public:
 
     /// True once exit() has begun. From then on the framework does nothing. Any thread.
     static bool hasEnded();
+
+    /// True in a child process made by fork(), which has none of the framework's threads.
+    static bool isForkedChild();
 
     /// Has exit() call the objects' atExit(). The first object of the process does this.
     ///

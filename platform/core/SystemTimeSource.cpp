@@ -62,7 +62,8 @@ void SystemTimeSource::arm(Scheduled &scheduled) {
 
 void SystemTimeSource::fire(Timer *timer) {
     const auto found = m_scheduled.find(timer);
-    if (found == m_scheduled.end())
+    // The main thread may still be here while another thread is in exit().
+    if (found == m_scheduled.end() || ProcessRoot::hasEnded())
         return;
     const std::shared_ptr<Timer> alive = found->second.timer;
     if (now() >= alive->deadline())

@@ -47,8 +47,8 @@ void UrlSession::close() {
         const std::lock_guard lock(m_closeMutex);
         if (std::exchange(m_closed, true))
             return;
+        m_alive.reset();
     }
-    m_alive.reset();
     // At exit() there is no event loop any more that would fire it.
     if (m_idleTimer && !ProcessRoot::hasEnded())
         m_idleTimer->invalidate();

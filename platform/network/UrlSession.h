@@ -26,8 +26,8 @@ struct UrlRequest {
     QString destination;
     /// In bytes, after decompression; a longer body is an error.
     qint64 largestBody = qint64(16) * 1024 * 1024;
-    /// Milliseconds after which the request fails, however much has arrived; they begin again for the
-    /// target of a redirect.
+    /// Milliseconds after which the request fails, however much has arrived; they begin again for
+    /// the target of a redirect.
     int wholeTimeoutMs = 60'000;
     /// The body is not read; the request ends when the reply's headers have arrived.
     bool ignoresBody = false;
@@ -43,6 +43,8 @@ struct UrlResponse {
     /// The reason why the transfer failed: no reply, or a body that was incomplete, too long or
     /// could not be written. Empty on success.
     QString error;
+    /// Nothing was sent, because the request was not allowed or was cancelled before.
+    bool isRefused = false;
     /// The HTTP status; 0 when there was no reply.
     int status = 0;
     QByteArray body;

@@ -8,6 +8,7 @@
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace velmora {
@@ -27,9 +28,10 @@ void initialiseLibrary() {
     Q_UNUSED(once)
 }
 
-UrlResponse failure(const QString &reason) {
+UrlResponse refusal(const QString &reason) {
     UrlResponse response;
     response.error = reason;
+    response.isRefused = true;
     return response;
 }
 
@@ -57,9 +59,12 @@ void UrlSessionWorker::wake() {
 
 void UrlSessionWorker::cancelAll() {
     const std::lock_guard lock(m_mutex);
+    // Without a thread, what waits is asked about again before it is sent.
     if (!m_isRunning)
         return;
     m_cancels = true;
+    std::move(m_pending.begin(), m_pending.end(), std::back_inserter(m_cancelled));
+    m_pending.clear();
     wakeThread();
 }
 
@@ -74,6 +79,8 @@ void UrlSessionWorker::stop() {
     std::unique_lock lock(m_mutex);
     m_isStopped = true;
     dropped.swap(m_pending);
+    std::move(m_cancelled.begin(), m_cancelled.end(), std::back_inserter(dropped));
+    m_cancelled.clear();
     wakeThread();
     m_ended.wait(lock, [this] { return !m_isRunning; });
 }
@@ -97,7 +104,7 @@ void UrlSessionWorker::startThread() {
         return;
     Log::write(QStringLiteral("there is no thread for the network: %1").arg(error));
     for (const Job &job : std::exchange(m_pending, {}))
-        job.done(failure(error));
+        job.done(refusal(error));
 }
 
 void UrlSessionWorker::run() {
@@ -134,7 +141,7 @@ void UrlSessionWorker::carry(CURLM *multi) {
 
 bool UrlSessionWorker::isEnding(const Transfers &active) {
     const std::lock_guard lock(m_mutex);
-    const bool isIdle = active.empty() && m_pending.empty();
+    const bool isIdle = active.empty() && m_pending.empty() && !m_cancels;
     if (!m_isStopped && !(m_endsWhenIdle && isIdle))
         return false;
     m_multi = nullptr;
@@ -142,20 +149,20 @@ bool UrlSessionWorker::isEnding(const Transfers &active) {
 }
 
 void UrlSessionWorker::cancelWhatIsAsked(Transfers &active, CURLM *multi) {
-    std::deque<Job> cancelled;
+    std::deque<Job> unsent;
     {
         const std::lock_guard lock(m_mutex);
         if (!std::exchange(m_cancels, false))
             return;
-        cancelled.swap(m_pending);
+        unsent.swap(m_cancelled);
     }
-    for (auto &[transfer, job] : active) {
+    for (const auto &[transfer, job] : active) {
         curl_multi_remove_handle(multi, transfer->handle());
-        cancelled.push_back(std::move(job));
+        job.done(transfer->cancelledResponse());
     }
     active.clear();
-    for (const Job &job : cancelled)
-        job.done(failure(QStringLiteral("cancelled")));
+    for (const Job &job : unsent)
+        job.done(refusal(QStringLiteral("cancelled")));
 }
 
 void UrlSessionWorker::startNext(Transfers &active, CURLM *multi) {

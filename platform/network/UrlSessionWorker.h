@@ -58,6 +58,8 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_ended;
     std::deque<Job> m_pending;
+    /// What waited when cancelAll() was called.
+    std::deque<Job> m_cancelled;
     /// Set while the thread runs its loop.
     CURLM *m_multi = nullptr;
     bool m_isRunning = false;

@@ -23,6 +23,7 @@ constexpr char UserAgent[] = "Velmora";
 constexpr const char *HeadersNotSent[] = {"Accept:", "Content-Type:", "Expect:"};
 
 const QByteArray LocationHeader = "location:";
+const QString NotAllowed = QStringLiteral("requests are not allowed now");
 
 } // namespace
 
@@ -44,6 +45,19 @@ bool UrlTransfer::refuse(const QString &reason) {
     return false;
 }
 
+bool UrlTransfer::refuseUnsent(const QString &reason) {
+    refuse(reason);
+    m_response.isRefused = !m_wasSent;
+    return false;
+}
+
+UrlResponse UrlTransfer::cancelledResponse() const {
+    UrlResponse response;
+    response.error = QStringLiteral("cancelled");
+    response.isRefused = !m_wasSent;
+    return response;
+}
+
 bool UrlTransfer::isAllowed() const {
     return !m_configuration.isAllowed || m_configuration.isAllowed();
 }
@@ -54,7 +68,7 @@ bool UrlTransfer::prepare() {
     if (!WebLink::isOnTheWeb(m_request.url))
         return refuse(QStringLiteral("not a web address: ") + m_request.url.toString());
     if (!isAllowed())
-        return refuse(QStringLiteral("requests are not allowed now"));
+        return refuseUnsent(NotAllowed);
 
     set(CURLOPT_URL, m_request.url.toEncoded(QUrl::RemoveFragment).constData());
     set(CURLOPT_PROTOCOLS_STR, "https,http");
@@ -92,6 +106,7 @@ bool UrlTransfer::prepare() {
     if (!m_request.ignoresBody)
         set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_request.largestBody));
 
+    set(CURLOPT_PROXY, ""); // not the one that the environment names
     set(CURLOPT_NOSIGNAL, 1L);
     // A name server that does not answer is not waited for when the session ends.
     set(CURLOPT_QUICK_EXIT, 1L);
@@ -107,10 +122,11 @@ bool UrlTransfer::prepare() {
 
 int UrlTransfer::beforeRequest(void *self, char *, char *, int, int) {
     auto *transfer = static_cast<UrlTransfer *>(self);
-    if (transfer->isAllowed())
-        return CURL_PREREQFUNC_OK;
-    transfer->m_refusal = QStringLiteral("requests are not allowed now");
-    return CURL_PREREQFUNC_ABORT;
+    transfer->m_isForbidden = !transfer->isAllowed();
+    if (transfer->m_isForbidden)
+        return CURL_PREREQFUNC_ABORT;
+    transfer->m_wasSent = true;
+    return CURL_PREREQFUNC_OK;
 }
 
 // Both end the transfer by returning another size than they were given.
@@ -177,6 +193,8 @@ bool UrlTransfer::openFile() {
 }
 
 bool UrlTransfer::goesOnAfter(CURLcode result) {
+    if (m_isForbidden)
+        return refuseUnsent(NotAllowed);
     if (!m_refusal.isEmpty())
         return refuse(m_refusal);
     const QUrl next = redirection();

@@ -33,12 +33,16 @@ public:
 
     UrlResponse takeResponse() { return std::move(m_response); }
 
+    /// The response of a transfer that is cancelled now.
+    UrlResponse cancelledResponse() const;
+
 private:
     static size_t receiveHeader(const char *data, size_t one, size_t count, void *self);
     static size_t receiveBody(const char *data, size_t one, size_t count, void *self);
     static int beforeRequest(void *self, char *, char *, int, int);
 
     bool refuse(const QString &reason);
+    bool refuseUnsent(const QString &reason);
     bool isAllowed() const;
     bool takeHeader(const QByteArray &line);
     bool takeBody(const char *data, qint64 size);
@@ -66,6 +70,8 @@ private:
     qint64 m_headerSize = 0;
     int m_redirects = 0;
     bool m_hasHead = false;
+    bool m_wasSent = false;
+    bool m_isForbidden = false;
 };
 
 } // namespace velmora

@@ -3,6 +3,7 @@
 
 #include "BackgroundThread.h"
 #include "Log.h"
+#include "ProcessRoot.h"
 #include "VideoModule.h"
 
 #include <QtCore/QCoreApplication>
@@ -49,7 +50,10 @@ public:
 
 private:
     RunningSessions() {
-        std::atexit([] { instance().end(); });
+        std::atexit([] {
+            if (!ProcessRoot::isForkedChild())
+                instance().end();
+        });
     }
 
     void end() {
