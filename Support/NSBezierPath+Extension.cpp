@@ -5,12 +5,10 @@
 
 #include <QtGui/QLinearGradient>
 
-#include <utility>
-
 namespace velmora {
 
-PathGradient::PathGradient(QPainterPath shape, QSizeF size, QColor top, QColor bottom)
-    : m_shape(std::move(shape)), m_size(size), m_top(top), m_bottom(bottom) {}
+PathGradient::PathGradient(const QPainterPath &shape, QSizeF size, QColor top, QColor bottom)
+    : m_shape(shape), m_size(size), m_top(top), m_bottom(bottom) {}
 
 void PathGradient::draw(QPainter &painter, QPointF origin) const {
     if (!m_top.isValid() || !m_bottom.isValid())

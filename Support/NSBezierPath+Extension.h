@@ -10,7 +10,7 @@ namespace velmora {
 /// A vertical gradient of two colours that fills a path.
 class PathGradient {
 public:
-    PathGradient(QPainterPath shape, QSizeF size, QColor top, QColor bottom);
+    PathGradient(const QPainterPath &shape, QSizeF size, QColor top, QColor bottom);
 
     /// Draws the gradient with its upper left corner at a point. Draws nothing when a colour is
     /// invalid.

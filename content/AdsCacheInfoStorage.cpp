@@ -10,6 +10,7 @@
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QCborMap>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
