@@ -7,6 +7,7 @@
 #include "tests/support/FreshProcess.h"
 
 #include <QtCore/QCborMap>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>

@@ -4,7 +4,9 @@
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QGraphicsOpacityEffect>
+#include <QtWidgets/QWidget>
 
 namespace velmora::test {
 

@@ -8,10 +8,11 @@
 #include <Velmora/Support.h>
 #include <Velmora/Velmora.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 #include <sys/wait.h>
 #include <unistd.h>

@@ -35,7 +35,7 @@ TEST_F(SplashPlaybackTest, AVideoPlaysPausesResumesAndEnds) {
     activate(window);
     EXPECT_TRUE(player()->isPlaying());
     heard();
-    ASSERT_TRUE(eventually([this] { return presenter().isShowEnd(); }));
+    ASSERT_TRUE(eventually([] { return presenter().isShowEnd(); }));
     EXPECT_EQ(heard(), (QStringList{VideoStop}));
     EXPECT_EQ(presenter().videoDuration(), 1);
     EXPECT_FALSE(isShown(controller(window).outlets().closeButton));

@@ -49,8 +49,8 @@ struct LoaderWithoutPlugins {
 
 } // namespace
 
-void InterfaceLoader::registerFactory(const QString &name, Factory factory) {
-    factories().insert(name, std::move(factory));
+void InterfaceLoader::registerFactory(const QString &name, const Factory &factory) {
+    factories().insert(name, factory);
 }
 
 QWidget *InterfaceLoader::load(const QString &name) {

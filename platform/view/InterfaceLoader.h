@@ -43,7 +43,7 @@ public:
 
 private:
     using Factory = std::function<QWidget *(QWidget *)>;
-    static void registerFactory(const QString &name, Factory factory);
+    static void registerFactory(const QString &name, const Factory &factory);
     static void missing(const QWidget *root, const QString &name);
 };
 
