@@ -23,8 +23,7 @@ protected:
     QUrl event(int number) const { return QUrl(baseUrl + QStringLiteral("/event/%1").arg(number)); }
 
     static QList<QUrl> stored() {
-        return AdsEventLogger::unarchived(
-            VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
+        return EventStore::unarchived(VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
     }
 
     QStringList received() {
@@ -149,15 +148,14 @@ TEST_F(AdsEventLoggerTest, TheQueueStoredUnderALaterNameIsMergedAndMovesThere) {
 TEST_F(AdsEventLoggerTest, UnreadableQueuesCountAsEmptyAndOnlyWebAddressesAreSent) {
     for (const QVariant &value :
          {QVariant(QByteArray("bplist00another")), QVariant(QStringLiteral("text")), QVariant(5),
-          QVariant(AdsEventLogger::archived({event(1)}).chopped(3))}) {
+          QVariant(EventStore::archived({event(1)}).chopped(3))}) {
         restartProcess();
         VLMSetObjForKey(value, QStringLiteral("eventStackData"));
         EXPECT_TRUE(logger().eventStack().isEmpty());
     }
     restartProcess();
-    VLMSetObjForKey(
-        AdsEventLogger::archived({QUrl(QStringLiteral("file:///etc/passwd")), event(1)}),
-        QStringLiteral("eventStackData"));
+    VLMSetObjForKey(EventStore::archived({QUrl(QStringLiteral("file:///etc/passwd")), event(1)}),
+                    QStringLiteral("eventStackData"));
     EXPECT_EQ(logger().eventStack(), QList<QUrl>{event(1)});
     Switches::activateDebugMode();
     logger().logEventWithURL(QUrl(QStringLiteral("file:///etc/passwd")));
@@ -178,7 +176,7 @@ TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
     QList<QUrl> many;
     for (int i = 0; i < 10'000; ++i)
         many.append(QUrl(QStringLiteral("https://127.0.0.1:1/event/%1").arg(i)));
-    VLMSetObjForKey(AdsEventLogger::archived(many), QStringLiteral("eventStackData"));
+    VLMSetObjForKey(EventStore::archived(many), QStringLiteral("eventStackData"));
     restartProcess();
     ASSERT_EQ(logger().eventStack().size(), 10'000);
     QElapsedTimer clock;

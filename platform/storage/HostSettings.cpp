@@ -4,6 +4,8 @@
 #include "Log.h"
 #include "ProcessRoot.h"
 
+#include <QtCore/QSettings>
+
 namespace velmora {
 
 namespace {
@@ -30,12 +32,11 @@ QVariant HostSettings::value(const QString &key) {
     return value;
 }
 
-void HostSettings::setValue(const QVariant &value, const QString &key,
-                            SettingsStore::OnRename onRename) {
+void HostSettings::setValue(const QVariant &value, const QString &key) {
     if (ProcessRoot::hasEnded())
         return;
     const auto settings = store();
-    settings->setValue(key, value, onRename);
+    settings->setValue(key, value);
     logComplaints(*settings);
 }
 
@@ -46,6 +47,10 @@ QString HostSettings::place() {
     QString place = settings->place();
     logComplaints(*settings);
     return place;
+}
+
+std::unique_ptr<QSettings> HostSettings::open() {
+    return ProcessRoot::hasEnded() ? nullptr : store()->open();
 }
 
 } // namespace velmora

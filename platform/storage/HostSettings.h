@@ -9,10 +9,11 @@ namespace velmora {
 class HostSettings {
 public:
     static QVariant value(const QString &key);
-    static void setValue(const QVariant &value, const QString &key,
-                         SettingsStore::OnRename onRename = SettingsStore::OnRename::GoesAlong);
+    static void setValue(const QVariant &value, const QString &key);
     /// See SettingsStore::place().
     static QString place();
+    /// See SettingsStore::open().
+    static std::unique_ptr<QSettings> open();
 };
 
 } // namespace velmora

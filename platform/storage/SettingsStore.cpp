@@ -2,6 +2,7 @@
 #include "SettingsStore.h"
 
 #include "MainQueue.h"
+#include "SharedSettings.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSettings>
@@ -30,7 +31,7 @@ QVariant SettingsStore::value(const QString &key) {
     if (hasDue() && MainQueue::isMainThread() && m_retries.allows())
         storeDue();
     const auto own = m_own.constFind(key);
-    if (own != m_own.constEnd() && isDue(*own))
+    if (own != m_own.constEnd() && !own->isStored)
         return own->value;
     if (!m_settings)
         return {};
@@ -38,27 +39,28 @@ QVariant SettingsStore::value(const QString &key) {
     return m_settings->value(key);
 }
 
-void SettingsStore::setValue(const QString &key, const QVariant &value, OnRename onRename) {
+void SettingsStore::setValue(const QString &key, const QVariant &value) {
     const std::lock_guard lock(m_mutex);
     follow();
-    const OwnValue former = m_own.value(key);
-    m_own.insert(key, {value, onRename, m_names});
+    m_own.insert(key, {value});
     if (!m_settings) {
         complain(QStringLiteral("the application has no name yet"));
         return;
     }
-    if (!storeDue()) {
+    if (!storeDue())
         complain(QStringLiteral("%1 cannot be written").arg(m_settings->fileName()));
-        return;
-    }
-    if (onRename == OnRename::Moves && former.isStored && former.names != m_names)
-        settingsOf(former.names)->remove(key);
 }
 
 QString SettingsStore::place() {
     const std::lock_guard lock(m_mutex);
     follow();
     return m_settings ? m_settings->fileName() : QString();
+}
+
+std::unique_ptr<QSettings> SettingsStore::open() {
+    const std::lock_guard lock(m_mutex);
+    follow();
+    return settingsOf(m_names);
 }
 
 QStringList SettingsStore::takeComplaints() {
@@ -80,10 +82,8 @@ void SettingsStore::follow() {
         return;
     m_names = names;
     m_settings = settingsOf(names);
-    for (OwnValue &own : m_own) {
-        if (own.onRename == OnRename::GoesAlong)
-            own.isStored = false;
-    }
+    for (OwnValue &own : m_own)
+        own.isStored = false;
     if (m_settings && hasDue() && !storeDue())
         complain(QStringLiteral("%1 cannot be written").arg(m_settings->fileName()));
 }
@@ -98,12 +98,8 @@ std::unique_ptr<QSettings> SettingsStore::settingsOf(const Names &names) {
     return settings;
 }
 
-bool SettingsStore::isDue(const OwnValue &own) const {
-    return !own.isStored && (own.onRename == OnRename::GoesAlong || own.names == m_names);
-}
-
 bool SettingsStore::hasDue() const {
-    return std::any_of(m_own.begin(), m_own.end(), [this](const auto &own) { return isDue(own); });
+    return std::any_of(m_own.begin(), m_own.end(), [](const auto &own) { return !own.isStored; });
 }
 
 bool SettingsStore::storeDue() {
@@ -113,18 +109,19 @@ bool SettingsStore::storeDue() {
     if (m_settings->status() != QSettings::NoError)
         m_settings = settingsOf(m_names);
     for (auto it = m_own.cbegin(); it != m_own.cend(); ++it) {
-        if (!isDue(*it))
+        if (it->isStored)
             continue;
         if (it->value.isValid())
             m_settings->setValue(it.key(), it->value);
         else
             m_settings->remove(it.key());
     }
+    SharedSettings::removeDeadLock(m_settings->fileName());
     m_settings->sync();
     if (m_settings->status() == QSettings::AccessError)
         return false;
     for (OwnValue &own : m_own)
-        own.isStored = own.isStored || isDue(own);
+        own.isStored = true;
     return true;
 }
 

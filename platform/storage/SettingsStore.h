@@ -19,15 +19,10 @@ namespace velmora {
 /// under the current organisation and application name. Without an organisation name its domain is
 /// used, and without a domain the application name. Without an application name QSettings would
 /// store values for all applications of the organisation, so they stay in memory until there is
-/// one. Any thread.
+/// one. When the application's name changes, the values that this run has written are written under
+/// the new name too. Any thread.
 class SettingsStore {
 public:
-    /// What happens to a value that this run has written when the application's name changes.
-    enum class OnRename {
-        GoesAlong, ///< it is also written under the new name
-        Moves      ///< it is removed from the old name when it is next set, under the new one
-    };
-
     SettingsStore();
     ~SettingsStore();
 
@@ -37,12 +32,15 @@ public:
 
     /// Stores a value and flushes it to disk; an invalid value removes the key. A value that can't
     /// be stored is kept in memory, and storing it is tried again at later calls.
-    void setValue(const QString &key, const QVariant &value,
-                  OnRename onRename = OnRename::GoesAlong);
+    void setValue(const QString &key, const QVariant &value);
 
     /// The file (or, on other systems, the native location) of the values; empty while the
     /// application has no name.
     QString place();
+
+    /// The settings themselves, without the values that this store keeps in memory; null while the
+    /// application has no name.
+    std::unique_ptr<QSettings> open();
 
     /// One line for each time that a value could not be stored since the last call, with the
     /// reason.
@@ -56,14 +54,11 @@ private:
     };
     struct OwnValue {
         QVariant value;
-        OnRename onRename = OnRename::GoesAlong;
-        Names names;
         bool isStored = false;
     };
 
     static Names namesNow();
     void follow();
-    bool isDue(const OwnValue &own) const;
     bool hasDue() const;
     bool storeDue();
     static std::unique_ptr<QSettings> settingsOf(const Names &names);

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtCore/QString>
+
+#include <chrono>
+
+namespace velmora {
+
+/// An exclusive lock between processes: the advisory lock of a file (flock), which the system
+/// releases when the process ends, however it ends. The file stays. Any thread.
+///
+/// QLockFile is not used where events are counted: it flushes its file to the disk for every lock,
+/// and a process that is killed while it locks may leave an empty file, which blocks the others for
+/// half a minute.
+class FileLock {
+public:
+    enum class Result {
+        Locked,
+        Busy,  ///< another process, or another FileLock of this one, holds it
+        Failed ///< the file can't be opened
+    };
+    enum class File { IsMade, MustExist };
+
+    /// Does not lock yet.
+    explicit FileLock(const QString &path, File file = File::IsMade);
+    /// Unlocks.
+    ~FileLock();
+    FileLock(const FileLock &) = delete;
+    FileLock &operator=(const FileLock &) = delete;
+
+    /// Locks, and waits up to `patience` while the lock is held elsewhere.
+    Result tryLock(std::chrono::milliseconds patience);
+
+private:
+    const int m_descriptor;
+};
+
+} // namespace velmora
