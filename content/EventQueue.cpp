@@ -3,6 +3,7 @@
 
 #include "HostSettings.h"
 #include "MainQueue.h"
+#include "TimeSource.h"
 
 #include <Velmora/Support.h>
 
@@ -15,7 +16,9 @@ namespace velmora {
 
 namespace {
 
-constexpr double StorePauseSeconds = 0.5;
+// Storing a large queue takes a fifth of the main thread's time at most.
+constexpr double PausePerStore = 4;
+constexpr double LongestPauseSeconds = 0.5;
 constexpr qsizetype SmallSize = 100;
 
 } // namespace
@@ -104,30 +107,36 @@ void EventQueue::add(const QUrl &url) {
     m_unstored = std::min(m_unstored, m_urls.size());
 }
 
-// The settings of the former name stay in use as long as the queue can't be moved.
 void EventQueue::followPlace() {
     const QString place = HostSettings::place();
     if (place.isEmpty() || (m_store && place == m_store->place()))
         return;
     auto store = std::make_unique<EventStore>(HostSettings::open());
     store->adopt();
-    QList<QUrl> moved = store->queue();
-    const auto moveHere = [&](const QList<QUrl> &urls) {
-        if (urls.isEmpty() && m_underWay.isEmpty())
-            return true;
-        return store->change([&](EventStore::Events &events) {
-            events.queue = moved = EventStore::bounded(events.queue + urls);
-            events.underWay = m_underWay.values();
-        });
-    };
-    bool isMoved = false;
-    if (!m_store || (ownUrls().isEmpty() && !m_isReplaced && m_store->queue().isEmpty())) {
-        isMoved = moveHere(m_store ? QList<QUrl>() : m_urls);
-    } else {
-        // Written to the new place first, so that nothing is lost when the process is killed
-        // between the two.
+    if (m_store) {
+        moveTo(std::move(store));
+        return;
+    }
+    m_store = std::move(store);
+    m_unstored = m_urls.size();
+    m_urls = m_store->queue() + m_urls;
+    m_isReplaced = false;
+    if (!ownUrls().isEmpty())
+        this->store();
+}
+
+// The settings of the former name stay in use as long as the queue can't be moved.
+void EventQueue::moveTo(std::unique_ptr<EventStore> store) {
+    QList<QUrl> queue = store->queue();
+    bool isMoved = !m_isReplaced && ownUrls().isEmpty() && m_store->queue().isEmpty();
+    if (!isMoved) {
         m_store->change([&](EventStore::Events &former) {
-            isMoved = moveHere(merged(former.queue));
+            // Written to the new place first, so that nothing is lost when the process is killed
+            // between the two.
+            isMoved = store->change([&](EventStore::Events &events) {
+                queue = events.queue = EventStore::bounded(events.queue + merged(former.queue));
+                events.underWay = m_underWay.values();
+            });
             if (isMoved)
                 former.queue.clear();
             else
@@ -137,7 +146,7 @@ void EventQueue::followPlace() {
     if (!isMoved)
         return;
     m_store = std::move(store);
-    setStored(moved);
+    setStored(queue);
 }
 
 // The stored queue, which another process may have changed, with this process's changes.
@@ -166,26 +175,28 @@ void EventQueue::storeSoon() {
         return;
     MainQueue::post([this] {
         m_isPosted = false;
+        const bool wasLarge = isLarge();
+        const auto start = TimeSource::current().now();
         store();
+        const std::chrono::duration<double> duration = TimeSource::current().now() - start;
+        if (wasLarge)
+            pause(std::min(LongestPauseSeconds, PausePerStore * duration.count()));
     });
 }
 
 // For what is on the disk already, as being sent.
 void EventQueue::storeLater() {
     m_isDue = true;
-    if (m_timer && m_timer->isValid())
-        return;
-    storeSoon();
-    if (isLarge())
-        pause();
+    if (!m_timer || !m_timer->isValid())
+        storeSoon();
 }
 
-void EventQueue::pause() {
+void EventQueue::pause(double seconds) {
     if (m_timer)
         m_timer->invalidate();
-    m_timer = Timer::scheduled(StorePauseSeconds, Timer::Kind::OneShot, [this] {
+    m_timer = Timer::scheduled(seconds, Timer::Kind::OneShot, [this] {
         if (m_isDue)
-            storeLater();
+            storeSoon();
     });
     setGodTimer(m_timer);
 }
@@ -210,7 +221,7 @@ void EventQueue::store() {
     }
     m_store->setUnderWay(ownUrls());
     m_isDue = true;
-    pause();
+    pause(LongestPauseSeconds);
 }
 
 } // namespace velmora

@@ -15,7 +15,8 @@ namespace velmora {
 ///
 /// An event that is not on the disk yet is stored before the call returns. A change that could only
 /// be repeated, such as the removal of a delivered event, is stored on the next turn of the event
-/// loop; while there are more than a hundred events, at most twice a second. Without an application
+/// loop. While there are more than a hundred events, a pause follows each time that is four times as
+/// long as storing took, half a second at most. Without an application
 /// name, and where the settings can't be written, the events are kept in memory.
 ///
 /// When the host changes its application name, the stored queue moves to the new name's settings,
@@ -53,13 +54,14 @@ public:
 
 private:
     void followPlace();
+    void moveTo(std::unique_ptr<EventStore> store);
     void add(const QUrl &url);
     QList<QUrl> merged(const QList<QUrl> &stored) const;
     QList<QUrl> ownUrls() const;
     bool isLarge() const;
     void storeSoon();
     void storeLater();
-    void pause();
+    void pause(double seconds);
     void store();
     void setStored(const QList<QUrl> &urls);
 

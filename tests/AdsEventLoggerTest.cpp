@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdsEventLogger.h"
+#include "HostSettings.h"
+#include "ProcessIdentity.h"
+#include "SharedUrlSession.h"
 #include "Switches.h"
 #include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
@@ -8,9 +11,16 @@
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSet>
+#include <QtCore/QSettings>
 
+#include <algorithm>
 #include <thread>
+#include <unistd.h>
 
 namespace velmora::test {
 
@@ -24,6 +34,16 @@ protected:
 
     static QList<QUrl> stored() {
         return EventStore::unarchived(VLMObjForKey(QStringLiteral("eventStackData")).toByteArray());
+    }
+
+    /// What the settings hold as being sent, by any process.
+    static QList<QUrl> underWay() {
+        QList<QUrl> urls;
+        const auto settings = HostSettings::open();
+        settings->beginGroup(QStringLiteral("eventsUnderWay"));
+        for (const QString &key : settings->childKeys())
+            urls += EventStore::unarchived(settings->value(key).toByteArray());
+        return urls;
     }
 
     QStringList received() {
@@ -170,6 +190,137 @@ TEST_F(AdsEventLoggerTest, EventsMayComeFromAnyThread) {
     });
     worker.join();
     EXPECT_TRUE(eventually([&] { return received().size() == 10; }));
+}
+
+TEST_F(AdsEventLoggerTest, AnEventIsStoredWhileItIsUnderWayAndNoLonger) {
+    server.faults().set(QStringLiteral("/event/*"), Fault::hang());
+    logger().logEventWithURL(event(1));
+    EXPECT_EQ(underWay(), QList<QUrl>{event(1)});
+    EXPECT_TRUE(stored().isEmpty());
+    ASSERT_TRUE(eventually([&] { return received().size() == 1; }));
+    server.faults().clear();
+    ASSERT_TRUE(eventually([] { return underWay().isEmpty(); }));
+    EXPECT_TRUE(stored().isEmpty());
+    // An end of the run is no answer.
+    server.faults().set(QStringLiteral("/event/*"), Fault::hang());
+    logger().logEventWithURL(event(2));
+    restartProcess();
+    EXPECT_EQ(stored(), QList<QUrl>{event(2)});
+    EXPECT_TRUE(underWay().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, WhatAProcessThatIsGoneWasSendingJoinsTheQueue) {
+    VLMSetObjForKey(EventStore::archived({event(1)}), QStringLiteral("eventStackData"));
+    const QString own = ProcessIdentity::ofThisProcess();
+    const QString pid = own.section(u'-', 0, 0);
+    // Another process had the number of this one; nobody has the second; the third has no form.
+    int number = 2;
+    for (const QString &gone :
+         {pid + QStringLiteral("-1"), QStringLiteral("999999999-1"), QStringLiteral("nobody")})
+        VLMSetObjForKey(EventStore::archived({event(number++)}),
+                        QStringLiteral("eventsUnderWay/") + gone);
+    const qint64 parent = getppid();
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(parent));
+    ASSERT_TRUE(stat.open(QIODevice::ReadOnly));
+    const QByteArray text = stat.readAll();
+    const QString alive =
+        QStringLiteral("eventsUnderWay/%1-%2")
+            .arg(parent)
+            .arg(QLatin1String(text.mid(text.lastIndexOf(')') + 2).split(' ').value(19)));
+    VLMSetObjForKey(EventStore::archived({event(9)}), alive);
+    restartProcess();
+    QList<QUrl> urls = logger().eventStack();
+    EXPECT_EQ(urls.takeFirst(), event(1));
+    EXPECT_EQ(QSet<QUrl>(urls.begin(), urls.end()), (QSet<QUrl>{event(2), event(3), event(4)}));
+    EXPECT_EQ(stored().size(), 4);
+    EXPECT_EQ(underWay(), QList<QUrl>{event(9)});
+    VLMUserDefaults().removeObject(alive);
+}
+
+TEST_F(AdsEventLoggerTest, WhileAdsAreRemovedEventsStayQueuedAndAreNotTriedAgain) {
+    server.faults().set(QStringLiteral("/event/1"), Fault::hang());
+    logger().addEventURL(event(0));
+    logger().logEventWithURL(event(1));
+    ASSERT_TRUE(eventually([&] { return received().size() == 1; }));
+    Switches::setADSRemoved(true);
+    SharedUrlSession::cancelAll();
+    logger().logEventWithURL(event(2));
+    ASSERT_TRUE(eventually([] { return stored().size() == 3; }));
+    const QDateTime written = QFileInfo(HostSettings::place()).lastModified();
+    quietly(100);
+    EXPECT_EQ(received().size(), 1);
+    EXPECT_EQ(QFileInfo(HostSettings::place()).lastModified(), written);
+    EXPECT_TRUE(underWay().isEmpty());
+    Switches::setADSRemoved(false);
+}
+
+TEST_F(AdsEventLoggerTest, AQueueThatIsTooLongLosesItsOldestAndSaysSo) {
+    QList<QUrl> many;
+    for (int i = 0; i < 10'000; ++i)
+        many.append(event(i));
+    VLMSetObjForKey(EventStore::archived(many), QStringLiteral("eventStackData"));
+    restartProcess();
+    Switches::activateDebugMode();
+    for (int i : {10'000, 10'001})
+        logger().addEventURL(event(i));
+    ASSERT_TRUE(eventually([&] { return stored().value(9'999) == event(10'001); }));
+    EXPECT_EQ(stored().first(), event(2));
+    EXPECT_EQ(logger().eventStack(), stored());
+    EXPECT_TRUE(hasLogged(QStringLiteral("its 2 oldest events are dropped")));
+}
+
+TEST_F(AdsEventLoggerTest, AQueueInUseElsewhereIsNotWaitedForAndNothingIsLost) {
+    logger().addEventURL(event(1));
+    handleEvents();
+    Switches::activateDebugMode();
+    const QString path = HostSettings::place() + QStringLiteral(".velmora-lock");
+    auto other = std::make_unique<FileLock>(path);
+    ASSERT_EQ(other->tryLock({}), FileLock::Result::Locked);
+    QElapsedTimer clock;
+    clock.start();
+    logger().addEventURL(event(2));
+    handleEvents();
+    EXPECT_LT(clock.elapsed(), 1'000);
+    EXPECT_EQ(stored(), QList<QUrl>{event(1)});
+    EXPECT_EQ(underWay(), QList<QUrl>{event(2)});
+    EXPECT_TRUE(hasLogged(QStringLiteral("in use by another process")));
+    other.reset();
+    ASSERT_TRUE(eventually([&] { return stored() == QList<QUrl>{event(1), event(2)}; }));
+    EXPECT_TRUE(underWay().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, ALockThatAKilledProcessLeftDoesNotHoldUpTheHost) {
+    logger().addEventURL(event(1));
+    handleEvents();
+    QFile left(HostSettings::place() + QStringLiteral(".lock"));
+    QElapsedTimer clock;
+    clock.start();
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    left.close();
+    logger().addEventURL(event(2));
+    handleEvents();
+    EXPECT_EQ(stored().size(), 2);
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    left.close();
+    Switches::setADSRemoved(false);
+    EXPECT_LT(clock.elapsed(), 5'000);
+}
+
+TEST_F(AdsEventLoggerTest, TheMainThreadIsNotHeldUpByAnEvent) {
+    logger();
+    constexpr int Events = 100;
+    std::vector<qint64> costs;
+    for (int i = 0; i < Events; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        logger().logEventWithURL(event(i));
+        costs.push_back(clock.nsecsElapsed() / 1000);
+        ASSERT_TRUE(eventually([&] { return received().size() == i + 1; }));
+    }
+    std::sort(costs.begin(), costs.end());
+    RecordProperty("median_microseconds", int(costs[Events / 2]));
+    RecordProperty("most_microseconds", int(costs.back()));
+    EXPECT_LT(costs[Events / 2], 50'000);
 }
 
 TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
