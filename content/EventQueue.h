@@ -15,9 +15,9 @@ namespace velmora {
 ///
 /// An event that is not on the disk yet is stored before the call returns. A change that could only
 /// be repeated, such as the removal of a delivered event, is stored on the next turn of the event
-/// loop. While there are more than a hundred events, a pause follows each time that is four times as
-/// long as storing took, half a second at most. Without an application
-/// name, and where the settings can't be written, the events are kept in memory.
+/// loop. While there are more than a hundred events, a pause follows each time that is four times
+/// as long as storing took, half a second at most. Without an application name, and where the
+/// settings can't be written, the events are kept in memory.
 ///
 /// When the host changes its application name, the stored queue moves to the new name's settings,
 /// behind the queue that is stored there. Main thread only.

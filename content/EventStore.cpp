@@ -19,8 +19,10 @@ namespace {
 const QString QueueKey = QStringLiteral("eventStackData");
 const QString UnderWayGroup = QStringLiteral("eventsUnderWay");
 const QString ArchiveKind = QStringLiteral("events");
-// The main thread waits that long at most. Another process holds the lock for one write.
+// The main thread waits that long at most. Another process holds the lock for one write. A change
+// of the queue can wait, but not an event whose request is about to leave.
 constexpr std::chrono::milliseconds Patience{50};
+constexpr std::chrono::milliseconds LongPatience{200};
 
 } // namespace
 
@@ -87,7 +89,7 @@ void EventStore::setUnderWay(const QList<QUrl> &urls) {
     if (urls.isEmpty() && !m_hasOwn)
         return;
     FileLock lock(m_settings.lockPath());
-    if (lock.tryLock(Patience) == FileLock::Result::Busy)
+    if (lock.tryLock(LongPatience) == FileLock::Result::Busy)
         LOG(QStringLiteral("the events under way are stored without the lock"));
     m_hasOwn = !urls.isEmpty();
     m_settings.setValue(m_ownKey, m_hasOwn ? archived(urls) : QVariant());

@@ -169,7 +169,7 @@ TEST_F(EventCountTest, NoEventIsLostWhenTheHostIsKilled) {
     for (int i = 0; i < kills && !HasFailure(); ++i) {
         breakSomeConnections();
         const auto host = startHost();
-        QThread::usleep(random.bounded(150'000));
+        QThread::usleep(random.bounded(250'000));
         kill(*host);
     }
     expectExactCount();
@@ -190,9 +190,11 @@ TEST_F(EventCountTest, TwoProcessesShareTheQueue) {
     clock.start();
     const auto steady = startHost();
     while (!clock.hasExpired(repetitions() > 1 ? 60'000 : 4'000) && !HasFailure()) {
-        breakSomeConnections();
         const auto other = startHost();
-        QThread::msleep(random.bounded(1'000));
+        for (int pause = random.bounded(60); pause > 0; --pause) {
+            breakSomeConnections();
+            QThread::msleep(20);
+        }
         kill(*other);
     }
     kill(*steady);

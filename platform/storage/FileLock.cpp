@@ -5,21 +5,20 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
 namespace velmora {
 
 namespace {
-
-int opened(const QString &path, FileLock::File file) {
-    const int flags = O_RDWR | O_CLOEXEC | (file == FileLock::File::IsMade ? O_CREAT : 0);
-    return ::open(QFile::encodeName(path).constData(), flags, 0600);
-}
-
+constexpr std::chrono::microseconds Pause{100};
 } // namespace
 
-FileLock::FileLock(const QString &path, File file) : m_descriptor(opened(path, file)) {}
+FileLock::FileLock(const QString &path) : FileLock(path, O_CREAT) {}
+
+FileLock::FileLock(const QString &path, int flags)
+    : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | flags, 0600)) {}
 
 FileLock::~FileLock() {
     if (m_descriptor < 0)
@@ -36,9 +35,37 @@ FileLock::Result FileLock::tryLock(std::chrono::milliseconds patience) {
     while (::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0) {
         if (std::chrono::steady_clock::now() >= end)
             return Result::Busy;
-        std::this_thread::sleep_for(std::chrono::microseconds(500));
+        std::this_thread::sleep_for(Pause);
     }
     return Result::Locked;
+}
+
+bool FileLock::isAt(const QString &path) const {
+    struct stat own {};
+    struct stat there {};
+    return ::fstat(m_descriptor, &own) == 0 &&
+           ::stat(QFile::encodeName(path).constData(), &there) == 0 && own.st_dev == there.st_dev &&
+           own.st_ino == there.st_ino;
+}
+
+void FileLock::awaitQtLock(const QString &path, std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (std::chrono::steady_clock::now() < end) {
+        FileLock lock(path, 0);
+        switch (lock.tryLock({})) {
+        case Result::Failed:
+            return; // there is none
+        case Result::Busy:
+            std::this_thread::sleep_for(Pause);
+            continue;
+        case Result::Locked:
+            // QLockFile takes the advisory lock as well, microseconds after it has made the file.
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+            if (lock.isAt(path))
+                QFile::remove(path);
+            return;
+        }
+    }
 }
 
 } // namespace velmora

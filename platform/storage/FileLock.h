@@ -12,7 +12,7 @@ namespace velmora {
 ///
 /// QLockFile is not used where events are counted: it flushes its file to the disk for every lock,
 /// and a process that is killed while it locks may leave an empty file, which blocks the others for
-/// half a minute.
+/// half a minute (awaitQtLock()).
 class FileLock {
 public:
     enum class Result {
@@ -20,10 +20,9 @@ public:
         Busy,  ///< another process, or another FileLock of this one, holds it
         Failed ///< the file can't be opened
     };
-    enum class File { IsMade, MustExist };
 
-    /// Does not lock yet.
-    explicit FileLock(const QString &path, File file = File::IsMade);
+    /// Makes the file, and does not lock yet.
+    explicit FileLock(const QString &path);
     /// Unlocks.
     ~FileLock();
     FileLock(const FileLock &) = delete;
@@ -32,7 +31,15 @@ public:
     /// Locks, and waits up to `patience` while the lock is held elsewhere.
     Result tryLock(std::chrono::milliseconds patience);
 
+    /// Waits up to `patience` while a QLockFile with this path is held, and removes the file if the
+    /// process that made it has ended. QLockFile itself would sleep for a tenth of a second or, if
+    /// the process was killed before it had written its number, for half a minute. Any thread.
+    static void awaitQtLock(const QString &path, std::chrono::milliseconds patience);
+
 private:
+    FileLock(const QString &path, int flags);
+    bool isAt(const QString &path) const;
+
     const int m_descriptor;
 };
 

@@ -116,7 +116,7 @@ bool SettingsStore::storeDue() {
         else
             m_settings->remove(it.key());
     }
-    SharedSettings::removeDeadLock(m_settings->fileName());
+    SharedSettings::awaitOthers(m_settings->fileName());
     m_settings->sync();
     if (m_settings->status() == QSettings::AccessError)
         return false;

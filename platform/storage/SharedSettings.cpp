@@ -5,7 +5,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QThread>
 
 #include <utility>
 
@@ -30,11 +29,6 @@ void makeNewer(const QString &place, const QDateTime &before) {
     QFile file(place);
     if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
-}
-
-bool isEmptyFile(const QString &path) {
-    const QFileInfo file(path);
-    return file.isFile() && file.size() == 0;
 }
 
 } // namespace
@@ -75,7 +69,7 @@ bool SharedSettings::write() {
     if (m_settings->status() != QSettings::NoError)
         m_settings = sameAgain(*m_settings);
     const QDateTime before = QFileInfo(place()).lastModified();
-    removeDeadLock(place());
+    awaitOthers(place());
     m_settings->sync();
     if (m_settings->status() == QSettings::AccessError)
         return false;
@@ -83,18 +77,8 @@ bool SharedSettings::write() {
     return true;
 }
 
-void SharedSettings::removeDeadLock(const QString &place) {
-    const QString path = place + QStringLiteral(".lock");
-    if (!isEmptyFile(path))
-        return;
-    // A process that is alive has its number written there, under the advisory lock, microseconds
-    // after it has made the file.
-    FileLock lock(path, FileLock::File::MustExist);
-    if (lock.tryLock({}) != FileLock::Result::Locked)
-        return;
-    QThread::msleep(2);
-    if (isEmptyFile(path))
-        QFile::remove(path);
+void SharedSettings::awaitOthers(const QString &place) {
+    FileLock::awaitQtLock(place + QStringLiteral(".lock"), std::chrono::milliseconds(50));
 }
 
 } // namespace velmora

@@ -33,9 +33,10 @@ public:
     /// @return false when the file can't be written
     bool write();
 
-    /// Removes the lock file that a process which was killed while QSettings made it has left.
-    /// QSettings would wait half a minute for it. Call this before QSettings writes. Any thread.
-    static void removeDeadLock(const QString &place);
+    /// Waits a moment while another process writes the file. Call this before QSettings writes,
+    /// since QSettings waits far longer than such a write takes, above all when the other process
+    /// was killed (FileLock::awaitQtLock()). Any thread.
+    static void awaitOthers(const QString &place);
 
 private:
     std::unique_ptr<QSettings> m_settings;
