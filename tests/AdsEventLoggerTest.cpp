@@ -12,6 +12,7 @@
 #include <Velmora/Support.h>
 
 #include <QtCore/QDateTime>
+#include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -267,6 +268,13 @@ TEST_F(AdsEventLoggerTest, AQueueThatIsTooLongLosesItsOldestAndSaysSo) {
     EXPECT_EQ(stored().first(), event(2));
     EXPECT_EQ(logger().eventStack(), stored());
     EXPECT_TRUE(hasLogged(QStringLiteral("its 2 oldest events are dropped")));
+    // When that many wait for an answer, further events are queued at once.
+    server.faults().set(QStringLiteral("/event/*"), Fault::hang());
+    server.faults().set(QStringLiteral("/event/0"), Fault());
+    logger().logEventWithURL(event(0));
+    ASSERT_TRUE(eventually([&] { return logger().eventStack().isEmpty(); }));
+    logger().logEventWithURL(event(1));
+    ASSERT_TRUE(eventually([&] { return stored() == QList<QUrl>{event(1)}; }));
 }
 
 TEST_F(AdsEventLoggerTest, AQueueInUseElsewhereIsNotWaitedForAndNothingIsLost) {
@@ -287,6 +295,45 @@ TEST_F(AdsEventLoggerTest, AQueueInUseElsewhereIsNotWaitedForAndNothingIsLost) {
     other.reset();
     ASSERT_TRUE(eventually([&] { return stored() == QList<QUrl>{event(1), event(2)}; }));
     EXPECT_TRUE(underWay().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, EventsUnderWayMoveToALaterName) {
+    const HostName name;
+    server.faults().set(QStringLiteral("/event/1"), Fault::hang());
+    logger().logEventWithURL(event(1));
+    HostName::set(QStringLiteral("moved"));
+    logger().addEventURL(event(2));
+    handleEvents();
+    EXPECT_EQ(underWay(), QList<QUrl>{event(1)});
+    EXPECT_EQ(stored(), QList<QUrl>{event(2)});
+    HostName::set(QStringLiteral("host"));
+    EXPECT_TRUE(underWay().isEmpty());
+    HostName::set(QStringLiteral("moved"));
+    server.faults().clear();
+    ASSERT_TRUE(eventually([&] { return received().size() == 2 && underWay().isEmpty(); }));
+    EXPECT_TRUE(stored().isEmpty());
+}
+
+TEST_F(AdsEventLoggerTest, WhereNothingCanBeWrittenEventsAreKeptForTheRun) {
+    const HostName name;
+    HostName::set(QStringLiteral("unwritable"));
+    Switches::activateDebugMode();
+    const QString file = HostSettings::place();
+    QFile::remove(file);
+    QDir().mkpath(file + QStringLiteral("/x"));
+    server.faults().set(QStringLiteral("/event/*"), Fault::reset().times(2));
+    for (int i : {1, 2})
+        logger().logEventWithURL(event(i));
+    ASSERT_TRUE(eventually([] { return logger().eventStack().size() == 2; }));
+    EXPECT_EQ(logged().filter(QStringLiteral("unwritable.conf cannot be written")).size(), 1);
+    QDir(file).removeRecursively();
+    logger().addEventURL(event(3));
+    handleEvents();
+    EXPECT_EQ(stored().size(), 3);
+    restartProcess();
+    EXPECT_EQ(logger().eventStack().size(), 3);
+    logger().logEventWithURL(event(4));
+    ASSERT_TRUE(eventually([&] { return stored().isEmpty() && underWay().isEmpty(); }));
 }
 
 TEST_F(AdsEventLoggerTest, ALockThatAKilledProcessLeftDoesNotHoldUpTheHost) {
