@@ -2,10 +2,6 @@
 #include "EventQueue.h"
 
 #include "HostSettings.h"
-#include "MainQueue.h"
-#include "TimeSource.h"
-
-#include <Velmora/Support.h>
 
 #include <QtCore/QSettings>
 
@@ -15,21 +11,15 @@
 namespace velmora {
 
 namespace {
-
-// Storing a large queue takes a fifth of the main thread's time at most.
-constexpr double PausePerStore = 4;
-constexpr double LongestPauseSeconds = 0.5;
+// More events are stored with pauses.
 constexpr qsizetype SmallSize = 100;
-
 } // namespace
 
-EventQueue::EventQueue() {
+EventQueue::EventQueue() : m_pace([this] { store(); }) {
     followPlace();
 }
 
 EventQueue::~EventQueue() {
-    if (m_timer)
-        m_timer->invalidate();
     followPlace();
     m_unstored += m_underWay.size();
     m_urls += m_underWay.values();
@@ -49,9 +39,8 @@ void EventQueue::append(const QUrl &url) {
     m_mustStore = true;
     if (!url.isEmpty())
         add(url);
-    // A store on the next turn stores everything that has been posted up to now with one write.
     if (isLarge())
-        storeSoon();
+        m_pace.storeSoon();
     else
         store();
 }
@@ -89,13 +78,13 @@ QMap<EventQueue::Number, QUrl> EventQueue::beginAll() {
 
 void EventQueue::delivered(Number number) {
     m_underWay.remove(number);
-    storeLater();
+    m_pace.storeLater();
 }
 
 void EventQueue::failed(Number number) {
     followPlace();
     add(m_underWay.take(number));
-    storeLater();
+    m_pace.storeLater();
 }
 
 void EventQueue::add(const QUrl &url) {
@@ -129,7 +118,9 @@ void EventQueue::followPlace() {
 void EventQueue::moveTo(std::unique_ptr<EventStore> store) {
     QList<QUrl> queue = store->queue();
     bool isMoved = !m_isReplaced && ownUrls().isEmpty() && m_store->queue().isEmpty();
-    if (!isMoved) {
+    if (isMoved) {
+        m_store->setUnderWay({}); // the answer to the last one may not be stored yet
+    } else {
         m_store->change([&](EventStore::Events &former) {
             // Written to the new place first, so that nothing is lost when the process is killed
             // between the two.
@@ -170,42 +161,12 @@ void EventQueue::setStored(const QList<QUrl> &urls) {
     m_mustStore = false;
 }
 
-void EventQueue::storeSoon() {
-    if (std::exchange(m_isPosted, true))
-        return;
-    MainQueue::post([this] {
-        m_isPosted = false;
-        const bool wasLarge = isLarge();
-        const auto start = TimeSource::current().now();
-        store();
-        const std::chrono::duration<double> duration = TimeSource::current().now() - start;
-        if (wasLarge)
-            pause(std::min(LongestPauseSeconds, PausePerStore * duration.count()));
-    });
-}
-
-// For what is on the disk already, as being sent.
-void EventQueue::storeLater() {
-    m_isDue = true;
-    if (!m_timer || !m_timer->isValid())
-        storeSoon();
-}
-
-void EventQueue::pause(double seconds) {
-    if (m_timer)
-        m_timer->invalidate();
-    m_timer = Timer::scheduled(seconds, Timer::Kind::OneShot, [this] {
-        if (m_isDue)
-            storeSoon();
-    });
-    setGodTimer(m_timer);
-}
-
 void EventQueue::store() {
     followPlace();
     if (!m_store)
         return;
-    m_isDue = false;
+    m_pace.setHasPauses(isLarge());
+    m_pace.setDone();
     if (!m_mustStore && !m_isReplaced && m_unstored == 0) {
         m_store->setUnderWay(m_underWay.values());
         return;
@@ -220,8 +181,7 @@ void EventQueue::store() {
         return;
     }
     m_store->setUnderWay(ownUrls());
-    m_isDue = true;
-    pause(LongestPauseSeconds);
+    m_pace.retry();
 }
 
 } // namespace velmora

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "EventStore.h"
-
-#include <Velmora/Timer.h>
+#include "StorePace.h"
 
 #include <QtCore/QMap>
 
@@ -13,11 +12,10 @@ namespace velmora {
 /// that are being sent. Both are stored (EventStore), so that none is lost however the process
 /// ends.
 ///
-/// An event that is not on the disk yet is stored before the call returns. A change that could only
-/// be repeated, such as the removal of a delivered event, is stored on the next turn of the event
-/// loop. While there are more than a hundred events, a pause follows each time that is four times
-/// as long as storing took, half a second at most. Without an application name, and where the
-/// settings can't be written, the events are kept in memory.
+/// A new event is stored before the call returns. That an event was delivered or has failed is
+/// stored later (StorePace), with pauses while there are more than a hundred events: until then it
+/// is stored as being sent, so that it can come twice but cannot be lost. Without an application
+/// name, and where the settings can't be written, the events are kept in memory.
 ///
 /// When the host changes its application name, the stored queue moves to the new name's settings,
 /// behind the queue that is stored there. Main thread only.
@@ -59,9 +57,6 @@ private:
     QList<QUrl> merged(const QList<QUrl> &stored) const;
     QList<QUrl> ownUrls() const;
     bool isLarge() const;
-    void storeSoon();
-    void storeLater();
-    void pause(double seconds);
     void store();
     void setStored(const QList<QUrl> &urls);
 
@@ -72,9 +67,7 @@ private:
     bool m_mustStore = false;      // the queue is to be stored, even unchanged
     QMap<Number, QUrl> m_underWay; // in the order in which they were started
     Number m_lastNumber = 0;
-    bool m_isDue = false;    // something changed since the last store()
-    bool m_isPosted = false; // store() is called on the next turn of the event loop
-    TimerPtr m_timer;        // until it fires, nothing is stored that can wait
+    StorePace m_pace;
 };
 
 } // namespace velmora
