@@ -59,11 +59,11 @@ void EventStore::adopt() {
         return; // the next start does it
     const QStringList keys = abandonedKeys();
     QList<QUrl> urls = queue();
-    for (const QString &key : keys) {
+    for (const QString &key : keys)
         urls += unarchived(m_settings.value(key).toByteArray());
-        m_settings.setValue(key, {});
-    }
     m_settings.setValue(QueueKey, archived(bounded(urls)));
+    for (const QString &key : keys)
+        m_settings.setValue(key, {});
     write();
 }
 
@@ -78,9 +78,14 @@ bool EventStore::change(const std::function<void(Events &events)> &change) {
     change(events);
     m_lastBytes = archived(events.queue);
     m_lastQueue = events.queue;
+    // Where the events are added comes first: when another thread reads or writes any setting
+    // between the two lines, QSettings writes the first value alone.
+    const bool areTaken = events.queue.isEmpty();
+    if (areTaken)
+        setOwn(events.underWay);
     m_settings.setValue(QueueKey, m_lastBytes);
-    m_hasOwn = !events.underWay.isEmpty();
-    m_settings.setValue(m_ownKey, m_hasOwn ? archived(events.underWay) : QVariant());
+    if (!areTaken)
+        setOwn(events.underWay);
     write();
     return true;
 }
@@ -91,9 +96,13 @@ void EventStore::setUnderWay(const QList<QUrl> &urls) {
     FileLock lock(m_settings.lockPath());
     if (lock.tryLock(LongPatience) == FileLock::Result::Busy)
         LOG(QStringLiteral("the events under way are stored without the lock"));
+    setOwn(urls);
+    write();
+}
+
+void EventStore::setOwn(const QList<QUrl> &urls) {
     m_hasOwn = !urls.isEmpty();
     m_settings.setValue(m_ownKey, m_hasOwn ? archived(urls) : QVariant());
-    write();
 }
 
 void EventStore::write() {

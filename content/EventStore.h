@@ -53,6 +53,7 @@ public:
 
 private:
     QStringList abandonedKeys();
+    void setOwn(const QList<QUrl> &urls);
     void write();
 
     SharedSettings m_settings;

@@ -26,10 +26,11 @@ public:
     /// The stored keys "GROUP/NAME" of a group.
     QStringList keys(const QString &group);
 
-    /// Sets a value, which write() writes; an invalid one removes the key.
+    /// Sets a value, which write() writes; an invalid one removes the key. When another thread uses
+    /// the settings meanwhile, QSettings may write it before.
     void setValue(const QString &key, const QVariant &value);
 
-    /// Writes all values that were set, as one change of the file.
+    /// Writes the values that were set.
     /// @return false when the file can't be written
     bool write();
 
