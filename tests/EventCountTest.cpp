@@ -22,7 +22,7 @@ using adserver::Fault;
 
 /// Runs in a child process: logs events and prints each one's path once logEventWithURL() has
 /// returned. VELMORA_TEST_CHILD is "NAME PAUSE WAY MILLISECONDS": it pauses between events, and
-/// ends in that way after that time.
+/// ends in that way so long after the first.
 TEST(HostThatLogs, DISABLED_UntilItEnds) {
     const QStringList told = qEnvironmentVariable("VELMORA_TEST_CHILD").split(QLatin1Char(' '));
     Deployment deployment = Deployment::builtIn();
