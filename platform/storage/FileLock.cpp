@@ -2,6 +2,7 @@
 #include "FileLock.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -50,21 +51,21 @@ bool FileLock::isAt(const QString &path) const {
 
 void FileLock::awaitQtLock(const QString &path, std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (std::chrono::steady_clock::now() < end) {
+    const FileLock first(path, 0);
+    if (first.m_descriptor < 0)
+        return; // there is none
+    while (first.isAt(path)) {
+        // The process writes its number microseconds after it has made the file, and holds the
+        // advisory lock from before that. QLockFile itself recognises the number of a dead process.
+        const bool isEmpty = QFileInfo(path).size() == 0;
+        const bool isOver = std::chrono::steady_clock::now() >= end;
         FileLock lock(path, 0);
-        switch (lock.tryLock({})) {
-        case Result::Failed:
-            return; // there is none
-        case Result::Busy:
-            std::this_thread::sleep_for(Pause);
-            continue;
-        case Result::Locked:
-            // QLockFile takes the advisory lock as well, microseconds after it has made the file.
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-            if (lock.isAt(path))
-                QFile::remove(path);
+        const bool isDead = (!isEmpty || isOver) && lock.tryLock({}) == Result::Locked;
+        if (isDead && isEmpty && lock.isAt(path))
+            QFile::remove(path);
+        if (isDead || isOver)
             return;
-        }
+        std::this_thread::sleep_for(Pause);
     }
 }
 

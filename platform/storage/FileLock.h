@@ -31,9 +31,10 @@ public:
     /// Locks, and waits up to `patience` while the lock is held elsewhere.
     Result tryLock(std::chrono::milliseconds patience);
 
-    /// Waits up to `patience` while a QLockFile with this path is held, and removes the file if the
-    /// process that made it has ended. QLockFile itself would sleep for a tenth of a second or, if
-    /// the process was killed before it had written its number, for half a minute. Any thread.
+    /// Waits up to `patience` while there is a QLockFile with this path. If it is still empty then,
+    /// its process was killed before it had written its number, and the file is removed. QLockFile
+    /// itself would sleep for a tenth of a second, or for half a minute if the file is empty. Any
+    /// thread.
     static void awaitQtLock(const QString &path, std::chrono::milliseconds patience);
 
 private:

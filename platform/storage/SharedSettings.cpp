@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SharedSettings.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -57,6 +56,7 @@ QStringList SharedSettings::keys(const QString &group) {
 }
 
 void SharedSettings::setValue(const QString &key, const QVariant &value) {
+    noteTime();
     if (value.isValid())
         m_settings->setValue(key, value);
     else
@@ -68,13 +68,20 @@ bool SharedSettings::write() {
     // the old one could not write.
     if (m_settings->status() != QSettings::NoError)
         m_settings = sameAgain(*m_settings);
-    const QDateTime before = QFileInfo(place()).lastModified();
     awaitOthers(place());
+    noteTime();
     m_settings->sync();
     if (m_settings->status() == QSettings::AccessError)
         return false;
-    makeNewer(place(), before);
+    makeNewer(place(), m_newest);
     return true;
+}
+
+// Before each value is set and before all are written, since QSettings may write in between.
+void SharedSettings::noteTime() {
+    const QDateTime time = QFileInfo(place()).lastModified();
+    if (time.isValid() && (!m_newest.isValid() || time > m_newest))
+        m_newest = time;
 }
 
 void SharedSettings::awaitOthers(const QString &place) {

@@ -3,6 +3,7 @@
 
 #include "FileLock.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QSettings>
 
 #include <memory>
@@ -40,7 +41,10 @@ public:
     static void awaitOthers(const QString &place);
 
 private:
+    void noteTime();
+
     std::unique_ptr<QSettings> m_settings;
+    QDateTime m_newest; // the file's newest time so far
 };
 
 } // namespace velmora
