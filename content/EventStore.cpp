@@ -54,8 +54,8 @@ QStringList EventStore::abandonedKeys() {
 void EventStore::adopt() {
     if (abandonedKeys().isEmpty())
         return;
-    FileLock lock(m_settings.lockPath());
-    if (lock.tryLock(Patience) == FileLock::Result::Busy)
+    const auto lock = m_settings.lock(Patience);
+    if (!lock)
         return; // the next start does it
     const QStringList keys = abandonedKeys();
     QList<QUrl> urls = queue();
@@ -68,9 +68,8 @@ void EventStore::adopt() {
 }
 
 bool EventStore::change(const std::function<void(Events &events)> &change) {
-    FileLock lock(m_settings.lockPath());
-    // Where the lock file can't be made, no process can write the settings.
-    if (lock.tryLock(Patience) == FileLock::Result::Busy) {
+    const auto lock = m_settings.lock(Patience);
+    if (!lock) {
         LOG(QStringLiteral("the event queue is in use by another process"));
         return false;
     }
@@ -93,8 +92,8 @@ bool EventStore::change(const std::function<void(Events &events)> &change) {
 void EventStore::setUnderWay(const QList<QUrl> &urls) {
     if (urls.isEmpty() && !m_hasOwn)
         return;
-    FileLock lock(m_settings.lockPath());
-    if (lock.tryLock(LongPatience) == FileLock::Result::Busy)
+    const auto lock = m_settings.lock(LongPatience);
+    if (!lock)
         LOG(QStringLiteral("the events under way are stored without the lock"));
     setOwn(urls);
     write();

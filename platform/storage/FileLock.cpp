@@ -4,6 +4,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -39,6 +40,19 @@ FileLock::Result FileLock::tryLock(std::chrono::milliseconds patience) {
         std::this_thread::sleep_for(Pause);
     }
     return Result::Locked;
+}
+
+QByteArray FileLock::note() const {
+    constexpr size_t Longest = 64;
+    QByteArray note(Longest, 0);
+    const ssize_t size = ::pread(m_descriptor, note.data(), Longest, 0);
+    return note.left(std::max<ssize_t>(size, 0));
+}
+
+void FileLock::setNote(const QByteArray &note) {
+    // An unsuccessful write leaves less, which is no process's note.
+    if (::ftruncate(m_descriptor, 0) == 0) [[maybe_unused]]
+        const ssize_t written = ::pwrite(m_descriptor, note.constData(), size_t(note.size()), 0);
 }
 
 bool FileLock::isAt(const QString &path) const {

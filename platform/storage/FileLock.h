@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 #include <chrono>
@@ -30,6 +31,10 @@ public:
 
     /// Locks, and waits up to `patience` while the lock is held elsewhere.
     Result tryLock(std::chrono::milliseconds patience);
+
+    /// A short text in the file, which the processes that lock it can leave for each other.
+    QByteArray note() const;
+    void setNote(const QByteArray &note);
 
     /// Waits up to `patience` while there is a QLockFile with this path. If it is still empty then,
     /// its process was killed before it had written its number, and the file is removed. QLockFile

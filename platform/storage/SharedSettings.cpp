@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SharedSettings.h"
 
+#include "ProcessIdentity.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -19,25 +21,36 @@ std::unique_ptr<QSettings> sameAgain(const QSettings &settings) {
     return same;
 }
 
-// QSettings reads a file again when its size or its time has changed. Two writes of equal length
-// may come within one tick of the file system's clock; the other process would then not notice the
-// second one and write the old values back.
-void makeNewer(const QString &place, const QDateTime &before) {
-    if (!before.isValid() || QFileInfo(place).lastModified() > before)
-        return;
-    QFile file(place);
-    if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
-        file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
-}
-
 } // namespace
 
 SharedSettings::SharedSettings(std::unique_ptr<QSettings> settings)
-    : m_settings(std::move(settings)) {}
+    : m_settings(std::move(settings)), m_identity(ProcessIdentity::ofThisProcess().toLatin1()) {}
 
-QString SharedSettings::lockPath() const {
+std::unique_ptr<FileLock> SharedSettings::lock(std::chrono::milliseconds patience) {
     QDir().mkpath(QFileInfo(place()).path());
-    return place() + QStringLiteral(".velmora-lock");
+    auto lock = std::make_unique<FileLock>(place() + QStringLiteral(".velmora-lock"));
+    if (lock->tryLock(patience) == FileLock::Result::Busy) {
+        lock->setNote({}); // the caller may write all the same
+        return nullptr;
+    }
+    if (lock->note() != m_identity) {
+        readAgain();
+        lock->setNote(m_identity);
+    }
+    return lock;
+}
+
+// QSettings reads a file again when its size or time has changed. But it takes down the time after
+// it has read: when another process writes in between, on whatever thread this is read, the old
+// values stay and would be written back over the new ones.
+void SharedSettings::readAgain() {
+    m_settings->sync(); // waits for the end of a reading on another thread
+    QFile file(place());
+    if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        file.setFileTime(QFileInfo(file).lastModified().addMSecs(1),
+                         QFileDevice::FileModificationTime);
+    file.close();
+    m_settings->sync();
 }
 
 QVariant SharedSettings::value(const QString &key) {
@@ -56,7 +69,6 @@ QStringList SharedSettings::keys(const QString &group) {
 }
 
 void SharedSettings::setValue(const QString &key, const QVariant &value) {
-    noteTime();
     if (value.isValid())
         m_settings->setValue(key, value);
     else
@@ -69,19 +81,8 @@ bool SharedSettings::write() {
     if (m_settings->status() != QSettings::NoError)
         m_settings = sameAgain(*m_settings);
     awaitOthers(place());
-    noteTime();
     m_settings->sync();
-    if (m_settings->status() == QSettings::AccessError)
-        return false;
-    makeNewer(place(), m_newest);
-    return true;
-}
-
-// Before each value is set and before all are written, since QSettings may write in between.
-void SharedSettings::noteTime() {
-    const QDateTime time = QFileInfo(place()).lastModified();
-    if (time.isValid() && (!m_newest.isValid() || time > m_newest))
-        m_newest = time;
+    return m_settings->status() != QSettings::AccessError;
 }
 
 void SharedSettings::awaitOthers(const QString &place) {

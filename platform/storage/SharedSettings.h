@@ -3,7 +3,6 @@
 
 #include "FileLock.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QSettings>
 
 #include <memory>
@@ -19,8 +18,12 @@ public:
 
     /// The settings file.
     QString place() const { return m_settings->fileName(); }
-    /// The file to lock for a change: `FileLock lock(settings.lockPath())`.
-    QString lockPath() const;
+
+    /// Locks the settings until the result is destroyed, and reads them again if another process
+    /// has locked them since.
+    /// @return null when another process holds the lock for longer than `patience`. An object also
+    ///         when there can be no lock file: then no process can write the settings
+    std::unique_ptr<FileLock> lock(std::chrono::milliseconds patience);
 
     /// What is stored now; an invalid QVariant when the key is absent.
     QVariant value(const QString &key);
@@ -41,10 +44,10 @@ public:
     static void awaitOthers(const QString &place);
 
 private:
-    void noteTime();
+    void readAgain();
 
     std::unique_ptr<QSettings> m_settings;
-    QDateTime m_newest; // the file's newest time so far
+    const QByteArray m_identity; // of this process; the lock file holds that of the last writer
 };
 
 } // namespace velmora
