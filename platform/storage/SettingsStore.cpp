@@ -12,6 +12,11 @@
 
 namespace velmora {
 
+namespace {
+// Without the lock a value is written all the same.
+constexpr std::chrono::milliseconds LockPatience{50};
+} // namespace
+
 SettingsStore::SettingsStore() = default;
 SettingsStore::~SettingsStore() = default;
 
@@ -108,6 +113,7 @@ bool SettingsStore::storeDue() {
     // QSettings never clears its error status, so only a new object shows whether a write succeeds.
     if (m_settings->status() != QSettings::NoError)
         m_settings = settingsOf(m_names);
+    const auto lock = SharedSettings::lock(*m_settings, LockPatience);
     for (auto it = m_own.cbegin(); it != m_own.cend(); ++it) {
         if (it->isStored)
             continue;

@@ -21,36 +21,40 @@ std::unique_ptr<QSettings> sameAgain(const QSettings &settings) {
     return same;
 }
 
-} // namespace
-
-SharedSettings::SharedSettings(std::unique_ptr<QSettings> settings)
-    : m_settings(std::move(settings)), m_identity(ProcessIdentity::ofThisProcess().toLatin1()) {}
-
-std::unique_ptr<FileLock> SharedSettings::lock(std::chrono::milliseconds patience) {
-    QDir().mkpath(QFileInfo(place()).path());
-    auto lock = std::make_unique<FileLock>(place() + QStringLiteral(".velmora-lock"));
-    if (lock->tryLock(patience) == FileLock::Result::Busy) {
-        lock->setNote({}); // the caller may write all the same
-        return nullptr;
-    }
-    if (lock->note() != m_identity) {
-        readAgain();
-        lock->setNote(m_identity);
-    }
-    return lock;
-}
-
 // QSettings reads a file again when its size or time has changed. But it takes down the time after
 // it has read: when another process writes in between, on whatever thread this is read, the old
 // values stay and would be written back over the new ones.
-void SharedSettings::readAgain() {
-    m_settings->sync(); // waits for the end of a reading on another thread
-    QFile file(place());
+void readAgain(QSettings &settings) {
+    settings.sync(); // waits for the end of a reading on another thread
+    QFile file(settings.fileName());
     if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         file.setFileTime(QFileInfo(file).lastModified().addMSecs(1),
                          QFileDevice::FileModificationTime);
     file.close();
-    m_settings->sync();
+    settings.sync();
+}
+
+} // namespace
+
+SharedSettings::SharedSettings(std::unique_ptr<QSettings> settings)
+    : m_settings(std::move(settings)) {}
+
+std::unique_ptr<FileLock> SharedSettings::lock(QSettings &settings,
+                                               std::chrono::milliseconds patience) {
+    const QString place = settings.fileName();
+    QDir().mkpath(QFileInfo(place).path());
+    auto lock = std::make_unique<FileLock>(place + QStringLiteral(".velmora-lock"));
+    if (lock->tryLock(patience) == FileLock::Result::Busy) {
+        lock->setNote({}); // the caller may write all the same
+        return nullptr;
+    }
+    // The note names the process that locked last.
+    const QByteArray identity = ProcessIdentity::ofThisProcess().toLatin1();
+    if (lock->note() != identity) {
+        readAgain(settings);
+        lock->setNote(identity);
+    }
+    return lock;
 }
 
 QVariant SharedSettings::value(const QString &key) {

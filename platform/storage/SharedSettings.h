@@ -23,7 +23,11 @@ public:
     /// has locked them since.
     /// @return null when another process holds the lock for longer than `patience`. An object also
     ///         when there can be no lock file: then no process can write the settings
-    std::unique_ptr<FileLock> lock(std::chrono::milliseconds patience);
+    std::unique_ptr<FileLock> lock(std::chrono::milliseconds patience) {
+        return lock(*m_settings, patience);
+    }
+    /// The same for any QSettings object. Any thread.
+    static std::unique_ptr<FileLock> lock(QSettings &settings, std::chrono::milliseconds patience);
 
     /// What is stored now; an invalid QVariant when the key is absent.
     QVariant value(const QString &key);
@@ -44,10 +48,7 @@ public:
     static void awaitOthers(const QString &place);
 
 private:
-    void readAgain();
-
     std::unique_ptr<QSettings> m_settings;
-    const QByteArray m_identity; // of this process; the lock file holds that of the last writer
 };
 
 } // namespace velmora
