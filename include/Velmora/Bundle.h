@@ -27,15 +27,18 @@ public:
         return frameworkBundle();
     }
 
-    /// The value of a key in the bundle's Info.plist; an invalid QVariant when there is none.
+    /// The value of a key in the bundle's Info.plist; an invalid QVariant when there is none. The
+    /// framework's bundle has no Info.plist.
     ///
     /// The file is searched beside the executable, in the folder above it, and in the resources as
     /// ":/Info.plist", and read once. It must be a property list in XML form of at most 256 KiB.
-    /// Any other file, also a binary property list, is skipped with a warning in the system log.
+    /// Any other file, also a binary property list, is skipped with a warning in Qt's log, with
+    /// debug mode off, too.
     QVariant objectForInfoDictionaryKey(const QString &key) const;
 
-    /// The folder with the resources: a file path or a Qt resource path (":/..."). For the host's
-    /// bundle it is empty before there is an application object.
+    /// The folder with the resources: a file path or a Qt resource path (":/..."). In a macOS
+    /// application bundle it is "Contents/Resources". For the host's bundle it is empty before
+    /// there is an application object.
     QString resourcePath() const { return m_resources; }
 
     /// The URL of a resource ("file:" or "qrc:"); empty when there is no such file.

@@ -50,6 +50,7 @@ public:
         std::shared_ptr<Entry> m_entry;
     };
 
+    /// Makes a centre of the host's own. The framework posts to defaultCenter() only.
     NotificationCenter();
     ~NotificationCenter() override;
 
@@ -60,6 +61,7 @@ public:
     /// @param object if valid, the handler is called only for notifications with an equal object
     [[nodiscard]] Observation addObserver(const QString &name, const QVariant &object,
                                           Handler handler);
+    /// The same for notifications with any object.
     [[nodiscard]] Observation addObserver(const QString &name, Handler handler);
 
     /// Calls all handlers for the name and emits posted(), before it returns.

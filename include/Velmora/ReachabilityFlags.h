@@ -9,15 +9,22 @@ namespace velmora {
 using ReachabilityFlags = quint32;
 
 enum ReachabilityFlag : ReachabilityFlags {
-    ReachabilityFlagTransientConnection = 1u
-                                          << 0,   ///< through a point-to-point link, as of a tunnel
-    ReachabilityFlagReachable = 1u << 1,          ///< there is a route to the target
-    ReachabilityFlagConnectionRequired = 1u << 2, ///< a connection must be established first
-    ReachabilityFlagConnectionOnTraffic = 1u << 3,  ///< any traffic establishes that connection
-    ReachabilityFlagInterventionRequired = 1u << 4, ///< the user must act to establish it
-    ReachabilityFlagConnectionOnDemand = 1u << 5, ///< certain functions of the system establish it
-    ReachabilityFlagIsLocalAddress = 1u << 16,    ///< the target is this machine
-    ReachabilityFlagIsDirect = 1u << 17,          ///< no gateway is on the way to the target
+    /// The route goes through a point-to-point link, for example a tunnel.
+    ReachabilityFlagTransientConnection = 1u << 0,
+    /// There is a route to the target.
+    ReachabilityFlagReachable = 1u << 1,
+    /// A connection must be established first.
+    ReachabilityFlagConnectionRequired = 1u << 2,
+    /// Any traffic establishes that connection.
+    ReachabilityFlagConnectionOnTraffic = 1u << 3,
+    /// The user must act to establish that connection.
+    ReachabilityFlagInterventionRequired = 1u << 4,
+    /// Certain functions of the system establish that connection.
+    ReachabilityFlagConnectionOnDemand = 1u << 5,
+    /// The target is this machine.
+    ReachabilityFlagIsLocalAddress = 1u << 16,
+    /// There is no gateway on the way to the target.
+    ReachabilityFlagIsDirect = 1u << 17,
 };
 
 } // namespace velmora

@@ -33,7 +33,8 @@ public:
     /// @return the values by key; empty when the file is missing or can't be decoded
     static QHash<QString, QString> getInfoFromURL(const QUrl &url);
 
-    /// The store links of the house banners, by ad identifier. Main thread.
+    /// The store links of the house banners, by ad identifier ("mac.204117.mac-store"). Main
+    /// thread.
     static QMap<QString, QString> standardBanners();
 
     /// The path of a house banner's GIF, a Qt resource path; empty for an unknown identifier. Main

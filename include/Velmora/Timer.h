@@ -21,10 +21,8 @@ public:
     using Duration = std::chrono::nanoseconds;
 
     /// Makes a timer and schedules it.
-    /// @param seconds  the interval, at most ten years. With zero, a negative value or NaN, a
-    /// one-shot
-    ///                 timer fires on the next turn of the event loop, and a repeating one 60 times
-    ///                 a second.
+    /// @param seconds  the interval, at most ten years. With zero, a negative value or NaN, a timer
+    ///                 fires on the next turn of the event loop, a repeating one 60 times a second
     /// @param callback called each time that the timer fires
     static std::shared_ptr<Timer> scheduled(double seconds, Kind kind,
                                             std::function<void()> callback);
@@ -43,6 +41,7 @@ public:
     /// What setGodTimer() does.
     void setFiresDuringTracking() { m_tracking = true; }
 
+    /// The time between two firings, or from scheduled() to the only one.
     Duration interval() const { return m_interval; }
     /// When the timer fires next, as the time since an arbitrary start of a monotonic clock.
     Duration deadline() const { return m_deadline; }

@@ -73,10 +73,10 @@ public:
     /// button. Only the key window, that is the active one, plays the video. While a window that is
     /// not registered is key, the sequence is paused.
     ///
-    /// The first call of any of these functions asks the ad server for ads; banners and splash
-    /// screens share one request in a process. Functions that take a window also take any widget in
-    /// it. While ads are removed, nothing is shown or registered. Main thread, except for show(),
-    /// forceShow(), showWithouSplash() and refreshWaitAgain(): any thread.
+    /// The first call of any of these functions but urlFromAppID() asks the ad server for ads:
+    /// banners and splash screens share one request in a process. Functions that take a window also
+    /// take any widget in it. While ads are removed, nothing is shown or registered. Main thread,
+    /// except for show(), forceShow(), showWithouSplash() and refreshWaitAgain(): any thread.
     /// @{
 
     /// Registers a window. In a QMainWindow the splash screen covers everything below the menu bar;
@@ -106,7 +106,8 @@ public:
     /// Like forceShow(), but without the start screen: the sequence starts with the video. Any
     /// thread.
     static void showWithouSplash();
-    /// Starts the waiting period until ads are ready from its beginning, now. Any thread.
+    /// Restarts the waiting period: ads are ready when all of it has passed from now on. Any
+    /// thread.
     static void refreshWaitAgain();
 
     /// True while splash screens are shown.
@@ -135,13 +136,15 @@ public:
     static QUrl urlFromAppID(const QString &appID);
 
     /// Sets the waiting period: the seconds from the end of a sequence until ads are ready again.
-    /// Default: 120.
+    /// Applies from the next waiting period on. With 0 or less, ads are ready at once. Default:
+    /// 120.
     static void setSplashScreenWaitingVideoTimeSeconds(qint64 seconds);
     /// Sets how many seconds the start screen is shown, 0 to 15. Any other value counts as 5. With
-    /// 0 its icon, background image and button are hidden, too. Default: 5.
+    /// 0 its icon, background image and button are hidden, too, and stay hidden when a longer time
+    /// is set later. Default: 5.
     static void setSplashScreenLoadTime(qint64 seconds);
     /// Sets the seconds from the registration of the first window until ads are ready. Fractions
-    /// are cut off, and a negative value counts as 30. Call it before that registration.
+    /// are cut off; a negative value and NaN count as 30. Call it before that registration.
     /// Default: 30.
     static void setSplashScreenDelay(double seconds);
     /// @}
@@ -156,7 +159,8 @@ public:
     /// Sets the height of the strip at the top of the content that splash screens leave uncovered.
     /// Default: 0. Splash screens that are added later get the whole-number part only.
     static void setSplashScreenTopInset(double inset);
-    /// The same for one window. It does not apply to a splash screen that the window gets later.
+    /// The same for one window; ignored when that has no splash screen. It does not apply to a
+    /// splash screen that the window gets later.
     static void setSplashScreenTopInset(double inset, QWidget *window);
 
     /// Sets the background colour. Default: white.
@@ -165,9 +169,10 @@ public:
     static void setSplashScreenBackgroundImage(const QImage &image);
     /// Sets how the background image is scaled to the window: 0 scales it down to fit, with its
     /// aspect ratio kept; 1 stretches it to the window's size; 2 does not scale it; 3 scales it up
-    /// or down to fit, with its aspect ratio kept. Default: 0.
+    /// or down to fit, with its aspect ratio kept. Any other value counts as 0. Default: 0.
     static void setSplashScreenBackgroundImageScaling(unsigned scaling);
-    /// Sets the icon on the start and end screens. Default: the application's window icon.
+    /// Sets the icon on the start and end screens. Default: QApplication::windowIcon(), or the
+    /// window's own icon when that is null.
     static void setSplashScreenIcon(const QImage &icon);
     /// Sets the colour of the two lines of text. Default: black.
     static void setSplashScreenTextColor(const QColor &color);
@@ -245,10 +250,12 @@ public:
     static velmora::BannerController *
     BControllFromViewController(velmora::ViewController *controller);
 
-    /// All banners that the host has added, except those whose window was destroyed.
+    /// All banners that the host has added, except those whose window was destroyed. The reference
+    /// is valid as long as the application object exists.
     static BannerList &BControllers();
 
-    /// Sets the height of all banners, also of later ones. Default: 100.
+    /// Sets the height of all banners, also of later ones. A negative height counts as 0.
+    /// Default: 100.
     static void setBannersHeight(double height);
     /// Sets the height of all banners to 100.
     static void setBannersLargeImage();
@@ -273,9 +280,8 @@ public:
     static void setBannerCenterXInset(double inset, QWidget *window);
 
     /// Hides or shows a banner at once. A hidden banner is shown again with its next picture.
-    /// @param controller a banner, or the controller of a host's view, which stands for the banner
-    /// in
-    ///                   that view's window
+    /// @param controller a banner, or the controller of a host's view; that means the banner in the
+    ///                   view's window
     static void setBannerHidden(bool hidden, velmora::ViewController *controller);
     /// @}
 
