@@ -12,14 +12,19 @@ class SplashScreenPresenter;
 
 /// What the facade remembers, for as long as the process runs.
 struct FacadeState {
+    static constexpr double LargeBannerHeight = 100;
+    static constexpr double SmallBannerHeight = 60;
+
     /// Made by the first operation that needs it, never replaced.
     std::shared_ptr<SplashScreenPresenter> presenter;
     /// Whether the update cycle has been started for the splash screens. It is not while ads are
     /// removed.
     bool isUpdateCycleStarted = false;
-    /// All banners that the host added; made by the first banner operation.
+    /// All banners that the host added. Empty until the first banner operation, which hosts can
+    /// ask for (isInitializedBannerLOG_ERROR()).
     std::optional<Velmora::BannerList> bannerControllers;
-    double bannerHeight = 100;
+    // For banners that are added later.
+    double bannerHeight = LargeBannerHeight;
     double bannerBottomInset = 0;
     double bannerCenterXInset = 0;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Velmora/Velmora.h>
 
+#include "AdsDownloader.h"
 #include "BannerController.h"
 #include "FacadeState.h"
 #include "MainQueue.h"
@@ -9,6 +10,9 @@
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
 
+#include <utility>
+
+using velmora::AdsDownloader;
 using velmora::FacadeState;
 using velmora::MainQueue;
 using velmora::ProcessRoot;
@@ -17,16 +21,16 @@ using velmora::Switches;
 
 namespace {
 
-void removeEverything() {
-    // Without SSPresenter(), which would make a presenter.
+void removeBannersAndSplashScreens() {
+    // Not SSPresenter(), which makes a presenter when there is none.
     if (const auto presenter = FacadeState::current().presenter)
         presenter->removeAllSplashScreens();
-    // The list is emptied first: removing a banner may run code of the host, which may call in
-    // here.
+    // The list is emptied first: removing a banner may run code of the host, which may call
+    // removeAdsNow() again or add a banner.
     const Velmora::BannerList banners = std::exchange(Velmora::BControllers(), {});
     for (const auto &banner : banners)
         banner->removeADS();
-    MainQueue::post(&velmora::AdsDownloader::forgetGoneDelegates);
+    MainQueue::post(&AdsDownloader::forgetGoneDelegates);
 }
 
 } // namespace
@@ -60,7 +64,7 @@ void Velmora::removeAdsNow() {
         return;
     Switches::setADSRemoved(true);
     SharedUrlSession::cancelAll();
-    MainQueue::runOrPost(&removeEverything);
+    MainQueue::runOrPost(&removeBannersAndSplashScreens);
 }
 
 bool Velmora::isInitializedBannerLOG_ERROR() {

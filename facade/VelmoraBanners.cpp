@@ -18,11 +18,9 @@ using velmora::ViewController;
 
 namespace {
 
-constexpr double LargeHeight = 100;
-constexpr double SmallHeight = 60;
-
 using Setter = void (BannerController::*)(double);
 
+// A refusal is logged, here and in isFinite().
 bool mayAdd() {
     if (Switches::isADSRemoved())
         return false;
@@ -40,7 +38,7 @@ void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
     Velmora::BControllers().push_back(banner);
 }
 
-bool isUsable(double value) {
+bool isFinite(double value) {
     if (std::isfinite(value))
         return true;
     Velmora::LOG(QStringLiteral("ERROR"),
@@ -49,7 +47,7 @@ bool isUsable(double value) {
 }
 
 void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
-    if (ProcessRoot::hasEnded() || !isUsable(value))
+    if (ProcessRoot::hasEnded() || !isFinite(value))
         return;
     FacadeState::current().*defaultValue = value;
     if (Velmora::isInitializedBannerLOG_ERROR())
@@ -61,12 +59,13 @@ void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
 }
 
 void setForWindow(QWidget *window, Setter setter, double value) {
-    if (ProcessRoot::hasEnded() || Velmora::isInitializedBannerLOG_ERROR() || !isUsable(value))
+    if (ProcessRoot::hasEnded() || Velmora::isInitializedBannerLOG_ERROR() || !isFinite(value))
         return;
     if (BannerController *banner = Velmora::BControllFromWindow(window))
         (banner->*setter)(value);
 }
 
+// Without a match, a log line: hosts know "Window is Empty!".
 template<class Matches>
 BannerController *lastMatch(Matches matches) {
     BannerController *found = nullptr;
@@ -143,11 +142,11 @@ void Velmora::setBannersHeight(double height) {
 }
 
 void Velmora::setBannersLargeImage() {
-    setBannersHeight(LargeHeight);
+    setBannersHeight(FacadeState::LargeBannerHeight);
 }
 
 void Velmora::setBannersSmallImage() {
-    setBannersHeight(SmallHeight);
+    setBannersHeight(FacadeState::SmallBannerHeight);
 }
 
 void Velmora::setBannersBottomInset(double inset) {
@@ -163,11 +162,11 @@ void Velmora::setBannerHeight(double height, QWidget *window) {
 }
 
 void Velmora::setBannerLargeImageToWindow(QWidget *window) {
-    setBannerHeight(LargeHeight, window);
+    setBannerHeight(FacadeState::LargeBannerHeight, window);
 }
 
 void Velmora::setBannerSmallImageToWindow(QWidget *window) {
-    setBannerHeight(SmallHeight, window);
+    setBannerHeight(FacadeState::SmallBannerHeight, window);
 }
 
 void Velmora::setBannerBottomInset(double inset, QWidget *window) {

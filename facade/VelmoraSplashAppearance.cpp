@@ -46,8 +46,10 @@ void setOption(const SplashScreenOption &option, const Value &value) {
     Velmora::SSPresenter().splashScreenOptions()[option.keyText()] = exact;
 }
 
+// The operation of one option. Logs a warning first, see
+// isInitializedSplashScreenWithLOG_WARNING().
 template<class Value>
-void setChecked(const SplashScreenOption &option, const Value &value) {
+void warnAndSetOption(const SplashScreenOption &option, const Value &value) {
     Velmora::isInitializedSplashScreenWithLOG_WARNING();
     setOption(option, value);
 }
@@ -55,7 +57,7 @@ void setChecked(const SplashScreenOption &option, const Value &value) {
 } // namespace
 
 void Velmora::setSplashScreenTopInset(double inset) {
-    setChecked(SplashScreenStyle::option("topInset"), inset);
+    warnAndSetOption(SplashScreenStyle::option("topInset"), inset);
 }
 
 void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
@@ -67,27 +69,27 @@ void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
 }
 
 void Velmora::setSplashScreenBackgroundColor(const QColor &color) {
-    setChecked(SplashScreenStyle::option("backgroundColor"), color);
+    warnAndSetOption(SplashScreenStyle::option("backgroundColor"), color);
 }
 
 void Velmora::setSplashScreenBackgroundImage(const QImage &image) {
-    setChecked(SplashScreenStyle::option("backgroundImage"), image);
+    warnAndSetOption(SplashScreenStyle::option("backgroundImage"), image);
 }
 
 void Velmora::setSplashScreenIcon(const QImage &icon) {
-    setChecked(SplashScreenStyle::option("icon"), icon);
+    warnAndSetOption(SplashScreenStyle::option("icon"), icon);
 }
 
 void Velmora::setSplashScreenTextColor(const QColor &color) {
-    setChecked(SplashScreenStyle::option("textColor"), color);
+    warnAndSetOption(SplashScreenStyle::option("textColor"), color);
 }
 
 void Velmora::setSplashScreenTimerTextColor(const QColor &color) {
-    setChecked(SplashScreenStyle::option("timerTextColor"), color);
+    warnAndSetOption(SplashScreenStyle::option("timerTextColor"), color);
 }
 
 void Velmora::setSplashScreenTimerBackgroundColor(const QColor &color) {
-    setChecked(SplashScreenStyle::option("timerBackgroundColor"), color);
+    warnAndSetOption(SplashScreenStyle::option("timerBackgroundColor"), color);
 }
 
 void Velmora::setSplashScreenTimerBorderColor(const QColor &borderColor,
@@ -104,37 +106,37 @@ void Velmora::setSplashScreenTimerBorderWidth(double borderWidth, double progres
 }
 
 void Velmora::setSplashScreenHiddenButtonBeforeVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenButtonBeforeVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenButtonBeforeVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenButtonAfterVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenButtonAfterVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenButtonAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenBackgroundImageScaling(unsigned scaling) {
-    setChecked(SplashScreenStyle::option("backgoundImageScaling"), scaling);
+    warnAndSetOption(SplashScreenStyle::option("backgoundImageScaling"), scaling);
 }
 
 void Velmora::setSplashScreenHiddenIcon(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenIcon"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenIcon"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenIconAfterVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenIconAfterVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenIconAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenIconBeforeVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenIconBeforeVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenIconBeforeVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImage(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenBackgroundImage"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenBackgroundImage"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImageAfterVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenBackgroundImageAfterVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenBackgroundImageAfterVideo"), hidden);
 }
 
 void Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo(bool hidden) {
-    setChecked(SplashScreenStyle::option("hiddenBackgroundImageBeforeVideo"), hidden);
+    warnAndSetOption(SplashScreenStyle::option("hiddenBackgroundImageBeforeVideo"), hidden);
 }

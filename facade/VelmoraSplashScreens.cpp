@@ -17,16 +17,19 @@ using velmora::FacadeState;
 using velmora::MainQueue;
 using velmora::ProcessRoot;
 using velmora::SplashScreenPresenter;
+using velmora::SplashSequence;
 using velmora::Switches;
 
 namespace {
 
-constexpr qint64 UsualDelay = 30;
-constexpr qint64 UsualLoadTime = 5;
+// Seconds.
+constexpr qint64 DefaultDelay = 30;
 constexpr qint64 LongestLoadTime = 15;
 
 const QString Warning = QStringLiteral("WARNING");
+const QString Error = QStringLiteral("ERROR");
 
+// A refusal is logged, here and in isOnMainThread().
 bool mayShow() {
     if (Switches::isADSRemoved())
         return false;
@@ -49,8 +52,7 @@ void request(void (*work)(SplashScreenPresenter &)) {
 bool isOnMainThread() {
     if (MainQueue::isMainThread())
         return true;
-    Velmora::LOG(QStringLiteral("ERROR"),
-                 QStringLiteral("splash screens are set up on the main thread only"));
+    Velmora::LOG(Error, QStringLiteral("splash screens are set up on the main thread only"));
     return false;
 }
 
@@ -61,15 +63,15 @@ void startUpdateCycle() {
     if (FacadeState::current().isUpdateCycleStarted || Switches::isADSRemoved())
         return;
     MainQueue::post([] {
-        FacadeState &then = FacadeState::current();
-        if (then.isUpdateCycleStarted || Switches::isADSRemoved())
+        FacadeState &state = FacadeState::current();
+        if (state.isUpdateCycleStarted || Switches::isADSRemoved())
             return;
-        then.isUpdateCycleStarted = true;
+        state.isUpdateCycleStarted = true;
         AdsDownloader::sharedInstance()->startUpdateAllAds();
     });
 }
 
-bool add(QWidget *window, bool unity) {
+bool addSplashScreen(QWidget *window, bool unity) {
     if (!mayShow() || !isOnMainThread())
         return false;
     SplashScreenPresenter &presenter = Velmora::SSPresenter();
@@ -78,8 +80,16 @@ bool add(QWidget *window, bool unity) {
 }
 
 // Null once exit() has begun, when a static object of the host may still call the facade.
-SplashScreenPresenter *presenter() {
+SplashScreenPresenter *presenterUnlessEnded() {
     return ProcessRoot::hasEnded() ? nullptr : &Velmora::SSPresenter();
+}
+
+bool isPresenterMissing(const QString &level) {
+    if (!FacadeState::current().presenter)
+        return true;
+    // The message says the opposite of what was found; it stays as hosts know it.
+    Velmora::LOG(level, QStringLiteral("SplashScreen controller not initialized!"));
+    return false;
 }
 
 } // namespace
@@ -88,7 +98,7 @@ SplashScreenPresenter &Velmora::SSPresenter() {
     auto &presenter = FacadeState::current().presenter;
     if (!presenter) {
         presenter = SplashScreenPresenter::make();
-        presenter->setDelayForFirstStart(UsualDelay);
+        presenter->setDelayForFirstStart(DefaultDelay);
         presenter->starDownLoad();
         startUpdateCycle();
     }
@@ -115,38 +125,38 @@ void Velmora::refreshWaitAgain() {
 }
 
 bool Velmora::addSplashScreenToWindow(QWidget *window) {
-    return add(window, false);
+    return addSplashScreen(window, false);
 }
 
 bool Velmora::addSplashScreenToUnityWindow(QWidget *window) {
-    return add(window, true);
+    return addSplashScreen(window, true);
 }
 
 void Velmora::removeSplashScreenFromWindow(QWidget *window) {
-    if (SplashScreenPresenter *known = isOnMainThread() ? presenter() : nullptr)
-        known->removeSplashScreenWithWindow(window);
+    if (SplashScreenPresenter *presenter = isOnMainThread() ? presenterUnlessEnded() : nullptr)
+        presenter->removeSplashScreenWithWindow(window);
 }
 
 void Velmora::removeADSFromWindow(QWidget *) {}
 
 bool Velmora::isShowSplashScreen() {
-    const SplashScreenPresenter *known = presenter();
-    return known && known->isShow();
+    const SplashScreenPresenter *presenter = presenterUnlessEnded();
+    return presenter && presenter->isShow();
 }
 
 bool Velmora::isADSReady() {
-    const SplashScreenPresenter *known = presenter();
-    return known && known->isAdsReady();
+    const SplashScreenPresenter *presenter = presenterUnlessEnded();
+    return presenter && presenter->isAdsReady();
 }
 
 qint64 Velmora::splashScreenStartCount() {
-    const SplashScreenPresenter *known = presenter();
-    return known ? known->splashScreenStartCount() : 0;
+    const SplashScreenPresenter *presenter = presenterUnlessEnded();
+    return presenter ? presenter->splashScreenStartCount() : 0;
 }
 
 void Velmora::setDefaultVideoWithURL(const QUrl &videoURL, const QUrl &linkURL) {
-    if (SplashScreenPresenter *known = presenter())
-        known->setDefaultVideoWithURL(videoURL, linkURL);
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setDefaultVideoWithURL(videoURL, linkURL);
     ::LOG(QStringLiteral("LOAD VIDEO WITH URL : %1")
               .arg(videoURL.isEmpty() ? QStringLiteral("(null)") : videoURL.toString()));
 }
@@ -170,43 +180,36 @@ QUrl Velmora::urlFromAppID(const QString &appID) {
 
 void Velmora::setSplashScreenWaitingVideoTimeSeconds(qint64 seconds) {
     isInitializedSplashScreenWithLOG_WARNING();
-    if (SplashScreenPresenter *known = presenter())
-        known->setWaitTime(seconds);
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setWaitTime(seconds);
 }
 
 void Velmora::setSplashScreenLoadTime(qint64 seconds) {
     if (seconds < 0 || seconds > LongestLoadTime) {
         LOG(Warning, QStringLiteral("invalid loadTime value"));
-        seconds = UsualLoadTime;
+        seconds = SplashSequence::DefaultLoadTime;
     }
     if (seconds == 0) {
         setSplashScreenHiddenIconBeforeVideo(true);
         setSplashScreenHiddenBackgroundImageBeforeVideo(true);
         setSplashScreenHiddenButtonBeforeVideo(true);
     }
-    if (SplashScreenPresenter *known = presenter())
-        known->setLoadTime(seconds);
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setLoadTime(seconds);
 }
 
 void Velmora::setSplashScreenDelay(double seconds) {
-    // 30 years; a larger number might not fit. NaN is not usable either.
-    constexpr double Longest = 1e9;
-    const bool usable = seconds >= 0;
-    if (SplashScreenPresenter *known = presenter())
-        known->setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest)) : UsualDelay);
+    constexpr double Longest = 1e9;   // 30 years; a much larger number would not fit into a qint64
+    const bool usable = seconds >= 0; // false for NaN, too
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setDelayForFirstStart(usable ? qint64(std::min(seconds, Longest))
+                                                : DefaultDelay);
 }
 
 bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
-    if (!FacadeState::current().presenter)
-        return true;
-    // The message says the opposite of what was found; it stays as hosts know it.
-    LOG(Warning, QStringLiteral("SplashScreen controller not initialized!"));
-    return false;
+    return isPresenterMissing(Warning);
 }
 
 bool Velmora::isInitializedSplashScreenWithLOG_ERROR() {
-    if (!FacadeState::current().presenter)
-        return true;
-    LOG(QStringLiteral("ERROR"), QStringLiteral("SplashScreen controller not initialized!"));
-    return false;
+    return isPresenterMissing(Error);
 }

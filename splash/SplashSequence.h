@@ -24,6 +24,9 @@ public:
         SplashScreenStateEnd = 3,              ///< the video has ended
     };
 
+    /// Of the start screen, seconds.
+    static constexpr qint64 DefaultLoadTime = 5;
+
     SplashSequence(SplashWindows &windows, SplashVideo &video);
 
     /// Lets the phases be timed by the clock.
@@ -99,7 +102,7 @@ private:
     SplashVideo &m_video;
     SplashClock m_clock;
     qint64 m_state = SplashScreenStateStart;
-    qint64 m_loadTime = 5;
+    qint64 m_loadTime = DefaultLoadTime;
     const qint64 m_standardDuration = m_loadTime + SplashClock::VideoSeconds;
     bool m_show = false;
     bool m_withoutSplash = false;
