@@ -39,8 +39,8 @@ struct Deployment {
     /// The build options alone.
     static Deployment builtIn();
 
-    /// Replaces the values in use; nothing goes back to those of build and environment. Objects
-    /// that exist already may keep the values that they have read.
+    /// For tests: replaces the values in use; std::nullopt restores those of build and
+    /// environment. Objects that exist already may keep the values that they have read.
     static void replace(std::optional<Deployment> values);
 };
 

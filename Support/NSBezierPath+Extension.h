@@ -23,7 +23,7 @@ private:
     QColor m_bottom;
 };
 
-/// Operations on vector paths. Main thread only.
+/// Operations on QPainterPath. Main thread only.
 class NSBezierPathExtension {
 public:
     /// Copies a path element by element. An element that is invalid in its place, as in a path read
@@ -31,7 +31,7 @@ public:
     static QPainterPath CGPathFromPath(const QPainterPath &path);
 
     /// A gradient of a rectangle's size, from one colour at its top to another at its bottom,
-    /// clipped to the path.
+    /// clipped to a copy of the path.
     static PathGradient startAnimationPathGradientFill(const QPainterPath &path, const QRectF &rect,
                                                        const QColor &fromColor,
                                                        const QColor &toColor);

@@ -51,9 +51,9 @@ void SharedUrlSession::atExit() {
 }
 
 UrlSession &SharedUrlSession::shared() {
-    // Once a program and not once a ProcessRoot, since neither registration can be undone.
+    // Once a program and not once a ProcessRoot, because Qt's list of routines has no removal. The
+    // routine sends the requests that were made before there was an application object.
     static const bool prepared = [] {
-        // Requests made before the application object start with it.
         qAddPreRoutine([] {
             if (const auto session = existing())
                 session->wake();

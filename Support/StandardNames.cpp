@@ -27,13 +27,13 @@ std::optional<Entry> entryFromLine(const QString &line) {
     const QString &left = pieces.at(0);
     const QString &right = pieces.at(1);
     const qsizetype closingQuote = left.lastIndexOf(QLatin1Char('"'));
-    // The key stands between two quotes; one alone, in first place, only opens it.
+    // At 0 it is the quote that opens the key.
     if (closingQuote < 1 || right.size() < 2)
         return {};
-    return Entry{left.mid(1, closingQuote - 1), right.chopped(2)};
+    return Entry{left.mid(1, closingQuote - 1), right.chopped(2)}; // without the final `";`
 }
 
-QString decoded(const QByteArray &bytes) {
+QString decodedUtf16(const QByteArray &bytes) {
     if (bytes.size() % 2 != 0)
         return {};
     QStringDecoder decoder(QStringDecoder::Utf16);
@@ -67,7 +67,7 @@ QHash<QString, QString> StandardNames::getInfoFromURL(const QUrl &url) {
     if (!file.open(QIODevice::ReadOnly))
         return {};
     QHash<QString, QString> info;
-    const QStringList lines = decoded(file.readAll()).split(QLatin1Char('\n'));
+    const QStringList lines = decodedUtf16(file.readAll()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         if (const auto entry = entryFromLine(line))
             info.insert(entry->first, entry->second);

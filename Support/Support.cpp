@@ -4,7 +4,6 @@
 #include "HostSettings.h"
 #include "Log.h"
 #include "ProcessRoot.h"
-#include "Switches.h"
 
 #include <Velmora/StandardNames.h>
 
@@ -15,13 +14,10 @@ namespace {
 // The strings of the user's language, loaded once a process.
 struct StringTable {
     StringTable() {
-        const Bundle &bundle = Bundle::resourseBundleForClass<StandardNames>();
-        const QString path = bundle.resourcePath() + QLatin1Char('/') +
-                             StandardNames::curentLocaleIdentifier() +
-                             QStringLiteral(".lproj/Localizable.strings");
-        strings = StandardNames::getInfoFromURL(path.startsWith(QLatin1Char(':'))
-                                                    ? QUrl(QStringLiteral("qrc") + path)
-                                                    : QUrl::fromLocalFile(path));
+        const QUrl file = Bundle::resourseBundleForClass<StandardNames>().urlForResource(
+            StandardNames::curentLocaleIdentifier() + QStringLiteral(".lproj/Localizable"),
+            QStringLiteral("strings"));
+        strings = StandardNames::getInfoFromURL(file);
     }
 
     QHash<QString, QString> strings;

@@ -15,4 +15,4 @@ const QString kReachabilityChangedNotification = QStringLiteral("kReachabilityCh
 
 const double VelmoraVersionNumber = 1.0;
 const char VelmoraVersionString[] = "@(#)PROGRAM:Velmora  PROJECT:Velmora-1\n";
-const QString VelmoraVersion = QStringLiteral("3.5.0");
+const QString VelmoraVersion = QStringLiteral(VELMORA_RELEASE);

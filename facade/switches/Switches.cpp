@@ -26,6 +26,7 @@ std::shared_ptr<ProcessSwitches> switches() {
 } // namespace
 
 void Switches::activateDebugMode() {
+    // Log is in a lower layer and can't include this class.
     Log::setGates(&Switches::isDebugModeActivate, &Switches::isADSRemoved);
     switches()->debugMode = true;
 }
