@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QLatin1String>
 #include <QtCore/QString>
 
 namespace velmora {
@@ -34,7 +33,8 @@ inline const QString kVideoRating = QStringLiteral("Rating");
 inline const QString MetrivoAppId = QStringLiteral("MetrivoAppId");
 inline const QString DefaultAppId = QStringLiteral("mac.000000.mac-store");
 
-/// The end of a local media path when the ad names no file: a path with it counts as no media.
+/// The end of a local media path when the ad names no file (MediaAddress::cachedName()). A path
+/// with it counts as no media.
 inline const QString MissingNameMark = QStringLiteral("/(null)");
 
 } // namespace velmora

@@ -30,11 +30,12 @@ QByteArray lossyAscii(const QString &text) {
 } // namespace
 
 QString AdTable::requestBody() {
-    const QVariant known = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
-    const QString identifier = known.isValid() ? known.toString() : DefaultAppId;
-    return QStringLiteral("{") + QStringLiteral("\"inner_id\" : \"") + identifier +
-           QStringLiteral("\",") + QStringLiteral("\"language\" : \"EN\",") +
-           QStringLiteral("\"placements\" : [ \"standard\",\"video\" ]}");
+    const QVariant value = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
+    const QString identifier = value.isValid() ? value.toString() : DefaultAppId;
+    // As text and not by QJsonDocument: these are the bytes that the ad server expects.
+    return QStringLiteral("{\"inner_id\" : \"%1\",\"language\" : \"EN\","
+                          "\"placements\" : [ \"standard\",\"video\" ]}")
+        .arg(identifier);
 }
 
 void AdTable::load(const Completion &completion) {
@@ -77,7 +78,7 @@ void AdTable::takeReply(const UrlResponse &response, const Completion &completio
         LOG(QStringLiteral("the ad server was not asked: %1").arg(response.error));
         return;
     }
-    qCInfo(velmoraLog, "load");
+    qCInfo(velmoraLog, "load"); // hosts see this line without debug mode, too
     QJsonParseError error;
     const QJsonDocument reply = QJsonDocument::fromJson(response.body, &error);
     if (reply.isObject())

@@ -20,7 +20,8 @@ class AdTable : public std::enable_shared_from_this<AdTable> {
 public:
     using Completion = std::function<void()>;
 
-    /// The ad request's body: JSON on one line, with the host's ad identifier.
+    /// The ad request's body: JSON on one line, with the host's ad identifier, which is not
+    /// escaped.
     static QString requestBody();
 
     /// Loads the table. The completion means that ads may be drawn now. It is called inside this
@@ -28,19 +29,19 @@ public:
     /// whatever kind, is there. While the request runs, and once it has ended, this does nothing.
     void load(const Completion &completion);
 
-    /// The table that ads are drawn from: the cached ads while offline, else the reply, or nothing
-    /// when the reply was unusable.
+    /// The table that ads are drawn from: while offline the cached ads; else the reply, before it
+    /// the cached ads as load() found them, and nothing when the reply was unusable.
     std::optional<QJsonObject> current();
-    /// Takes the place of the reply.
+    /// Replaces the reply.
     void setReply(std::optional<QJsonObject> table) { m_reply = std::move(table); }
 
     /// Draws one usable ad of a placement by weight.
     /// @param excluded an ad that is drawn only when the placement has no other; may be empty
     std::optional<QJsonObject> draw(const QString &placementKey, const QJsonObject &excluded = {});
 
-    /// The request of this run has ended, in whatever way.
+    /// True when the request of this run has ended, in whatever way.
     bool hasReply() const { return m_hasReply; }
-    /// A completion has been called, and no later load() will call one.
+    /// True when a completion has been called and no later load() will call one.
     bool isSettled() const;
 
     /// The ads whose media are cached.
@@ -51,6 +52,7 @@ private:
     void takeReply(const UrlResponse &response, const Completion &completion);
 
     AdsCacheInfoStorage m_cacheStorage;
+    /// Before the reply: the cached ads at the last load().
     std::optional<QJsonObject> m_reply;
     UrlTaskPtr m_task;
     bool m_hasReply = false;

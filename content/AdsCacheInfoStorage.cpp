@@ -66,7 +66,7 @@ void AdsCacheInfoStorage::setInfoDictionary(const QJsonObject &info) {
     m_info = info;
 }
 
-// The ads of the previous folder are not taken along, since their media files stay there.
+// The ads of the previous folder are dropped, since their media files stay there.
 void AdsCacheInfoStorage::followFolder() {
     const QString folder = CachesFolder::path();
     if (folder == m_folder)

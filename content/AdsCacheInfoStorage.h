@@ -18,6 +18,7 @@ public:
     /// Loads the file. A missing or unreadable file gives an empty table.
     AdsCacheInfoStorage();
 
+    /// The ads by placement, as in the ad server's reply.
     const QJsonObject &infoDictionary();
     void setInfoDictionary(const QJsonObject &info);
 
@@ -39,6 +40,7 @@ public:
     static QJsonObject merged(const QJsonObject &file, const QJsonObject &table);
 
 private:
+    /// Loads the table of the caches folder when that is another one than at the last call.
     void followFolder();
 
     QString m_folder;

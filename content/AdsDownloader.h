@@ -52,7 +52,8 @@ public:
     void downloadAllAdsData();
     /// Tells every delegate, in the order of registration, that it may ask for a banner.
     void downloadBanner();
-    /// Starts an update cycle whenever the internet becomes reachable.
+    /// Starts the reachability monitor, which starts an update cycle whenever the internet becomes
+    /// reachable.
     void checkInternetConnection();
 
     // The ad table; see AdTable.

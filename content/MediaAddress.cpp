@@ -41,6 +41,7 @@ MediaAddress MediaAddress::from(const QString &server, const QJsonValue &path) {
         address.refusal = QStringLiteral("leaves the ad server");
         return address;
     }
+    // Looked for before decoding: afterwards an encoded slash is like one between folders.
     const QString encodedName = remote.path(QUrl::FullyEncoded).section(QLatin1Char('/'), -1);
     address.refusal = encodedName.contains(QLatin1String("%2F"), Qt::CaseInsensitive)
                           ? QStringLiteral("has a file name with forbidden characters")

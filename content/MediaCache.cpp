@@ -24,6 +24,7 @@ UrlTaskPtr MediaCache::provide(const QUrl &remote, const Completion &completion)
         completion(QUrl::fromLocalFile(path));
         return nullptr;
     }
+    // Hosts see this line without debug mode, too.
     qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     QString refusal;
     if (path.isEmpty())

@@ -68,8 +68,8 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url)
     const QString host = url.host();
     if (!isIpAddress(host))
         return reachabilityWithHostname(host);
-    const int usual = url.scheme() == QLatin1String("https") ? 443 : 80;
-    return reachabilityWithAddress(host, static_cast<quint16>(url.port(usual)));
+    const int defaultPort = url.scheme() == QLatin1String("https") ? 443 : 80;
+    return reachabilityWithAddress(host, static_cast<quint16>(url.port(defaultPort)));
 }
 
 bool Reachability::isIpAddress(const QString &host) {
@@ -87,6 +87,7 @@ bool Reachability::startNotifier() {
             self->reachabilityChanged(flags);
     };
     QString error;
+    // The log lines name another system's functions; they stay as hosts know them.
     switch (m_reachabilityRef->start(changed, &error)) {
     case RouteMonitor::StartResult::CallbackRefused:
         LOG(QStringLiteral("SCNetworkReachabilitySetCallback() failed: %1").arg(error));
@@ -121,9 +122,9 @@ void Reachability::reachabilityChanged(ReachabilityFlags flags) {
 }
 
 bool Reachability::isReachableWithFlags(ReachabilityFlags flags) {
-    constexpr ReachabilityFlags notYet =
+    constexpr ReachabilityFlags NotYet =
         ReachabilityFlagConnectionRequired | ReachabilityFlagTransientConnection;
-    return flags & ReachabilityFlagReachable && (flags & notYet) != notYet;
+    return flags & ReachabilityFlagReachable && (flags & NotYet) != NotYet;
 }
 
 bool Reachability::isConnectionOnDemand(ReachabilityFlags flags) {

@@ -12,7 +12,7 @@ namespace velmora {
 /// has answered, so they are refused on the main thread and belong on any other.
 class StoreLookup {
 public:
-    /// Requests a look-up address and returns the first result; nothing when there is none, the
+    /// Requests a look-up URL and returns the first result; nothing when there is none, the
     /// service cannot be reached, or the process's URL session is not there or ends meanwhile.
     static std::optional<QJsonObject> firstResult(const QString &address);
 

@@ -22,7 +22,7 @@ void VideoLoader::loadNext() {
         return;
     }
     m_drawnAd = *drawn;
-    // The ad travels with its downloads: another may be drawn before its still is there.
+    // The ad is passed along, because another one may be drawn before its still is there.
     m_videoTask = MediaCache::provide(MediaAddress::ofAd(*drawn, kVideoCapture).remote,
                                       [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
                                           const auto self = weak.lock();
