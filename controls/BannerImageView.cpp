@@ -13,7 +13,12 @@ namespace velmora {
 
 namespace {
 
+// Pixels. A file that declares more is not decoded, and none is decoded larger.
 constexpr int LargestSide = 4096;
+
+QSize withinLimits(const QSize &size) {
+    return size.boundedTo({LargestSide, LargestSide}).expandedTo({1, 1});
+}
 
 // The size that the file declares, read without decoding anything.
 QSize usableSize(QImageReader &reader) {
@@ -35,20 +40,19 @@ QSize usableSize(QImageReader &reader) {
 BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
+    // Also emitted when the pointer comes back into the view; wentDown() is not.
     connect(this, &QAbstractButton::pressed, this, [this] {
         if (!m_isDragged)
             Q_EMIT wentDown();
     });
 }
 
-BannerImageView::~BannerImageView() = default;
-
 void BannerImageView::setImage(const QString &path) {
     if (hasImage() && m_path == path)
         return;
     m_path = path;
-    // The format is told by the suffix first: to tell it by the content, Qt would load every
-    // image plugin.
+    // Given the path and not the open file, Qt tries the format of the file's suffix first. To
+    // detect it from the content, Qt would load every image plugin.
     QImageReader reader(path);
     m_imageSize = usableSize(reader);
     m_decodedFrames = 0;
@@ -88,9 +92,7 @@ void BannerImageView::setNominalHeight(double height) {
 QSize BannerImageView::wantedFrameSize() const {
     const double pixels = std::max(m_nominalHeight, double(height())) * devicePixelRatioF();
     const double width = pixels * m_imageSize.width() / m_imageSize.height();
-    return QSize(int(std::lround(width)), int(std::lround(pixels)))
-        .boundedTo({LargestSide, LargestSide})
-        .expandedTo({1, 1});
+    return withinLimits({int(std::lround(width)), int(std::lround(pixels))});
 }
 
 void BannerImageView::fitFrames() {
@@ -119,10 +121,7 @@ QPixmap BannerImageView::movieFrame() {
 }
 
 QPixmap BannerImageView::stillFrame() {
-    const QSize wanted = (QSizeF(size()) * devicePixelRatioF())
-                             .toSize()
-                             .boundedTo({LargestSide, LargestSide})
-                             .expandedTo({1, 1});
+    const QSize wanted = withinLimits((QSizeF(size()) * devicePixelRatioF()).toSize());
     if (wanted == m_stillSize)
         return m_still;
     m_stillSize = wanted;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QPointer>
 #include <QtGui/QMovie>
 #include <QtWidgets/QAbstractButton>
 
@@ -21,11 +20,10 @@ class BannerImageView : public QAbstractButton {
 
 public:
     explicit BannerImageView(QWidget *parent = nullptr);
-    ~BannerImageView() override;
 
     /// Shows a picture file: its size is read now, its frames are decoded when the view is drawn.
-    /// An animation that is shown already plays on. With an empty path, an unreadable file or one
-    /// of unusable dimensions (logged) the view has no image.
+    /// Ignored for the path that is shown already, so that its animation plays on. With an empty
+    /// path, an unreadable file or one of unusable dimensions (logged) the view has no image.
     void setImage(const QString &path);
 
     /// The picture's size in pixels; empty when there is none.
@@ -69,7 +67,9 @@ private:
     QSize m_imageSize;
     double m_nominalHeight = 0;
     int m_decodedFrames = 0;
+    /// The frame that was decoded last has been drawn.
     bool m_drawnSinceFrame = false;
+    /// QAbstractButton is handling a mouse move.
     bool m_isDragged = false;
 };
 

@@ -31,6 +31,7 @@ protected:
 private:
     void drawImage(const QRectF &frame, QPainter &painter) const;
 
+    /// The button as it was drawn last, and the QIcon::cacheKey() of the icon in it.
     QPixmap m_face;
     qint64 m_faceKey = 0;
     double m_imageDiameter = 0;

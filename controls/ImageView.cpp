@@ -10,7 +10,8 @@ namespace velmora {
 
 namespace {
 
-// Pixels of a picture's longer side: as many as a large screen has.
+// Pixels of a picture's longer side: as many as a large screen has. A larger file is scaled down
+// while it is decoded.
 constexpr int LargestSide = 3840;
 // Pixels. A file that declares more is not decoded.
 constexpr qint64 MostPixels = 100'000'000;

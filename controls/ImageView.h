@@ -27,8 +27,9 @@ public:
     /// A null image shows nothing.
     void setImage(const QImage &image);
 
-    /// Shows a picture file, read now; nothing, and a log line, when it cannot be read. Pictures
-    /// larger than any screen are read at a screen's size.
+    /// Shows a picture file, which is read now; nothing, and a log line, when it cannot be read or
+    /// declares more than 100 million pixels. A picture larger than a screen is read at a screen's
+    /// size.
     void setImageFile(const QString &path);
 
     unsigned imageScaling() const { return m_scaling; }

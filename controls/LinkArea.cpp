@@ -12,14 +12,14 @@ constexpr double CornerRadius = 4;
 }
 
 LinkArea::LinkArea(QWidget *parent) : QAbstractButton(parent) {
-    setLeadsSomewhere(false);
+    setLinkEnabled(false);
 }
 
-void LinkArea::setLeadsSomewhere(bool leads) {
-    setFocusPolicy(leads ? Qt::TabFocus : Qt::NoFocus);
-    if (!leads)
+void LinkArea::setLinkEnabled(bool enabled) {
+    setFocusPolicy(enabled ? Qt::TabFocus : Qt::NoFocus);
+    if (!enabled)
         clearFocus();
-    setCursor(leads ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    setCursor(enabled ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void LinkArea::paintEvent(QPaintEvent *) {

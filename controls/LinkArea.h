@@ -5,16 +5,17 @@
 
 namespace velmora {
 
-/// An invisible button: it draws nothing but its focus ring. Main thread only.
+/// The area of a splash screen that opens the ad's link when it is clicked: a button that draws
+/// nothing but its focus ring. Main thread only.
 class LinkArea : public QAbstractButton {
     Q_OBJECT
 
 public:
     explicit LinkArea(QWidget *parent = nullptr);
 
-    /// Whether a click opens something. Only then is the mouse pointer a hand over the area, and
-    /// only then does Tab reach it. Default: no.
-    void setLeadsSomewhere(bool leads);
+    /// Sets whether a click opens something. Only then the mouse pointer is a hand over the area,
+    /// and Tab reaches it. Default: false.
+    void setLinkEnabled(bool enabled);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -83,10 +83,26 @@ QPainterPath RemoveAdsButton::getPath(double x, double width, double wbreak) con
 }
 
 RemoveAdsButton::Look RemoveAdsButton::look() const {
-    return {devicePixelRatioF(), size(),        isDown(),         isEnabled(),   m_isGradient,
-            m_isImage,           m_isCircle,    m_isAnimation,    m_border,      m_cornerRadius,
-            m_titleLeading,      m_borderColor, m_topColor,       m_bottomColor, titleColor(),
-            titleFont(),         text(),        icon().cacheKey()};
+    return {
+        .density = devicePixelRatioF(),
+        .size = size(),
+        .isDown = isDown(),
+        .isEnabled = isEnabled(),
+        .isGradient = m_isGradient,
+        .isImage = m_isImage,
+        .isCircle = m_isCircle,
+        .isAnimation = m_isAnimation,
+        .border = m_border,
+        .cornerRadius = m_cornerRadius,
+        .titleLeading = m_titleLeading,
+        .borderColor = m_borderColor,
+        .topColor = m_topColor,
+        .bottomColor = m_bottomColor,
+        .titleColor = titleColor(),
+        .titleFont = titleFont(),
+        .title = text(),
+        .iconKey = icon().cacheKey(),
+    };
 }
 
 void RemoveAdsButton::paintEvent(QPaintEvent *) {
@@ -115,7 +131,7 @@ void RemoveAdsButton::paintEvent(QPaintEvent *) {
 
 void RemoveAdsButton::resizeEvent(QResizeEvent *event) {
     QAbstractButton::resizeEvent(event);
-    // Also after a resize() from outside the width follows the title.
+    // The width follows the title after QWidget::resize(), too, not only after setFrameSize().
     if (m_isAutoWidth)
         setFrameSize(size());
 }
@@ -192,13 +208,13 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
     painter.setFont(titleFont());
     painter.setPen(color);
     // The height that the title needs in this width; it may wrap.
-    const double title =
+    const double titleHeight =
         painter.boundingRect(QRectF(0, 0, width, 0), TitleLayout | Qt::TextDontClip, text())
             .height();
-    const double y = (height() - title) / 2 + (m_isCircle ? 0 : 1.75);
-    painter.drawText(
-        FlippedCoordinates(height()).rect(beside ? height() : m_titleLeading, y, width, title),
-        TitleLayout | Qt::TextDontClip, text());
+    const double y = (height() - titleHeight) / 2 + (m_isCircle ? 0 : 1.75);
+    painter.drawText(FlippedCoordinates(height()).rect(beside ? height() : m_titleLeading, y, width,
+                                                       titleHeight),
+                     TitleLayout | Qt::TextDontClip, text());
 }
 
 QFont RemoveAdsButton::titleFont() const {

@@ -74,12 +74,12 @@ private:
     struct Look {
         double density;
         QSize size;
-        bool down, enabled, gradient, image, circle, animation;
+        bool isDown, isEnabled, isGradient, isImage, isCircle, isAnimation;
         double border, cornerRadius, titleLeading;
-        QColor borderColor, topColor, bottomColor, title;
-        QFont font;
-        QString text;
-        qint64 icon;
+        QColor borderColor, topColor, bottomColor, titleColor;
+        QFont titleFont;
+        QString title;
+        qint64 iconKey;
         bool operator==(const Look &) const = default;
     };
 
@@ -88,6 +88,7 @@ private:
     void drawFace(QPainter &painter, const QPainterPath &face) const;
     void drawImage(QPainter &painter, const QRectF &frame) const;
     void drawTitle(QPainter &painter) const;
+    /// Starts a sweep of the shine, and the timer of the next one.
     void drawPath();
     void restShine();
     QPainterPath facePath() const;

@@ -4,8 +4,6 @@
 #include "FlippedCoordinates.h"
 #include "NSBezierPath+Extension.h"
 
-#include <Velmora/Support.h>
-
 #include <QtCore/QEasingCurve>
 
 #include <algorithm>

@@ -24,8 +24,8 @@ public:
     /// open path.
     static QPainterPath band(double x, double width, double slant, double height);
 
-    /// How far to the right of the place that band() gives it a stripe is, points; negative while
-    /// it is to the left of it.
+    /// How far a stripe has moved to the right of the place that band() gives it, points; negative
+    /// to the left of that.
     /// @param seconds since the sweep began
     static double offset(double seconds, double viewWidth);
 
@@ -39,13 +39,13 @@ public:
     /// a second until it is over.
     void start();
     void stop();
-    bool isSweeping() const { return m_frames && m_frames->isValid(); }
 
     /// Draws the stripes where they are now. To be called in every paint event of the view, also
     /// without a sweep: that the view is painted shows that it can be seen.
     void draw(QPainter &painter);
 
 private:
+    bool isSweeping() const { return m_frames && m_frames->isValid(); }
     void frame();
     double secondsSince(TimeSource::Duration then) const;
 

@@ -20,7 +20,7 @@ public:
     /// An invalid colour draws nothing.
     void setTextColor(const QColor &color);
 
-    /// Height of the letters, points.
+    /// Sets the font's size, points; at least 1. Default: 13.
     void setTextSize(double points);
 
     /// The height that the text needs in a width, points.

@@ -176,7 +176,7 @@ void SplashScreenController::showPhase(SplashScreenVisibility::Phase phase) {
     SplashScreenVisibility::apply(m_outlets, phase,
                                   {m_leftOut, m_withouSplash, !m_interstitialUrl.isEmpty()});
     if (m_outlets.urlButton)
-        m_outlets.urlButton->setLeadsSomewhere(phase != SplashScreenVisibility::Phase::Start);
+        m_outlets.urlButton->setLinkEnabled(phase != SplashScreenVisibility::Phase::Start);
     if (m_layout)
         m_layout->apply();
 }
