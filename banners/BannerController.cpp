@@ -15,8 +15,8 @@
 #include "Switches.h"
 #include "Window.h"
 #include "Workspace.h"
-#include <Velmora/NotificationCenter.h>
 
+#include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
 #include <Velmora/StandardNames.h>
 #include <Velmora/Support.h>
@@ -60,20 +60,20 @@ void BannerController::viewDidLoad() {
     // Shown with the first banner.
     Animator::setHiddenNow(view(), true);
     initBanners();
-    refusedBecauseAdsAreRemoved();
+    hideIfAdsAreRemoved();
 }
 
 void BannerController::initBanners() {
     m_rotation.setTurnHandler(weak_from_this(), [this] { swapBanners(); });
     m_downloader = AdsDownloader::sharedInstance();
     m_downloader->addDelegate(shared_from_this());
-    // The downloader tells its delegates once a run. To a banner that comes later this says that
-    // the ad table is ready.
+    // The downloader tells its delegates once in a run that the ad table is ready. A banner that
+    // comes later is not told by it.
     const bool isLate = m_downloader->hasToldDelegates();
     m_downloader->startUpdateAllAds();
     if (isLate)
         endDownloadСonfiguration();
-    // Loads the events that an earlier run could not deliver.
+    // The first call loads the events that an earlier run could not deliver.
     AdsEventLogger::sharedInstance();
     connectControls();
     m_standardBanners = StandardNames::standardBanners();
@@ -104,7 +104,7 @@ void BannerController::connectControls() {
     }
 }
 
-bool BannerController::refusedBecauseAdsAreRemoved() {
+bool BannerController::hideIfAdsAreRemoved() {
     if (!Switches::isADSRemoved())
         return false;
     m_rotation.cancelTurn();
@@ -136,16 +136,16 @@ void BannerController::setWindow(QWidget *window) {
         return;
     }
     m_window = window ? window->window() : nullptr;
-    if (refusedBecauseAdsAreRemoved() || !m_window)
+    if (hideIfAdsAreRemoved() || !m_window)
         return;
-    const Window *facts = Window::of(m_window);
-    ViewController *content = facts->contentViewController();
+    const Window *companion = Window::of(m_window);
+    ViewController *content = companion->contentViewController();
     if (content && content->view()) {
         content->addChildViewController(this);
         attachTo(content->view());
     } else {
-        m_isInCentralWidget = facts->contentView() != m_window;
-        attachTo(facts->contentView());
+        m_isInCentralWidget = companion->contentView() != m_window;
+        attachTo(companion->contentView());
     }
 }
 
@@ -161,10 +161,10 @@ void BannerController::setViewController(ViewController *controller, QWidget *vi
         return;
     }
     m_window = controller->viewWindow();
-    if (refusedBecauseAdsAreRemoved())
+    if (hideIfAdsAreRemoved())
         return;
-    const Window *facts = Window::of(m_window);
-    if (facts && facts->contentViewController())
+    const Window *companion = Window::of(m_window);
+    if (companion && companion->contentViewController())
         controller->addChildViewController(this);
     attachTo(view ? view : controller->view());
 }
@@ -218,7 +218,7 @@ void BannerController::setHeight(double height) {
 
 void BannerController::endDownloadСonfiguration() {
     MainQueue::post([weak = weak_from_this()] {
-        qCInfo(velmoraLog, "endDownloadСonfiguration");
+        qCInfo(velmoraLog, "endDownloadСonfiguration"); // without debug mode, too
         if (const auto self = weak.lock())
             self->swapBanners();
     });
@@ -240,21 +240,21 @@ void BannerController::swapBanners() {
     }
     m_rotation.scheduleTurn();
     // When the server has not answered for a whole turn, a house banner is shown.
-    if (m_asks && !m_rotation.hasShownBanner())
+    if (m_isRequested && !m_rotation.hasShownBanner())
         displayBanner(m_downloader->readyBanner());
     else
         askForBanner();
 }
 
 void BannerController::askForBanner() {
-    if (std::exchange(m_asks, true))
+    if (std::exchange(m_isRequested, true))
         return;
     m_downloader->downloadBannerWithComplitionBlock(
         [weak = weak_from_this()](const BannerAd &ready, bool hasFailed) {
             const auto self = weak.lock();
             if (!self)
                 return;
-            self->m_asks = false;
+            self->m_isRequested = false;
             if (!hasFailed || !self->m_rotation.hasShownBanner())
                 self->displayBanner(ready);
         });

@@ -46,7 +46,7 @@ public:
     /// Attaches the banner to a host's view; the controller's own when null. Any thread.
     void setViewController(ViewController *controller, QWidget *view);
 
-    // Placement, as BannerPlacement says.
+    // Placement; see BannerPlacement.
     double height() const { return m_placement.height(); }
     void setHeight(double height);
     double bottomInset() const { return m_placement.bottomInset(); }
@@ -83,7 +83,8 @@ public:
     BannerImageView *bannerImage() const;
     CloseButtonCell *closeButton() const;
 
-    /// True once the banner was removed or its view was destroyed with the host's window.
+    /// True once the banner was removed, its view was destroyed with the host's window, or the host
+    /// has replaced the central widget that it lies in.
     bool isGone() const override;
 
 protected:
@@ -94,7 +95,8 @@ private:
     BannerController();
     void initBanners();
     void connectControls();
-    bool refusedBecauseAdsAreRemoved();
+    /// While ads are removed, hides the view, ends the rotation and returns true.
+    bool hideIfAdsAreRemoved();
     void attachTo(QWidget *superview);
     void setBannerConstraints();
     void updateBannerConstraint();
@@ -104,8 +106,8 @@ private:
     void setPartsHidden(bool hidden, void (*set)(QWidget *, bool));
     /// The view and its shadow, without nulls.
     QList<QWidget *> parts() const;
-    /// The host has replaced the central widget that the banner lies in. Qt destroys that on a
-    /// later turn.
+    /// True when the host has replaced the central widget that the banner lies in. Qt destroys that
+    /// on a later turn of the main loop.
     bool isContentReplaced() const;
 
     QPointer<QWidget> m_window;
@@ -115,11 +117,12 @@ private:
     BannerRotation m_rotation;
 
     BannerAd m_shown;
-    /// What was on screen when the mouse button went down on the banner.
+    /// What was on screen when the mouse button went down on the banner: a click opens that, even
+    /// when the banner has changed meanwhile.
     BannerAd m_pressed;
     bool m_isInCentralWidget = false;
-    /// The downloader has yet to answer the last request.
-    bool m_asks = false;
+    /// A banner was requested from the downloader, which has not answered yet.
+    bool m_isRequested = false;
     std::shared_ptr<AdsDownloader> m_downloader;
     QMap<QString, QString> m_standardBanners;
     bool m_removed = false;

@@ -16,6 +16,7 @@ namespace {
 
 using Relation = LayoutConstraint::Relation;
 
+// Diameter of the close button's circle: as a part of the banner's height, and in points.
 constexpr double CircleShare = 0.26;
 constexpr double SmallestCircle = 15;
 constexpr double LargestCircle = 22;

@@ -13,16 +13,16 @@ class BannerImageView;
 class BannerShadowView;
 class CloseButtonCell;
 
-/// Where a banner's view lies: at the bottom of its superview, in the middle, as high as the host
-/// wants and as wide as the picture then is. Keeps the shadow below the view, and the close
+/// Places a banner's view: at the bottom of its superview, in the middle, as high as the host wants
+/// and as wide as the picture then is. Keeps the shadow below the view, and the close
 /// button at a size that suits the banner. Lengths are points. Main thread only.
 class BannerPlacement {
 public:
     /// Reads the constraints of the interface resource from a loaded view.
     void loadConstraints(QWidget *root);
 
-    /// Holds a view in the superview that it has; the shadow is made beside it. Null is allowed
-    /// for the two controls.
+    /// Keeps a view in its place in its superview from now on, and makes its shadow. Null is
+    /// allowed for the two controls.
     void place(QWidget *view, BannerImageView *image, CloseButtonCell *close);
     bool isPlaced() const { return m_layout != nullptr; }
 
@@ -47,6 +47,7 @@ private:
     LayoutConstraintPtr m_aspectConstraint;
     LayoutConstraintPtr m_bottomConstraint;
     LayoutConstraintPtr m_centerXConstraint;
+    /// Its constant is the height of the shadow.
     LayoutConstraintPtr m_shadowBotOfset;
     QPointer<ConstraintLayout> m_layout;
     QPointer<BannerShadowView> m_shadow;

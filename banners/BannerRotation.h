@@ -13,10 +13,11 @@ namespace velmora {
 
 class VisibilityWatch;
 
-/// The turns of a banner, at each of which it may be swapped for another: one every 15 seconds,
-/// and none, without a timer, while nobody can see the banner. Main thread only.
+/// The turns of a banner, at each of which it may be swapped for another: one every 15 seconds.
+/// While nobody can see the banner the rotation rests, without a timer. Main thread only.
 class BannerRotation {
 public:
+    /// From one turn to the next.
     static constexpr double SwapSeconds = 15;
 
     ~BannerRotation() { cancelTurn(); }
@@ -24,16 +25,16 @@ public:
     /// @param turn  called at every turn; is to schedule the next one, or to rest
     /// @param owner of this object, kept alive during a turn
     void setTurnHandler(const std::weak_ptr<void> &owner, std::function<void()> turn);
-    /// Watches whether a view that lies in a superview can be seen.
+    /// Watches whether a view can be seen. The view must have a superview.
     void watch(QWidget *view);
 
-    /// A turn in 15 seconds.
+    /// Starts the timer of the next turn.
     void scheduleTurn();
-    /// Also ends a rest.
+    /// Cancels that timer, and ends a rest.
     void cancelTurn();
     const TimerPtr &timer() const { return m_timer; }
 
-    /// No turn until the banner can be seen again, which is a turn.
+    /// Postpones the next turn until the banner can be seen again. It is taken then at once.
     void rest() { m_rests = true; }
 
     /// True when nobody can see the banner. The first banner is also wanted on a page that lies

@@ -6,8 +6,8 @@
 namespace velmora {
 
 namespace {
-constexpr int Darkest = 60;
-constexpr int SideInset = 3;
+constexpr int DarkestAlpha = 60; // of 255, next to the banner
+constexpr int SideInset = 3;     // points
 } // namespace
 
 BannerShadowView::BannerShadowView(QWidget *banner)
@@ -32,7 +32,7 @@ void BannerShadowView::follow(const QRect &banner, int depth) {
 void BannerShadowView::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     QLinearGradient fading(0, 0, 0, height());
-    fading.setColorAt(0, QColor(0, 0, 0, Darkest));
+    fading.setColorAt(0, QColor(0, 0, 0, DarkestAlpha));
     fading.setColorAt(1, QColor(0, 0, 0, 0));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
