@@ -17,17 +17,17 @@ namespace velmora {
 /// fire. Only the stop and cancel operations cancel.
 class SplashClock {
 public:
-    SplashClock() = default;
     /// From the start of the video to the close button, seconds.
     static constexpr qint64 VideoSeconds = 5;
 
     struct Handlers {
-        /// Another second has been counted.
+        /// Called when another second has been counted.
         std::function<void()> ticked;
         std::function<void()> videoDue;
         std::function<void()> closeButtonDue;
     };
 
+    SplashClock() = default;
     ~SplashClock();
 
     void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
@@ -44,7 +44,7 @@ public:
     /// for so many seconds.
     double secondsTo(qint64 second) const;
 
-    /// Seconds that the tick has counted.
+    /// Seconds that the tick has counted since begin().
     qint64 passedTime() const { return m_passedTime; }
     /// What a countdown from so many seconds shows: how many of them are left, never below 0.
     qint64 secondsLeftOf(qint64 seconds) const;
@@ -78,6 +78,7 @@ private:
     qint64 m_passedTime = 0;
     TimerPtr m_tickTimer;
     TimerPtr m_resumeTickTimer;
+    /// The timer of the phase: until the video, and then until the close button.
     TimerPtr m_videoTimer;
     /// Expires with the clock, for timers that are still pending then.
     std::shared_ptr<int> m_alive = std::make_shared<int>();

@@ -14,7 +14,8 @@ namespace velmora {
 /// missing element is skipped. Main thread only.
 class SplashScreenAppearance {
 public:
-    /// Lengths are points. What is not set here the presenter's options set.
+    /// Lengths are points. The presenter sets all of them from its options, so there are no
+    /// defaults here.
     struct Values {
         QImage icon; ///< null for the icon of the application, else of the window
         QColor textColor;

@@ -40,18 +40,14 @@ SplashScreenController::~SplashScreenController() {
         delete viewIfLoaded();
 }
 
-void SplashScreenController::post(void (SplashScreenController::*operation)()) {
+bool SplashScreenController::postedToMainThread(void (SplashScreenController::*operation)()) {
+    if (MainQueue::isMainThread())
+        return false;
     MainQueue::post([weak = weak_from_this(), operation] {
         if (const auto self = weak.lock())
             (self.get()->*operation)();
     });
-}
-
-bool SplashScreenController::isOnMainThread(void (SplashScreenController::*operation)()) {
-    if (MainQueue::isMainThread())
-        return true;
-    post(operation);
-    return false;
+    return true;
 }
 
 // Loading.
@@ -76,7 +72,7 @@ void SplashScreenController::setSplashTimerConstraint(const LayoutConstraintPtr 
 
 void SplashScreenController::setSpashTimerConstraint1(const LayoutConstraintPtr &constraint) {
     m_outlets.spashTimerConstraint1 = constraint;
-    // Lowers the first constraint once more, and this one not at all.
+    // Lowers the first constraint once more and not this one; hosts know the layout that way.
     lowerTimerConstraint();
 }
 
@@ -97,6 +93,7 @@ void SplashScreenController::initViewState() {
     SplashScreenInterface::prepare(view(), m_outlets);
     connectActions();
     m_didInitState = true;
+    // Later, because the presenter may set an icon first, and the host the application's.
     MainQueue::post([weak = weak_from_this()] {
         if (const auto self = weak.lock())
             self->m_appearance.showDefaultIcon(self->m_window);
@@ -138,11 +135,11 @@ void SplashScreenController::setWindow(QWidget *window) {
 }
 
 void SplashScreenController::attach() {
-    const Window *facts = Window::of(m_window);
+    const Window *companion = Window::of(m_window);
     QWidget *own = view();
-    if (!facts || !own)
+    if (!companion || !own)
         return;
-    if (ViewController *content = facts->contentViewController())
+    if (ViewController *content = companion->contentViewController())
         content->addChildViewController(this);
     const auto contentLost = [weak = weak_from_this()] {
         MainQueue::post([weak] {
@@ -182,13 +179,13 @@ void SplashScreenController::showPhase(SplashScreenVisibility::Phase phase) {
 }
 
 void SplashScreenController::showStartScreen() {
-    if (!isOnMainThread(&SplashScreenController::showStartScreen))
+    if (postedToMainThread(&SplashScreenController::showStartScreen))
         return;
     enterStartScreen();
 }
 
 void SplashScreenController::showStartVideoWithoutStartScreen() {
-    if (!isOnMainThread(&SplashScreenController::showStartVideoWithoutStartScreen))
+    if (postedToMainThread(&SplashScreenController::showStartVideoWithoutStartScreen))
         return;
     m_withouSplash = true;
     enterStartScreen();
@@ -202,7 +199,7 @@ void SplashScreenController::enterStartScreen() {
 }
 
 void SplashScreenController::showEndScreen() {
-    if (!isOnMainThread(&SplashScreenController::showEndScreen))
+    if (postedToMainThread(&SplashScreenController::showEndScreen))
         return;
     if (!m_canShowEnd) {
         showPhase(SplashScreenVisibility::Phase::VideoWithCloseButton);
@@ -227,7 +224,7 @@ void SplashScreenController::hide() {
 // Video.
 
 void SplashScreenController::showVideo() {
-    if (!isOnMainThread(&SplashScreenController::showVideo))
+    if (postedToMainThread(&SplashScreenController::showVideo))
         return;
     m_canShowEnd = false;
     initVideoLayer();

@@ -20,9 +20,9 @@ namespace velmora {
 
 /// The splash screen of one host window: covers the window's content with one of three views,
 /// plays the video, and reports the user's clicks and the video's end to its output. Driven by
-/// the presenter. What it does not do itself it hands on: SplashScreenPlacement keeps it over the
-/// content, SplashScreenVisibility shows what belongs to a view, SplashScreenAppearance gives the
-/// elements their colours and images, SplashScreenPlayer plays the video.
+/// the presenter. Much of it is done by other classes: SplashScreenPlacement keeps the view over
+/// the content, SplashScreenVisibility shows the elements of a phase, SplashScreenAppearance gives
+/// them their colours and images, SplashScreenPlayer plays the video.
 ///
 /// Main thread only; the operations that say "any thread" post themselves to the main thread.
 class SplashScreenController : public ViewController,
@@ -40,10 +40,10 @@ public:
                                                                               bool isUnityWindow);
     ~SplashScreenController() override;
 
-    /// Null once the window has been destroyed.
+    /// Null when the window has been destroyed.
     QWidget *window() const { return m_window; }
     /// Attaches the splash screen to a window. Any thread.
-    /// @param window null only lets the controller forget the window that it had
+    /// @param window null: the controller forgets its window, and the view stays where it is
     void setWindow(QWidget *window);
     bool isUnityWindow() const { return m_isUnityWindow; }
     void setIsUnityWindow(bool unity) { m_isUnityWindow = unity; }
@@ -86,7 +86,7 @@ public:
     void setInterstitialUrl(const QUrl &url) { m_interstitialUrl = url; }
     bool isMuted() const { return m_player.isMuted(); }
     void setMuted(bool muted) { m_player.setMuted(muted); }
-    /// The player of the video; null but from showVideo() until hide().
+    /// The player of the video; null before showVideo() and after hide().
     VideoPlayer *playerlayer() const { return m_player.player(); }
     /// Length of the video, seconds; 0 until it is known.
     double videoSeconds() const { return m_player.seconds(); }
@@ -98,8 +98,7 @@ public:
     /// @param state of the sound button: 1 is muted
     void soundOnOff(int state);
 
-    // Appearance. Each value applies at once, but what is left out (setHidden...()) shows from the
-    // next view state on.
+    // Appearance. Each value applies at once; setHidden...() only from the next view state on.
     const SplashScreenAppearance::Values &appearance() const { return m_appearance.values(); }
     void setIcon(const QImage &icon) { m_appearance.setIcon(icon); }
     void setTextColor(const QColor &color) { m_appearance.setTextColor(color); }
@@ -180,10 +179,9 @@ private:
     void enterStartScreen();
     void showPhase(SplashScreenVisibility::Phase phase);
     void lowerTimerConstraint();
-    /// Runs an operation on a later turn of the main loop, if there still is a controller then.
-    void post(void (SplashScreenController::*operation)());
-    /// True on the main thread; else the operation is posted there.
-    bool isOnMainThread(void (SplashScreenController::*operation)());
+    /// False on the main thread. On any other thread, posts the operation to the main thread and
+    /// returns true.
+    bool postedToMainThread(void (SplashScreenController::*operation)());
 
     QPointer<QWidget> m_window;
     std::weak_ptr<SplashScreenControllerProtocolOutput> m_output;

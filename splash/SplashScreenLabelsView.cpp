@@ -8,14 +8,14 @@ namespace velmora {
 namespace {
 
 constexpr const char *ResistanceProperty = "horizontalCompressionResistance";
-constexpr int UsualResistance = 750;
+constexpr int DefaultResistance = 750;
 
 void setResistance(TextField *field, int priority) {
     if (!field)
         return;
     field->setProperty(ResistanceProperty, priority);
     // A field of low priority may become narrower than its text.
-    field->setMinimumWidth(priority < UsualResistance ? 1 : 0);
+    field->setMinimumWidth(priority < DefaultResistance ? 1 : 0);
 }
 
 } // namespace
@@ -26,7 +26,7 @@ SplashScreenLabelsView::SplashScreenLabelsView(QWidget *parent) : QWidget(parent
 
 int SplashScreenLabelsView::horizontalCompressionResistance(const TextField *field) {
     const QVariant priority = field->property(ResistanceProperty);
-    return priority.isValid() ? priority.toInt() : UsualResistance;
+    return priority.isValid() ? priority.toInt() : DefaultResistance;
 }
 
 void SplashScreenLabelsView::setFrame(const QRect &frame) {
@@ -47,7 +47,7 @@ void SplashScreenLabelsView::frameChanged() {
         if (m_superview && width() != m_superview->width())
             resize(m_superview->width(), height());
     }
-    // The second call is the one that counts; the second field keeps its priority.
+    // The first field ends at 100 and the second is never changed: hosts know the layout that way.
     setResistance(m_textCommentFieldFirst, 1000);
     setResistance(m_textCommentFieldFirst, 100);
 }

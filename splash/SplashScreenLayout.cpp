@@ -7,12 +7,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace velmora {
 
 namespace {
 
-constexpr QSizeF UsualSize{640, 480};
+// The window for which the lengths below are given, points.
+constexpr QSizeF NominalSize{640, 480};
 // Height of a countdown's digits as a part of its ring's.
 constexpr double CountdownSize = 0.36;
 
@@ -33,7 +35,7 @@ void placeCountdown(TextField *text, const QRect &ring, const LayoutConstraintPt
     place(text, ring.translated(0, -lift));
 }
 
-// Makes a button as wide as its title is in letters of a size.
+// Makes a button as wide as its title is in letters of a size. Returns the button's size.
 QSize fit(RemoveAdsButton *button, int letters, int height) {
     QFont font = button->font();
     font.setPixelSize(letters);
@@ -64,12 +66,11 @@ int SplashScreenLayout::scaled(double points, double smallest, double largest) c
 
 void SplashScreenLayout::apply() {
     m_unit = std::clamp(
-        std::min(m_root->width() / UsualSize.width(), m_root->height() / UsualSize.height()), 0.5,
-        1.5);
-    for (QWidget *view : {static_cast<QWidget *>(m_outlets.bgImage),
-                          static_cast<QWidget *>(m_outlets.splashScreenPlayerView),
-                          static_cast<QWidget *>(m_outlets.interstitialImage),
-                          static_cast<QWidget *>(m_outlets.urlButton)})
+        std::min(m_root->width() / NominalSize.width(), m_root->height() / NominalSize.height()),
+        0.5, 1.5);
+    for (QWidget *view :
+         std::initializer_list<QWidget *>{m_outlets.bgImage, m_outlets.splashScreenPlayerView,
+                                          m_outlets.interstitialImage, m_outlets.urlButton})
         place(view, m_root->rect());
     placeOverVideo();
     placeRemoveAdsButton();

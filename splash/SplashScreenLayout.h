@@ -4,7 +4,6 @@
 #include "SplashScreenOutlets.h"
 
 #include <QtCore/QObject>
-#include <QtCore/QRect>
 
 namespace velmora {
 
@@ -26,13 +25,15 @@ private:
     void placeOverVideo();
     void placeRemoveAdsButton();
     void placeColumn();
+    /// A length for the present size of the window, within limits.
+    /// @param points the length in a window of 640x480
     int scaled(double points, double smallest, double largest) const;
 
     QWidget *m_root;
     SplashScreenOutlets m_outlets;
-    /// Factor for lengths: 1 in a window of the usual size.
+    /// Factor for lengths: 1 in a window of 640x480.
     double m_unit = 1;
-    /// The column must end above this y.
+    /// The y above which the column must end: that of the remove-ads button.
     int m_columnBottom = 0;
 };
 

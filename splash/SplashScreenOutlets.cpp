@@ -8,13 +8,13 @@ namespace velmora {
 namespace {
 
 template<class T>
-void bind(QPointer<T> &outlet, QWidget *root, const char *name) {
-    outlet = InterfaceLoader::outlet<T>(root, QString::fromLatin1(name));
+T *outlet(QWidget *root, const char *name) {
+    return InterfaceLoader::outlet<T>(root, QString::fromLatin1(name));
 }
 
 template<class T>
-T *inside(QWidget *root, const char *name) {
-    return InterfaceLoader::outlet<T>(root, QString::fromLatin1(name));
+void bind(QPointer<T> &member, QWidget *root, const char *name) {
+    member = outlet<T>(root, name);
 }
 
 } // namespace
@@ -34,10 +34,10 @@ SplashScreenOutlets SplashScreenOutlets::of(QWidget *root) {
     bind(found.removeAdsImageButton, root, "removeAdsImageButton");
     bind(found.soundButton, root, "soundButton");
     if (SplashScreenLabelsView *labels = found.lablesView) {
-        labels->setTextCommentFieldFirst(inside<TextField>(root, "textCommentFieldFirst"));
-        labels->setTextCommentFieldSecond(inside<TextField>(root, "textCommentFieldSecond"));
-        labels->setTimeLabel(inside<TextField>(root, "timeLabel"));
-        labels->setTimeProgressView(inside<TimeProgressView>(root, "timeProgressView"));
+        labels->setTextCommentFieldFirst(outlet<TextField>(root, "textCommentFieldFirst"));
+        labels->setTextCommentFieldSecond(outlet<TextField>(root, "textCommentFieldSecond"));
+        labels->setTimeLabel(outlet<TextField>(root, "timeLabel"));
+        labels->setTimeProgressView(outlet<TimeProgressView>(root, "timeProgressView"));
         labels->setWidthConstraint(InterfaceLoader::constraint(
             labels, QStringLiteral("widthConstraint"), LayoutConstraint::Relation::Spacing));
     }

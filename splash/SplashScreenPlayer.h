@@ -15,13 +15,13 @@ namespace velmora {
 /// Plays the video of one splash screen and draws it in a view. Main thread only.
 class SplashScreenPlayer {
 public:
-    /// Opens a video, in place of an earlier one, and rests at its start.
+    /// Opens a video, in place of an earlier one, and pauses at its start.
     /// @param view  shows the pictures; may be destroyed meanwhile
     /// @param ended called when the video was played to its end; may destroy this object
     void open(const QUrl &url, VideoView *view, std::function<void()> ended);
 
+    // Ignored before open() and after close().
     void playFromStart();
-    /// Also before a video was opened, and after close(); nothing happens then.
     void play();
     void pause();
 
@@ -37,7 +37,7 @@ public:
     /// Ends the video and clears the view.
     void closeAndClear();
 
-    /// Null but between open() and close().
+    /// Null before open() and after close().
     VideoPlayer *player() const { return m_player.get(); }
 
 private:

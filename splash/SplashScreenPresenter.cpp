@@ -15,7 +15,7 @@ namespace velmora {
 
 namespace {
 
-void announce(const QString &name) {
+void notify(const QString &name) {
     NotificationCenter::defaultCenter().post(name);
 }
 
@@ -23,13 +23,14 @@ QWidget *windowOf(QWidget *widget) {
     return widget ? widget->window() : nullptr;
 }
 
+// How long a sequence goes on without any window.
 constexpr double WindowlessSeconds = 10;
 
 } // namespace
 
 SplashScreenPresenter::SplashScreenPresenter()
     : m_splashScreenOptions(SplashScreenStyle::standardOptions()) {
-    // Loads the events that an earlier run could not deliver.
+    // The first call loads the events that an earlier run could not deliver.
     AdsEventLogger::sharedInstance();
 }
 
@@ -117,7 +118,7 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
         return;
     ++m_splashScreenStartCount;
     m_isStarting = true;
-    announce(VLMsplashScreenWillShow);
+    notify(VLMsplashScreenWillShow);
     m_isStarting = false;
     // The host may have answered by taking its windows out or removing all ads.
     if (m_windows.isEmpty() || Switches::isADSRemoved())
@@ -125,9 +126,9 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
     m_needShow = false;
     m_waiting.setNotOver();
     m_sequence.begin(loadTime);
-    announce(VLMsplashScreenDidShow);
+    notify(VLMsplashScreenDidShow);
     if (m_splashScreenStartCount >= 2)
-        announce(VLMsplashScreenShowMoreOne);
+        notify(VLMsplashScreenShowMoreOne);
 }
 
 void SplashScreenPresenter::hideSplashScreens() {
@@ -254,8 +255,8 @@ void SplashScreenPresenter::endWindowlessSequence() {
 }
 
 void SplashScreenPresenter::windowBecameActive(QWidget *window) {
-    const Window *facts = Window::of(window);
-    if (facts && facts->isKeyWindow()) {
+    const Window *companion = Window::of(window);
+    if (companion && companion->isKeyWindow()) {
         m_windows.hasKey = true;
         m_windows.active = m_windows.find(window);
     }
@@ -297,13 +298,13 @@ void SplashScreenPresenter::didClickOnVideo() {
 }
 
 void SplashScreenPresenter::didClickRemoveAds() {
-    announce(VLMtryRemoveAds);
+    notify(VLMtryRemoveAds);
 }
 
 void SplashScreenPresenter::didClickClose() {
     m_sequence.setClosed();
     hideSplashScreens();
-    announce(VLMsplashScreenDidClose);
+    notify(VLMsplashScreenDidClose);
 }
 
 void SplashScreenPresenter::setMuted(bool muted) {

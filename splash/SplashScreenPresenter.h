@@ -15,8 +15,8 @@
 namespace velmora {
 
 /// Shows splash screens in the host's windows: decides whether a requested sequence may begin,
-/// registers the windows, follows which of them is key, and answers the user's clicks. What it
-/// does not do itself it hands on: SplashSequence runs the phases, SplashVideo chooses the video,
+/// registers the windows, follows which of them is key, and answers the user's clicks. Much of it
+/// is done by other classes: SplashSequence runs the phases, SplashVideo chooses the video,
 /// SplashWaitingPeriod is the wait between two sequences. One per process. Main thread only.
 ///
 /// Starting a timer does not cancel the one that was started before it by the same name: both
@@ -38,7 +38,9 @@ public:
     /// the sequence may not start; only refreshWaitAgain() and the end of a sequence start a new
     /// one.
     void needForceShowSplashScreens();
+    /// Starts a sequence, also during the waiting period. Does not cancel that.
     void forceShowSplashScreens();
+    /// The same without the start screen.
     void forceShowVideoWithoutSplash();
     /// Ends the sequence and starts the waiting period.
     void hideSplashScreens();
@@ -47,6 +49,7 @@ public:
 
     // The waiting period.
     bool isAdsReady() const { return m_waiting.isOver(); }
+    /// The same as isAdsReady(), in spite of its name.
     bool isWaitTimeLeft() const { return m_waiting.isOver(); }
     void startWaitTimer() { m_waiting.start(); }
     void endWaitTimer() { m_waiting.end(); }
@@ -68,7 +71,7 @@ public:
     void resumeSplashScreen();
     void startShowVideo() { m_sequence.startShowVideo(); }
     void showCloseButton() { m_sequence.showCloseButton(); }
-    /// As showCloseButton(), with the state left alone.
+    /// As showCloseButton(), without a change of stateSplashScreen().
     void stopVideo() { m_sequence.stopVideo(); }
 
     // Windows.
@@ -96,7 +99,8 @@ public:
     // Options.
     /// Applies all options to one controller; null is ignored.
     void setAllSplashScreenParamsFor(const Controller &controller) const;
-    /// Appearance of controllers made later, by key; holds no nulls.
+    /// The options for controllers that are made later, by the keys of SplashScreenStyle. Holds no
+    /// invalid values.
     QVariantMap &splashScreenOptions() { return m_splashScreenOptions; }
     void setSplashScreenOptions(const QVariantMap &options) { m_splashScreenOptions = options; }
 
@@ -111,9 +115,10 @@ public:
     const QUrl &interstitialVideoUrl() const { return m_video.interstitialUrl(); }
     const QUrl &linkFromVideoUrl() const { return m_video.link(); }
     const QJsonObject &videoInfo() const { return m_video.info(); }
-    /// Length of the video chosen last, whole seconds; 0 until the player knows it.
+    /// Length of the video chosen last, whole seconds; 0 until the player knows it, which is asked
+    /// now.
     qint64 videoDuration();
-    /// In all windows, and in those that are registered later.
+    /// Applies to all windows, and to those that are registered later.
     void setMuted(bool muted);
     bool isMuted() const { return m_muted; }
 
@@ -176,7 +181,7 @@ private:
         };
     }
     void connectParts();
-    /// Posts work to the main queue, dropped when the presenter goes first.
+    /// Posts work to the main queue, which is dropped when the presenter is destroyed before.
     void post(std::function<void(SplashScreenPresenter &)> work);
     bool maySequenceStart() const;
     void startSequence(qint64 loadTime);
@@ -194,7 +199,7 @@ private:
 
     qint64 m_splashScreenStartCount = 0;
     bool m_needShow = false;
-    /// The host is being told of a sequence that is about to start.
+    /// VLMsplashScreenWillShow is being posted.
     bool m_isStarting = false;
     bool m_muted = false;
     /// Runs while a sequence is shown and no window is registered.

@@ -20,7 +20,7 @@ QString shown(const QVariant &value) {
 
 } // namespace
 
-// Truncated toward zero, where the variant's own conversion would round.
+// Truncated toward zero; QVariant::toInt() would round.
 double SplashScreenStyle::wholePart(const QVariant &value) {
     constexpr double farthest = std::numeric_limits<int>::max();
     return double(int(std::clamp(value.toDouble(), -farthest, farthest)));

@@ -14,7 +14,7 @@ namespace velmora {
 struct SplashScreenOption {
     /// Key in the presenter's options. Hosts know it by this spelling.
     std::string_view key;
-    /// The facade's operation that sets it, and what it is, for the documentation.
+    /// The function of Velmora that sets it, and what it is. For docs/splash-options.md.
     std::string_view operation;
     std::string_view meaning;
     /// The value that a presenter starts with; invalid when there is none.

@@ -6,23 +6,23 @@
 namespace velmora {
 
 void SplashScreenWindowLock::lock(QWidget *window) {
-    Window *facts = Window::of(window);
-    if (!facts)
+    Window *companion = Window::of(window);
+    if (!companion)
         return;
-    m_oldCollectionBehavior = facts->collectionBehavior();
-    m_wasResizable = facts->isResizable();
-    facts->setStyleMask(facts->styleMask() & ~Window::Resizable);
-    facts->setCollectionBehavior(facts->collectionBehavior() & Window::FullScreenAuxiliary);
+    m_oldCollectionBehavior = companion->collectionBehavior();
+    m_wasResizable = companion->isResizable();
+    companion->setStyleMask(companion->styleMask() & ~Window::Resizable);
+    companion->setCollectionBehavior(companion->collectionBehavior() & Window::FullScreenAuxiliary);
 }
 
 void SplashScreenWindowLock::unlock(QWidget *window) {
-    Window *facts = Window::of(window);
-    if (!facts)
+    Window *companion = Window::of(window);
+    if (!companion)
         return;
     // Also when the window was not resizable before: this removes our lock only, and a host that
     // has fixed the size keeps it fixed.
-    facts->setStyleMask(facts->styleMask() | Window::Resizable);
-    facts->setCollectionBehavior(Window::FullScreenPrimary);
+    companion->setStyleMask(companion->styleMask() | Window::Resizable);
+    companion->setCollectionBehavior(Window::FullScreenPrimary);
 }
 
 } // namespace velmora

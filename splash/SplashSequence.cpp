@@ -78,7 +78,7 @@ void SplashSequence::startShowVideo() {
     stopWaitVideoTimer();
     m_showVideo = true;
     m_state = SplashScreenStateVideo;
-    // The timer may fire when its sequence is over; no window is covered again then.
+    // The timer may fire when its sequence is over. Then no window is covered again.
     if (m_show)
         startVideo();
     else
@@ -210,7 +210,7 @@ void SplashSequence::pause() {
     if (m_show) {
         if (m_state == SplashScreenStateEnd && m_clock.isPhaseTimerPending())
             m_closeButtonIsDue = true;
-        stopWaitVideoTimer();
+        stopWaitVideoTimer(); // cancels the close button's timer, too
         m_clock.stopTick();
         m_clock.cancelResumeTick();
     }

@@ -40,20 +40,21 @@ public:
     void end();
     /// The user has closed the sequence, which end() has yet to hide.
     void setClosed();
-    /// There is nothing left to hide: the windows were taken out.
+    /// Ends the sequence without hiding anything, because no window is registered any more.
     void setNotShown() { m_show = false; }
     /// Shows a window that was registered during the sequence the phase that it is in.
     void join(const Controller &controller);
 
+    /// Stops clock, rings and video, because the key window is not a registered one.
     void pause();
-    /// Goes on where pause() stopped. Does nothing but note it when no sequence is shown or ads
-    /// are removed.
+    /// Goes on where pause() stopped. When no sequence is shown or ads are removed, only
+    /// needsResume() changes.
     void resume();
 
     // Phases.
     void startShowVideo();
     void showCloseButton();
-    /// As showCloseButton(), with the state left alone.
+    /// As showCloseButton(), without a change of state().
     void stopVideo();
     void videoEnded();
 
@@ -67,7 +68,7 @@ public:
     void updateTimerText();
     void updateVideoTimerText();
 
-    /// Passes on the length of the video to SplashVideo, once the player knows it.
+    /// Sets the length of the video in SplashVideo, once the player knows it.
     void noteVideoDuration();
 
     SplashClock &clock() { return m_clock; }

@@ -35,7 +35,7 @@ void SplashVideo::setDefault(const QUrl &video, const QUrl &link) {
 void SplashVideo::lookUpDefaultName() {
     if (m_defaultLink.isEmpty())
         return;
-    // The answer could not be delivered, and the thread might still run while the process ends.
+    // Otherwise the answer could not be delivered, and the thread might run while the process ends.
     if (!ProcessRoot::isUsable()) {
         LOG(QStringLiteral("the default video's name is not looked up: no application object"));
         return;

@@ -32,8 +32,7 @@ public:
     /// Loads the module that plays videos, if there is a video to play.
     void warmUpPlayer() const;
 
-    /// Chooses the video of a sequence. Nothing is taken from the ad server's video when the
-    /// default one is chosen instead.
+    /// Chooses the video of a sequence, and has the downloader prepare the next one.
     void choose();
     const QUrl &url() const { return m_url; }
     const QUrl &link() const { return m_link; }
@@ -48,7 +47,7 @@ public:
     bool hasLink() const { return !m_link.isEmpty() || !m_defaultLink.isEmpty(); }
     /// Where a click on the video leads.
     const QUrl &linkToOpen() const;
-    /// Name of the advertised application, invalid when it is not known.
+    /// Name of the advertised application, a QString; invalid when it is not known.
     QVariant advertisedName() const;
 
     /// Length of the chosen video, whole seconds; 0 until it is set.

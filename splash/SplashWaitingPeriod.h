@@ -27,10 +27,13 @@ public:
     qint64 waitTime() const { return m_waitTime; }
     void setWaitTime(qint64 seconds) { m_waitTime = seconds; }
 
+    /// Starts the timer of delayForFirstStart().
     void startFirst();
+    /// Starts the timer of waitTime().
     void start();
+    /// Ends the wait now. What both timers do.
     void end();
-    /// Waits for the whole waitTime() from now on.
+    /// Starts the wait again, for all of waitTime().
     void restart();
     /// Cancels both timers. The wait then lasts until end() or restart().
     void cancel();

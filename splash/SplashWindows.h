@@ -43,14 +43,14 @@ public:
     void remove(const Controller &controller) { std::erase(m_controllers, controller); }
     void clear() { m_controllers.clear(); }
 
-    /// Calls the handlers for a window until ignore() or the window's end. Harmless when repeated.
+    /// Calls the handlers for a window until ignore() or the window's end. May be called again.
     void observe(QWidget *window);
     void ignore(QWidget *window);
 
     /// A registered window is key.
     bool hasKey = false;
     /// The controller of the registered window that became key last. Kept until the next pause,
-    /// even when the window is taken out before.
+    /// even when the window is unregistered before.
     Controller active;
     /// The controller that plays the video of the running sequence, or null.
     Controller playing;

@@ -13,7 +13,7 @@ namespace velmora {
 
 namespace {
 
-constexpr qint64 Done = 100;
+constexpr qint64 Done = 100; // steps
 // Far beyond any countdown; the arithmetic on it cannot overflow.
 constexpr qint64 Farthest = 1'000'000'000'000'000;
 // Seconds. Shorter steps would only keep the processor busy.
@@ -66,18 +66,18 @@ void TimeProgressView::startTimerFromSec(float fromSec, float endSec) {
 }
 
 void TimeProgressView::complite() {
-    makeUp();
+    addMissedSteps();
     stopTicking();
     startTicking();
 }
 
 void TimeProgressView::stop() {
-    makeUp();
+    addMissedSteps();
     stopTicking();
 }
 
 void TimeProgressView::refresh() {
-    m_marked = true;
+    m_needsRedraw = true;
     update();
 }
 
@@ -112,7 +112,7 @@ void TimeProgressView::schedule() {
 
 void TimeProgressView::tick() {
     // The redraw that the last tick asked for never came, so the ring cannot be seen.
-    if (m_marked) {
+    if (m_needsRedraw) {
         rest();
         return;
     }
@@ -125,8 +125,8 @@ void TimeProgressView::rest() {
         m_timer->invalidate();
 }
 
-// Counts the ticks that came due while the ring rested.
-void TimeProgressView::makeUp() {
+// Adds the steps that were due while the ring rested. Not the hundredth, which the redraw adds.
+void TimeProgressView::addMissedSteps() {
     if (!m_ticking || (m_timer && m_timer->isValid()))
         return;
     const qint64 missed = (TimeSource::current().now() - m_lastTick) / m_interval;
@@ -137,18 +137,18 @@ void TimeProgressView::makeUp() {
 void TimeProgressView::paintEvent(QPaintEvent *) {
     const bool resting = m_ticking && !m_timer->isValid();
     if (resting) {
-        makeUp();
+        addMissedSteps();
         schedule();
     }
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (m_marked || resting || m_picture.size() != pixels)
+    if (m_needsRedraw || resting || m_picture.size() != pixels)
         redraw();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_picture);
 }
 
 void TimeProgressView::redraw() {
-    m_marked = false;
+    m_needsRedraw = false;
     m_picture = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
     m_picture.setDevicePixelRatio(devicePixelRatioF());
     m_picture.fill(Qt::transparent);
@@ -179,12 +179,12 @@ void TimeProgressView::drawRect(QPainter &painter) {
 
 void TimeProgressView::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    m_marked = true;
+    m_needsRedraw = true;
 }
 
 void TimeProgressView::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
-    m_marked = true;
+    m_needsRedraw = true;
 }
 
 void TimeProgressView::hideEvent(QHideEvent *event) {

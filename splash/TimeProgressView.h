@@ -86,7 +86,7 @@ private:
     void schedule();
     void tick();
     void rest();
-    void makeUp();
+    void addMissedSteps();
     void redraw();
     void drawRect(QPainter &painter);
 
@@ -102,7 +102,7 @@ private:
     bool m_ticking = false;
     TimeSource::Duration m_interval{1};
     TimeSource::Duration m_lastTick{0};
-    bool m_marked = true;
+    bool m_needsRedraw = true;
     QPixmap m_picture;
 };
 
