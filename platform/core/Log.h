@@ -4,7 +4,7 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QString>
 
-/// The category of all the framework's log messages: "velmora".
+/// The category of the framework's log messages: "velmora".
 Q_DECLARE_LOGGING_CATEGORY(velmoraLog)
 
 namespace velmora {

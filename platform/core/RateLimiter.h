@@ -10,7 +10,7 @@ namespace velmora {
 /// thread only.
 class RateLimiter {
 public:
-    /// True when it may happen once more now. Every call counts.
+    /// True when it may happen once more now. Every call counts, also one that returns false.
     bool allows() {
         constexpr int MaxPerSecond = 5;
         const auto now = TimeSource::current().now();

@@ -16,8 +16,8 @@ namespace {
 
 constexpr double IdleSeconds = 5;
 
-/// Hands one response from the worker thread to a thread that waits for it.
-struct Rendezvous {
+// Passes one response from the worker thread to a thread that waits for it.
+struct PendingResponse {
     std::mutex mutex;
     std::condition_variable arrived;
     std::optional<UrlResponse> response;
@@ -94,21 +94,20 @@ void UrlSession::taskEnded() {
 }
 
 std::optional<UrlResponse> UrlSession::fetch(const UrlRequest &request) {
-    const auto rendezvous = std::make_shared<Rendezvous>();
+    const auto pending = std::make_shared<PendingResponse>();
     {
         const std::lock_guard lock(m_closeMutex);
         if (m_closed || !QCoreApplication::instance())
             return {};
         // Destroyed with the job, which is dropped without an answer when the session ends first.
-        const std::shared_ptr<void> dropped(nullptr,
-                                            [rendezvous](void *) { rendezvous->finish({}); });
-        m_worker->enqueue({request, [rendezvous, dropped](UrlResponse response) {
-                               rendezvous->finish(std::move(response));
+        const std::shared_ptr<void> dropped(nullptr, [pending](void *) { pending->finish({}); });
+        m_worker->enqueue({request, [pending, dropped](UrlResponse response) {
+                               pending->finish(std::move(response));
                            }});
     }
-    std::unique_lock lock(rendezvous->mutex);
-    rendezvous->arrived.wait(lock, [&] { return rendezvous->isOver; });
-    return rendezvous->response;
+    std::unique_lock lock(pending->mutex);
+    pending->arrived.wait(lock, [&] { return pending->isOver; });
+    return pending->response;
 }
 
 } // namespace velmora

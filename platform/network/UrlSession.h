@@ -97,6 +97,7 @@ public:
     /// that are started later are ignored.
     void close();
 
+    /// Starts a request. The completion is called once, unless the session is closed before.
     UrlTaskPtr start(const UrlRequest &request, Completion completion);
 
     /// Starts the requests that were made before there was an application object, which delivers

@@ -59,10 +59,10 @@ void UrlSessionWorker::wake() {
 
 void UrlSessionWorker::cancelAll() {
     const std::lock_guard lock(m_mutex);
-    // Without a thread, what waits is asked about again before it is sent.
+    // Without a thread nothing is being sent, and Configuration::isAllowed is asked before that.
     if (!m_isRunning)
         return;
-    m_cancels = true;
+    m_isCancelRequested = true;
     std::move(m_pending.begin(), m_pending.end(), std::back_inserter(m_cancelled));
     m_pending.clear();
     wakeThread();
@@ -75,7 +75,7 @@ void UrlSessionWorker::endWhenIdle() {
 }
 
 void UrlSessionWorker::stop() {
-    std::deque<Job> dropped; // after the lock, as they may hold whoever waits for them
+    std::deque<Job> dropped; // destroyed after the lock: that may run code of the jobs' owners
     std::unique_lock lock(m_mutex);
     m_isStopped = true;
     dropped.swap(m_pending);
@@ -114,20 +114,20 @@ void UrlSessionWorker::run() {
         const std::lock_guard lock(m_mutex);
         m_multi = multi;
     }
-    carry(multi);
+    transferLoop(multi);
     curl_multi_cleanup(multi);
     const std::lock_guard lock(m_mutex);
     m_isRunning = false;
     m_ended.notify_all();
-    // What came between the last look and now.
+    // Requests that were queued after leavesLoop().
     if (!m_pending.empty())
         startThread();
 }
 
-void UrlSessionWorker::carry(CURLM *multi) {
+void UrlSessionWorker::transferLoop(CURLM *multi) {
     Transfers active;
-    while (!isEnding(active)) {
-        cancelWhatIsAsked(active, multi);
+    while (!leavesLoop(active)) {
+        cancelAllIfRequested(active, multi);
         startNext(active, multi);
         int running = 0;
         curl_multi_perform(multi, &running);
@@ -139,20 +139,20 @@ void UrlSessionWorker::carry(CURLM *multi) {
         curl_multi_remove_handle(multi, transfer->handle());
 }
 
-bool UrlSessionWorker::isEnding(const Transfers &active) {
+bool UrlSessionWorker::leavesLoop(const Transfers &active) {
     const std::lock_guard lock(m_mutex);
-    const bool isIdle = active.empty() && m_pending.empty() && !m_cancels;
+    const bool isIdle = active.empty() && m_pending.empty() && !m_isCancelRequested;
     if (!m_isStopped && !(m_endsWhenIdle && isIdle))
         return false;
     m_multi = nullptr;
     return true;
 }
 
-void UrlSessionWorker::cancelWhatIsAsked(Transfers &active, CURLM *multi) {
+void UrlSessionWorker::cancelAllIfRequested(Transfers &active, CURLM *multi) {
     std::deque<Job> unsent;
     {
         const std::lock_guard lock(m_mutex);
-        if (!std::exchange(m_cancels, false))
+        if (!std::exchange(m_isCancelRequested, false))
             return;
         unsent.swap(m_cancelled);
     }

@@ -13,9 +13,10 @@
 
 namespace velmora {
 
-/// The session's side on a worker thread of its own: takes requests in order, keeps at most so many
-/// under way and hands their answers back. The thread is started by the first request, ends with
-/// stop() or endWhenIdle(), and is started again by the next request. Any thread.
+/// Carries out the requests of a session on a thread of its own: starts them in order, at most
+/// Configuration::mostAtOnce at a time, and reports their responses. The thread is started by the
+/// first request, ends with stop() or endWhenIdle(), and is started again by the next request. Any
+/// thread.
 class UrlSessionWorker : public std::enable_shared_from_this<UrlSessionWorker> {
 public:
     struct Job {
@@ -27,45 +28,50 @@ public:
     explicit UrlSessionWorker(UrlSession::Configuration configuration);
     ~UrlSessionWorker();
 
+    /// Queues a request and starts the thread, unless there is no application object yet.
     void enqueue(Job job);
 
-    /// Starts the thread when something waits for an application object that is there now.
+    /// Starts the thread for requests that were queued before there was an application object.
     void wake();
 
-    /// Fails everything that waits or is under way.
+    /// Ends all requests with an error.
     void cancelAll();
 
-    /// Ends the thread and its connections, if there is nothing to carry.
+    /// Ends the thread and its connections as soon as there are no requests.
     void endWhenIdle();
 
-    /// Drops everything without an answer and waits until the thread has ended.
+    /// Drops all requests without a response and waits until the thread has ended.
     void stop();
 
 private:
     using Transfers = std::vector<std::pair<std::unique_ptr<UrlTransfer>, Job>>;
 
+    // With the mutex held.
     void startThread();
+    void wakeThread();
+
+    // On the worker thread.
     void run();
-    bool isEnding(const Transfers &active);
-    void carry(CURLM *multi);
-    void cancelWhatIsAsked(Transfers &active, CURLM *multi);
+    void transferLoop(CURLM *multi);
+    /// True when the loop is to end. Then no other thread uses the CURLM any more.
+    bool leavesLoop(const Transfers &active);
+    void cancelAllIfRequested(Transfers &active, CURLM *multi);
     void startNext(Transfers &active, CURLM *multi);
     bool takeFinished(Transfers &active, CURLM *multi);
-    void wakeThread();
 
     const UrlSession::Configuration m_configuration;
 
     std::mutex m_mutex;
     std::condition_variable m_ended;
     std::deque<Job> m_pending;
-    /// What waited when cancelAll() was called.
+    /// The pending requests when cancelAll() was called.
     std::deque<Job> m_cancelled;
-    /// Set while the thread runs its loop.
+    /// Null while the thread is not in its loop.
     CURLM *m_multi = nullptr;
     bool m_isRunning = false;
     bool m_isStopped = false;
     bool m_endsWhenIdle = false;
-    bool m_cancels = false;
+    bool m_isCancelRequested = false;
 };
 
 } // namespace velmora

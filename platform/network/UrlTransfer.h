@@ -12,8 +12,8 @@
 
 namespace velmora {
 
-/// One request on the worker thread: streams the body into memory or into a file that takes its
-/// name only when the body arrived whole.
+/// One request on the worker thread: streams the body into memory, or into a file that gets its
+/// final name only when the body is complete.
 class UrlTransfer {
 public:
     UrlTransfer(UrlRequest request, const UrlSession::Configuration &configuration);
@@ -23,8 +23,8 @@ public:
 
     CURL *handle() const { return m_handle; }
 
-    /// Prepares the handle for its request; false when the request is refused, with the reason in
-    /// the response.
+    /// Sets all options of the handle for its request; false when the request is refused, with the
+    /// reason in the response.
     bool prepare();
 
     /// The handle has ended a request. True when it is prepared for another, which a redirect
@@ -41,7 +41,9 @@ private:
     static size_t receiveBody(const char *data, size_t one, size_t count, void *self);
     static int beforeRequest(void *self, char *, char *, int, int);
 
+    /// Makes the response an error. Returns false, for callers to return.
     bool refuse(const QString &reason);
+    /// The same, and tells whether the request was sent.
     bool refuseUnsent(const QString &reason);
     bool isAllowed() const;
     bool takeHeader(const QByteArray &line);
@@ -63,7 +65,7 @@ private:
     CURL *const m_handle;
     curl_slist *m_headers = nullptr;
     char m_error[CURL_ERROR_SIZE] = "";
-    /// Why this transfer was ended from inside a callback.
+    /// Why a callback of libcurl has ended the transfer; empty when none has.
     QString m_refusal;
     std::unique_ptr<QSaveFile> m_file;
     QByteArray m_location;

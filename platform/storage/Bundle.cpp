@@ -8,7 +8,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QLoggingCategory>
 
 namespace velmora {
 
@@ -24,6 +23,7 @@ QVariantMap readInfo(const QStringList &places) {
         const QVariantMap info = InfoPlistReader::read(bytes, &error);
         if (error.isEmpty())
             return info;
+        // Without debug mode, too: the host's developer has to correct the file.
         qWarning("velmora: %s is not a readable Info.plist: %s", qPrintable(place),
                  qPrintable(error));
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "VideoModule.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLibrary>
 
@@ -42,11 +43,11 @@ VideoEngineFactory load(QString *error) {
 } // namespace
 
 QStringList VideoModule::candidates() {
-    QStringList paths;
 #ifdef VELMORA_DEVELOPER_BUILD
     if (qEnvironmentVariableIsSet("VELMORA_VIDEO_MODULE"))
         return {qEnvironmentVariable("VELMORA_VIDEO_MODULE")};
 #endif
+    QStringList paths;
     if (const QString folder = ownFolder(); !folder.isEmpty())
         paths << folder + QLatin1Char('/') + FileName
               << folder + QStringLiteral("/velmora/") + FileName;

@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long the end of the process waits for the threads.
+// How long exit() waits for the threads.
 constexpr auto LongestEnding = 2s;
 
 // The sessions whose threads are running. A thread may be loading a library, which must not happen
@@ -76,8 +76,7 @@ VideoSession::VideoSession(QObject *receiver, VideoSource source)
 void VideoSession::warmUp() {
     const auto session = std::make_shared<VideoSession>(nullptr, VideoSource{});
     session->m_warmsUpOnly = true;
-    // There is no receiver.
-    session->m_closed = true;
+    session->m_closed = true; // no events are sent, as there is no receiver
     session->begin();
 }
 

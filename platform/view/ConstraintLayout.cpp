@@ -6,7 +6,6 @@
 #include <QtCore/QEvent>
 
 #include <algorithm>
-#include <cmath>
 
 namespace velmora {
 

@@ -20,10 +20,10 @@ ContentArea::ContentArea(QWidget *window, std::function<void()> changed)
 }
 
 QWidget *ContentArea::superview() const {
-    const Window *facts = Window::of(m_window);
-    if (!facts)
+    const Window *companion = Window::of(m_window);
+    if (!companion)
         return nullptr;
-    ViewController *content = facts->contentViewController();
+    ViewController *content = companion->contentViewController();
     QWidget *view = content ? content->view() : nullptr;
     return view ? view : m_window.data();
 }

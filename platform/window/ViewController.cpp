@@ -35,10 +35,10 @@ QWidget *ViewController::viewWindow() {
 }
 
 void ViewController::setContentOf(QWidget *window) {
-    Window *facts = Window::of(window);
-    m_contentOf = facts;
-    if (facts)
-        facts->setContentViewController(this);
+    Window *companion = Window::of(window);
+    m_contentOf = companion;
+    if (companion)
+        companion->setContentViewController(this);
 }
 
 void ViewController::addChildViewController(ViewController *child) {

@@ -4,12 +4,16 @@
 #include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "ResizeLock.h"
+
 #include <Velmora/NotificationCenter.h>
 
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtCore/QVariant>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QSplitter>
+
+#include <utility>
 
 namespace velmora {
 

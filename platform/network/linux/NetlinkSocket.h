@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/qglobal.h>
 
 #include <functional>
 #include <initializer_list>
