@@ -53,7 +53,6 @@ void Page::makeRoom() {
     // A short window keeps a third for its text, even if the banner then covers some of it.
     m_column->setContentsMargins(0, 0, 0, qMin(room, height() * 2 / 3));
     update();
-    Q_EMIT bannerChanged();
 }
 
 void Page::paintEvent(QPaintEvent *) {

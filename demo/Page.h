@@ -21,9 +21,6 @@ public:
     /// The banner's view; null while there is none.
     QWidget *banner() const { return m_banner; }
 
-Q_SIGNALS:
-    void bannerChanged();
-
 protected:
     void childEvent(QChildEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
