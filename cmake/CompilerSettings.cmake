@@ -16,7 +16,8 @@ if(PROJECT_IS_TOP_LEVEL)
     endif()
 endif()
 
-# Compile settings of all targets of this project. They are not exported to a host.
+# Compile settings of all targets of this project. They are not exported to a host. ccache needs
+# -fpch-preprocess for sources that use precompiled headers.
 add_library(velmora_settings INTERFACE)
 target_compile_definitions(velmora_settings INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
