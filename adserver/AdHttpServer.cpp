@@ -9,8 +9,8 @@ namespace velmora::adserver {
 
 namespace {
 
-constexpr int keepAliveSeconds = 30;
-constexpr size_t threadCount = 32;
+constexpr int KeepAliveSeconds = 30;
+constexpr size_t ThreadCount = 32;
 
 struct BioDeleter {
     void operator()(BIO *bio) const { BIO_free(bio); }
@@ -36,9 +36,8 @@ public:
     Registration(AdHttpServer &server, socket_t socket) : m_server(server), m_socket(socket) {
         const std::lock_guard lock(m_server.m_mutex);
         m_server.m_sockets.insert(m_socket);
-        if (m_server.m_stopping) {
+        if (m_server.m_stopping)
             ::shutdown(m_socket, SHUT_RDWR);
-        }
     }
     ~Registration() {
         const std::lock_guard lock(m_server.m_mutex);
@@ -54,12 +53,12 @@ private:
 
 AdHttpServer::AdHttpServer(SslContext context, Handler handler, Malformed malformed)
     : m_context(std::move(context)), m_malformed(std::move(malformed)) {
-    new_task_queue = [] { return new httplib::ThreadPool(threadCount); };
+    new_task_queue = [] { return new httplib::ThreadPool(ThreadCount); };
     set_tcp_nodelay(true);
-    set_keep_alive_timeout(keepAliveSeconds);
+    set_keep_alive_timeout(KeepAliveSeconds);
     set_keep_alive_max_count(std::numeric_limits<int>::max());
-    set_read_timeout(keepAliveSeconds);
-    set_write_timeout(keepAliveSeconds);
+    set_read_timeout(KeepAliveSeconds);
+    set_write_timeout(KeepAliveSeconds);
     // Without this the library sets SO_REUSEPORT, and two servers could share one port.
     set_socket_options([](socket_t socket) {
         const int yes = 1;
@@ -83,9 +82,8 @@ SslContext AdHttpServer::contextFor(const Identity &identity) {
     if (!certificate || !key || !context ||
         SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION) != 1 ||
         SSL_CTX_use_certificate(context.get(), certificate.get()) != 1 ||
-        SSL_CTX_use_PrivateKey(context.get(), key.get()) != 1) {
+        SSL_CTX_use_PrivateKey(context.get(), key.get()) != 1)
         return nullptr;
-    }
     return context;
 }
 
@@ -93,24 +91,22 @@ void AdHttpServer::stopAndCloseAll() {
     stop();
     const std::lock_guard lock(m_mutex);
     m_stopping = true;
-    for (const socket_t socket : m_sockets) {
+    for (const socket_t socket : m_sockets)
         ::shutdown(socket, SHUT_RDWR);
-    }
 }
 
 bool AdHttpServer::process_and_close_socket(socket_t socket) {
     TlsConnection connection(socket, m_context.get());
     const Registration registration(*this, socket);
-    if (connection.accept()) {
+    if (connection.accept())
         serve(connection);
-    }
     connection.finish();
     return true;
 }
 
 void AdHttpServer::serve(TlsConnection &connection) {
     bool isAlive = true;
-    while (isAlive && connection.waitForRequest(keepAliveSeconds * 1000)) {
+    while (isAlive && connection.waitForRequest(KeepAliveSeconds * 1000)) {
         bool isClosed = false;
         isAlive = process_request(connection, false, isClosed, [&](httplib::Request &request) {
             request.ssl = connection.ssl();

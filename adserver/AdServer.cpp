@@ -30,9 +30,8 @@ AdServer::~AdServer() {
 }
 
 QString AdServer::start(quint16 port) {
-    if (isRunning()) {
+    if (isRunning())
         return m_d->baseUrl;
-    }
     m_d->error.clear();
     SslContext context = AdHttpServer::contextFor(m_d->identity);
     if (!context) {
@@ -47,11 +46,10 @@ QString AdServer::start(quint16 port) {
         },
         [responder](const QByteArray &bytes) { responder->recordMalformed(bytes); });
     int bound = port;
-    if (port == 0) {
+    if (port == 0)
         bound = http->bind_to_any_port("127.0.0.1");
-    } else if (!http->bind_to_port("127.0.0.1", port)) {
+    else if (!http->bind_to_port("127.0.0.1", port))
         bound = -1;
-    }
     if (bound <= 0) {
         m_d->error = port == 0 ? QStringLiteral("no free port on 127.0.0.1")
                                : QStringLiteral("port %1 on 127.0.0.1 is taken").arg(port);
@@ -60,17 +58,15 @@ QString AdServer::start(quint16 port) {
     m_d->http = std::move(http);
     m_d->listener = std::thread([server = m_d->http.get()] { server->listen_after_bind(); });
     // The library ignores stop() until its loop runs.
-    while (!m_d->http->is_running()) {
+    while (!m_d->http->is_running())
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
     m_d->baseUrl = QStringLiteral("https://127.0.0.1:%1").arg(bound);
     return m_d->baseUrl;
 }
 
 void AdServer::stop() {
-    if (!isRunning()) {
+    if (!isRunning())
         return;
-    }
     m_d->http->stopAndCloseAll();
     m_d->listener.join();
     m_d->http.reset();

@@ -14,13 +14,12 @@ namespace velmora::adserver {
 
 namespace {
 
-const char emptyTable[] = R"({"standard":[],"video":[]})";
+const char EmptyTable[] = R"({"standard":[],"video":[]})";
 
 bool isPlainPath(const QString &path) {
     if (!path.startsWith(QLatin1Char('/')) || path.contains(QChar(u'\0')) ||
-        path.contains(QLatin1Char('\\'))) {
+        path.contains(QLatin1Char('\\')))
         return false;
-    }
     const QStringList names = path.mid(1).split(QLatin1Char('/'));
     return std::all_of(names.begin(), names.end(), [](const QString &name) {
         return !name.isEmpty() && !name.startsWith(QLatin1Char('.'));
@@ -55,46 +54,39 @@ void Campaign::setLookupName(const QString &id, const QString &trackName) {
 
 QByteArray Campaign::reply() {
     const std::lock_guard lock(m_mutex);
-    if (m_reply) {
+    if (m_reply)
         return *m_reply;
-    }
     reloadLocked();
-    return m_folderReply.isEmpty() ? QByteArray(emptyTable) : m_folderReply;
+    return m_folderReply.isEmpty() ? QByteArray(EmptyTable) : m_folderReply;
 }
 
 std::optional<QByteArray> Campaign::media(const QString &path) const {
     QString folder;
     {
         const std::lock_guard lock(m_mutex);
-        if (const auto found = m_media.constFind(path); found != m_media.constEnd()) {
+        if (const auto found = m_media.constFind(path); found != m_media.constEnd())
             return *found;
-        }
         folder = m_folder;
     }
-    if (folder.isEmpty() || !isPlainPath(path)) {
+    if (folder.isEmpty() || !isPlainPath(path))
         return std::nullopt;
-    }
     const QString root = QFileInfo(folder).canonicalFilePath();
     const QString target = QFileInfo(folder + path).canonicalFilePath();
     if (root.isEmpty() || !target.startsWith(root + QLatin1Char('/')) ||
-        !QFileInfo(target).isFile()) {
+        !QFileInfo(target).isFile())
         return std::nullopt;
-    }
     QFile file(target);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    }
     return file.readAll();
 }
 
 std::optional<QString> Campaign::lookupName(const QString &id) {
     const std::lock_guard lock(m_mutex);
     reloadLocked();
-    for (const auto *names : {&m_names, &m_folderNames}) {
-        if (const auto found = names->constFind(id); found != names->constEnd()) {
+    for (const auto *names : {&m_names, &m_folderNames})
+        if (const auto found = names->constFind(id); found != names->constEnd())
             return *found;
-        }
-    }
     return std::nullopt;
 }
 
@@ -106,9 +98,8 @@ QString Campaign::errorString() {
 
 // Compares the file's bytes and not its time stamp, which may be the same after two quick edits.
 void Campaign::reloadLocked() {
-    if (m_folder.isEmpty()) {
+    if (m_folder.isEmpty())
         return;
-    }
     const QString before = m_error;
     QFile file(QDir(m_folder).filePath(QStringLiteral("campaign.json")));
     if (!file.open(QIODevice::ReadOnly)) {
@@ -118,9 +109,8 @@ void Campaign::reloadLocked() {
         m_lastRead = bytes;
         parseLocked(bytes);
     }
-    if (!m_error.isEmpty() && m_error != before) {
+    if (!m_error.isEmpty() && m_error != before)
         std::fprintf(stderr, "%s\n", qPrintable(m_error));
-    }
 }
 
 void Campaign::parseLocked(const QByteArray &bytes) {
@@ -138,9 +128,8 @@ void Campaign::parseLocked(const QByteArray &bytes) {
     m_folderReply = bytes;
     m_folderNames.clear();
     const QJsonObject names = document.object().value(QLatin1String("lookup")).toObject();
-    for (auto name = names.begin(); name != names.end(); ++name) {
+    for (auto name = names.begin(); name != names.end(); ++name)
         m_folderNames.insert(name.key(), name.value().toString());
-    }
 }
 
 } // namespace velmora::adserver

@@ -13,9 +13,9 @@ namespace velmora::adserver {
 
 namespace {
 
-constexpr long hour = 3600;
-constexpr long day = 24 * hour;
-constexpr long year = 365 * day;
+constexpr long Hour = 3600; // seconds
+constexpr long Day = 24 * Hour;
+constexpr long Year = 365 * Day;
 
 struct Deleter {
     void operator()(BIO *object) const { BIO_free(object); }
@@ -34,9 +34,8 @@ Owned<EVP_PKEY> newKey() {
 QByteArray randomHex() {
     QByteArray bytes(8, '\0');
     if (RAND_bytes(reinterpret_cast<unsigned char *>(bytes.data()),
-                   static_cast<int>(bytes.size())) != 1) {
+                   static_cast<int>(bytes.size())) != 1)
         return {};
-    }
     return bytes.toHex();
 }
 
@@ -66,20 +65,18 @@ Owned<X509> newCertificate(const QByteArray &commonName, EVP_PKEY *key, long end
     if (!certificate || !key || commonName.isEmpty() ||
         X509_set_version(certificate.get(), X509_VERSION_3) != 1 ||
         !setRandomSerial(certificate.get()) || !setCommonName(certificate.get(), commonName) ||
-        X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -day) == nullptr ||
+        X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -Day) == nullptr ||
         X509_gmtime_adj(X509_getm_notAfter(certificate.get()), endsIn) == nullptr ||
-        X509_set_pubkey(certificate.get(), key) != 1) {
+        X509_set_pubkey(certificate.get(), key) != 1)
         return nullptr;
-    }
     return certificate;
 }
 
 template<typename Write>
 QByteArray pemOf(Write write) {
     const Owned<BIO> bio(BIO_new(BIO_s_mem()));
-    if (!bio || write(bio.get()) != 1) {
+    if (!bio || write(bio.get()) != 1)
         return {};
-    }
     const char *bytes = nullptr;
     const long size = BIO_get_mem_data(bio.get(), &bytes);
     return QByteArray(bytes, size);
@@ -101,26 +98,23 @@ class CertificateAuthority::Private {
 public:
     Private() : m_key(newKey()) {
         const QByteArray name = "Velmora development authority " + randomHex();
-        Owned<X509> certificate = newCertificate(name, m_key.get(), year);
-        if (!certificate) {
+        Owned<X509> certificate = newCertificate(name, m_key.get(), Year);
+        if (!certificate)
             return;
-        }
         X509 *raw = certificate.get();
         if (X509_set_issuer_name(raw, X509_get_subject_name(raw)) == 1 &&
             addExtension(raw, raw, NID_basic_constraints, "critical,CA:TRUE,pathlen:0") &&
             addExtension(raw, raw, NID_key_usage, "critical,keyCertSign,cRLSign") &&
             addExtension(raw, raw, NID_subject_key_identifier, "hash") &&
-            X509_sign(raw, m_key.get(), EVP_sha256()) > 0) {
+            X509_sign(raw, m_key.get(), EVP_sha256()) > 0)
             m_certificate = std::move(certificate);
-        }
     }
 
     Identity leaf(const QByteArray &commonName, const QByteArray &names, long endsIn) const {
         const Owned<EVP_PKEY> key = newKey();
         const Owned<X509> certificate = newCertificate(commonName, key.get(), endsIn);
-        if (!certificate || !m_certificate) {
+        if (!certificate || !m_certificate)
             return {};
-        }
         X509 *raw = certificate.get();
         X509 *issuer = m_certificate.get();
         if (X509_set_issuer_name(raw, X509_get_subject_name(issuer)) != 1 ||
@@ -130,9 +124,8 @@ public:
             !addExtension(raw, issuer, NID_subject_alt_name, names) ||
             !addExtension(raw, issuer, NID_subject_key_identifier, "hash") ||
             !addExtension(raw, issuer, NID_authority_key_identifier, "keyid:always") ||
-            X509_sign(raw, m_key.get(), EVP_sha256()) <= 0) {
+            X509_sign(raw, m_key.get(), EVP_sha256()) <= 0)
             return {};
-        }
         return {pemOf(raw), pemOf(key.get())};
     }
 
@@ -152,15 +145,15 @@ QByteArray CertificateAuthority::caPem() const {
 }
 
 Identity CertificateAuthority::validLeaf() const {
-    return m_d->leaf("localhost", "DNS:localhost,IP:127.0.0.1", year);
+    return m_d->leaf("localhost", "DNS:localhost,IP:127.0.0.1", Year);
 }
 
 Identity CertificateAuthority::expiredLeaf() const {
-    return m_d->leaf("localhost", "DNS:localhost,IP:127.0.0.1", -hour);
+    return m_d->leaf("localhost", "DNS:localhost,IP:127.0.0.1", -Hour);
 }
 
 Identity CertificateAuthority::wrongHostLeaf() const {
-    return m_d->leaf("elsewhere.example", "DNS:elsewhere.example", year);
+    return m_d->leaf("elsewhere.example", "DNS:elsewhere.example", Year);
 }
 
 } // namespace velmora::adserver

@@ -21,9 +21,8 @@ std::optional<qint64> numberFrom(const QString &text, qint64 limit) {
 std::optional<Fault> statusFrom(const QString &argument) {
     const qsizetype colon = argument.indexOf(QLatin1Char(':'));
     const auto code = numberFrom(argument.left(colon), 599);
-    if (!code || *code < 200) {
+    if (!code || *code < 200)
         return std::nullopt;
-    }
     return Fault::statusCode(static_cast<int>(*code),
                              colon < 0 ? QByteArray() : argument.mid(colon + 1).toUtf8());
 }
@@ -97,40 +96,32 @@ std::optional<Fault> Fault::fromText(const QString &text) {
     const bool hasArgument = colon >= 0;
     const QString argument = hasArgument ? text.mid(colon + 1) : QString();
     if (!hasArgument) {
-        if (kind == QLatin1String("truncated")) {
+        if (kind == QLatin1String("truncated"))
             return truncated();
-        }
-        if (kind == QLatin1String("reset")) {
+        if (kind == QLatin1String("reset"))
             return reset();
-        }
-        if (kind == QLatin1String("close")) {
+        if (kind == QLatin1String("close"))
             return close();
-        }
-        if (kind == QLatin1String("stale")) {
+        if (kind == QLatin1String("stale"))
             return stale();
-        }
-        if (kind == QLatin1String("hang")) {
+        if (kind == QLatin1String("hang"))
             return hang();
-        }
         return std::nullopt;
     }
     if (kind == QLatin1String("delay")) {
         const auto milliseconds = numberFrom(argument, 24 * 3600 * 1000);
         return milliseconds ? std::optional(delay(static_cast<int>(*milliseconds))) : std::nullopt;
     }
-    if (kind == QLatin1String("status")) {
+    if (kind == QLatin1String("status"))
         return statusFrom(argument);
-    }
-    if (kind == QLatin1String("body")) {
+    if (kind == QLatin1String("body"))
         return wrongBody(argument.toUtf8());
-    }
     if (kind == QLatin1String("huge")) {
         const auto bytes = numberFrom(argument, Q_INT64_C(1) << 50);
         return bytes ? std::optional(huge(*bytes)) : std::nullopt;
     }
-    if (kind == QLatin1String("redirect") && !argument.isEmpty()) {
+    if (kind == QLatin1String("redirect") && !argument.isEmpty())
         return redirect(argument);
-    }
     return std::nullopt;
 }
 

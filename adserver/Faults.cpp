@@ -14,13 +14,11 @@ void Faults::set(const QString &pattern, const Fault &fault) {
 bool Faults::setFromText(const QString &text) {
     const qsizetype equals = text.indexOf(QLatin1Char('='));
     const QString pattern = text.left(equals);
-    if (equals < 0 || !(pattern.startsWith(QLatin1Char('/')) || pattern == QLatin1String("*"))) {
+    if (equals < 0 || !(pattern.startsWith(QLatin1Char('/')) || pattern == QLatin1String("*")))
         return false;
-    }
     const auto fault = Fault::fromText(text.mid(equals + 1));
-    if (fault) {
+    if (fault)
         set(pattern, *fault);
-    }
     return fault.has_value();
 }
 
@@ -31,17 +29,15 @@ void Faults::clear(const QString &pattern) {
 
 void Faults::clear() {
     const std::lock_guard lock(m_mutex);
-    for (const Entry &entry : m_entries) {
+    for (const Entry &entry : m_entries)
         *entry.active.cleared = true;
-    }
     m_entries.clear();
 }
 
 void Faults::removeLocked(const QString &pattern) {
     std::erase_if(m_entries, [&](const Entry &entry) {
-        if (entry.pattern != pattern) {
+        if (entry.pattern != pattern)
             return false;
-        }
         *entry.active.cleared = true;
         return true;
     });
@@ -51,24 +47,19 @@ Faults::Active Faults::take(const QString &path) {
     const std::lock_guard lock(m_mutex);
     Entry *best = nullptr;
     for (Entry &entry : m_entries) {
-        if (entry.active.fault.remaining == 0 || !matchesPath(entry.pattern, path)) {
+        if (entry.active.fault.remaining == 0 || !matchesPath(entry.pattern, path))
             continue;
-        }
         const bool isExact = !entry.pattern.endsWith(QLatin1Char('*'));
-        if (!best || isExact || entry.pattern.size() > best->pattern.size()) {
+        if (!best || isExact || entry.pattern.size() > best->pattern.size())
             best = &entry;
-        }
-        if (isExact) {
+        if (isExact)
             break;
-        }
     }
-    if (!best) {
+    if (!best)
         return {Fault(), std::make_shared<std::atomic<bool>>(false)};
-    }
     // A used-up entry is kept, because clear() must still end the requests that hang because of it.
-    if (best->active.fault.remaining > 0) {
+    if (best->active.fault.remaining > 0)
         --best->active.fault.remaining;
-    }
     return best->active;
 }
 

@@ -4,9 +4,8 @@
 namespace velmora::adserver {
 
 bool matchesPath(const QString &pattern, const QString &path) {
-    if (pattern.endsWith(QLatin1Char('*'))) {
+    if (pattern.endsWith(QLatin1Char('*')))
         return path.startsWith(QStringView(pattern).chopped(1));
-    }
     return path == pattern;
 }
 

@@ -11,11 +11,9 @@ QString RecordedRequest::path() const {
 }
 
 QByteArray RecordedRequest::header(const QByteArray &name) const {
-    for (const auto &[key, value] : headers) {
-        if (key.compare(name, Qt::CaseInsensitive) == 0) {
+    for (const auto &[key, value] : headers)
+        if (key.compare(name, Qt::CaseInsensitive) == 0)
             return value;
-        }
-    }
     return {};
 }
 
@@ -24,16 +22,13 @@ RecordedRequest RecordedRequest::fromWire(const QByteArray &bytes) {
     request.raw = bytes;
     const qsizetype headEnd = bytes.indexOf("\r\n\r\n");
     const QByteArray head = headEnd < 0 ? bytes : bytes.left(headEnd);
-    if (headEnd >= 0) {
+    if (headEnd >= 0)
         request.body = bytes.mid(headEnd + 4);
-    }
 
     QList<QByteArray> lines = head.split('\n');
-    for (QByteArray &line : lines) {
-        if (line.endsWith('\r')) {
+    for (QByteArray &line : lines)
+        if (line.endsWith('\r'))
             line.chop(1);
-        }
-    }
     const QList<QByteArray> words = lines.takeFirst().split(' ');
     if (words.size() == 3) {
         request.method = words[0];
@@ -42,9 +37,8 @@ RecordedRequest RecordedRequest::fromWire(const QByteArray &bytes) {
     }
     for (const QByteArray &line : std::as_const(lines)) {
         const qsizetype colon = line.indexOf(':');
-        if (colon > 0) {
+        if (colon > 0)
             request.headers.append({line.left(colon), line.mid(colon + 1).trimmed()});
-        }
     }
     return request;
 }

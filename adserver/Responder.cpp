@@ -15,46 +15,40 @@ namespace velmora::adserver {
 
 namespace {
 
-constexpr qint64 bodyLimit = 16 * 1024 * 1024;
-constexpr int waitStepMs = 20;
+constexpr qint64 BodyLimit = 16 * 1024 * 1024;
+constexpr int WaitStepMs = 20;
 
 QByteArray contentTypeOf(const QString &path) {
     static const std::pair<const char *, const char *> types[] = {
         {".gif", "image/gif"},       {".png", "image/png"},   {".jpg", "image/jpeg"},
         {".jpeg", "image/jpeg"},     {".mp4", "video/mp4"},   {".m4v", "video/mp4"},
         {".mov", "video/quicktime"}, {".webm", "video/webm"}, {".json", "application/json"}};
-    for (const auto &[suffix, type] : types) {
-        if (path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive)) {
+    for (const auto &[suffix, type] : types)
+        if (path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive))
             return type;
-        }
-    }
     return "application/octet-stream";
 }
 
 // The status code with which the request's body is refused; nothing if it can be read.
 std::optional<int> bodyRefusal(const RecordedRequest &request, qint64 &length) {
     length = 0;
-    if (!request.header("Transfer-Encoding").isEmpty()) {
+    if (!request.header("Transfer-Encoding").isEmpty())
         return 411;
-    }
     const QByteArray text = request.header("Content-Length");
-    if (text.isEmpty()) {
+    if (text.isEmpty())
         return std::nullopt;
-    }
     bool ok = false;
     length = text.toLongLong(&ok);
-    if (!ok || length < 0) {
+    if (!ok || length < 0)
         return 400;
-    }
-    return length > bodyLimit ? std::optional(413) : std::nullopt;
+    return length > BodyLimit ? std::optional(413) : std::nullopt;
 }
 
 // With a content provider the library does not compress the body. For an empty body it would send
 // no Content-Length.
 void setBody(httplib::Response &response, const QByteArray &contentType, const QByteArray &body) {
-    if (body.isEmpty()) {
+    if (body.isEmpty())
         return;
-    }
     response.set_content_provider(static_cast<size_t>(body.size()), contentType.toStdString(),
                                   [body](size_t offset, size_t length, httplib::DataSink &sink) {
                                       return sink.write(body.constData() + offset, length);
@@ -63,9 +57,8 @@ void setBody(httplib::Response &response, const QByteArray &contentType, const Q
 
 void setTruncatedBody(httplib::Response &response, const QByteArray &contentType,
                       const QByteArray &body) {
-    if (body.isEmpty()) {
+    if (body.isEmpty())
         return;
-    }
     response.set_content_provider(static_cast<size_t>(body.size()), contentType.toStdString(),
                                   [body](size_t offset, size_t, httplib::DataSink &sink) {
                                       const size_t half = static_cast<size_t>(body.size()) / 2;
@@ -75,9 +68,8 @@ void setTruncatedBody(httplib::Response &response, const QByteArray &contentType
 }
 
 void setHugeBody(httplib::Response &response, qint64 size) {
-    if (size <= 0) {
+    if (size <= 0)
         return;
-    }
     static const QByteArray block(64 * 1024, 'x');
     response.set_content_provider(static_cast<size_t>(size), "application/octet-stream",
                                   [](size_t, size_t length, httplib::DataSink &sink) {
@@ -113,21 +105,18 @@ void Responder::respond(TlsConnection &connection, httplib::Response &response) 
     const Faults::Active active = m_faults.take(request.path());
     const Fault &fault = active.fault;
     const bool hangs = fault.kind == Fault::Kind::Hang;
-    if (hangs) {
+    if (hangs)
         observe(request, QStringLiteral("hang"));
-    }
     if (!waitOut(connection, active)) {
         connection.breakOff();
-        if (!hangs) {
+        if (!hangs)
             observe(request, QStringLiteral("closed while delayed"));
-        }
         return;
     }
 
     const QString outcome = apply(fault, answerTo(request), connection, response);
-    if (!hangs) {
+    if (!hangs)
         observe(request, outcome);
-    }
 }
 
 // Fills in the answer as the fault changes it. Returns the outcome for the observer.
@@ -183,20 +172,17 @@ void Responder::recordMalformed(const QByteArray &bytes) {
 Responder::Answer Responder::answerTo(const RecordedRequest &request) const {
     const QString path = request.path();
     const bool isGet = request.method == "GET" || request.method == "HEAD";
-    if (request.method == "POST" && path == QLatin1String("/api/v1/banners")) {
+    if (request.method == "POST" && path == QLatin1String("/api/v1/banners"))
         return {200, "application/json", m_campaign.reply()};
-    }
-    if (matchesPath(QStringLiteral("/event*"), path)) {
+    if (matchesPath(QStringLiteral("/event*"), path))
         return {204, {}, {}};
-    }
     if (isGet && path == QLatin1String("/lookup")) {
         const qsizetype mark = request.target.indexOf('?');
         return lookupAnswer(mark < 0 ? QByteArray() : request.target.mid(mark + 1));
     }
     if (isGet) {
-        if (const auto bytes = m_campaign.media(path)) {
+        if (const auto bytes = m_campaign.media(path))
             return {200, contentTypeOf(path), *bytes};
-        }
     }
     return {404, "text/plain", "not found\n"};
 }
@@ -205,9 +191,8 @@ Responder::Answer Responder::lookupAnswer(const QByteArray &query) const {
     const QString id = QUrlQuery(QString::fromUtf8(query))
                            .queryItemValue(QStringLiteral("id"), QUrl::FullyDecoded);
     QJsonArray results;
-    if (const auto name = m_campaign.lookupName(id)) {
+    if (const auto name = m_campaign.lookupName(id))
         results.append(QJsonObject{{QStringLiteral("trackName"), *name}});
-    }
     const QJsonObject object{{QStringLiteral("resultCount"), results.size()},
                              {QStringLiteral("results"), results}};
     return {200, "application/json", QJsonDocument(object).toJson(QJsonDocument::Compact)};
@@ -219,19 +204,17 @@ bool Responder::waitOut(const TlsConnection &connection, const Faults::Active &a
     const bool hangs = active.fault.kind == Fault::Kind::Hang;
     int leftMs = active.fault.delayMs;
     while ((hangs || leftMs > 0) && !*active.cleared) {
-        const int stepMs = hangs ? waitStepMs : std::min(leftMs, waitStepMs);
-        if (connection.waitForClose(stepMs)) {
+        const int stepMs = hangs ? WaitStepMs : std::min(leftMs, WaitStepMs);
+        if (connection.waitForClose(stepMs))
             return false;
-        }
         leftMs -= stepMs;
     }
     return true;
 }
 
 void Responder::observe(const RecordedRequest &request, const QString &outcome) const {
-    if (m_observer) {
+    if (m_observer)
         m_observer(request, outcome);
-    }
 }
 
 } // namespace velmora::adserver

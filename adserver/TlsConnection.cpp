@@ -12,13 +12,13 @@ namespace velmora::adserver {
 
 namespace {
 
-constexpr int connectionIndex = 0; // OpenSSL's slot for the application's own data
+constexpr int ConnectionIndex = 0; // OpenSSL's slot for the application's own data
 
 // POLLRDHUP, where there is one, also reports a client that has only closed its sending side.
 #ifdef POLLRDHUP
-constexpr short closedEvents = POLLRDHUP;
+constexpr short ClosedEvents = POLLRDHUP;
 #else
-constexpr short closedEvents = POLLHUP;
+constexpr short ClosedEvents = POLLHUP;
 #endif
 
 short pollSocket(socket_t socket, short events, int milliseconds) {
@@ -44,7 +44,7 @@ TlsConnection::TlsConnection(socket_t socket, SSL_CTX *context)
     : m_socket(socket), m_ssl(SSL_new(context)) {
     if (m_ssl) {
         SSL_set_fd(m_ssl.get(), socket);
-        SSL_set_ex_data(m_ssl.get(), connectionIndex, this);
+        SSL_set_ex_data(m_ssl.get(), ConnectionIndex, this);
     }
 }
 
@@ -59,14 +59,13 @@ void TlsConnection::finish() {
         ::setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);
         return;
     }
-    if (m_tlsUsable) {
+    if (m_tlsUsable)
         SSL_shutdown(m_ssl.get());
-    }
     ::shutdown(m_socket, SHUT_WR);
 }
 
 TlsConnection *TlsConnection::of(const SSL *ssl) {
-    return static_cast<TlsConnection *>(SSL_get_ex_data(ssl, connectionIndex));
+    return static_cast<TlsConnection *>(SSL_get_ex_data(ssl, ConnectionIndex));
 }
 
 bool TlsConnection::accept() {
@@ -76,9 +75,8 @@ bool TlsConnection::accept() {
 
 bool TlsConnection::waitForRequest(int timeoutMs) {
     ++m_requests;
-    if (m_bufferUsed < m_bufferEnd || SSL_pending(m_ssl.get()) > 0) {
+    if (m_bufferUsed < m_bufferEnd || SSL_pending(m_ssl.get()) > 0)
         return true;
-    }
     return pollSocket(m_socket, POLLIN, timeoutMs) != 0 && fill();
 }
 
@@ -87,9 +85,8 @@ bool TlsConnection::readBody(qint64 length) {
     while (length > 0) {
         const auto wanted = std::min<qint64>(length, static_cast<qint64>(chunk.size()));
         const ssize_t got = read(chunk.data(), static_cast<size_t>(wanted));
-        if (got <= 0) {
+        if (got <= 0)
             return false;
-        }
         length -= got;
     }
     return true;
@@ -106,7 +103,7 @@ QByteArray TlsConnection::takeRecorded() {
 }
 
 bool TlsConnection::waitForClose(int milliseconds) const {
-    return pollSocket(m_socket, closedEvents, milliseconds) != 0;
+    return pollSocket(m_socket, ClosedEvents, milliseconds) != 0;
 }
 
 void TlsConnection::breakOffWithReset() {
@@ -119,9 +116,8 @@ bool TlsConnection::is_readable() const {
 }
 
 bool TlsConnection::fill() {
-    if (m_broken) {
+    if (m_broken)
         return false;
-    }
     const int size = static_cast<int>(m_buffer.size());
     const int got = uninterrupted([&] { return SSL_read(m_ssl.get(), m_buffer.data(), size); });
     if (got <= 0) {
@@ -135,9 +131,8 @@ bool TlsConnection::fill() {
 }
 
 ssize_t TlsConnection::read(char *data, size_t size) {
-    if (m_bufferUsed == m_bufferEnd && !fill()) {
+    if (m_bufferUsed == m_bufferEnd && !fill())
         return -1;
-    }
     const size_t count = std::min(size, m_bufferEnd - m_bufferUsed);
     std::memcpy(data, m_buffer.data() + m_bufferUsed, count);
     m_recorded.append(data, static_cast<qsizetype>(count));
@@ -146,9 +141,8 @@ ssize_t TlsConnection::read(char *data, size_t size) {
 }
 
 ssize_t TlsConnection::write(const char *data, size_t size) {
-    if (m_broken) {
+    if (m_broken)
         return -1;
-    }
     const int length = static_cast<int>(std::min<size_t>(size, 1 << 20));
     const int sent = uninterrupted([&] { return SSL_write(m_ssl.get(), data, length); });
     if (sent <= 0) {

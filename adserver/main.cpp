@@ -41,9 +41,8 @@ bool writeFile(const QString &path, const QByteArray &bytes, QString *error) {
     QSaveFile file(path);
     const bool isWritten =
         file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    if (!isWritten) {
+    if (!isWritten)
         *error = path + QStringLiteral(": ") + file.errorString();
-    }
     return isWritten;
 }
 
@@ -71,9 +70,8 @@ int serve(AdServer &server, quint16 port) {
         server.log().clear(); // not used here, and would grow for as long as the program runs
     });
     const QString url = server.start(port);
-    if (url.isEmpty()) {
+    if (url.isEmpty())
         return fail(server.errorString());
-    }
     std::printf("%s\n", qPrintable(url));
     std::fflush(stdout);
     int received = 0;
@@ -95,32 +93,26 @@ int main(int argc, char *argv[]) {
     parser.addOptions({options.campaign, options.port, options.caOut, options.fault});
     parser.process(app);
 
-    if (!parser.positionalArguments().isEmpty()) {
+    if (!parser.positionalArguments().isEmpty())
         return fail(QStringLiteral("unexpected argument: ") + parser.positionalArguments().first());
-    }
     bool isPort = false;
     const quint16 port = parser.value(options.port).toUShort(&isPort);
-    if (!isPort) {
+    if (!isPort)
         return fail(QStringLiteral("not a port: ") + parser.value(options.port));
-    }
     AdServer server;
-    for (const QString &text : parser.values(options.fault)) {
-        if (!server.faults().setFromText(text)) {
+    for (const QString &text : parser.values(options.fault))
+        if (!server.faults().setFromText(text))
             return fail(QStringLiteral("not a fault: ") + text);
-        }
-    }
     if (parser.isSet(options.campaign)) {
         const QString folder = parser.value(options.campaign);
-        if (!QDir(folder).exists()) {
+        if (!QDir(folder).exists())
             return fail(QStringLiteral("no such folder: ") + folder);
-        }
         server.campaign().setFolder(folder);
         server.campaign().errorString(); // prints what is wrong with campaign.json
     }
     QString error;
     if (parser.isSet(options.caOut) &&
-        !writeFile(parser.value(options.caOut), server.caPem(), &error)) {
+        !writeFile(parser.value(options.caOut), server.caPem(), &error))
         return fail(error);
-    }
     return serve(server, port);
 }
