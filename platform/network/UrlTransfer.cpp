@@ -69,11 +69,18 @@ bool UrlTransfer::prepare() {
         return refuse(QStringLiteral("not a web address: ") + m_request.url.toString());
     if (!isAllowed())
         return refuseUnsent(NotAllowed);
+    setRequest();
+    setTrust();
+    setLimits();
+    setCallbacks();
+    return true;
+}
 
+void UrlTransfer::setRequest() {
     set(CURLOPT_URL, m_request.url.toEncoded(QUrl::RemoveFragment).constData());
     set(CURLOPT_PROTOCOLS_STR, "https,http");
     set(CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
-    set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    set(CURLOPT_PROXY, ""); // not the one that the environment names
     set(CURLOPT_USERAGENT, UserAgent);
     set(CURLOPT_ACCEPT_ENCODING, "gzip");
     set(CURLOPT_HTTPHEADER, m_headers);
@@ -84,20 +91,25 @@ bool UrlTransfer::prepare() {
     } else {
         set(CURLOPT_HTTPGET, 1L);
     }
-    if (!m_configuration.privateHost.isEmpty() &&
-        m_request.url.host() == m_configuration.privateHost &&
-        !m_configuration.privateAuthorities.isEmpty()) {
-        const QByteArray &authorities = m_configuration.privateAuthorities;
-        curl_blob blob{const_cast<char *>(authorities.constData()), size_t(authorities.size()),
-                       CURL_BLOB_COPY};
-        set(CURLOPT_CAINFO_BLOB, &blob);
-        set(CURLOPT_CAPATH, static_cast<const char *>(nullptr));
-    }
     if (m_request.onlyOnce) {
         set(CURLOPT_FRESH_CONNECT, 1L);
         set(CURLOPT_FORBID_REUSE, 1L);
     }
+}
 
+// libcurl verifies certificates by default, against the system's authorities.
+void UrlTransfer::setTrust() {
+    set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2)); // or later
+    const QByteArray &authorities = m_configuration.privateAuthorities;
+    if (authorities.isEmpty() || m_request.url.host() != m_configuration.privateHost)
+        return;
+    curl_blob blob{const_cast<char *>(authorities.constData()), size_t(authorities.size()),
+                   CURL_BLOB_COPY};
+    set(CURLOPT_CAINFO_BLOB, &blob);
+    set(CURLOPT_CAPATH, static_cast<const char *>(nullptr));
+}
+
+void UrlTransfer::setLimits() {
     const long idleSeconds = std::max(1, (m_configuration.idleTimeoutMs + 999) / 1000);
     set(CURLOPT_TIMEOUT_MS, long(m_request.wholeTimeoutMs));
     set(CURLOPT_CONNECTTIMEOUT_MS, idleSeconds * 1000);
@@ -105,11 +117,12 @@ bool UrlTransfer::prepare() {
     set(CURLOPT_LOW_SPEED_TIME, idleSeconds);
     if (!m_request.ignoresBody)
         set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_request.largestBody));
-
-    set(CURLOPT_PROXY, ""); // not the one that the environment names
-    set(CURLOPT_NOSIGNAL, 1L);
     // A name server that does not answer is not waited for when the session ends.
     set(CURLOPT_QUICK_EXIT, 1L);
+}
+
+void UrlTransfer::setCallbacks() {
+    set(CURLOPT_NOSIGNAL, 1L); // no signal handlers: the process is the host's
     set(CURLOPT_ERRORBUFFER, m_error);
     set(CURLOPT_HEADERFUNCTION, &UrlTransfer::receiveHeader);
     set(CURLOPT_HEADERDATA, this);
@@ -117,7 +130,6 @@ bool UrlTransfer::prepare() {
     set(CURLOPT_WRITEDATA, this);
     set(CURLOPT_PREREQFUNCTION, &UrlTransfer::beforeRequest);
     set(CURLOPT_PREREQDATA, this);
-    return true;
 }
 
 int UrlTransfer::beforeRequest(void *self, char *, char *, int, int) {

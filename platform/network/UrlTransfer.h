@@ -46,6 +46,10 @@ private:
     /// The same, and tells whether the request was sent.
     bool refuseUnsent(const QString &reason);
     bool isAllowed() const;
+    void setRequest();
+    void setTrust();
+    void setLimits();
+    void setCallbacks();
     bool takeHeader(const QByteArray &line);
     bool takeBody(const char *data, qint64 size);
     bool openFile();
