@@ -107,32 +107,35 @@ void SplashScreenLayout::placeRemoveAdsButton() {
     }
 }
 
-void SplashScreenLayout::placeColumn() {
+int SplashScreenLayout::placeTextsAndRing() {
     SplashScreenLabelsView *labels = m_outlets.lablesView;
     TextField *first = labels ? labels->textCommentFieldFirst() : nullptr;
     TextField *second = labels ? labels->textCommentFieldSecond() : nullptr;
     TimeProgressView *ring = labels ? labels->timeProgressView() : nullptr;
+    if (!first || !second || !ring)
+        return 0;
+    const int width = std::min(m_root->width() - 2 * scaled(28, 12, 40), scaled(560, 280, 840));
+    const int x = (m_root->width() - width) / 2;
+    first->setTextSize(scaled(26, 17, 36));
+    second->setTextSize(scaled(16, 13, 22));
+    const int firstHeight = first->heightForWidth(width);
+    const int secondHeight = second->heightForWidth(width);
+    const int secondTop = firstHeight + scaled(6, 3, 10);
+    const int ringTop = secondTop + secondHeight + scaled(22, 10, 32);
+    const int ringSide = scaled(76, 48, 108);
+    place(first, {x, 0, width, firstHeight});
+    place(second, {x, secondTop, width, secondHeight});
+    const QRect ringFrame = square((m_root->width() - ringSide) / 2, ringTop, ringSide);
+    place(ring, ringFrame);
+    placeCountdown(labels->timeLabel(), ringFrame, m_outlets.splashTimerConstraint);
+    return ringTop + ringSide;
+}
+
+void SplashScreenLayout::placeColumn() {
+    const int height = placeTextsAndRing();
+    SplashScreenLabelsView *labels = m_outlets.lablesView;
     const int top = scaled(24, 8, 40);
     const int room = std::max(m_columnBottom - top, 0);
-    int height = 0;
-    if (labels && first && second && ring) {
-        const int width = std::min(m_root->width() - 2 * scaled(28, 12, 40), scaled(560, 280, 840));
-        const int x = (m_root->width() - width) / 2;
-        first->setTextSize(scaled(26, 17, 36));
-        second->setTextSize(scaled(16, 13, 22));
-        const int firstHeight = first->heightForWidth(width);
-        const int secondHeight = second->heightForWidth(width);
-        const int secondTop = firstHeight + scaled(6, 3, 10);
-        const int ringTop = secondTop + secondHeight + scaled(22, 10, 32);
-        const int ringSide = scaled(76, 48, 108);
-        height = ringTop + ringSide;
-        place(first, {x, 0, width, firstHeight});
-        place(second, {x, secondTop, width, secondHeight});
-        const QRect ringFrame = square((m_root->width() - ringSide) / 2, ringTop, ringSide);
-        place(ring, ringFrame);
-        placeCountdown(labels->timeLabel(), ringFrame, m_outlets.splashTimerConstraint);
-    }
-
     ImageView *icon = m_outlets.iconImageView;
     const bool isIconAlone = !labels || Animator::isHidden(labels);
     const bool hasIcon = icon && !Animator::isHidden(icon) && !icon->image().isNull();

@@ -24,6 +24,10 @@ public:
 private:
     void placeOverVideo();
     void placeRemoveAdsButton();
+    /// Places the two lines of text and the ring inside the labels view.
+    /// @return the height that the labels view needs; 0 when an element is missing
+    int placeTextsAndRing();
+    /// Places the icon and the labels view, one below the other in the middle.
     void placeColumn();
     /// A length for the present size of the window, within limits.
     /// @param points the length in a window of 640x480
