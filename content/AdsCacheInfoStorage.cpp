@@ -52,7 +52,8 @@ void writeMerged(const QString &path, const QJsonObject &table) {
 
 AdsCacheInfoStorage::AdsCacheInfoStorage() {
     followFolder();
-    // Made first, so that it is destroyed after every object that may still save.
+    // Made while the downloader is being made, so that it is destroyed after it: until then the
+    // table may be saved.
     ProcessRoot::get<DiskQueue>();
 }
 
