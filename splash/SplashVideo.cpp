@@ -61,24 +61,19 @@ void SplashVideo::warmUpPlayer() const {
 void SplashVideo::choose() {
     m_duration = 0;
     // Read once: every reading prepares the next video.
-    VideoAd video = m_downloader->readyVideo();
-    if (video.file.path().contains(MissingNameMark))
-        video = {m_defaultUrl, {}, {}, {}};
-    m_url = video.file;
-    m_link = video.link;
-    m_interstitialUrl = video.still;
-    m_info = video.info;
+    m_chosen = m_downloader->readyVideo();
+    if (m_chosen.file.path().contains(MissingNameMark))
+        m_chosen = {m_defaultUrl, {}, {}, {}};
 }
 
 const QUrl &SplashVideo::linkToOpen() const {
     // The link is compared with the default video's address, not with its link.
-    const bool isOwn = !m_link.isEmpty() && m_link != m_defaultUrl;
-    return isOwn ? m_link : m_defaultLink;
+    const bool isOwn = !link().isEmpty() && link() != m_defaultUrl;
+    return isOwn ? link() : m_defaultLink;
 }
 
 QVariant SplashVideo::advertisedName() const {
-    return validUnlessNull(m_info.isEmpty() ? m_defaultName
-                                            : m_info.value(kMainNameKey).toString());
+    return validUnlessNull(info().isEmpty() ? m_defaultName : m_chosen.name());
 }
 
 void SplashVideo::setDuration(double seconds) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "VideoAd.h"
+
 #include <QtCore/QJsonObject>
 #include <QtCore/QUrl>
 #include <QtCore/QVariant>
@@ -34,17 +36,17 @@ public:
 
     /// Chooses the video of a sequence, and has the downloader prepare the next one.
     void choose();
-    const QUrl &url() const { return m_url; }
-    const QUrl &link() const { return m_link; }
+    const QUrl &url() const { return m_chosen.file; }
+    const QUrl &link() const { return m_chosen.link; }
     /// The picture of the end screen; empty when the ad has none.
-    const QUrl &interstitialUrl() const { return m_interstitialUrl; }
+    const QUrl &interstitialUrl() const { return m_chosen.still; }
     /// The ad as the server sent it; empty for the default video.
-    const QJsonObject &info() const { return m_info; }
+    const QJsonObject &info() const { return m_chosen.info; }
 
     /// What is to be played after a choice: also the default video when the downloader has none.
     /// Empty when there is no video at all.
-    const QUrl &urlToPlay() const { return m_url.isEmpty() ? m_defaultUrl : m_url; }
-    bool hasLink() const { return !m_link.isEmpty() || !m_defaultLink.isEmpty(); }
+    const QUrl &urlToPlay() const { return url().isEmpty() ? m_defaultUrl : url(); }
+    bool hasLink() const { return !link().isEmpty() || !m_defaultLink.isEmpty(); }
     /// Where a click on the video leads.
     const QUrl &linkToOpen() const;
     /// Name of the advertised application, a QString; invalid when it is not known.
@@ -62,10 +64,7 @@ private:
     QUrl m_defaultUrl;
     QUrl m_defaultLink;
     QString m_defaultName;
-    QUrl m_url;
-    QUrl m_link;
-    QUrl m_interstitialUrl;
-    QJsonObject m_info;
+    VideoAd m_chosen;
     qint64 m_duration = 0;
     /// Expires with this object, for a look-up that is still running then.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
