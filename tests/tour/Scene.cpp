@@ -3,14 +3,14 @@
 
 #include "demo/DemoApplication.h"
 #include "demo/JournalWindow.h"
-#include "demo/Page.h"
 #include "tests/tour/ScreenRobot.h"
-#include "tests/tour/Waiting.h"
 
 #include <Velmora/Notifications.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QWindow>
+#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
@@ -19,172 +19,148 @@ namespace demo::tour {
 
 namespace {
 
-QModelIndexList eventsNamed(const EventLog &log, const QString &name) {
-    return log.match(log.index(0), EventLog::NameRole, name, -1, Qt::MatchExactly);
-}
+// For a slow machine, and longer than a banner is shown.
+constexpr int LongestWaitMs = 25000;
+
+// Ends a scene. The reason is reported before.
+struct SceneFailed {};
 
 } // namespace
 
-Scene::Scene(DemoApplication &demo, const TourOptions &options)
+Scene::Scene(DemoApplication &demo, const QString &folder, qint64 tourStarted, const QString &name)
     : m_demo(demo),
       m_server(demo.server().adServer()),
-      m_timeline(options.folder, options.started),
-      m_options(options),
-      m_nextPicture(options.firstPicture) {}
+      m_timeline(folder, tourStarted),
+      m_folder(folder),
+      m_name(name) {}
 
-Scene::~Scene() = default;
-
-bool Scene::perform() {
-    m_timeline.add(Timeline::Scene, m_options.scene);
-    QObject::connect(
-        &m_demo.log(), &EventLog::recorded, &m_demo.log(),
-        [this](const QString &name, const QString &object) { m_timeline.add(name, object); });
-    play();
-    m_timeline.add(QStringLiteral("server-requests"), QString::number(m_server.requests()));
+bool Scene::run(void (*play)(Scene &)) {
+    note(Timeline::Scene, m_name);
+    QObject::connect(&m_demo.log(), &EventLog::recorded, &m_demo.log(),
+                     [this](const QString &event, const QString &object) {
+                         m_events.insert(event, object);
+                         note(event, object);
+                     });
+    try {
+        play(*this);
+    } catch (const SceneFailed &) {
+    }
+    note("server-requests", QString::number(m_server.requests()));
     m_demo.log().disconnect();
     return m_complete;
 }
 
-bool Scene::openWindow() {
+void Scene::openWindow() {
     m_window = m_demo.openWindow();
-    const bool shown = await(QStringLiteral("the journal's window on the screen"), [this] {
-        const QWindow *handle = m_window->windowHandle();
-        return handle && handle->isExposed() && m_window->isActiveWindow();
-    });
+    awaitActive(m_window);
     movePointerAway();
-    return shown && resizeWindow(JournalWindow::DefaultSize);
+    resizeWindow(JournalWindow::DefaultSize);
 }
 
-bool Scene::resizeWindow(const QSize &size) {
+void Scene::resizeWindow(const QSize &size) {
     m_window->resize(size);
-    return await(QStringLiteral("a window of %1 x %2").arg(size.width()).arg(size.height()),
-                 [this, size] { return m_window->windowHandle()->size() == size; });
+    await(QStringLiteral("a window of %1 x %2").arg(size.width()).arg(size.height()),
+          [&] { return m_window->windowHandle()->size() == size; });
 }
 
-bool Scene::expect(bool condition, const QString &what) {
-    if (!condition) {
-        if (m_complete && m_window)
-            savePicture(QStringLiteral("missing"), m_window);
-        m_complete = false;
-        m_timeline.add(QStringLiteral("missing"), what);
-        std::fprintf(stderr, "velmora-tour: %s: missing: %s\n", qPrintable(m_options.scene),
-                     qPrintable(what));
-    }
-    return condition;
+void Scene::expect(bool condition, const QString &what) {
+    if (condition)
+        return;
+    if (m_complete && m_window)
+        savePicture("missing", m_window);
+    m_complete = false;
+    note("missing", what);
+    std::fprintf(stderr, "velmora-tour: %s: missing: %s\n", qPrintable(m_name), qPrintable(what));
 }
 
-bool Scene::await(const QString &what, const std::function<bool()> &condition, int timeoutMs) {
-    return expect(Waiting::until(condition, timeoutMs), what);
+void Scene::require(bool condition, const QString &what) {
+    expect(condition, what);
+    if (!condition)
+        throw SceneFailed();
 }
 
-QWidget *Scene::control(const char *name) const {
-    return m_window->findChild<QWidget *>(QLatin1String(name));
+void Scene::await(const QString &what, const std::function<bool()> &condition) {
+    require(QTest::qWaitFor(condition, LongestWaitMs), what);
 }
 
-QWidget *Scene::banner() const {
-    QWidget *view = m_window->page()->banner();
-    return view && view->isVisible() ? view : nullptr;
+void Scene::awaitActive(const QWidget *window) {
+    await(QStringLiteral("the window \"%1\" in front").arg(window->windowTitle()),
+          [window] { return window->isActiveWindow() && window->windowHandle()->isExposed(); });
 }
 
-QWidget *Scene::bannerImage() const {
-    const QWidget *view = banner();
-    return view ? view->findChild<QWidget *>(QStringLiteral("bannerImage")) : nullptr;
+void Scene::awaitEvent(const QString &event, int times) {
+    await(event, [&] { return count(event) == times; });
 }
 
-QString Scene::bannerName() const {
-    const QWidget *image = bannerImage();
-    return image ? image->accessibleName() : QString();
-}
-
-bool Scene::isCampaignBanner(const QString &name) const {
-    return m_server.campaignValues(QStringLiteral("standard"), QStringLiteral("name"))
-        .contains(name);
-}
-
-int Scene::count(const QString &event) const {
-    return int(eventsNamed(m_demo.log(), event).size());
-}
-
-QString Scene::lastObject(const QString &event) const {
-    const QModelIndexList events = eventsNamed(m_demo.log(), event);
-    return events.isEmpty() ? QString() : events.last().data(EventLog::ObjectRole).toString();
-}
-
-bool Scene::awaitBanner(const QString &what, const std::function<bool(const QString &)> &isRight,
-                        int timeoutMs) {
-    const bool shown = await(
-        what + QStringLiteral(" on the screen"),
-        [&] {
-            return bannerImage() && isRight(bannerName()) && !banner()->graphicsEffect() &&
-                   ScreenRobot::shows(bannerImage());
-        },
-        timeoutMs);
-    m_timeline.add(QStringLiteral("banner-shown"), bannerName());
-    return shown;
-}
-
-bool Scene::awaitCampaignBanner() {
-    return awaitBanner(QStringLiteral("a banner of the campaign"),
-                       [this](const QString &name) { return isCampaignBanner(name); });
-}
-
-QWidget *Scene::awaitPurchaseSheet(const QString &what) {
-    QWidget *buy = nullptr;
-    const bool shown = await(what, [&buy] {
-        const QWidget *sheet = QApplication::activeModalWidget();
-        buy = sheet ? sheet->findChild<QWidget *>(QStringLiteral("buyButton")) : nullptr;
-        return buy && ScreenRobot::shows(buy);
-    });
-    return shown ? buy : nullptr;
+void Scene::watch(const QString &what, const std::function<bool()> &condition, int milliseconds) {
+    expect(!QTest::qWaitFor([&] { return !condition(); }, milliseconds), what);
 }
 
 void Scene::picture(const QString &name, QWidget *window) {
     QWidget *shown = window ? window : m_window;
     shown->repaint();
-    expect(savePicture(name, shown), QStringLiteral("picture %1").arg(name));
+    expect(savePicture(name, shown), "picture " + name);
 }
 
 bool Scene::savePicture(const QString &name, const QWidget *window) {
-    const QString file =
-        QStringLiteral("%1-%2.png").arg(m_nextPicture++, 2, 10, QLatin1Char('0')).arg(name);
+    const QDir folder(m_folder);
+    const int number = int(folder.entryList({PictureMask}, QDir::Files).size()) + 1;
+    const QString file = QStringLiteral("%1-%2.png").arg(number, 2, 10, QChar('0')).arg(name);
     const QImage image = ScreenRobot::pictureOf(window);
-    m_timeline.add(QStringLiteral("picture"), file);
-    return !image.isNull() && image.save(m_options.folder + QLatin1Char('/') + file);
+    note("picture", file);
+    return !image.isNull() && image.save(folder.filePath(file));
 }
 
-void Scene::click(QWidget *widget) {
-    click(widget, widget->rect().center());
-}
-
-void Scene::click(QWidget *widget, const QPoint &point) {
-    ScreenRobot::click(widget, point);
+void Scene::click(QWidget *widget, double x, double y) {
+    ScreenRobot::click(widget, {int(widget->width() * x), int(widget->height() * y)});
 }
 
 void Scene::movePointerAway() {
     if (ScreenRobot::movePointerAway(m_window))
-        await(QStringLiteral("the pointer outside the window"),
-              [this] { return !m_window->underMouse(); });
+        await("the pointer outside the window", [this] { return !m_window->underMouse(); });
 }
 
-void Scene::clickBanner() {
-    const QString name = bannerName();
+QWidget *Scene::reveal(const char *button, const char *revealed) {
+    click(control(button));
+    movePointerAway();
+    QWidget *wanted = control(revealed);
+    await(QStringLiteral("%1 on the screen").arg(revealed),
+          [wanted] { return ScreenRobot::shows(wanted); });
+    return wanted;
+}
+
+void Scene::clickAd(QWidget *ad, const QString &notification, const QStringList &names) {
     const int links = count(LinkOpener::Opened);
-    const int clicks = count(VLMclickForBanner);
-    click(bannerImage(), {bannerImage()->width() / 3, bannerImage()->height() / 2});
-    await(QStringLiteral("a notification about the click on the banner"),
-          [&] { return count(VLMclickForBanner) == clicks + 1; });
-    expect(lastObject(VLMclickForBanner) == name,
-           QStringLiteral("the banner's name \"%1\" in the notification").arg(name));
-    expect(count(LinkOpener::Opened) == links + 1, QStringLiteral("the banner's link opened"));
-    expectStoreLink();
+    const int clicks = count(notification);
+    click(ad, 0.4, 0.4);
+    awaitEvent(notification, clicks + 1);
+    expect(names.contains(lastObject(notification)), "the name of the ad in " + notification);
+    expect(count(LinkOpener::Opened) == links + 1, "one opened link after " + notification);
+    // The scheme depends on whether this machine has a store application.
+    static const QRegularExpression storePage("^/app/id\\d+$");
+    expect(storePage.match(QUrl(lastObject(LinkOpener::Opened)).path()).hasMatch(),
+           "a link to a page of the store");
     movePointerAway();
 }
 
-void Scene::expectStoreLink() {
-    // The scheme depends on whether this machine has a store application.
-    static const QRegularExpression storePage(QStringLiteral("^/app/id\\d+$"));
-    expect(storePage.match(QUrl(lastObject(LinkOpener::Opened)).path()).hasMatch(),
-           QStringLiteral("a link to a page of the store"));
+QWidget *Scene::awaitOffer(QWidget *button) {
+    const int asked = count(VLMtryRemoveAds);
+    click(button);
+    awaitEvent(VLMtryRemoveAds, asked + 1);
+    QWidget *buy = nullptr;
+    await("the offer to remove ads", [&buy] {
+        const QWidget *sheet = QApplication::activeModalWidget();
+        buy = sheet ? sheet->findChild<QWidget *>("buyButton") : nullptr;
+        return buy && ScreenRobot::shows(buy);
+    });
+    movePointerAway();
+    return buy;
+}
+
+QWidget *Scene::control(const char *name) {
+    auto *found = m_window->findChild<QWidget *>(name);
+    require(found != nullptr, QStringLiteral("a control named %1").arg(name));
+    return found;
 }
 
 } // namespace demo::tour

@@ -3,9 +3,9 @@
 
 #include "tests/tour/ServerProbe.h"
 #include "tests/tour/Timeline.h"
-#include "tests/tour/TourOptions.h"
 
-#include <QtCore/QString>
+#include <QtCore/QMultiHash>
+#include <QtCore/QStringList>
 
 #include <functional>
 
@@ -14,83 +14,78 @@ class QWidget;
 namespace demo {
 
 class DemoApplication;
-class EventLog;
 class JournalWindow;
 
 namespace tour {
 
-/// One scene of the tour. Each scene runs in a process of its own, because the framework asks the
-/// ad server only once per process.
+/// What a scene works with: it operates the demo's first window as a reader does, reports what is
+/// not as expected, and saves pictures. Each scene runs in a process of its own, because the
+/// framework asks the ad server only once per process.
 class Scene {
 public:
-    Scene(DemoApplication &demo, const TourOptions &options);
-    virtual ~Scene();
+    /// Matches the pictures' file names.
+    static inline const QString PictureMask = "[0-9][0-9]-*.png";
+
+    Scene(DemoApplication &demo, const QString &folder, qint64 tourStarted, const QString &name);
 
     /// Plays the scene. @return false when an expectation failed; each is reported on stderr
-    bool perform();
-
-protected:
-    /// The longest wait for a condition, for a slow machine.
-    static constexpr int TimeoutMs = 15000;
-
-    virtual void play() = 0;
+    bool run(void (*play)(Scene &));
 
     /// Opens the journal's window in its default size and waits until it is active.
-    bool openWindow();
-    bool resizeWindow(const QSize &size);
+    void openWindow();
+    void resizeWindow(const QSize &size);
 
     /// Reports a condition that does not hold, and takes a picture the first time that happens.
     /// @param what what should be there, for the report
-    /// @return whether the condition holds
-    bool expect(bool condition, const QString &what);
-    /// The same for a condition that is to become true within a time.
-    bool await(const QString &what, const std::function<bool()> &condition,
-               int timeoutMs = TimeoutMs);
-
-    /// Waits until the screen shows a banner whose name isRight accepts, fully faded in, and adds
-    /// its name to the timeline.
-    bool awaitBanner(const QString &what, const std::function<bool(const QString &name)> &isRight,
-                     int timeoutMs = TimeoutMs);
-    /// The same for a banner of the campaign.
-    bool awaitCampaignBanner();
-    /// Waits until the purchase sheet is shown. @return its buy button; null when it never was
-    QWidget *awaitPurchaseSheet(const QString &what);
+    void expect(bool condition, const QString &what);
+    /// The same for a condition without which the scene cannot go on. A failure ends the scene.
+    void require(bool condition, const QString &what);
+    /// The same for a condition that is to become true. A failure ends the scene.
+    void await(const QString &what, const std::function<bool()> &condition);
+    void awaitActive(const QWidget *window);
+    /// Waits until an event was recorded that many times in this scene.
+    void awaitEvent(const QString &event, int times = 1);
+    /// Expects that a condition holds during that time.
+    void watch(const QString &what, const std::function<bool()> &condition, int milliseconds);
 
     /// Saves a picture of a window, the journal's by default, as the screen shows it.
     void picture(const QString &name, QWidget *window = nullptr);
+    /// Adds an event to the timeline.
+    void note(const QString &event, const QString &object = {}) { m_timeline.add(event, object); }
 
-    /// Clicks the banner and checks the notification and the opened link.
-    void clickBanner();
-    /// Checks that the link opened last leads to a page of the store.
-    void expectStoreLink();
+    /// Clicks at a point of a widget, given as fractions of its size.
+    void click(QWidget *widget, double x = 0.5, double y = 0.5);
     /// Moves the pointer out of the window, so that no control is highlighted in the next picture.
     void movePointerAway();
-    void click(QWidget *widget);
-    void click(QWidget *widget, const QPoint &point);
+    /// Clicks a control of the journal's window and waits until the screen shows another one.
+    /// @return the other one
+    QWidget *reveal(const char *button, const char *revealed);
+    /// Clicks an ad and checks the notification, which has one of the names, and the opened link.
+    void clickAd(QWidget *ad, const QString &notification, const QStringList &names);
+    /// Clicks a button that asks for the removal of ads. @return the buy button of the offer
+    QWidget *awaitOffer(QWidget *button);
 
-    /// A control of the journal's window, by object name; null when there is none.
-    QWidget *control(const char *name) const;
-    QWidget *banner() const;
-    QWidget *bannerImage() const;
-    /// Name of the banner that is shown; empty when there is none.
-    QString bannerName() const;
-    bool isCampaignBanner(const QString &name) const;
+    DemoApplication &demo() const { return m_demo; }
+    ServerProbe &server() { return m_server; }
+    JournalWindow *window() const { return m_window; }
+    /// A control of the journal's window, by object name.
+    QWidget *control(const char *name);
 
     /// How often an event was recorded in this scene.
-    int count(const QString &event) const;
+    int count(const QString &event) const { return int(m_events.count(event)); }
     /// The object of the last such event; null when there was none.
-    QString lastObject(const QString &event) const;
-
-    DemoApplication &m_demo;
-    ServerProbe m_server;
-    JournalWindow *m_window = nullptr;
-    Timeline m_timeline;
+    QString lastObject(const QString &event) const { return m_events.value(event); }
 
 private:
     bool savePicture(const QString &name, const QWidget *window);
 
-    TourOptions m_options;
-    int m_nextPicture;
+    DemoApplication &m_demo;
+    ServerProbe m_server;
+    Timeline m_timeline;
+    QString m_folder;
+    QString m_name;
+    QMultiHash<QString, QString> m_events;
+    JournalWindow *m_window = nullptr;
     bool m_complete = true;
 };
 

@@ -3,10 +3,10 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QStandardPaths>
-#include <QtGui/QMouseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
+#include <QtTest/QTest>
 #include <QtWidgets/QWidget>
 
 #include <cmath>
@@ -32,27 +32,20 @@ double difference(const QImage &first, const QImage &second) {
     };
     const QImage a = reduced(first);
     const QImage b = reduced(second);
-    double sum = 0;
-    for (int y = 0; y < small.height(); ++y) {
-        for (int x = 0; x < small.width(); ++x) {
-            const QColor p = a.pixelColor(x, y);
-            const QColor q = b.pixelColor(x, y);
-            sum += std::abs(p.red() - q.red()) + std::abs(p.green() - q.green()) +
-                   std::abs(p.blue() - q.blue());
-        }
-    }
-    return sum / (3.0 * small.width() * small.height());
+    qint64 sum = 0;
+    for (qsizetype i = 0; i < a.sizeInBytes(); ++i) // the unused fourth byte is equal
+        sum += std::abs(a.constBits()[i] - b.constBits()[i]);
+    return double(sum) / (3.0 * small.width() * small.height());
 }
 
-bool xdotool(const QStringList &arguments) {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("xdotool"));
-    return !program.isEmpty() && QGuiApplication::platformName() == QLatin1String("xcb") &&
-           QProcess::execute(program, arguments) == 0;
-}
-
-QStringList moveTo(const QPoint &global, double ratio) {
-    return {QStringLiteral("mousemove"), QString::number(std::lround(global.x() * ratio)),
-            QString::number(std::lround(global.y() * ratio))};
+// Moves the pointer to a point of the screen with xdotool, followed by a further command of it.
+// @return false where that is impossible
+bool movePointer(const QPoint &global, double ratio, const QStringList &then = {}) {
+    const QString program = QStandardPaths::findExecutable("xdotool");
+    const QStringList move{"mousemove", QString::number(std::lround(global.x() * ratio)),
+                           QString::number(std::lround(global.y() * ratio))};
+    return !program.isEmpty() && QGuiApplication::platformName() == "xcb" &&
+           QProcess::execute(program, move + then) == 0;
 }
 
 } // namespace
@@ -77,39 +70,18 @@ bool ScreenRobot::hasPictureAt(const QWidget *widget) {
 
 bool ScreenRobot::shows(QWidget *widget) {
     constexpr double Tolerance = 12; // an animated widget has moved on between the two pictures
-    return widget->isVisible() && !widget->size().isEmpty() &&
+    return widget && widget->isVisible() && !widget->size().isEmpty() &&
            difference(widget->grab().toImage(), pictureAt(widget)) < Tolerance;
 }
 
 void ScreenRobot::click(QWidget *widget, const QPoint &point) {
-    QWidget *window = widget->window();
-    if (!pressOnScreen(widget->mapToGlobal(point), widget->devicePixelRatioF()))
-        pressInWindow(window, widget->mapTo(window, point));
-}
-
-bool ScreenRobot::pressOnScreen(const QPoint &global, double ratio) {
-    return xdotool(moveTo(global, ratio) +
-                   QStringList{QStringLiteral("click"), QStringLiteral("1")});
-}
-
-// A mouse event that is sent to the QWindow is delivered to the widget at that point, as an event
-// of the window system is.
-void ScreenRobot::pressInWindow(QWidget *window, const QPoint &point) {
-    QWindow *handle = window->windowHandle();
-    if (!handle)
-        return;
-    const QPointF global = window->mapToGlobal(point);
-    for (const bool down : {true, false}) {
-        QMouseEvent event(down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, point,
-                          global, Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(handle, &event);
-    }
+    const QWidget *window = widget->window();
+    if (!movePointer(widget->mapToGlobal(point), widget->devicePixelRatioF(), {"click", "1"}))
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, point));
 }
 
 bool ScreenRobot::movePointerAway(const QWidget *window) {
-    const QRect whole = window->screen()->geometry();
-    return xdotool(moveTo(whole.bottomRight(), window->devicePixelRatioF()));
+    return movePointer(window->screen()->geometry().bottomRight(), window->devicePixelRatioF());
 }
 
 } // namespace demo::tour

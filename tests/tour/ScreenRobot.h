@@ -31,10 +31,6 @@ public:
     /// Moves the pointer into the corner of the window's screen. @return false where that is
     /// impossible
     static bool movePointerAway(const QWidget *window);
-
-private:
-    static bool pressOnScreen(const QPoint &global, double ratio);
-    static void pressInWindow(QWidget *window, const QPoint &point);
 };
 
 } // namespace demo::tour

@@ -29,7 +29,7 @@ QStringList ServerProbe::campaignValues(const QString &placement, const QString 
 
 void ServerProbe::withholdVideos() {
     QJsonObject table = tableOf(m_server);
-    table[QStringLiteral("video")] = QJsonArray();
+    table["video"] = QJsonArray();
     m_server.campaign().setReply(QJsonDocument(table).toJson());
 }
 

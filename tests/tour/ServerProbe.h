@@ -13,7 +13,7 @@ public:
     explicit ServerProbe(velmora::adserver::AdServer &server) : m_server(server) {}
 
     /// Number of requests so far for a path; a * at its end stands for any ending.
-    int requests(const QString &path = QStringLiteral("*")) const;
+    int requests(const QString &path = "*") const;
 
     /// The values under a key of the campaign's ads of a placement ("standard" or "video").
     QStringList campaignValues(const QString &placement, const QString &key) const;

@@ -5,15 +5,6 @@
 
 namespace demo::tour {
 
-const QString Timeline::FileName = QStringLiteral("timeline.txt");
-const QString Timeline::Scene = QStringLiteral("scene");
-const QString Timeline::Delay = QStringLiteral("delay");
-const QString Timeline::Ready = QStringLiteral("ads-ready");
-const QString Timeline::LoadTime = QStringLiteral("load-time");
-const QString Timeline::CloseButton = QStringLiteral("close-button");
-const QString Timeline::Away = QStringLiteral("away");
-const QString Timeline::Back = QStringLiteral("back");
-
 Timeline::Timeline(const QString &folder, qint64 started)
     : m_file(folder + QLatin1Char('/') + FileName), m_started(started) {
     m_file.open(QIODevice::WriteOnly | QIODevice::Append);

@@ -11,16 +11,18 @@ namespace demo::tour {
 /// it one after the other.
 class Timeline {
 public:
-    static const QString FileName;
+    static inline const QString FileName = "timeline.txt";
 
     // Names of the events that scenes add to the framework's notifications.
-    static const QString Scene;       ///< a scene begins; its name
-    static const QString Delay;       ///< the first window is registered; the delay in seconds
-    static const QString Ready;       ///< ads are ready
-    static const QString LoadTime;    ///< a new length of the start screen, in seconds
-    static const QString CloseButton; ///< the close button is shown
-    static const QString Away;        ///< a window without a splash screen becomes active
-    static const QString Back;        ///< a window with a splash screen is active again
+    static inline const QString Scene = "scene"; ///< a scene begins; its name
+    static inline const QString Delay =
+        "delay"; ///< the first window is registered; the delay in seconds
+    static inline const QString Ready = "ads-ready"; ///< ads are ready
+    static inline const QString LoadTime =
+        "load-time"; ///< a new length of the start screen, in seconds
+    static inline const QString CloseButton = "close-button"; ///< the close button is shown
+    static inline const QString Away = "away"; ///< a window without a splash screen becomes active
+    static inline const QString Back = "back"; ///< a window with a splash screen is active again
 
     /// @param started start of the tour on the system's steady clock, milliseconds
     Timeline(const QString &folder, qint64 started);

@@ -19,109 +19,109 @@ constexpr double CloseButtonAfter = 5;
 constexpr double Early = 0.25;
 constexpr double Late = 4;
 
+// The steps of a splash screen, in order.
+enum Step { WillShow, DidShow, ShowMoreOne, VideoDidStart, CloseButton, DidClose };
+
+const QStringList &steps() {
+    static const QStringList steps{VLMsplashScreenWillShow,    VLMsplashScreenDidShow,
+                                   VLMsplashScreenShowMoreOne, VLMadsVideoDidStart,
+                                   Timeline::CloseButton,      VLMsplashScreenDidClose};
+    return steps;
+}
+
+struct Event {
+    qint64 ms;
+    QString name;
+    QString object;
+};
+
+/// Checks one event after the other.
+class Checker {
+public:
+    void take(const Event &event) {
+        if (event.name == Timeline::Scene) {
+            m_scene = event.object;
+            m_nextStep = WillShow;
+            m_sequences = 0;
+        } else if (event.name == Timeline::Delay) {
+            m_delay = event.object.toDouble();
+            m_registeredAt = event.ms;
+        } else if (event.name == Timeline::Ready) {
+            expectAfter(m_delay, m_registeredAt, event);
+        } else if (event.name == Timeline::LoadTime) {
+            m_load = event.object.toDouble();
+        } else if (event.name == Timeline::Away) {
+            m_awayAt = event.ms;
+        } else if (event.name == Timeline::Back) {
+            m_stepAt += event.ms - m_awayAt;
+        } else if (event.name == VLMadsVideoDidStop) {
+            expect(m_nextStep > VideoDidStart && !m_videoStopped, event, "is out of place");
+            m_videoStopped = true;
+        } else if (event.name == VLMclickForVideo) {
+            expect(m_nextStep > VideoDidStart, event, "comes before the video");
+        } else if (event.name == "ads-removed") {
+            m_nextStep = WillShow;
+        } else if (steps().contains(event.name)) {
+            takeStep(event, int(steps().indexOf(event.name)));
+        }
+    }
+
+    QStringList faults;
+
+private:
+    void takeStep(const Event &event, int step) {
+        expect(step == m_nextStep, event, "is out of place");
+        if (step == VideoDidStart) {
+            expectAfter(m_load, m_stepAt, event);
+            m_videoStopped = false;
+        } else if (step == CloseButton) {
+            expectAfter(CloseButtonAfter, m_stepAt, event);
+        }
+        m_nextStep = step == DidClose ? WillShow : step + 1;
+        // It is not posted for the first splash screen of a run.
+        if (m_nextStep == ShowMoreOne && ++m_sequences == 1)
+            m_nextStep = VideoDidStart;
+        m_stepAt = event.ms;
+    }
+
+    void expectAfter(double seconds, qint64 since, const Event &event) {
+        const double passed = double(event.ms - since) / 1000;
+        expect(passed >= seconds - Early && passed <= seconds + Late, event,
+               QStringLiteral("comes after %1 s instead of %2 s").arg(passed).arg(seconds));
+    }
+
+    void expect(bool condition, const Event &event, const QString &fault) {
+        const QString line = QStringLiteral("scene %1: %2 at %3 ms %4");
+        if (!condition)
+            faults += line.arg(m_scene, event.name, QString::number(event.ms), fault);
+    }
+
+    QString m_scene;
+    int m_nextStep = WillShow;
+    int m_sequences = 0; // in this scene
+    bool m_videoStopped = false;
+    double m_load = 0;
+    double m_delay = 0;
+    qint64 m_registeredAt = 0;
+    qint64 m_stepAt = 0; // without the time in which the splash screen was paused
+    qint64 m_awayAt = 0;
+};
+
 } // namespace
 
-TimelineCheck::TimelineCheck(const QString &folder) {
-    QFile file(folder + QLatin1Char('/') + Timeline::FileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    for (const QString &line : lines) {
-        const QStringList parts = line.split(QLatin1Char('\t'));
-        if (parts.size() == 3)
-            m_events.append({parts[0].toLongLong(), parts[1], parts[2]});
-    }
-}
-
-QStringList TimelineCheck::faults() {
+QStringList checkTimeline(const QString &folder) {
+    Checker checker;
     QStringList missing = Advertising::notifications();
-    for (const Event &event : std::as_const(m_events)) {
-        take(event);
-        missing.removeAll(event.name);
+    QFile file(folder + '/' + Timeline::FileName);
+    file.open(QIODevice::ReadOnly);
+    while (!file.atEnd()) {
+        const QStringList fields = QString::fromUtf8(file.readLine()).chopped(1).split('\t');
+        checker.take({fields.value(0).toLongLong(), fields.value(1), fields.value(2)});
+        missing.removeAll(fields.value(1));
     }
     for (const QString &name : std::as_const(missing))
-        m_faults.append(QStringLiteral("the timeline lacks %1").arg(name));
-    return m_faults;
-}
-
-void TimelineCheck::beginScene(const Event &event) {
-    m_scene = event.object;
-    m_stage = Stage::None;
-    m_sequences = 0;
-    m_expectsShowMoreOne = false;
-}
-
-void TimelineCheck::take(const Event &event) {
-    if (event.name == Timeline::Scene) {
-        beginScene(event);
-    } else if (event.name == Timeline::Delay) {
-        m_delay = event.object.toDouble();
-        m_registeredAt = event.ms;
-    } else if (event.name == Timeline::Ready) {
-        expectAfter(event, m_registeredAt, m_delay);
-    } else if (event.name == Timeline::LoadTime) {
-        m_load = event.object.toDouble();
-    } else if (event.name == Timeline::Away) {
-        m_awayAt = event.ms;
-    } else if (event.name == Timeline::Back) {
-        m_stageBegan += event.ms - m_awayAt;
-    } else {
-        takeSequence(event);
-    }
-}
-
-void TimelineCheck::takeSequence(const Event &event) {
-    const bool isNotification = Advertising::notifications().contains(event.name);
-    if (isNotification && m_expectsShowMoreOne && event.name != VLMsplashScreenShowMoreOne)
-        fault(event, QStringLiteral("comes before ") + VLMsplashScreenShowMoreOne);
-    if (event.name == VLMsplashScreenWillShow) {
-        step(event, Stage::None, Stage::Announced);
-    } else if (event.name == VLMsplashScreenDidShow) {
-        step(event, Stage::Announced, Stage::Shown);
-        m_expectsShowMoreOne = ++m_sequences > 1;
-        m_videoStopped = false;
-    } else if (event.name == VLMsplashScreenShowMoreOne) {
-        if (!m_expectsShowMoreOne)
-            fault(event, QStringLiteral("is out of place"));
-        m_expectsShowMoreOne = false;
-    } else if (event.name == VLMadsVideoDidStart) {
-        expectAfter(event, m_stageBegan, m_load);
-        step(event, Stage::Shown, Stage::Video);
-    } else if (event.name == Timeline::CloseButton) {
-        expectAfter(event, m_stageBegan, CloseButtonAfter);
-        step(event, Stage::Video, Stage::Button);
-    } else if (event.name == VLMadsVideoDidStop) {
-        if (m_stage < Stage::Video || m_videoStopped)
-            fault(event, QStringLiteral("is out of place"));
-        m_videoStopped = true;
-    } else if (event.name == VLMclickForVideo) {
-        if (m_stage < Stage::Video)
-            fault(event, QStringLiteral("comes before the video"));
-    } else if (event.name == VLMsplashScreenDidClose) {
-        step(event, Stage::Button, Stage::None);
-    } else if (event.name == QLatin1String("ads-removed")) {
-        m_stage = Stage::None;
-    }
-}
-
-void TimelineCheck::step(const Event &event, Stage from, Stage to) {
-    if (m_stage != from)
-        fault(event, QStringLiteral("is out of place"));
-    m_stage = to;
-    m_stageBegan = event.ms;
-}
-
-void TimelineCheck::expectAfter(const Event &event, qint64 since, double seconds) {
-    const double passed = double(event.ms - since) / 1000;
-    if (passed < seconds - Early || passed > seconds + Late)
-        fault(event, QStringLiteral("comes after %1 s instead of %2 s").arg(passed).arg(seconds));
-}
-
-void TimelineCheck::fault(const Event &event, const QString &what) {
-    m_faults.append(QStringLiteral("scene %1: %2 at %3 ms %4")
-                        .arg(m_scene, event.name)
-                        .arg(event.ms)
-                        .arg(what));
+        checker.faults += "the timeline lacks " + name;
+    return checker.faults;
 }
 
 } // namespace demo::tour

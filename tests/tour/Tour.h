@@ -1,40 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "tests/tour/TourOptions.h"
-
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QString>
 #include <QtCore/QTemporaryDir>
 
 namespace demo::tour {
 
+struct Start;
+
 /// Plays all scenes, each in a process of its own, and then checks their common timeline.
 class Tour {
 public:
-    explicit Tour(const TourOptions &options);
+    /// @param folder where the pictures and the timeline go
+    explicit Tour(const QString &folder);
 
     /// @return whether every scene and the timeline were as expected
     bool run();
 
 private:
-    /// How one scene is started. Scenes with the same cache or config name share that folder, as
-    /// successive starts of one host do.
-    struct Part {
-        QString scene;
-        QString cache;
-        QString config;
-        QString scale;    ///< pixel ratio; empty for 1
-        QString language; ///< empty for English
-    };
-
     bool prepareFolder();
-    bool play(const Part &part);
-    bool checkTimeline();
-    QProcessEnvironment environmentFor(const Part &part) const;
-    int nextPicture() const;
+    bool play(const Start &start);
+    QProcessEnvironment environmentFor(const Start &start) const;
 
-    TourOptions m_options;
+    QString m_folder;
+    qint64 m_started; ///< on the clock of the timeline
     QTemporaryDir m_homes;
 };
 

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "demo/DemoApplication.h"
+#include "demo/JournalWindow.h"
+#include "demo/Page.h"
+#include "demo/SplashLook.h"
+#include "tests/tour/Scene.h"
+#include "tests/tour/Scenes.h"
+#include "tests/tour/ScreenRobot.h"
+#include "tests/tour/Splash.h"
+
+#include "SplashScreenPresenter.h"
+
+#include <Velmora/Velmora.h>
+
+#include <QtWidgets/QAbstractButton>
+
+namespace demo::tour {
+
+namespace {
+
+const QString AppId = "1652749318";
+const QString AppName = "Halcorra";
+constexpr int WatchMs = 700;
+constexpr int VideoCountdown = 5; // where the countdown of the video begins
+constexpr QSize UsualSize(880, 600);
+constexpr QSize SmallSize(320, 240);
+
+// The journal asks for a splash screen whenever the reader turns a page.
+void turnPage(Scene &scene) {
+    scene.click(scene.control("nextButton"));
+    scene.movePointerAway();
+}
+
+void askTooEarly(Scene &scene, const Splash &splash) {
+    turnPage(scene);
+    scene.watch(
+        "no splash screen before its time",
+        [&] {
+            return !splash.root() && !Velmora::isShowSplashScreen() && !Velmora::isADSReady() &&
+                   scene.count(VLMsplashScreenWillShow) == 0;
+        },
+        WatchMs);
+    scene.picture("splash-too-early");
+    scene.await("ads ready", [] { return Velmora::isADSReady(); });
+    scene.note(Timeline::Ready);
+    scene.expect(scene.count(VLMsplashScreenWillShow) == 0,
+                 "no splash screen later for a refused request");
+}
+
+void firstStartScreen(Scene &scene, Splash &splash) {
+    turnPage(scene);
+    splash.awaitStartScreen();
+    splash.picture("start-screen");
+    scene.expect(splash.countdown() == "8" || splash.countdown() == "7",
+                 "a countdown of the start screen and the video together");
+    scene.click(splash.root(), 0.125, 0.125);
+    scene.movePointerAway();
+    scene.expect(scene.count(LinkOpener::Opened) == 0,
+                 "no link opened by a click on the start screen");
+    scene.awaitEvent(VLMadsVideoDidStart);
+}
+
+void firstVideo(Scene &scene, Splash &splash) {
+    splash.awaitVideo();
+    scene.await("a second of the video counted down", [&] {
+        return !splash.countdown().isEmpty() && splash.countdown().toInt() < VideoCountdown;
+    });
+    splash.picture("video");
+    splash.clickVideo(scene.server().campaignValues("video", "VLMAppName"));
+    const auto *sound = qobject_cast<QAbstractButton *>(splash.element("soundButton"));
+    splash.click("soundButton");
+    scene.await("the sound off", [sound] { return sound->isChecked(); });
+    scene.movePointerAway();
+    splash.picture("video-muted");
+    splash.awaitCloseButton();
+    const QWidget *view = splash.element("splashScreenPlayerView");
+    const QImage before = ScreenRobot::pictureAt(view);
+    scene.await("a video that plays on while the close button is shown", [&] {
+        return ScreenRobot::pictureAt(view) != before && scene.count(VLMadsVideoDidStop) == 0;
+    });
+    splash.picture("video-with-close-button");
+    scene.awaitEvent(VLMadsVideoDidStop);
+}
+
+// Takes pictures of a phase in both sizes, the present size first.
+void picturesInBothSizes(Scene &scene, Splash &splash, const QString &phase) {
+    const bool startsSmall = scene.window()->size() == SmallSize;
+    for (const bool small : {startsSmall, !startsSmall}) {
+        scene.resizeWindow(small ? SmallSize : UsualSize);
+        scene.await("the splash screen in the window's size", [&] {
+            return splash.isSettled() && splash.root()->size() == scene.window()->size();
+        });
+        const QString size = small ? "small" : "usual";
+        splash.picture(QStringLiteral("%1-%2-%3-%4x")
+                           .arg(phase, qEnvironmentVariable("LANGUAGE"), size)
+                           .arg(scene.window()->devicePixelRatioF()));
+    }
+}
+
+} // namespace
+
+void firstSplash(Scene &scene) {
+    Splash splash(scene);
+    splash.openWindow({.delay = 4, .load = 3});
+    askTooEarly(scene, splash);
+    splash.awaitStoredVideo();
+    firstStartScreen(scene, splash);
+    firstVideo(scene, splash);
+    splash.awaitEndScreen();
+    splash.picture("end-screen");
+    splash.close();
+    scene.expect(!Velmora::isADSReady(), "no ads ready right after a splash screen");
+    scene.picture("splash-closed");
+}
+
+void defaultVideo(Scene &scene) {
+    Splash splash(scene);
+    scene.server().withholdVideos();
+    splash.openWindow({.load = 1});
+    const QStringList clips = scene.demo().server().clips();
+    scene.require(!clips.isEmpty(), "a clip to play");
+    Velmora::setDefaultVideoURL(QUrl::fromLocalFile(clips.first()), AppId);
+    // The store's look-up service, which the ad server stands in for, knows the name.
+    scene.await("the name of the advertised application",
+                [] { return Velmora::SSPresenter().defaultVideoName() == AppName; });
+    Velmora::forceShow();
+    scene.awaitEvent(VLMadsVideoDidStart);
+    splash.awaitVideo();
+    splash.picture("default-video");
+    splash.clickVideo({AppName});
+    splash.awaitCloseButton();
+    scene.awaitEvent(VLMadsVideoDidStop);
+    splash.awaitEndScreen("iconImageView");
+    splash.picture("end-screen-without-still");
+    SplashLook::night().apply();
+    scene.await("the new look on the screen", [&] { return splash.isSettled(); });
+    splash.picture("end-screen-restyled");
+    splash.close();
+}
+
+void splashFormat(Scene &scene) {
+    Splash splash(scene);
+    splash.openWindow({.load = 3});
+    splash.awaitStoredVideo();
+    scene.window()->setMinimumSize(1, 1);
+    scene.resizeWindow(UsualSize);
+    Velmora::forceShow();
+    splash.awaitStartScreen();
+    const auto *remove = qobject_cast<QAbstractButton *>(splash.element("removeAdsButton"));
+    const bool japanese = qEnvironmentVariable("LANGUAGE") == "ja";
+    scene.expect(remove && remove->text().contains(japanese ? "広告" : "Werbung"),
+                 "the language that was asked for");
+    picturesInBothSizes(scene, splash, "start");
+    splash.awaitVideo();
+    picturesInBothSizes(scene, splash, "video");
+    splash.awaitCloseButton();
+    scene.awaitEvent(VLMadsVideoDidStop);
+    splash.awaitEndScreen();
+    picturesInBothSizes(scene, splash, "end");
+    splash.close();
+}
+
+void restyledSplash(Scene &scene) {
+    Splash splash(scene);
+    splash.openWindow({.load = 2});
+    splash.awaitStoredVideo();
+    const SplashLook look = SplashLook::night();
+    look.apply();
+    Velmora::forceShow();
+    splash.awaitStartScreen();
+    scene.expect(splash.root()->y() == int(look.topInset),
+                 "the top inset of the journal left free");
+    splash.picture("start-screen-restyled");
+    splash.awaitVideo();
+    splash.picture("video-restyled");
+    QWidget *buy = scene.awaitOffer(splash.element("removeAdsImageButton"));
+    scene.expect(splash.root() != nullptr, "the splash screen still there behind the offer");
+    splash.picture("offer-over-splash");
+    scene.click(buy);
+    scene.await("the splash screen and the banner gone", [&] {
+        return !splash.root() && !scene.window()->page()->banner() &&
+               ScreenRobot::shows(scene.window()->page());
+    });
+    scene.expect(!Velmora::isShowSplashScreen() && Velmora::isADSRemoved(),
+                 "ads removed in the middle of a splash screen");
+    Velmora::forceShow();
+    scene.expect(!splash.root(), "no splash screen after the purchase");
+    scene.picture("paid-during-splash");
+}
+
+} // namespace demo::tour
