@@ -3,11 +3,14 @@
 
 #include "demo/DemoApplication.h"
 #include "demo/JournalWindow.h"
+#include "demo/Page.h"
 #include "tests/tour/ScreenRobot.h"
 
-#include <Velmora/Notifications.h>
+#include <Velmora/Velmora.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
@@ -28,11 +31,7 @@ struct SceneFailed {};
 } // namespace
 
 Scene::Scene(DemoApplication &demo, const QString &folder, qint64 tourStarted, const QString &name)
-    : m_demo(demo),
-      m_server(demo.server().adServer()),
-      m_timeline(folder, tourStarted),
-      m_folder(folder),
-      m_name(name) {}
+    : m_demo(demo), m_timeline(folder, tourStarted), m_folder(folder), m_name(name) {}
 
 bool Scene::run(void (*play)(Scene &)) {
     note(Timeline::Scene, m_name);
@@ -45,7 +44,7 @@ bool Scene::run(void (*play)(Scene &)) {
         play(*this);
     } catch (const SceneFailed &) {
     }
-    note("server-requests", QString::number(m_server.requests()));
+    note("server-requests", QString::number(server().log().count("*")));
     m_demo.log().disconnect();
     return m_complete;
 }
@@ -113,6 +112,7 @@ bool Scene::savePicture(const QString &name, const QWidget *window) {
 
 void Scene::click(QWidget *widget, double x, double y) {
     ScreenRobot::click(widget, {int(widget->width() * x), int(widget->height() * y)});
+    movePointerAway();
 }
 
 void Scene::movePointerAway() {
@@ -122,7 +122,6 @@ void Scene::movePointerAway() {
 
 QWidget *Scene::reveal(const char *button, const char *revealed) {
     click(control(button));
-    movePointerAway();
     QWidget *wanted = control(revealed);
     await(QStringLiteral("%1 on the screen").arg(revealed),
           [wanted] { return ScreenRobot::shows(wanted); });
@@ -140,10 +139,10 @@ void Scene::clickAd(QWidget *ad, const QString &notification, const QStringList 
     static const QRegularExpression storePage("^/app/id\\d+$");
     expect(storePage.match(QUrl(lastObject(LinkOpener::Opened)).path()).hasMatch(),
            "a link to a page of the store");
-    movePointerAway();
 }
 
-QWidget *Scene::awaitOffer(QWidget *button) {
+void Scene::pay(QWidget *button, const QString &pictureName,
+                const std::function<bool()> &isAdShown) {
     const int asked = count(VLMtryRemoveAds);
     click(button);
     awaitEvent(VLMtryRemoveAds, asked + 1);
@@ -151,10 +150,31 @@ QWidget *Scene::awaitOffer(QWidget *button) {
     await("the offer to remove ads", [&buy] {
         const QWidget *sheet = QApplication::activeModalWidget();
         buy = sheet ? sheet->findChild<QWidget *>("buyButton") : nullptr;
-        return buy && ScreenRobot::shows(buy);
+        return ScreenRobot::shows(buy);
     });
-    movePointerAway();
-    return buy;
+    expect(isAdShown(), "the ad still there behind the offer");
+    picture(pictureName);
+    click(buy);
+    await("the page without ads", [&] {
+        return !isAdShown() && !m_window->page()->banner() && ScreenRobot::shows(m_window->page());
+    });
+    expect(Velmora::isADSRemoved(), "ads removed");
+}
+
+velmora::adserver::AdServer &Scene::server() const {
+    return m_demo.server().adServer();
+}
+
+QJsonObject Scene::adTable() const {
+    return QJsonDocument::fromJson(server().campaign().reply()).object();
+}
+
+QStringList Scene::adValues(const QString &placement, const QString &key) const {
+    QStringList values;
+    const QJsonArray ads = adTable().value(placement).toArray();
+    for (const QJsonValue &ad : ads)
+        values.append(ad[key].toString());
+    return values;
 }
 
 QWidget *Scene::control(const char *name) {

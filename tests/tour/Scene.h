@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "tests/tour/ServerProbe.h"
 #include "tests/tour/Timeline.h"
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QMultiHash>
 #include <QtCore/QStringList>
 
 #include <functional>
 
 class QWidget;
+
+namespace velmora::adserver {
+class AdServer;
+}
 
 namespace demo {
 
@@ -53,20 +57,24 @@ public:
     /// Adds an event to the timeline.
     void note(const QString &event, const QString &object = {}) { m_timeline.add(event, object); }
 
-    /// Clicks at a point of a widget, given as fractions of its size.
+    /// Clicks at a point of a widget, given as fractions of its size. Then the pointer leaves the
+    /// window, so that no control is highlighted in the next picture.
     void click(QWidget *widget, double x = 0.5, double y = 0.5);
-    /// Moves the pointer out of the window, so that no control is highlighted in the next picture.
-    void movePointerAway();
     /// Clicks a control of the journal's window and waits until the screen shows another one.
     /// @return the other one
     QWidget *reveal(const char *button, const char *revealed);
     /// Clicks an ad and checks the notification, which has one of the names, and the opened link.
     void clickAd(QWidget *ad, const QString &notification, const QStringList &names);
-    /// Clicks a button that asks for the removal of ads. @return the buy button of the offer
-    QWidget *awaitOffer(QWidget *button);
+    /// Clicks a button that asks for the removal of ads, takes a picture of the offer and accepts
+    /// it. The ad must be shown until then.
+    void pay(QWidget *button, const QString &pictureName, const std::function<bool()> &isAdShown);
 
     DemoApplication &demo() const { return m_demo; }
-    ServerProbe &server() { return m_server; }
+    velmora::adserver::AdServer &server() const;
+    /// The table that the ad server sends: the campaign's ads, by placement.
+    QJsonObject adTable() const;
+    /// The values under a key of the campaign's ads of a placement ("standard" or "video").
+    QStringList adValues(const QString &placement, const QString &key) const;
     JournalWindow *window() const { return m_window; }
     /// A control of the journal's window, by object name.
     QWidget *control(const char *name);
@@ -77,10 +85,10 @@ public:
     QString lastObject(const QString &event) const { return m_events.value(event); }
 
 private:
+    void movePointerAway();
     bool savePicture(const QString &name, const QWidget *window);
 
     DemoApplication &m_demo;
-    ServerProbe m_server;
     Timeline m_timeline;
     QString m_folder;
     QString m_name;

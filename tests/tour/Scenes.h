@@ -1,26 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QList>
-#include <QtCore/QString>
-
 namespace demo::tour {
 
 class Scene;
-
-/// How one scene is started. Starts with the same cache or config name share that folder, as
-/// successive starts of one host do.
-struct Start {
-    QString scene;
-    void (*play)(Scene &);
-    QString cache;
-    QString config;
-    QString scale = {}; ///< pixel ratio; empty for 1
-    QString language = "en";
-};
-
-/// All starts of the tour, in order.
-const QList<Start> &starts();
 
 /// The first start, online: a banner in every position and size, a click on it, the next banner,
 /// and its removal when the reader pays.

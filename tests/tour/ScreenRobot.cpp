@@ -15,16 +15,16 @@ namespace demo::tour {
 
 namespace {
 
-QImage grab(const QScreen *screen, const QRect &frame) {
+QImage grab(QScreen *screen, const QRect &frame) {
     const QRect place = frame.translated(-screen->geometry().topLeft());
-    return const_cast<QScreen *>(screen)
-        ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
-        .toImage();
+    return screen->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
 }
 
 // Mean difference of two pictures' colour values, 0 to 255. The pictures are scaled down first, so
 // that smoothed edges or a shift by one pixel make no difference.
 double difference(const QImage &first, const QImage &second) {
+    if (first.isNull() || second.isNull())
+        return 255;
     const QSize small(64, 16);
     const auto reduced = [&](const QImage &image) {
         return image.convertToFormat(QImage::Format_RGB32)
@@ -59,13 +59,11 @@ QImage ScreenRobot::pictureAt(const QWidget *widget) {
 }
 
 bool ScreenRobot::hasPictureAt(const QWidget *widget) {
-    const QImage whole = pictureAt(widget);
-    const QImage middle =
-        whole.copy(whole.width() / 4, whole.height() / 4, whole.width() / 2, whole.height() / 2);
-    QImage plain(middle.size(), QImage::Format_RGB32);
-    plain.fill(middle.pixelColor(0, 0));
     constexpr double Trace = 1;
-    return !middle.isNull() && difference(middle, plain) > Trace;
+    const QSize half = widget->size() / 2;
+    const QPoint corner(half.width() / 2, half.height() / 2);
+    const QImage middle = grab(widget->screen(), {widget->mapToGlobal(corner), half});
+    return difference(middle, middle.scaled(1, 1)) > Trace;
 }
 
 bool ScreenRobot::shows(QWidget *widget) {

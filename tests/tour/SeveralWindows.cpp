@@ -19,16 +19,14 @@ constexpr int PauseMs = 2200;
 constexpr QSize WithPanel(1280, 800);
 
 void videoOnly(Scene &scene, Splash &splash) {
-    QWidget *panelButton = scene.control("panelButton");
     scene.await("the window in the corner of the screen",
-                [panelButton] { return ScreenRobot::shows(panelButton); });
+                [&] { return ScreenRobot::shows(scene.control("panelButton")); });
     scene.reveal("panelButton", "showTab");
     scene.resizeWindow(WithPanel);
     scene.picture("panel-show");
     scene.note(Timeline::LoadTime, "0");
     scene.click(scene.reveal("showTab", "videoOnlyButton"));
     splash.awaitVideo();
-    scene.movePointerAway();
     scene.await("a video that has begun",
                 [&] { return splash.isSettled() && splash.countdown() != "5"; });
     splash.picture("video-only");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/DemoApplication.h"
 #include "demo/JournalWindow.h"
-#include "demo/Page.h"
 #include "demo/SplashLook.h"
 #include "tests/tour/Scene.h"
 #include "tests/tour/Scenes.h"
@@ -12,27 +11,21 @@
 
 #include <Velmora/Velmora.h>
 
+#include <QtCore/QJsonDocument>
 #include <QtWidgets/QAbstractButton>
 
 namespace demo::tour {
 
 namespace {
 
-const QString AppId = "1652749318";
 const QString AppName = "Halcorra";
 constexpr int WatchMs = 700;
-constexpr int VideoCountdown = 5; // where the countdown of the video begins
 constexpr QSize UsualSize(880, 600);
 constexpr QSize SmallSize(320, 240);
 
-// The journal asks for a splash screen whenever the reader turns a page.
-void turnPage(Scene &scene) {
-    scene.click(scene.control("nextButton"));
-    scene.movePointerAway();
-}
-
 void askTooEarly(Scene &scene, const Splash &splash) {
-    turnPage(scene);
+    // The journal asks for a splash screen whenever the reader turns a page.
+    scene.click(scene.control("nextButton"));
     scene.watch(
         "no splash screen before its time",
         [&] {
@@ -48,13 +41,12 @@ void askTooEarly(Scene &scene, const Splash &splash) {
 }
 
 void firstStartScreen(Scene &scene, Splash &splash) {
-    turnPage(scene);
+    scene.click(scene.control("nextButton"));
     splash.awaitStartScreen();
     splash.picture("start-screen");
     scene.expect(splash.countdown() == "8" || splash.countdown() == "7",
                  "a countdown of the start screen and the video together");
     scene.click(splash.root(), 0.125, 0.125);
-    scene.movePointerAway();
     scene.expect(scene.count(LinkOpener::Opened) == 0,
                  "no link opened by a click on the start screen");
     scene.awaitEvent(VLMadsVideoDidStart);
@@ -63,14 +55,13 @@ void firstStartScreen(Scene &scene, Splash &splash) {
 void firstVideo(Scene &scene, Splash &splash) {
     splash.awaitVideo();
     scene.await("a second of the video counted down", [&] {
-        return !splash.countdown().isEmpty() && splash.countdown().toInt() < VideoCountdown;
+        return QStringList{"4", "3", "2", "1"}.contains(splash.countdown());
     });
     splash.picture("video");
-    splash.clickVideo(scene.server().campaignValues("video", "VLMAppName"));
+    splash.clickVideo(scene.adValues("video", "VLMAppName"));
     const auto *sound = qobject_cast<QAbstractButton *>(splash.element("soundButton"));
     splash.click("soundButton");
     scene.await("the sound off", [sound] { return sound->isChecked(); });
-    scene.movePointerAway();
     splash.picture("video-muted");
     splash.awaitCloseButton();
     const QWidget *view = splash.element("splashScreenPlayerView");
@@ -115,11 +106,13 @@ void firstSplash(Scene &scene) {
 
 void defaultVideo(Scene &scene) {
     Splash splash(scene);
-    scene.server().withholdVideos();
+    QJsonObject table = scene.adTable();
+    table.remove("video");
+    scene.server().campaign().setReply(QJsonDocument(table).toJson());
     splash.openWindow({.load = 1});
     const QStringList clips = scene.demo().server().clips();
     scene.require(!clips.isEmpty(), "a clip to play");
-    Velmora::setDefaultVideoURL(QUrl::fromLocalFile(clips.first()), AppId);
+    Velmora::setDefaultVideoURL(QUrl::fromLocalFile(clips.first()), "1652749318");
     // The store's look-up service, which the ad server stands in for, knows the name.
     scene.await("the name of the advertised application",
                 [] { return Velmora::SSPresenter().defaultVideoName() == AppName; });
@@ -173,16 +166,9 @@ void restyledSplash(Scene &scene) {
     splash.picture("start-screen-restyled");
     splash.awaitVideo();
     splash.picture("video-restyled");
-    QWidget *buy = scene.awaitOffer(splash.element("removeAdsImageButton"));
-    scene.expect(splash.root() != nullptr, "the splash screen still there behind the offer");
-    splash.picture("offer-over-splash");
-    scene.click(buy);
-    scene.await("the splash screen and the banner gone", [&] {
-        return !splash.root() && !scene.window()->page()->banner() &&
-               ScreenRobot::shows(scene.window()->page());
-    });
-    scene.expect(!Velmora::isShowSplashScreen() && Velmora::isADSRemoved(),
-                 "ads removed in the middle of a splash screen");
+    scene.pay(splash.element("removeAdsImageButton"), "offer-over-splash",
+              [&] { return splash.root() != nullptr; });
+    scene.expect(!Velmora::isShowSplashScreen(), "no splash screen for the framework either");
     Velmora::forceShow();
     scene.expect(!splash.root(), "no splash screen after the purchase");
     scene.picture("paid-during-splash");

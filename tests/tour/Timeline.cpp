@@ -6,7 +6,7 @@
 namespace demo::tour {
 
 Timeline::Timeline(const QString &folder, qint64 started)
-    : m_file(folder + QLatin1Char('/') + FileName), m_started(started) {
+    : m_file(folder + '/' + FileName), m_started(started) {
     m_file.open(QIODevice::WriteOnly | QIODevice::Append);
 }
 
@@ -18,7 +18,7 @@ qint64 Timeline::now() {
 
 void Timeline::add(const QString &name, const QString &object) {
     QString line = QStringLiteral("%1\t%2\t%3").arg(now() - m_started).arg(name, object);
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    line.replace('\n', ' ');
     m_file.write(line.toUtf8() + '\n');
     m_file.flush();
 }

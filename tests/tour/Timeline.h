@@ -13,14 +13,12 @@ class Timeline {
 public:
     static inline const QString FileName = "timeline.txt";
 
-    // Names of the events that scenes add to the framework's notifications.
-    static inline const QString Scene = "scene"; ///< a scene begins; its name
-    static inline const QString Delay =
-        "delay"; ///< the first window is registered; the delay in seconds
-    static inline const QString Ready = "ads-ready"; ///< ads are ready
-    static inline const QString LoadTime =
-        "load-time"; ///< a new length of the start screen, in seconds
-    static inline const QString CloseButton = "close-button"; ///< the close button is shown
+    // Names of the events that scenes add to the framework's notifications, with their objects.
+    static inline const QString Scene = "scene";        ///< a scene begins; its name
+    static inline const QString Delay = "delay";        ///< a window is registered; seconds
+    static inline const QString Ready = "ads-ready";    ///< the delay is over
+    static inline const QString LoadTime = "load-time"; ///< new length of start screens; seconds
+    static inline const QString CloseButton = "close-button"; ///< it is shown
     static inline const QString Away = "away"; ///< a window without a splash screen becomes active
     static inline const QString Back = "back"; ///< a window with a splash screen is active again
 

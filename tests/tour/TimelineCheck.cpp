@@ -7,6 +7,7 @@
 #include <Velmora/Notifications.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QHash>
 
 namespace demo::tour {
 
@@ -30,7 +31,7 @@ const QStringList &steps() {
 }
 
 struct Event {
-    qint64 ms;
+    qint64 ms = 0;
     QString name;
     QString object;
 };
@@ -39,21 +40,14 @@ struct Event {
 class Checker {
 public:
     void take(const Event &event) {
+        const Event delay = m_last.value(Timeline::Delay);
         if (event.name == Timeline::Scene) {
-            m_scene = event.object;
             m_nextStep = WillShow;
             m_sequences = 0;
-        } else if (event.name == Timeline::Delay) {
-            m_delay = event.object.toDouble();
-            m_registeredAt = event.ms;
         } else if (event.name == Timeline::Ready) {
-            expectAfter(m_delay, m_registeredAt, event);
-        } else if (event.name == Timeline::LoadTime) {
-            m_load = event.object.toDouble();
-        } else if (event.name == Timeline::Away) {
-            m_awayAt = event.ms;
+            expectAfter(delay.object.toDouble(), delay.ms, event);
         } else if (event.name == Timeline::Back) {
-            m_stepAt += event.ms - m_awayAt;
+            m_stepAt += event.ms - m_last.value(Timeline::Away).ms;
         } else if (event.name == VLMadsVideoDidStop) {
             expect(m_nextStep > VideoDidStart && !m_videoStopped, event, "is out of place");
             m_videoStopped = true;
@@ -64,15 +58,24 @@ public:
         } else if (steps().contains(event.name)) {
             takeStep(event, int(steps().indexOf(event.name)));
         }
+        m_last.insert(event.name, event);
     }
 
-    QStringList faults;
+    /// What is wrong, after all events.
+    QStringList faults() const {
+        QStringList faults = m_faults;
+        for (const QString &name : Advertising::notifications()) {
+            if (!m_last.contains(name))
+                faults += "the timeline lacks " + name;
+        }
+        return faults;
+    }
 
 private:
     void takeStep(const Event &event, int step) {
         expect(step == m_nextStep, event, "is out of place");
         if (step == VideoDidStart) {
-            expectAfter(m_load, m_stepAt, event);
+            expectAfter(m_last.value(Timeline::LoadTime).object.toDouble(), m_stepAt, event);
             m_videoStopped = false;
         } else if (step == CloseButton) {
             expectAfter(CloseButtonAfter, m_stepAt, event);
@@ -93,35 +96,29 @@ private:
     void expect(bool condition, const Event &event, const QString &fault) {
         const QString line = QStringLiteral("scene %1: %2 at %3 ms %4");
         if (!condition)
-            faults += line.arg(m_scene, event.name, QString::number(event.ms), fault);
+            m_faults += line.arg(m_last.value(Timeline::Scene).object, event.name,
+                                 QString::number(event.ms), fault);
     }
 
-    QString m_scene;
+    QHash<QString, Event> m_last; // of each name
+    QStringList m_faults;
     int m_nextStep = WillShow;
     int m_sequences = 0; // in this scene
     bool m_videoStopped = false;
-    double m_load = 0;
-    double m_delay = 0;
-    qint64 m_registeredAt = 0;
     qint64 m_stepAt = 0; // without the time in which the splash screen was paused
-    qint64 m_awayAt = 0;
 };
 
 } // namespace
 
 QStringList checkTimeline(const QString &folder) {
     Checker checker;
-    QStringList missing = Advertising::notifications();
     QFile file(folder + '/' + Timeline::FileName);
     file.open(QIODevice::ReadOnly);
     while (!file.atEnd()) {
         const QStringList fields = QString::fromUtf8(file.readLine()).chopped(1).split('\t');
         checker.take({fields.value(0).toLongLong(), fields.value(1), fields.value(2)});
-        missing.removeAll(fields.value(1));
     }
-    for (const QString &name : std::as_const(missing))
-        checker.faults += "the timeline lacks " + name;
-    return checker.faults;
+    return checker.faults();
 }
 
 } // namespace demo::tour

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/DemoApplication.h"
 #include "tests/tour/Scene.h"
-#include "tests/tour/Scenes.h"
 #include "tests/tour/Tour.h"
 
 #include <QtCore/QCommandLineParser>
@@ -58,7 +57,7 @@ int main(int argc, char *argv[]) {
     DemoApplication demo;
     if (!demo.startServer(parser.value(campaign)))
         return fail(1, demo.server().errorString());
-    for (const Start &start : starts()) {
+    for (const Tour::Start &start : Tour::starts()) {
         if (start.scene == parser.value(scene)) {
             Scene played(demo, folder, parser.value(started).toLongLong(), start.scene);
             return played.run(start.play) ? 0 : 1;
