@@ -25,6 +25,9 @@ namespace {
 // For a slow machine, and longer than a banner is shown.
 constexpr int LongestWaitMs = 25000;
 
+// In this time layouts are adjusted and the screen shows them.
+constexpr int SettleMs = 100;
+
 // Ends a scene. The reason is reported before.
 struct SceneFailed {};
 
@@ -97,6 +100,7 @@ void Scene::watch(const QString &what, const std::function<bool()> &condition, i
 
 void Scene::picture(const QString &name, QWidget *window) {
     QWidget *shown = window ? window : m_window;
+    QTest::qWait(SettleMs);
     shown->repaint();
     expect(savePicture(name, shown), "picture " + name);
 }
