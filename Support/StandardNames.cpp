@@ -64,7 +64,8 @@ QString StandardNames::localeIdentifier(const QStringList &preferredLanguages) {
 QHash<QString, QString> StandardNames::getInfoFromURL(const QUrl &url) {
     QFile file(url.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + url.path()
                                                     : url.toLocalFile());
-    if (!file.open(QIODevice::ReadOnly))
+    // Asked first, because Qt prints a warning for a file without a name.
+    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
         return {};
     QHash<QString, QString> info;
     const QStringList lines = decodedUtf16(file.readAll()).split(QLatin1Char('\n'));
