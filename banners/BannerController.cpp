@@ -21,6 +21,7 @@
 #include <Velmora/StandardNames.h>
 #include <Velmora/Support.h>
 
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QSplitter>
 
@@ -240,22 +241,18 @@ void BannerController::swapBanners() {
     }
     m_rotation.scheduleTurn();
     // When the server has not answered for a whole turn, a house banner is shown.
-    if (m_isRequested && !m_rotation.hasShownBanner())
+    if (m_request > 0 && !m_rotation.hasShownBanner())
         displayBanner(m_downloader->readyBanner());
-    else
-        askForBanner();
+    askForBanner();
 }
 
 void BannerController::askForBanner() {
-    if (std::exchange(m_isRequested, true))
-        return;
+    const int request = ++m_request;
     m_downloader->downloadBannerWithComplitionBlock(
-        [weak = weak_from_this()](const BannerAd &ready, bool hasFailed) {
+        [weak = weak_from_this(), request](const BannerAd &ready, bool hasFailed) {
             const auto self = weak.lock();
-            if (!self)
-                return;
-            self->m_isRequested = false;
-            if (!hasFailed || !self->m_rotation.hasShownBanner())
+            if (self && request == self->m_request &&
+                (!hasFailed || !self->m_rotation.hasShownBanner()))
                 self->displayBanner(ready);
         });
 }
@@ -263,10 +260,14 @@ void BannerController::askForBanner() {
 void BannerController::displayBanner(const BannerAd &ready) {
     if (isGone() || Switches::isADSRemoved())
         return;
-    if (!ready.file.isEmpty() && !ready.file.path().contains(MissingNameMark)) {
+    const bool isNamed = !ready.file.isEmpty() && !ready.file.path().contains(MissingNameMark);
+    if (isNamed && QFileInfo::exists(ready.file.toLocalFile()))
         setBannerGifImageWithURL(ready);
-        return;
-    }
+    else
+        displayHouseBanner();
+}
+
+void BannerController::displayHouseBanner() {
     if (m_standardBanners.isEmpty())
         return;
     const QStringList identifiers = m_standardBanners.keys();
@@ -279,6 +280,8 @@ void BannerController::setBannerGifImageWithURL(const BannerAd &ad) {
     if (named.name.isEmpty())
         named.name = QStringLiteral("Web Banner");
     showImage(named, ad.file.toLocalFile());
+    if (m_bannerImage && !m_bannerImage->hasImage())
+        displayHouseBanner();
 }
 
 void BannerController::setBannerGifImageWithName(const QString &identifier) {

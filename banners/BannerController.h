@@ -60,7 +60,7 @@ public:
     /// A turn of the rotation: asks for the next banner and schedules the next turn. While nobody
     /// can see the banner the rotation rests instead.
     void swapBanners();
-    /// Shows the banner that is ready, or a house banner when none is.
+    /// Shows the banner that is ready, or a house banner when none is or its file is unusable.
     void displayBanner(const BannerAd &ready);
     void setBannerGifImageWithURL(const BannerAd &ad);
     void setBannerGifImageWithName(const QString &identifier);
@@ -101,6 +101,7 @@ private:
     void setBannerConstraints();
     void updateBannerConstraint();
     void askForBanner();
+    void displayHouseBanner();
     void showImage(const BannerAd &ad, const QString &path);
     void open(const BannerAd &ad);
     void setPartsHidden(bool hidden, void (*set)(QWidget *, bool));
@@ -121,8 +122,8 @@ private:
     /// when the banner has changed meanwhile.
     BannerAd m_pressed;
     bool m_isInCentralWidget = false;
-    /// A banner was requested from the downloader, which has not answered yet.
-    bool m_isRequested = false;
+    /// Of the last request for a banner; the answers to earlier ones are ignored.
+    int m_request = 0;
     std::shared_ptr<AdsDownloader> m_downloader;
     QMap<QString, QString> m_standardBanners;
     bool m_removed = false;

@@ -5,8 +5,6 @@
 #include "MediaAddress.h"
 #include "WebLink.h"
 
-#include <Velmora/Support.h>
-
 #include <QtCore/QJsonObject>
 
 namespace velmora {
@@ -32,8 +30,9 @@ QString refusalOfWeight(const QJsonValue &weight) {
     return usable ? QString() : QStringLiteral("\"priority\" is neither a number nor a text");
 }
 
-// Why an element is dropped; empty when it is usable.
-QString refusal(const QJsonValue &element, const QString &placementKey) {
+} // namespace
+
+QString AdScreening::refusal(const QJsonValue &element, const QString &placementKey) {
     if (!element.isObject())
         return QStringLiteral("is not an object");
     const QJsonObject ad = element.toObject();
@@ -49,26 +48,6 @@ QString refusal(const QJsonValue &element, const QString &placementKey) {
         reason = refusalOfMedia(ad, kBannerImgURL);
     }
     return reason;
-}
-
-} // namespace
-
-QJsonArray AdScreening::usableAds(const QJsonValue &placement, const QString &placementKey) {
-    if (!placement.isArray()) {
-        if (!placement.isUndefined())
-            LOG(QStringLiteral("placement \"%1\" refused: it is not an array").arg(placementKey));
-        return {};
-    }
-    QJsonArray usable;
-    const QJsonArray elements = placement.toArray();
-    for (qsizetype i = 0; i < elements.size(); ++i) {
-        const QString reason = refusal(elements.at(i), placementKey);
-        if (reason.isEmpty())
-            usable.append(elements.at(i));
-        else
-            LOG(QStringLiteral("ad %1 of \"%2\" refused: %3").arg(i).arg(placementKey, reason));
-    }
-    return usable;
 }
 
 } // namespace velmora

@@ -2,20 +2,23 @@
 #include "AdTable.h"
 
 #include "AdKeys.h"
-#include "AdScreening.h"
+#include "BackgroundThread.h"
 #include "Deployment.h"
 #include "Log.h"
+#include "MainQueue.h"
 #include "SharedUrlSession.h"
-#include "WeightedSelection.h"
+#include "UrlSession.h"
 
 #include <Velmora/AdsMacHelper.h>
 #include <Velmora/Support.h>
 
-#include <QtCore/QJsonDocument>
+#include <utility>
 
 namespace velmora {
 
 namespace {
+
+constexpr int LongestRequestMs = 30'000;
 
 // The ad server expects ASCII. Every other character becomes a question mark.
 QByteArray lossyAscii(const QString &text) {
@@ -39,7 +42,7 @@ QString AdTable::requestBody() {
 }
 
 void AdTable::load(const Completion &completion) {
-    if (m_task && m_task->isRunning()) {
+    if (m_isRequested) {
         LOG(QStringLiteral("the ad server is being asked already"));
         return;
     }
@@ -48,7 +51,7 @@ void AdTable::load(const Completion &completion) {
         return;
     }
     const QJsonObject cached = m_cacheStorage.infoDictionary();
-    m_reply = cached;
+    m_usesCache = true;
     m_isCacheComplete = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
     if (m_isCacheComplete || !AdsMacHelper::isInternetConnection()) {
         if (completion)
@@ -65,54 +68,74 @@ void AdTable::request(const Completion &completion) {
     request.url = QUrl(Deployment::current().apiAcsURL());
     request.method = "POST";
     request.body = lossyAscii(requestBody());
+    request.wholeTimeoutMs = LongestRequestMs;
     request.onlyOnce = true;
-    m_task = SharedUrlSession::shared().start(
+    m_isRequested = true;
+    SharedUrlSession::shared().start(
         request, [weak = weak_from_this(), completion](const UrlResponse &response) {
             if (const auto self = weak.lock())
-                self->takeReply(response, completion);
+                self->parse(response, completion);
         });
 }
 
-void AdTable::takeReply(const UrlResponse &response, const Completion &completion) {
+void AdTable::parse(const UrlResponse &response, const Completion &completion) {
     if (response.isRefused) {
+        m_isRequested = false;
         LOG(QStringLiteral("the ad server was not asked: %1").arg(response.error));
         return;
     }
     qCInfo(velmoraLog, "load"); // hosts see this line without debug mode, too
-    QJsonParseError error;
-    const QJsonDocument reply = QJsonDocument::fromJson(response.body, &error);
-    if (reply.isObject())
-        m_reply = reply.object();
-    else
-        m_reply.reset();
-    if (!response.error.isEmpty())
-        LOG(QStringLiteral("the ad server did not answer: %1").arg(response.error));
-    else if (!reply.isObject())
-        LOG(QStringLiteral("the ad server's reply was refused: %1")
-                .arg(reply.isNull() ? error.errorString() : QStringLiteral("not an object")));
+    const auto work = [weak = weak_from_this(), response, completion] {
+        const auto reply = std::make_shared<AdReply>(AdReply::parsed(response.body));
+        if (!response.error.isEmpty())
+            LOG(QStringLiteral("the ad server did not answer: %1").arg(response.error));
+        else if (!reply->error.isEmpty())
+            LOG(QStringLiteral("the ad server's reply was refused: %1").arg(reply->error));
+        MainQueue::post([weak, reply, completion] {
+            if (const auto self = weak.lock())
+                self->takeReply(std::move(*reply), completion);
+        });
+    };
+    if (!startBackgroundThread("velmora-reply", AtExit::Waits, work, nullptr))
+        work();
+}
+
+void AdTable::takeReply(AdReply reply, const Completion &completion) {
+    setReply(std::move(reply));
+    m_isRequested = false;
     m_hasReply = true;
     if (!m_isCacheComplete && completion)
         completion();
 }
 
+void AdTable::setReply(AdReply reply) {
+    m_usesCache = false;
+    m_reply = std::move(reply);
+    for (const QJsonObject &ad : std::as_const(m_resting))
+        m_reply.ads.remove(ad);
+}
+
+bool AdTable::usesCache() const {
+    return m_usesCache || !AdsMacHelper::isInternetConnection();
+}
+
 std::optional<QJsonObject> AdTable::current() {
-    if (!AdsMacHelper::isInternetConnection())
-        return m_cacheStorage.infoDictionary();
-    return m_reply;
+    return usesCache() ? m_cacheStorage.infoDictionary() : m_reply.table;
 }
 
 std::optional<QJsonObject> AdTable::draw(const QString &placementKey, const QJsonObject &excluded) {
-    const std::optional<QJsonObject> table = current();
-    if (!table)
-        return {};
-    return WeightedSelection::draw(
-        AdScreening::usableAds(table->value(placementKey), placementKey), excluded,
-        placementKey == kMainVideoKey ? kVideoPriority : kBannerPriority);
+    const DrawableAds &ads = usesCache() ? m_cacheStorage.drawable() : m_reply.ads;
+    return ads.draw(placementKey, excluded);
+}
+
+void AdTable::rest(const QJsonObject &ad) {
+    m_resting.append(ad);
+    m_reply.ads.remove(ad);
+    m_cacheStorage.rest(ad);
 }
 
 bool AdTable::isSettled() const {
-    const bool isRequested = m_task && m_task->isRunning();
-    return m_hasReply || (isRequested && m_isCacheComplete);
+    return m_hasReply || (m_isRequested && m_isCacheComplete);
 }
 
 } // namespace velmora

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AdReply.h"
 #include "AdsCacheInfoStorage.h"
-#include "UrlSession.h"
 
 #include <QtCore/QJsonObject>
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <functional>
@@ -12,6 +13,8 @@
 #include <optional>
 
 namespace velmora {
+
+struct UrlResponse;
 
 /// The ad table: which banner and video ads there are. It is requested from the ad server once a
 /// process run; until the reply arrives, and whenever the machine is offline, the ads that earlier
@@ -33,11 +36,13 @@ public:
     /// the cached ads as load() found them, and nothing when the reply was unusable.
     std::optional<QJsonObject> current();
     /// Replaces the reply.
-    void setReply(std::optional<QJsonObject> table) { m_reply = std::move(table); }
+    void setReply(AdReply reply);
 
     /// Draws one usable ad of a placement by weight.
     /// @param excluded an ad that is drawn only when the placement has no other; may be empty
     std::optional<QJsonObject> draw(const QString &placementKey, const QJsonObject &excluded = {});
+    /// An ad whose media cannot be used is not drawn any more in this run.
+    void rest(const QJsonObject &ad);
 
     /// True when the request of this run has ended, in whatever way.
     bool hasReply() const { return m_hasReply; }
@@ -49,12 +54,16 @@ public:
 
 private:
     void request(const Completion &completion);
-    void takeReply(const UrlResponse &response, const Completion &completion);
+    void parse(const UrlResponse &response, const Completion &completion);
+    void takeReply(AdReply reply, const Completion &completion);
+    bool usesCache() const;
 
     AdsCacheInfoStorage m_cacheStorage;
-    /// Before the reply: the cached ads at the last load().
-    std::optional<QJsonObject> m_reply;
-    UrlTaskPtr m_task;
+    AdReply m_reply;
+    QList<QJsonObject> m_resting;
+    /// Until the reply is there, ads are drawn from the cached ones.
+    bool m_usesCache = false;
+    bool m_isRequested = false;
     bool m_hasReply = false;
     /// The cached ads held both placements at the last load().
     bool m_isCacheComplete = false;

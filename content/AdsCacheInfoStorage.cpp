@@ -2,69 +2,48 @@
 #include "AdsCacheInfoStorage.h"
 
 #include "AdKeys.h"
-#include "Archive.h"
+#include "AdTableFile.h"
 #include "CachesFolder.h"
+#include "CachesMigration.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
 
 #include <Velmora/Support.h>
 
-#include <QtCore/QCborMap>
-#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonArray>
-#include <QtCore/QLockFile>
+
+#include <atomic>
+#include <utility>
 
 namespace velmora {
 
-namespace {
+struct AdsCacheInfoStorage::Writes {
+    std::atomic<int> pending = 0;
+    std::atomic<bool> hasFailed = false;
+};
 
-constexpr qint64 LargestTable = 64 * 1024 * 1024;
-constexpr int LockTimeoutMs = 2000;
-
-std::optional<QJsonObject> tableAt(const QString &path) {
-    const auto root = Archive::decode(CachesFolder::TableName, Archive::read(path, LargestTable));
-    if (!root || !root->isMap())
-        return {};
-    return root->toMap().toJsonObject();
-}
-
-// Runs on the disk queue's thread.
-void writeMerged(const QString &path, const QJsonObject &table) {
-    QDir().mkpath(QFileInfo(path).path());
-    // The colon keeps the name apart from media, whose names must not contain one.
-    QLockFile lock(path + QStringLiteral(":lock"));
-    // Without the lock the file is written all the same: another process may then lose an ad, but
-    // this one certainly would.
-    const bool locked = lock.tryLock(LockTimeoutMs);
-    const QJsonObject whole =
-        AdsCacheInfoStorage::merged(tableAt(path).value_or(QJsonObject()), table);
-    const QByteArray bytes =
-        Archive::encode(CachesFolder::TableName, QCborValue::fromJsonValue(whole));
-    if (!Archive::write(path, bytes))
-        LOG(QStringLiteral("the ad table could not be written to %1").arg(path));
-    else if (!locked)
-        LOG(QStringLiteral("the ad table was written without its lock"));
-}
-
-} // namespace
-
-AdsCacheInfoStorage::AdsCacheInfoStorage() {
+AdsCacheInfoStorage::AdsCacheInfoStorage() : m_writes(std::make_shared<Writes>()) {
     followFolder();
     // Made while the downloader is being made, so that it is destroyed after it: until then the
     // table may be saved.
     ProcessRoot::get<DiskQueue>();
 }
 
-const QJsonObject &AdsCacheInfoStorage::infoDictionary() {
+QJsonObject AdsCacheInfoStorage::infoDictionary() {
     followFolder();
-    return m_info;
+    return m_info.toJson();
 }
 
 void AdsCacheInfoStorage::setInfoDictionary(const QJsonObject &info) {
     followFolder();
-    m_info = info;
+    setInfo(info);
+}
+
+void AdsCacheInfoStorage::setInfo(const QJsonObject &info) {
+    m_info = {};
+    m_info.merge(info);
+    m_drawable.reset();
 }
 
 // The ads of the previous folder are dropped, since their media files stay there.
@@ -73,7 +52,9 @@ void AdsCacheInfoStorage::followFolder() {
     if (folder == m_folder)
         return;
     m_folder = folder;
-    m_info = cacheInfo().value_or(QJsonObject());
+    CachesMigration::moveFormerFiles();
+    CachesMigration::deleteUnfinishedDownloads();
+    setInfo(cacheInfo().value_or(QJsonObject()));
 }
 
 void AdsCacheInfoStorage::addBannerInfo(const QJsonObject &ad) {
@@ -88,49 +69,61 @@ void AdsCacheInfoStorage::addInfo(const QJsonObject &ad, const QString &placemen
     if (ad.isEmpty() || placementKey.isEmpty())
         return;
     followFolder();
-    QJsonArray ads = m_info.value(placementKey).toArray();
-    if (ads.contains(ad))
+    if (!m_info.add(placementKey, ad))
         return;
-    ads.append(ad);
-    m_info.insert(placementKey, ads);
-    save();
+    if (m_drawable)
+        m_drawable->add(placementKey, ad);
+    // A file that somebody has deleted, or that lacks an ad, is written whole.
+    const bool isIncomplete =
+        m_writes->hasFailed ||
+        (m_writes->pending == 0 && !QFileInfo::exists(storageURL().toLocalFile()));
+    write(isIncomplete ? m_info.toJson() : QJsonObject{{placementKey, QJsonArray{ad}}});
 }
 
 void AdsCacheInfoStorage::save() {
     followFolder();
+    write(m_info.toJson());
+}
+
+void AdsCacheInfoStorage::write(const QJsonObject &part) {
     if (m_folder.isEmpty()) {
         LOG(QStringLiteral("the ad table is not written: the application has no name yet"));
         return;
     }
-    ProcessRoot::get<DiskQueue>().run(
-        [path = storageURL().toLocalFile(), table = m_info] { writeMerged(path, table); });
+    ++m_writes->pending;
+    m_writes->hasFailed = false;
+    ProcessRoot::get<DiskQueue>().run([path = storageURL().toLocalFile(), part, writes = m_writes] {
+        if (!AdTableFile::append(path, part)) {
+            LOG(QStringLiteral("the ad table could not be written to %1").arg(path));
+            writes->hasFailed = true;
+        }
+        --writes->pending;
+    });
+}
+
+const DrawableAds &AdsCacheInfoStorage::drawable() {
+    followFolder();
+    if (!m_drawable) {
+        m_drawable = DrawableAds(m_info.toJson());
+        for (const QJsonObject &ad : std::as_const(m_resting))
+            m_drawable->remove(ad);
+    }
+    return *m_drawable;
+}
+
+void AdsCacheInfoStorage::rest(const QJsonObject &ad) {
+    m_resting.append(ad);
+    if (m_drawable)
+        m_drawable->remove(ad);
 }
 
 std::optional<QJsonObject> AdsCacheInfoStorage::cacheInfo() {
-    return tableAt(storageURL().toLocalFile());
+    return AdTableFile::read(storageURL().toLocalFile());
 }
 
 QUrl AdsCacheInfoStorage::storageURL() {
     const QString path = CachesFolder::pathFor(CachesFolder::TableName);
     return path.isEmpty() ? QUrl() : QUrl::fromLocalFile(path);
-}
-
-QJsonObject AdsCacheInfoStorage::merged(const QJsonObject &file, const QJsonObject &table) {
-    QJsonObject whole = table;
-    for (auto it = file.begin(); it != file.end(); ++it) {
-        if (it.key() != kMainBannerKey && it.key() != kMainVideoKey) {
-            whole.insert(it.key(), it.value());
-            continue;
-        }
-        QJsonArray ads = it.value().toArray();
-        const QJsonArray own = table.value(it.key()).toArray();
-        for (const QJsonValue &ad : own) {
-            if (!ads.contains(ad))
-                ads.append(ad);
-        }
-        whole.insert(it.key(), ads);
-    }
-    return whole;
 }
 
 } // namespace velmora

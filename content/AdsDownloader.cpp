@@ -131,10 +131,9 @@ const QJsonObject &AdsDownloader::videoInfo() const {
     return m_videos->drawnAd();
 }
 
-UrlTaskPtr
-AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote,
-                                                   const MediaCache::Completion &completion) {
-    return MediaCache::provide(remote, completion);
+void AdsDownloader::downloadDataToCacheDirectoryFromURL(const QUrl &remote, MediaKind kind,
+                                                        const MediaCache::Completion &completion) {
+    MediaCache::provide(remote, kind, completion);
 }
 
 std::optional<QJsonObject> AdsDownloader::JSONSearchByQuery(const QString &query) {

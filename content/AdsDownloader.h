@@ -5,7 +5,6 @@
 #include "BannerAd.h"
 #include "DownloadDelegate.h"
 #include "MediaCache.h"
-#include "UrlSession.h"
 #include "VideoAd.h"
 
 #include <QtCore/QJsonObject>
@@ -61,7 +60,9 @@ public:
     static QString generateRequestAcs() { return AdTable::requestBody(); }
     void downloadJSONWithComplitionBlock(const AdTable::Completion &completion);
     std::optional<QJsonObject> replyJSON() { return m_table->current(); }
-    void setReplyJSON(std::optional<QJsonObject> table) { m_table->setReply(std::move(table)); }
+    void setReplyJSON(const std::optional<QJsonObject> &table) {
+        m_table->setReply(AdReply::of(table));
+    }
     std::optional<QJsonObject> getInfoObjectWithConsideringWeightForKey(const QString &key);
     bool isUpdateAdsCurrentSession() const { return m_table->hasReply(); }
 
@@ -85,8 +86,8 @@ public:
 
     // Downloads and look-ups; see MediaCache and StoreLookup.
 
-    static UrlTaskPtr downloadDataToCacheDirectoryFromURL(const QUrl &remote,
-                                                          const MediaCache::Completion &completion);
+    static void downloadDataToCacheDirectoryFromURL(const QUrl &remote, MediaKind kind,
+                                                    const MediaCache::Completion &completion);
     static std::optional<QJsonObject> JSONSearchByQuery(const QString &query);
     static QString appNameFromMarketLink(const QString &link, bool isWeb);
 

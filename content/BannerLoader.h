@@ -2,6 +2,8 @@
 #pragma once
 
 #include "BannerAd.h"
+#include "MediaCache.h"
+#include "TimeSource.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QUrl>
@@ -13,7 +15,7 @@ namespace velmora {
 
 class AdTable;
 
-/// Draws banner ads and downloads their pictures, one at a time. Main thread only.
+/// Draws banner ads and downloads their pictures. Main thread only.
 class BannerLoader : public std::enable_shared_from_this<BannerLoader> {
 public:
     explicit BannerLoader(std::shared_ptr<AdTable> table) : m_table(std::move(table)) {}
@@ -21,7 +23,10 @@ public:
     /// Draws the next banner and makes it the ready one once its picture is cached. The completion,
     /// which may be empty, is called then, when the picture could not be downloaded, or, if there
     /// is nothing to draw, at once; also inside this call. A call while a banner is loading draws
-    /// nothing and gets that banner.
+    /// nothing and gets that banner, unless that has taken as long as a turn of the rotation: then
+    /// the next one is drawn, so that one slow picture does not hold up the others.
+    ///
+    /// An ad whose picture is unusable is not drawn again in this run.
     void loadNext(const BannerCompletion &completion);
 
     /// The banner whose picture was cached last; empty before the first.
@@ -30,13 +35,19 @@ public:
     const QJsonObject &drawnAd() const { return m_drawnAd; }
 
 private:
-    void pictureLoaded(const QJsonObject &ad, const QUrl &file);
+    /// A banner whose picture is loading.
+    struct Load {
+        QJsonObject ad;
+        TimeSource::Duration since;
+        std::vector<BannerCompletion> completions;
+    };
+
+    void pictureLoaded(const QJsonObject &ad, const MediaCache::Result &picture);
 
     const std::shared_ptr<AdTable> m_table;
     QJsonObject m_drawnAd;
     BannerAd m_ready;
-    /// Of all calls since the banner that is loading was drawn; empty while none is loading.
-    std::vector<BannerCompletion> m_completions;
+    std::vector<Load> m_loads; // the newest last
 };
 
 } // namespace velmora

@@ -12,9 +12,13 @@ const QString CachesFolder::TableName = QStringLiteral("savedAds");
 QString CachesFolder::path() {
     if (QCoreApplication::applicationName().isEmpty())
         return {};
-    const QString path = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    const QString path = formerPath() + QStringLiteral("/Velmora");
     QDir().mkpath(path);
     return path;
+}
+
+QString CachesFolder::formerPath() {
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
 }
 
 QString CachesFolder::pathFor(const QString &fileName) {

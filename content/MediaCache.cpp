@@ -1,29 +1,106 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MediaCache.h"
 
+#include "BackgroundThread.h"
 #include "CachesFolder.h"
 #include "Log.h"
+#include "MainQueue.h"
 #include "MediaAddress.h"
+#include "MediaCheck.h"
+#include "ProcessRoot.h"
 #include "SharedUrlSession.h"
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QSet>
+
+#include <utility>
 
 namespace velmora {
 
 namespace {
-constexpr qint64 LargestMedia = 256 * 1024 * 1024;
+
+struct Limits {
+    qint64 size;
+    int timeMs;
+};
+
+constexpr Limits limitsOf(MediaKind kind) {
+    return kind == MediaKind::Film ? Limits{256 * 1024 * 1024, 600'000}
+                                   : Limits{64 * 1024 * 1024, 60'000};
 }
 
-UrlTaskPtr MediaCache::provide(const QUrl &remote, const Completion &completion) {
+// Where a file is until it has been looked at. The process's number keeps the downloads of two
+// processes apart.
+QString pathBeforeCheck(const QString &path) {
+    return path + QChar(CachesFolder::MarkSeparator) +
+           QString::number(QCoreApplication::applicationPid());
+}
+
+// Gives a downloaded file its name.
+// @return why not; empty when it has it
+QString keep(const QString &arrived, const QString &path, MediaKind kind) {
+    QString refusal;
+    // Another process, or another ad with a file of this name, may have been faster.
+    const auto isThere = [&path] { return QFileInfo(path).isFile(); };
+    if (!isThere()) {
+        refusal = MediaCheck::refusal(arrived, kind);
+        if (refusal.isEmpty() && !QFile::rename(arrived, path) && !isThere())
+            refusal = QStringLiteral("it could not be given its name");
+    }
+    QFile::remove(arrived);
+    return refusal;
+}
+
+/// The cached files that were found usable in this run.
+struct UsableFiles {
+    QSet<QString> paths;
+};
+
+// An earlier version kept whatever a server sent.
+bool isUsable(const QString &path, MediaKind kind) {
+    QSet<QString> &usable = ProcessRoot::get<UsableFiles>().paths;
+    if (!usable.contains(path) && MediaCheck::quickRefusal(path, kind).isEmpty())
+        usable.insert(path);
+    return usable.contains(path);
+}
+
+void refuse(const QUrl &remote, const QString &reason) {
+    LOG(QStringLiteral("media %1 refused: %2").arg(remote.toString(), reason));
+}
+
+void check(const QUrl &remote, const QString &path, MediaKind kind,
+           const MediaCache::Completion &completion) {
+    const auto work = [=] {
+        const QString refusal = keep(pathBeforeCheck(path), path, kind);
+        if (!refusal.isEmpty())
+            refuse(remote, refusal);
+        MainQueue::post([path, completion, isKept = refusal.isEmpty()] {
+            if (isKept)
+                completion({QUrl::fromLocalFile(path)});
+            else
+                completion({{}, true});
+        });
+    };
+    if (!startBackgroundThread("velmora-media", AtExit::Waits, work, nullptr))
+        work();
+}
+
+} // namespace
+
+void MediaCache::provide(const QUrl &remote, MediaKind kind, const Completion &completion) {
     const QString name = MediaAddress::cachedName(remote);
     const QString path = CachesFolder::pathFor(name);
     const QFileInfo cached(path);
-    if (cached.isFile() && cached.size() > 0) {
-        completion(QUrl::fromLocalFile(path));
-        return nullptr;
+    if (cached.isFile() && (remote.isEmpty() || isUsable(path, kind))) {
+        completion({QUrl::fromLocalFile(path)});
+        return;
     }
+    if (cached.isFile())
+        QFile::remove(path);
     // Hosts see this line without debug mode, too.
     qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
     QString refusal;
@@ -33,24 +110,29 @@ UrlTaskPtr MediaCache::provide(const QUrl &remote, const Completion &completion)
         refusal = QStringLiteral("the ad names no file");
     else if (cached.isDir())
         refusal = QStringLiteral("a folder has its name");
+    else if (cached.isSymLink())
+        refusal = QStringLiteral("a symbolic link has its name"); // to a file that is elsewhere
     if (!refusal.isEmpty()) {
-        LOG(QStringLiteral("media %1 cannot be downloaded: %2").arg(name, refusal));
-        completion({});
-        return nullptr;
+        refuse(remote, refusal);
+        completion({{}, cached.isDir() || cached.isSymLink()});
+        return;
     }
     UrlRequest request;
     request.url = remote;
-    request.destination = path;
-    request.largestBody = LargestMedia;
-    return SharedUrlSession::shared().start(
-        request, [completion, path, remote](const UrlResponse &response) {
-            const bool isThere = response.error.isEmpty() && response.bodySize > 0;
-            if (!isThere)
-                LOG(QStringLiteral("media %1 could not be downloaded: %2")
-                        .arg(remote.toString(), response.error.isEmpty()
-                                                    ? QStringLiteral("the body is empty")
-                                                    : response.error));
-            completion(isThere ? QUrl::fromLocalFile(path) : QUrl());
+    request.destination = pathBeforeCheck(path);
+    request.largestBody = limitsOf(kind).size;
+    request.wholeTimeoutMs = limitsOf(kind).timeMs;
+    SharedUrlSession::shared().start(
+        request, [remote, path, kind, completion](const UrlResponse &response) {
+            if (response.error.isEmpty() && response.bodySize > 0) {
+                check(remote, path, kind, completion);
+                return;
+            }
+            LOG(QStringLiteral("media %1 could not be downloaded: %2")
+                    .arg(remote.toString(), response.error.isEmpty()
+                                                ? QStringLiteral("the body is empty")
+                                                : response.error));
+            completion({{}, response.couldNotWrite});
         });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "MediaKind.h"
 #include "UrlSession.h"
 
 #include <QtCore/QUrl>
@@ -14,13 +15,19 @@ namespace velmora {
 /// addresses that end in the same name share one file. Main thread only.
 class MediaCache {
 public:
-    /// Gets the local file, or an empty URL when there is none.
-    using Completion = std::function<void(const QUrl &localFile)>;
+    struct Result {
+        /// The local file; empty when there is none.
+        QUrl file;
+        /// Trying again in this run is of no use: the file is not what it should be, or there is no
+        /// place for it.
+        bool isHopeless = false;
+    };
+    using Completion = std::function<void(const Result &result)>;
 
-    /// Provides the file at a remote address, downloading it if it is not cached.
-    /// @return the running download; null when the completion was called inside this call, because
-    ///         the file is cached or because it cannot be downloaded at all
-    static UrlTaskPtr provide(const QUrl &remote, const Completion &completion);
+    /// Provides the file at a remote address. If it is not cached it is downloaded, looked at
+    /// (MediaCheck) and only then given its name. The completion is called once; inside this call
+    /// when the file is cached or can't be downloaded at all.
+    static void provide(const QUrl &remote, MediaKind kind, const Completion &completion);
 };
 
 } // namespace velmora

@@ -4,7 +4,6 @@
 #include "AdKeys.h"
 #include "AdTable.h"
 #include "MediaAddress.h"
-#include "MediaCache.h"
 #include "StoreLink.h"
 
 #include <Velmora/Support.h>
@@ -14,7 +13,7 @@
 namespace velmora {
 
 void VideoLoader::loadNext() {
-    if (m_videoTask && m_videoTask->isRunning())
+    if (m_isLoadingFilm)
         return;
     const auto drawn = m_table->draw(kMainVideoKey);
     if (!drawn) {
@@ -22,31 +21,39 @@ void VideoLoader::loadNext() {
         return;
     }
     m_drawnAd = *drawn;
-    // The ad is passed along, because another one may be drawn before its still is there.
-    m_videoTask = MediaCache::provide(MediaAddress::ofAd(*drawn, kVideoCapture).remote,
-                                      [weak = weak_from_this(), ad = *drawn](const QUrl &file) {
-                                          const auto self = weak.lock();
-                                          if (self && !file.isEmpty())
-                                              self->videoLoaded(ad, file);
-                                      });
-}
-
-void VideoLoader::videoLoaded(const QJsonObject &ad, const QUrl &file) {
-    m_still.clear();
-    MediaCache::provide(MediaAddress::ofAd(ad, kVideoImage).remote,
-                        [weak = weak_from_this(), ad, file](const QUrl &still) {
-                            const auto self = weak.lock();
-                            if (!self || still.isEmpty())
-                                return;
-                            const QUrl link = StoreLink::videoLink(ad.value(kVideoURL).toString());
-                            self->stillLoaded({file, still, link, ad});
+    m_isLoadingFilm = true;
+    // The ad travels with its downloads: another may be drawn before its still is there.
+    MediaCache::provide(MediaAddress::ofAd(*drawn, kVideoCapture).remote, MediaKind::Film,
+                        [weak = weak_from_this(), ad = *drawn](const MediaCache::Result &film) {
+                            if (const auto self = weak.lock())
+                                self->videoLoaded(ad, film);
                         });
 }
 
-void VideoLoader::stillLoaded(const VideoAd &video) {
-    m_ready = video;
-    m_still = video.still;
-    m_table->cacheStorage().addVideoInfo(video.info);
+void VideoLoader::videoLoaded(const QJsonObject &ad, const MediaCache::Result &film) {
+    m_isLoadingFilm = false;
+    if (film.isHopeless)
+        m_table->rest(ad);
+    if (film.file.isEmpty())
+        return;
+    m_still.clear();
+    MediaCache::provide(
+        MediaAddress::ofAd(ad, kVideoImage).remote, MediaKind::Picture,
+        [weak = weak_from_this(), ad, film = film.file](const MediaCache::Result &still) {
+            if (const auto self = weak.lock())
+                self->stillLoaded(ad, film, still);
+        });
+}
+
+void VideoLoader::stillLoaded(const QJsonObject &ad, const QUrl &film,
+                              const MediaCache::Result &still) {
+    if (still.isHopeless)
+        m_table->rest(ad);
+    if (still.file.isEmpty())
+        return;
+    m_ready = {film, still.file, StoreLink::videoLink(ad.value(kVideoURL).toString()), ad};
+    m_still = still.file;
+    m_table->cacheStorage().addVideoInfo(ad);
 }
 
 VideoAd VideoLoader::videoToPlay() {

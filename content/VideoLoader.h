@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "UrlSession.h"
+#include "MediaCache.h"
 #include "VideoAd.h"
 
 #include <QtCore/QJsonObject>
@@ -13,7 +13,8 @@ namespace velmora {
 
 class AdTable;
 
-/// Draws video ads and downloads each one's video and still image. Main thread only.
+/// Draws video ads and downloads each one's video and still image. An ad with an unusable file is
+/// not drawn again in this run. Main thread only.
 class VideoLoader : public std::enable_shared_from_this<VideoLoader> {
 public:
     explicit VideoLoader(std::shared_ptr<AdTable> table) : m_table(std::move(table)) {}
@@ -35,14 +36,14 @@ public:
     const QJsonObject &drawnAd() const { return m_drawnAd; }
 
 private:
-    void videoLoaded(const QJsonObject &ad, const QUrl &file);
-    void stillLoaded(const VideoAd &video);
+    void videoLoaded(const QJsonObject &ad, const MediaCache::Result &film);
+    void stillLoaded(const QJsonObject &ad, const QUrl &film, const MediaCache::Result &still);
 
     const std::shared_ptr<AdTable> m_table;
     QJsonObject m_drawnAd;
     VideoAd m_ready;
     QUrl m_still;
-    UrlTaskPtr m_videoTask;
+    bool m_isLoadingFilm = false;
 };
 
 } // namespace velmora

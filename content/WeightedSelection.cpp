@@ -3,9 +3,10 @@
 
 #include "RandomSource.h"
 
+#include <QtCore/QString>
+
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace velmora {
 
@@ -23,50 +24,37 @@ qint64 sum(qint64 a, qint64 b) {
     return static_cast<qint64>(std::clamp(double(a) + double(b), -Limit, Limit));
 }
 
-void removeAll(QJsonArray &ads, const QJsonObject &ad) {
-    for (qsizetype i = ads.size() - 1; i >= 0; --i) {
-        if (ads.at(i) == QJsonValue(ad))
-            ads.removeAt(i);
-    }
-}
-
 } // namespace
 
-double WeightedSelection::weight(const QJsonValue &value) {
+std::optional<double> WeightedSelection::weight(const QJsonValue &value) {
+    if (value.isUndefined() || value.isNull())
+        return {};
     double number = value.isBool() ? double(value.toBool()) : value.toDouble();
     if (value.isString())
         number = value.toString().trimmed().toDouble();
     return std::isfinite(number) ? number : 0;
 }
 
-std::optional<QJsonObject> WeightedSelection::draw(QJsonArray candidates,
-                                                   const QJsonObject &excluded,
-                                                   const QString &weightKey) {
-    if (candidates.size() > 1 && !excluded.isEmpty() && candidates.contains(excluded))
-        removeAll(candidates, excluded);
-
-    // Weights are matched to candidates by position, on purpose: after a candidate without a weight
-    // every later weight counts for the candidate before its own.
-    std::vector<double> weights;
+std::optional<size_t> WeightedSelection::draw(const Weights &weights) {
     double total = 0;
-    for (const QJsonValue &ad : std::as_const(candidates)) {
-        const QJsonValue value = ad.toObject().value(weightKey);
-        if (value.isUndefined() || value.isNull())
-            continue;
-        weights.push_back(weight(value));
-        total += weights.back();
-    }
-
+    for (const auto &weight : weights)
+        total += weight.value_or(0);
     const qint64 all = rounded(total);
-    if (weights.empty() || all <= 0)
+    if (all <= 0)
         return {};
     const qint64 drawn = qint64(RandomSource::current().next()) % all;
+    // Weights are matched to candidates by position, on purpose: after a candidate without a weight
+    // every later weight counts for the candidate before its own.
+    size_t candidate = 0;
     qint64 lower = 0;
-    for (size_t i = 0; i < weights.size(); ++i) {
-        const qint64 upper = sum(lower, rounded(weights[i]));
+    for (const auto &weight : weights) {
+        if (!weight)
+            continue;
+        const qint64 upper = sum(lower, rounded(*weight));
         if (lower <= drawn && drawn < upper)
-            return candidates.at(qsizetype(i)).toObject();
+            return candidate;
         lower = upper;
+        ++candidate;
     }
     return {};
 }

@@ -1,28 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
 #include <QtCore/QJsonValue>
-#include <QtCore/QString>
 
 #include <optional>
+#include <vector>
 
 namespace velmora {
 
-/// Draws one ad at random; the probability of each is proportional to its weight.
+/// Draws one of several candidates at random; the probability of each is proportional to its
+/// weight.
 class WeightedSelection {
 public:
-    /// @param candidates the ads, in table order
-    /// @param excluded   removed from the candidates when there are several; may be empty
-    /// @param weightKey  the field that holds an ad's weight
-    /// @return the drawn ad. Nothing when no ad has a weight, when the total is 0 or less, or when
-    ///         rounded weights leave the drawn number past the last interval
-    static std::optional<QJsonObject> draw(QJsonArray candidates, const QJsonObject &excluded,
-                                           const QString &weightKey);
+    /// The weight of each candidate, in order; nothing for a candidate without one.
+    using Weights = std::vector<std::optional<double>>;
 
-    /// The weight as a number: numeric text counts as its number, true as 1, anything else as 0.
-    static double weight(const QJsonValue &value);
+    /// @return the index of the drawn candidate. Nothing when none has a weight, when the total is
+    ///         0 or less, or when rounded weights leave the drawn number past the last interval
+    static std::optional<size_t> draw(const Weights &weights);
+
+    /// The weight in an ad's field, as a finite number: numeric text counts as its number, true as
+    /// 1, anything else as 0. Nothing when the field is absent or null.
+    static std::optional<double> weight(const QJsonValue &value);
 };
 
 } // namespace velmora

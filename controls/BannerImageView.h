@@ -1,29 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtGui/QMovie>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QAbstractButton>
 
 #include <memory>
 
 namespace velmora {
 
+class PicturePlayer;
+
 /// Shows a banner picture with rounded corners; a click anywhere on it is a click on the ad. Main
 /// thread only.
 ///
-/// An animation is decoded only while it can be seen: each frame asks for a redraw, and when the
-/// view is not redrawn (it is hidden, covered or scrolled away, or its window is minimised), the
-/// animation pauses until it is. A picture of one frame is decoded again whenever it is drawn at
-/// another size.
+/// The frames are decoded on another thread (PicturePlayer), and an animation only while it can be
+/// seen: each frame asks for a redraw, and when the view is not redrawn (it is hidden, covered or
+/// scrolled away, or its window is minimised), the animation pauses until it is. A picture of one
+/// frame is decoded again whenever it is drawn at another size.
 class BannerImageView : public QAbstractButton {
     Q_OBJECT
 
 public:
     explicit BannerImageView(QWidget *parent = nullptr);
+    ~BannerImageView() override;
 
     /// Shows a picture file: its size is read now, its frames are decoded when the view is drawn.
-    /// Ignored for the path that is shown already, so that its animation plays on. With an empty
-    /// path, an unreadable file or one of unusable dimensions (logged) the view has no image.
+    /// Until the first is, the picture before it stays. Ignored for the path that is shown already,
+    /// so that its animation plays on. With an empty path, or a file that PictureFile refuses
+    /// (logged), the view has no image.
     void setImage(const QString &path);
 
     /// The picture's size in pixels; empty when there is none.
@@ -36,12 +40,14 @@ public:
     void setNominalHeight(double height);
 
     /// Frames decoded since the picture was set.
-    int decodedFrames() const { return m_decodedFrames; }
+    int decodedFrames() const;
 
     /// Corner radius at a height, points: 4, or 2 where 4 is more than a tenth of the height.
     static double cornerRadius(double height);
 
 Q_SIGNALS:
+    /// The picture can't be decoded; the view has no image any more.
+    void failed();
     /// The button was pressed: by the mouse, the keyboard or assistive technology. Not emitted
     /// again when the pointer leaves the view and comes back with the mouse button held.
     void wentDown();
@@ -51,24 +57,16 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
-    void frameDecoded();
+    void pictureChanged();
     QSize wantedFrameSize() const;
-    void fitFrames();
-    QPixmap movieFrame();
-    QPixmap stillFrame();
     void drawFrame(QPainter &painter, const QPixmap &frame) const;
 
     QString m_path;
-    /// Null for a picture of one frame.
-    std::unique_ptr<QMovie> m_movie;
-    QPixmap m_still;
-    /// The size in pixels for which m_still was decoded last, successfully or not.
-    QSize m_stillSize;
     QSize m_imageSize;
+    bool m_isAnimation = false;
+    std::unique_ptr<PicturePlayer> m_player;
+    QPixmap m_frame; // drawn until the player has the next one
     double m_nominalHeight = 0;
-    int m_decodedFrames = 0;
-    /// The frame that was decoded last has been drawn.
-    bool m_drawnSinceFrame = false;
     /// QAbstractButton is handling a mouse move.
     bool m_isDragged = false;
 };

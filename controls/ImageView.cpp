@@ -1,90 +1,100 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ImageView.h"
 
+#include "PictureFile.h"
+#include "PicturePlayer.h"
+
 #include <Velmora/Support.h>
 
-#include <QtGui/QImageReader>
 #include <QtGui/QPainter>
+
+#include <utility>
 
 namespace velmora {
 
 namespace {
-
-// Pixels of a picture's longer side: as many as a large screen has. A larger file is scaled down
-// while it is decoded.
-constexpr int LargestSide = 3840;
-// Pixels. A file that declares more is not decoded.
-constexpr qint64 MostPixels = 100'000'000;
-
+// Pixels of an image that is scaled at once, in a millisecond or two.
+constexpr qint64 MostPixelsAtOnce = 256 * 256;
 } // namespace
 
 ImageView::ImageView(QWidget *parent) : QWidget(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+ImageView::~ImageView() = default;
+
 void ImageView::setImage(const QImage &image) {
     m_image = image;
+    m_imageSize = image.deviceIndependentSize();
     m_scaled = {};
+    m_player.reset();
+    if (qint64(image.width()) * image.height() > MostPixelsAtOnce)
+        play(std::make_shared<FrameDecoder>(image));
     update();
 }
 
 void ImageView::setImageFile(const QString &path) {
-    QImageReader reader(path);
-    const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > MostPixels) {
-        LOG(QStringLiteral("picture %1 was refused: it is too large").arg(path));
-        setImage({});
-        return;
-    }
-    if (size.width() > LargestSide || size.height() > LargestSide)
-        reader.setScaledSize(size.scaled(LargestSide, LargestSide, Qt::KeepAspectRatio));
-    const QImage image = reader.read();
-    if (image.isNull())
-        LOG(QStringLiteral("picture %1 cannot be read: %2").arg(path, reader.errorString()));
-    setImage(image);
+    const PictureFile file(path);
+    if (!file.refusal().isEmpty())
+        LOG(QStringLiteral("picture %1 refused: %2").arg(path, file.refusal()));
+    setImage({});
+    m_imageSize = file.size();
+    if (hasImage())
+        play(std::make_shared<FrameDecoder>(file));
+}
+
+void ImageView::play(std::shared_ptr<FrameDecoder> decoder) {
+    m_player = std::make_unique<PicturePlayer>(std::move(decoder), [this] { update(); });
 }
 
 void ImageView::setImageScaling(unsigned scaling) {
     m_scaling = scaling;
-    m_scaled = {};
     update();
 }
 
 QRectF ImageView::imageRect() const {
-    if (m_image.isNull())
+    if (!hasImage())
         return {};
-    const QSizeF own = m_image.deviceIndependentSize();
-    QSizeF wanted = own;
+    QSizeF wanted = m_imageSize;
     if (m_scaling == ScaleAxesIndependently)
         wanted = size();
     else if (m_scaling != ScaleNone)
-        wanted = own.scaled(size(), Qt::KeepAspectRatio);
+        wanted = m_imageSize.scaled(size(), Qt::KeepAspectRatio);
     const bool isDownOnly = m_scaling == ScaleProportionallyDown || m_scaling > 3;
-    if (isDownOnly && wanted.width() > own.width())
-        wanted = own;
+    if (isDownOnly && wanted.width() > m_imageSize.width())
+        wanted = m_imageSize;
     QRectF place({}, wanted);
     place.moveCenter(QRectF(rect()).center());
     return place;
+}
+
+// The picture in this size; for a moment in another one, or null, until it has been scaled.
+QPixmap ImageView::scaledTo(const QSize &pixels) {
+    if (m_player) {
+        m_player->drawn(pixels);
+        return m_player->frame();
+    }
+    if (m_scaled.size() != pixels)
+        m_scaled = QPixmap::fromImage(
+            m_image.size() == pixels
+                ? m_image
+                : m_image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    return m_scaled;
 }
 
 void ImageView::paintEvent(QPaintEvent *) {
     const QRectF place = imageRect();
     if (place.isEmpty())
         return;
-    // Scaled to the pixels of the screen, once for every size.
     const double density = devicePixelRatioF();
     const QSize pixels = (place.size() * density).toSize().expandedTo({1, 1});
-    if (m_scaled.size() != pixels) {
-        m_scaled = QPixmap::fromImage(
-            m_image.size() == pixels
-                ? m_image
-                : m_image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        m_scaled.setDevicePixelRatio(density);
-    }
+    const QPixmap picture = scaledTo(pixels);
+    if (picture.isNull())
+        return;
     // Placed on whole pixels of the screen: between two of them it would be blurred.
-    const QPointF corner((place.topLeft() * density).toPoint());
+    const QPointF corner(QPointF((place.topLeft() * density).toPoint()) / density);
     QPainter painter(this);
-    painter.drawPixmap(corner / density, m_scaled);
+    painter.drawPixmap(QRectF(corner, QSizeF(pixels) / density), picture, QRectF(picture.rect()));
 }
 
 } // namespace velmora

@@ -5,7 +5,12 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
 namespace velmora {
+
+class FrameDecoder;
+class PicturePlayer;
 
 /// Shows one image in the middle of its rectangle. Takes no clicks. Main thread only.
 class ImageView : public QWidget {
@@ -22,14 +27,17 @@ public:
     };
 
     explicit ImageView(QWidget *parent = nullptr);
+    ~ImageView() override;
 
+    /// The image; null for a picture file.
     const QImage &image() const { return m_image; }
-    /// A null image shows nothing.
+    bool hasImage() const { return !m_imageSize.isEmpty(); }
+    /// Shows an image; nothing when it is null. A large one is scaled to the view on another
+    /// thread.
     void setImage(const QImage &image);
 
-    /// Shows a picture file, which is read now; nothing, and a log line, when it cannot be read or
-    /// declares more than 100 million pixels. A picture larger than a screen is read at a screen's
-    /// size.
+    /// Shows a picture file, which is decoded on another thread when the view is drawn; nothing,
+    /// and a log line, when PictureFile refuses it or it can't be decoded.
     void setImageFile(const QString &path);
 
     unsigned imageScaling() const { return m_scaling; }
@@ -42,9 +50,14 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QImage m_image;
+    void play(std::shared_ptr<FrameDecoder> decoder);
+    QPixmap scaledTo(const QSize &pixels);
+
+    QImage m_image;     // null for a file
+    QSizeF m_imageSize; // in device-independent pixels
     unsigned m_scaling = ScaleProportionallyDown;
-    QPixmap m_scaled;
+    QPixmap m_scaled; // of m_image
+    std::unique_ptr<PicturePlayer> m_player;
 };
 
 } // namespace velmora

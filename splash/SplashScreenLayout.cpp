@@ -138,7 +138,7 @@ void SplashScreenLayout::placeColumn() {
     const int room = std::max(m_columnBottom - top, 0);
     ImageView *icon = m_outlets.iconImageView;
     const bool isIconAlone = !labels || Animator::isHidden(labels);
-    const bool hasIcon = icon && !Animator::isHidden(icon) && !icon->image().isNull();
+    const bool hasIcon = icon && !Animator::isHidden(icon) && icon->hasImage();
     const int text = isIconAlone ? 0 : height;
     const int gap = isIconAlone ? 0 : scaled(18, 6, 28);
     int side = 0;

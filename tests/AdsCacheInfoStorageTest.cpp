@@ -6,7 +6,7 @@
 #include "SerialQueue.h"
 #include "tests/support/FreshProcess.h"
 
-#include <QtCore/QCborMap>
+#include <QtCore/QCborValue>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -29,7 +29,12 @@ protected:
 
     static void putTable(const QJsonObject &table) {
         putInCaches(QStringLiteral("savedAds"),
-                    Archive::encode(QStringLiteral("savedAds"), QCborValue::fromJsonValue(table)));
+                    QJsonDocument(table).toJson(QJsonDocument::Compact));
+    }
+
+    static QByteArray fileContent() {
+        QFile file(AdsCacheInfoStorage::storageURL().toLocalFile());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 };
 
@@ -49,6 +54,16 @@ TEST_F(AdsCacheInfoStorageTest, EveryNewAdIsOnDiskForTheNextRun) {
     AdsCacheInfoStorage storage;
     EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), (QJsonArray{ad(1), rich}));
     EXPECT_EQ(storage.infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{ad(3)});
+}
+
+TEST_F(AdsCacheInfoStorageTest, EachAdIsWrittenOnceHoweverManyThereAre) {
+    AdsCacheInfoStorage storage;
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < 3000; ++i)
+            storage.addBannerInfo(ad(i));
+    }
+    EXPECT_EQ(onDisk().size(), 3000);
+    EXPECT_EQ(fileContent().count("banner_id"), 3000);
 }
 
 TEST_F(AdsCacheInfoStorageTest, AKnownAdIsNotWrittenAgain) {
@@ -83,24 +98,63 @@ TEST_F(AdsCacheInfoStorageTest, OtherTopLevelKeysOfTheFileAreKept) {
               (QJsonObject{{QStringLiteral("x"), 1}}));
 }
 
-TEST_F(AdsCacheInfoStorageTest, AnUnreadableFileGivesAnEmptyTableAndIsReplaced) {
-    const QByteArray whole =
-        Archive::encode(QStringLiteral("savedAds"),
-                        QCborMap{{kMainBannerKey, QCborValue::fromJsonValue(QJsonArray{ad(1)})}});
+TEST_F(AdsCacheInfoStorageTest, WhatIsUnreadableInTheFileIsSkipped) {
+    const QByteArray line = "\n" + QJsonDocument(QJsonObject{{kMainBannerKey, QJsonArray{ad(1)}}})
+                                       .toJson(QJsonDocument::Compact);
     const QList<QByteArray> files{
         {},
-        whole.left(whole.size() / 2),
+        line.left(line.size() / 2),
         "bplist00 another format",
         QByteArray(1000, '\0'),
-        Archive::encode(QStringLiteral("savedAds"), QStringLiteral("text")),
-        Archive::encode(QStringLiteral("events"), QCborMap())};
+        "[]\n5\n\"text\"",
+        R"({"standard":[5,[],null]})",
+    };
     for (const QByteArray &file : files) {
         putInCaches(QStringLiteral("savedAds"), file);
         AdsCacheInfoStorage storage;
-        EXPECT_TRUE(storage.infoDictionary().isEmpty());
+        EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), QJsonArray());
         storage.addBannerInfo(ad(7));
-        EXPECT_EQ(onDisk(), QJsonArray{ad(7)});
+        EXPECT_EQ(onDisk(), QJsonArray{ad(7)}) << file.constData();
     }
+    putInCaches(QStringLiteral("savedAds"), line + line.left(20) + line);
+    EXPECT_EQ(onDisk(), QJsonArray{ad(1)});
+}
+
+TEST_F(AdsCacheInfoStorageTest, TheFilesOfEarlierVersionsAreMovedAndTheHostsStay) {
+    const auto put = [](const QString &name, const QByteArray &bytes) {
+        QDir().mkpath(hostCachesFolder());
+        QFile file(hostCachesFolder() + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    };
+    const QJsonObject banner{{kBannerImgURL, QStringLiteral("/media/one.gif")}};
+    const QJsonObject video{{kVideoCapture, QStringLiteral("/media/film.mp4")},
+                            {kVideoImage, QStringLiteral("/media/gone.png")}};
+    const QJsonObject table{{kMainBannerKey, QJsonArray{banner}},
+                            {kMainVideoKey, QJsonArray{video}}};
+    put(QStringLiteral("savedAds"),
+        Archive::encode(QStringLiteral("savedAds"), QCborValue::fromJsonValue(table)));
+    for (const char *name : {"one.gif", "film.mp4", "of-the-host.gif"})
+        put(QLatin1String(name), name);
+    {
+        AdsCacheInfoStorage storage;
+        EXPECT_EQ(storage.infoDictionary(), table);
+    }
+    restartProcess();
+    EXPECT_EQ(AdsCacheInfoStorage().infoDictionary(), table);
+    const auto filesIn = [](const QString &folder) {
+        return QDir(folder).entryList(QDir::Files, QDir::Name);
+    };
+    EXPECT_EQ(filesIn(hostCachesFolder()), QStringList{QStringLiteral("of-the-host.gif")});
+    EXPECT_EQ(filesIn(cachesFolder()),
+              (QStringList{QStringLiteral("film.mp4"), QStringLiteral("one.gif"),
+                           QStringLiteral("savedAds")}));
+
+    // A file of the host that happens to have the table's name.
+    put(QStringLiteral("savedAds"), "the host's");
+    restartProcess();
+    EXPECT_EQ(AdsCacheInfoStorage().infoDictionary(), table);
+    EXPECT_TRUE(QFile::exists(hostCachesFolder() + QStringLiteral("/savedAds")));
 }
 
 TEST_F(AdsCacheInfoStorageTest, WithAFolderOfTheFilesNameAdsAreKeptInMemoryOnly) {

@@ -100,10 +100,11 @@ TEST(UnnamedHostTest, DISABLED_CachesNothing) {
         [](QtMsgType, const QMessageLogContext &, const QString &line) { lines.append(line); });
     Switches::activateDebugMode();
     AdsDownloader::sharedInstance()->startUpdateAllAds();
-    QUrl file(QStringLiteral("unset"));
-    EXPECT_FALSE(AdsDownloader::downloadDataToCacheDirectoryFromURL(
-        QUrl(QStringLiteral("https://127.0.0.1:1/a.gif")), [&](const QUrl &url) { file = url; }));
-    EXPECT_TRUE(file.isEmpty());
+    bool isRefused = false;
+    AdsDownloader::downloadDataToCacheDirectoryFromURL(
+        QUrl(QStringLiteral("https://127.0.0.1:1/a.gif")), MediaKind::Picture,
+        [&](const MediaCache::Result &result) { isRefused = result.file.isEmpty(); });
+    EXPECT_TRUE(isRefused);
     AdsCacheInfoStorage().addBannerInfo({{kBannerName, QStringLiteral("one")}});
     EXPECT_EQ(lines.filter(QStringLiteral("no name yet")).size(), 2);
     ProcessRoot::drop();

@@ -5,6 +5,7 @@
 #include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
+#include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
@@ -24,7 +25,7 @@ protected:
         loader = std::make_shared<BannerLoader>(table);
     }
 
-    void useBanners(const QJsonArray &ads) { table->setReply(QJsonObject{{kMainBannerKey, ads}}); }
+    void useBanners(const QJsonArray &ads) { table->setReply(AdReply::of(QJsonObject{{kMainBannerKey, ads}})); }
 
     /// Loads the next banner and waits for the completion.
     bool loadAndWait() {
@@ -99,6 +100,45 @@ TEST_F(BannerLoaderTest, TheSameBannerIsNotDrawnTwiceInARow) {
         ASSERT_TRUE(loadAndWait());
         EXPECT_NE(loader->ready().name, before);
     }
+}
+
+TEST_F(BannerLoaderTest, AnAdWithAnUnusablePictureIsDrawnOnce) {
+    const QJsonObject bad = banner(QStringLiteral("bad"), 1000);
+    server.faults().set(QStringLiteral("/media/bad.gif"),
+                        Fault::statusCode(503, "<html>busy</html>"));
+    useBanners({bad, banner(QStringLiteral("good"))});
+    for (int i = 0; i < 8; ++i)
+        ASSERT_TRUE(loadAndWait());
+    EXPECT_EQ(loader->ready().name, QStringLiteral("good"));
+    // Nor from another table, nor from the cached ads.
+    table->cacheStorage().addBannerInfo(bad);
+    useBanners({bad});
+    EXPECT_FALSE(table->draw(kMainBannerKey));
+    goOffline();
+    EXPECT_EQ(table->draw(kMainBannerKey)->value(kBannerName).toString(), QStringLiteral("good"));
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/bad.gif")), 1);
+}
+
+TEST_F(BannerLoaderTest, ASlowPictureDoesNotHoldUpTheOthersForLongerThanATurn) {
+    VirtualTime time;
+    useBanners({banner(QStringLiteral("slow"))});
+    server.faults().set(QStringLiteral("/media/slow.gif"), Fault::hang());
+    loader->loadNext({});
+    useBanners({banner(QStringLiteral("slow")), banner(QStringLiteral("quick"))});
+    time.advance(14);
+    loader->loadNext({});
+    EXPECT_EQ(loader->drawnAd().value(kBannerName).toString(), QStringLiteral("slow"));
+    time.advance(2);
+    ASSERT_TRUE(loadAndWait());
+    EXPECT_EQ(loader->ready().name, QStringLiteral("quick"));
+    // The slow one is drawn again, but not asked for again.
+    bool isLoaded = false;
+    loader->loadNext([&](const BannerAd &, bool) { isLoaded = true; });
+    EXPECT_FALSE(isLoaded);
+    server.faults().clear();
+    EXPECT_TRUE(eventually([&] { return isLoaded; }));
+    EXPECT_EQ(loader->ready().name, QStringLiteral("slow"));
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 1);
 }
 
 TEST_F(BannerLoaderTest, WithoutAnAdTheCompletionIsCalledInsideTheCall) {

@@ -17,7 +17,7 @@ using adserver::Fault;
 class VideoLoaderTest : public LocalAdServer {
 protected:
     void useVideo(const QJsonObject &ad) {
-        table->setReply(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+        table->setReply(AdReply::of(QJsonObject{{kMainVideoKey, QJsonArray{ad}}}));
     }
 
     bool waitForStill() {

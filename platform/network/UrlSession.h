@@ -45,6 +45,8 @@ struct UrlResponse {
     QString error;
     /// Nothing was sent, because the request was not allowed or was cancelled before.
     bool isRefused = false;
+    /// The destination could not be made or written.
+    bool couldNotWrite = false;
     /// The HTTP status; 0 when there was no reply.
     int status = 0;
     QByteArray body;

@@ -41,7 +41,14 @@ UrlTransfer::~UrlTransfer() {
 bool UrlTransfer::refuse(const QString &reason) {
     m_response = {};
     m_response.error = reason;
+    m_response.couldNotWrite = m_couldNotWrite;
     m_file.reset();
+    return false;
+}
+
+bool UrlTransfer::refuseFile(const QString &reason) {
+    m_refusal = reason;
+    m_couldNotWrite = true;
     return false;
 }
 
@@ -187,10 +194,7 @@ bool UrlTransfer::takeBody(const char *data, qint64 size) {
     }
     if (!m_file && !openFile())
         return false;
-    if (m_file->write(data, size) == size)
-        return true;
-    m_refusal = m_file->errorString();
-    return false;
+    return m_file->write(data, size) == size || refuseFile(m_file->errorString());
 }
 
 bool UrlTransfer::openFile() {
@@ -198,10 +202,8 @@ bool UrlTransfer::openFile() {
     m_file = std::make_unique<QSaveFile>(m_request.destination);
     // A link's target lies wherever somebody pointed it.
     if (QFileInfo(m_request.destination).isSymLink())
-        m_refusal = QStringLiteral("%1 is a symbolic link").arg(m_request.destination);
-    else if (!m_file->open(QIODevice::WriteOnly))
-        m_refusal = m_file->errorString();
-    return m_refusal.isEmpty();
+        return refuseFile(QStringLiteral("%1 is a symbolic link").arg(m_request.destination));
+    return m_file->open(QIODevice::WriteOnly) || refuseFile(m_file->errorString());
 }
 
 bool UrlTransfer::goesOnAfter(CURLcode result) {
@@ -220,8 +222,10 @@ bool UrlTransfer::goesOnAfter(CURLcode result) {
     const bool endedAtItsHead = m_hasHead && (m_request.ignoresBody || !next.isEmpty());
     if (result != CURLE_OK && !endedAtItsHead)
         return refuse(errorOf(result));
-    if (m_file && !m_file->commit())
-        return refuse(m_file->errorString());
+    if (m_file && !m_file->commit()) {
+        refuseFile(m_file->errorString());
+        return refuse(m_refusal);
+    }
     m_file.reset();
     return false;
 }

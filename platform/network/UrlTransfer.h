@@ -43,6 +43,8 @@ private:
 
     /// Makes the response an error. Returns false, for callers to return.
     bool refuse(const QString &reason);
+    /// The same for a destination that can't be written.
+    bool refuseFile(const QString &reason);
     /// The same, and tells whether the request was sent.
     bool refuseUnsent(const QString &reason);
     bool isAllowed() const;
@@ -78,6 +80,7 @@ private:
     bool m_hasHead = false;
     bool m_wasSent = false;
     bool m_isForbidden = false;
+    bool m_couldNotWrite = false;
 };
 
 } // namespace velmora

@@ -33,8 +33,12 @@ void collect(QtMsgType type, const QMessageLogContext &context, const QString &m
 
 } // namespace
 
-QString cachesFolder() {
+QString hostCachesFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+}
+
+QString cachesFolder() {
+    return hostCachesFolder() + QStringLiteral("/Velmora");
 }
 
 void putInCaches(const QString &name, const QByteArray &bytes) {
@@ -75,7 +79,7 @@ void FreshProcess::clearDisk() {
     UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
     UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
     ProcessRoot::drop();
-    QDir(cachesFolder()).removeRecursively();
+    QDir(hostCachesFolder()).removeRecursively();
 }
 
 void FreshProcess::useDeployment(const Deployment &deployment) {

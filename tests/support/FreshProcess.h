@@ -34,7 +34,8 @@ private:
     static void clearDisk();
 };
 
-/// The caches folder of the tests' host.
+/// The caches folder of the tests' host, and the framework's folder in it.
+QString hostCachesFolder();
 QString cachesFolder();
 /// Puts a file into the caches folder.
 void putInCaches(const QString &name, const QByteArray &bytes);

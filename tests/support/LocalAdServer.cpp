@@ -40,8 +40,10 @@ QJsonObject LocalAdServer::banner(const QString &name, double priority) {
 QJsonObject LocalAdServer::video(const QString &name, double priority) {
     const QString file = QStringLiteral("/media/%1.mp4").arg(name);
     const QString still = QStringLiteral("/media/%1.png").arg(name);
-    server.campaign().setMedia(file, "not a film");
-    server.campaign().setMedia(still, "not a picture");
+    server.campaign().setMedia(file, QByteArray("\0\0\0\x18"
+                                                "ftypisom",
+                                                12));
+    server.campaign().setMedia(still, gif({Qt::green}));
     return {{QStringLiteral("VLMAppName"), name},
             {QStringLiteral("video_file_landscape"), file},
             {QStringLiteral("image"), still},

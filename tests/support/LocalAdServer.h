@@ -22,7 +22,7 @@ protected:
 
     /// A banner ad; the server serves its picture as "/media/NAME.gif".
     QJsonObject banner(const QString &name, double priority = 1);
-    /// A video ad; the server serves a few bytes as its video ("/media/NAME.mp4") and its still
+    /// A video ad; the server serves the first bytes of a film as its video ("/media/NAME.mp4") and its still
     /// ("/media/NAME.png").
     QJsonObject video(const QString &name, double priority = 1);
     /// Sets the reply to the ad request.

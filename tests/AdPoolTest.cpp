@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "WeightedSelection.h"
+#include "AdPool.h"
+#include "AdKeys.h"
 #include "tests/support/TestRandom.h"
 
 #include <gtest/gtest.h>
@@ -21,20 +22,27 @@ QJsonObject ad(const char *name, const QJsonValue &weight = QJsonValue::Undefine
     return object;
 }
 
+std::string nameOf(const std::optional<QJsonObject> &ad) {
+    return ad ? ad->value(Name).toString().toStdString() : "nothing";
+}
+
 std::string drawn(const QJsonArray &ads, const QJsonObject &excluded = {}) {
-    const auto result = WeightedSelection::draw(ads, excluded, Weight);
-    return result ? result->value(Name).toString().toStdString() : "nothing";
+    AdPool pool(kMainBannerKey);
+    pool.addPlacement(ads);
+    return nameOf(pool.draw(excluded));
 }
 
 } // namespace
 
-TEST(WeightedSelectionTest, FrequenciesFollowTheWeights) {
+TEST(AdPoolTest, FrequenciesFollowTheWeights) {
     SeededRandom random(20);
     const QJsonArray ads{ad("a", 1), ad("b", QStringLiteral("2")), ad("c", 3), ad("never", 0)};
     constexpr int Draws = 60'000;
+    AdPool pool(kMainBannerKey);
+    pool.addPlacement(ads);
     std::map<std::string, int> counts;
     for (int i = 0; i < Draws; ++i)
-        ++counts[drawn(ads)];
+        ++counts[nameOf(pool.draw())];
     for (const auto &[name, share] : {std::pair{"a", 1 / 6.0}, {"b", 2 / 6.0}, {"c", 3 / 6.0}}) {
         // Five standard deviations: a correct draw exceeds them with about one seed in a million.
         const double allowed = 5 * std::sqrt(Draws * share * (1 - share));
@@ -44,7 +52,7 @@ TEST(WeightedSelectionTest, FrequenciesFollowTheWeights) {
     EXPECT_EQ(counts.count("nothing"), 0u);
 }
 
-TEST(WeightedSelectionTest, IntervalsAreHalfOpenInOrder) {
+TEST(AdPoolTest, IntervalsAreHalfOpenInOrder) {
     const QJsonArray ads{ad("a", 2), ad("zero", 0), ad("b", 3)};
     const char *expected[] = {"a", "a", "b", "b", "b", "a"};
     for (quint32 number = 0; number < 6; ++number) {
@@ -55,7 +63,7 @@ TEST(WeightedSelectionTest, IntervalsAreHalfOpenInOrder) {
     EXPECT_EQ(drawn(ads), expected[0xffffffffu % 5]);
 }
 
-TEST(WeightedSelectionTest, TheExcludedAdIsDrawnOnlyWhenItIsTheOnlyOne) {
+TEST(AdPoolTest, TheExcludedAdIsDrawnOnlyWhenItIsTheOnlyOne) {
     FixedRandom random(0);
     const QJsonObject current = ad("a", 1);
     EXPECT_EQ(drawn({current, ad("b", 1)}, current), "b");
@@ -66,7 +74,7 @@ TEST(WeightedSelectionTest, TheExcludedAdIsDrawnOnlyWhenItIsTheOnlyOne) {
     EXPECT_EQ(drawn({current, current}, current), "nothing");
 }
 
-TEST(WeightedSelectionTest, WeightsPairWithAdsByPosition) {
+TEST(AdPoolTest, WeightsPairWithAdsByPosition) {
     FixedRandom random(4);
     EXPECT_EQ(drawn({ad("unweighted"), ad("five", 5)}), "unweighted");
     EXPECT_EQ(drawn({ad("null", QJsonValue::Null), ad("five", 5)}), "null");
@@ -74,7 +82,7 @@ TEST(WeightedSelectionTest, WeightsPairWithAdsByPosition) {
     EXPECT_EQ(drawn({ad("a", 3), ad("unweighted"), ad("c", 4)}), "unweighted");
 }
 
-TEST(WeightedSelectionTest, FractionsRoundHalfAwayFromZero) {
+TEST(AdPoolTest, FractionsRoundHalfAwayFromZero) {
     // 0.5 + 0.5 = 1 in total, and the first interval is 1 long already.
     FixedRandom random(0);
     EXPECT_EQ(drawn({ad("a", 0.5), ad("b", 0.5)}), "a");
@@ -88,7 +96,7 @@ TEST(WeightedSelectionTest, FractionsRoundHalfAwayFromZero) {
     EXPECT_EQ(drawn({ad("a", 1.4), ad("b", 1.4), ad("c", 1.4)}), "nothing");
 }
 
-TEST(WeightedSelectionTest, ATotalOfZeroOrLessDrawsNothing) {
+TEST(AdPoolTest, ATotalOfZeroOrLessDrawsNothing) {
     FixedRandom random(7);
     for (const QJsonArray &ads :
          {QJsonArray{}, QJsonArray{ad("a")}, QJsonArray{ad("a", 0), ad("b", 0)},

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "AdTableFile.h"
+
+#include "AdCollection.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QJsonDocument>
+
+namespace velmora {
+
+std::optional<QJsonObject> AdTableFile::read(const QString &path) {
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    AdCollection table;
+    bool isUsable = false;
+    int unreadable = 0;
+    const QList<QByteArray> lines = file.read(LargestSize).split('\n');
+    for (const QByteArray &line : lines) {
+        const QJsonDocument part = QJsonDocument::fromJson(line);
+        if (part.isObject()) {
+            table.merge(part.object());
+            isUsable = true;
+        } else if (!line.isEmpty()) {
+            ++unreadable;
+        }
+    }
+    if (unreadable > 0)
+        LOG(QStringLiteral("%1 lines of the ad table %2 are unreadable").arg(unreadable).arg(path));
+    return isUsable ? std::optional(table.toJson()) : std::nullopt;
+}
+
+bool AdTableFile::append(const QString &path, const QJsonObject &part) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    // Unbuffered, so that the line is written at once and is not mixed with another process's.
+    if (!file.open(QIODevice::Append | QIODevice::Unbuffered))
+        return false;
+    const qint64 before = file.size();
+    if (before > LargestSize)
+        return false;
+    // Begins with the end of the line before, which may have been cut off.
+    const QByteArray line = '\n' + QJsonDocument(part).toJson(QJsonDocument::Compact);
+    const qint64 written = file.write(line);
+    if (written == line.size())
+        return true;
+    if (written > 0 && file.size() == before + written)
+        file.resize(before);
+    return false;
+}
+
+} // namespace velmora

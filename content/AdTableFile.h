@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace velmora {
+
+/// The persisted ad table: a text file of JSON objects, one a line. Each line is a part of the
+/// table; together they are the whole. New ads are appended, so that adding one costs the same
+/// however large the table is, and processes that append at the same time lose nothing. A line that
+/// was cut off, because the disk was full or the process was killed, is skipped.
+class AdTableFile {
+public:
+    /// A file grows no further, and no more of it is read.
+    static constexpr qint64 LargestSize = 64 * 1024 * 1024;
+
+    /// The union of the file's lines, without repeated ads; nothing when the file is missing or has
+    /// no usable line.
+    static std::optional<QJsonObject> read(const QString &path);
+
+    /// Appends a part of the table; makes the file and its folder if they are missing.
+    /// @return false when it could not be written, or only in part
+    static bool append(const QString &path, const QJsonObject &part);
+};
+
+} // namespace velmora

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "FrameDecoder.h"
+
+#include "PictureFile.h"
+
+#include <QtGui/QImageReader>
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+constexpr int ShortestDelayMs = 20;
+
+bool isOpaque(const QImage &image) {
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (!std::all_of(line, line + image.width(),
+                         [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+// Opaque pictures are drawn several times as fast as those with transparency.
+QImage drawable(const QImage &image) {
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage converted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (isOpaque(converted))
+        converted.reinterpretAsFormat(QImage::Format_RGB32);
+    return converted;
+}
+
+QImage scaled(const QImage &image, const QSize &size) {
+    return drawable(image.size() == size
+                        ? image
+                        : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+} // namespace
+
+FrameDecoder::FrameDecoder(const PictureFile &file)
+    : m_path(file.path()), m_isAnimation(file.isAnimation()) {
+    if (m_isAnimation) {
+        open();
+        m_repeatsLeft = m_reader->loopCount();
+    }
+}
+
+FrameDecoder::FrameDecoder(const QImage &image) : m_current(image) {}
+
+FrameDecoder::~FrameDecoder() = default;
+
+void FrameDecoder::open() {
+    m_reader = std::make_unique<QImageReader>(m_path);
+    m_framesOfPass = 0;
+}
+
+bool FrameDecoder::rewindAfterLastFrame() {
+    // A file whose frames turn out to be one, or none, would be read without end.
+    if (m_repeatsLeft == 0 || m_framesOfPass < 2)
+        return false;
+    if (m_repeatsLeft > 0)
+        --m_repeatsLeft;
+    open();
+    return true;
+}
+
+std::optional<FrameDecoder::Frame> FrameDecoder::next(const QSize &size) {
+    if (!m_isAnimation)
+        return still(size);
+    if (!m_reader->canRead() && !rewindAfterLastFrame())
+        return {};
+    const QImage image = m_reader->read();
+    if (image.isNull()) {
+        if (m_current.isNull())
+            m_error = m_reader->errorString();
+        return {};
+    }
+    ++m_framesOfPass;
+    m_current = image;
+    m_delayMs = std::max(ShortestDelayMs, m_reader->nextImageDelay());
+    return again(size);
+}
+
+std::optional<FrameDecoder::Frame> FrameDecoder::again(const QSize &size) {
+    if (!m_isAnimation)
+        return still(size);
+    return Frame{scaled(m_current, size), m_delayMs};
+}
+
+// A large picture is not kept at its own size, and some formats decode a smaller one faster.
+std::optional<FrameDecoder::Frame> FrameDecoder::still(const QSize &size) {
+    if (!m_current.isNull())
+        return Frame{scaled(m_current, size)};
+    QImageReader reader(m_path);
+    reader.setScaledSize(size);
+    const QImage image = reader.read();
+    if (!image.isNull())
+        return Frame{drawable(image)};
+    m_error = reader.errorString();
+    return {};
+}
+
+} // namespace velmora

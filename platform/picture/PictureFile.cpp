@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PictureFile.h"
+
+#include <QtGui/QImageReader>
+
+namespace velmora {
+
+PictureFile::PictureFile(const QString &path) : m_path(path) {
+    // The format is told by the suffix first: to tell it by the content, Qt would load every image
+    // plugin.
+    QImageReader reader(path);
+    if (!reader.canRead()) {
+        m_refusal = reader.errorString();
+        return;
+    }
+    const QSize size = reader.size();
+    m_isAnimation = reader.supportsAnimation() && reader.imageCount() != 1;
+    const qint64 pixels = qint64(size.width()) * size.height();
+    const qint64 most = m_isAnimation ? MostAnimatedPixels : MostStillPixels;
+    if (size.isEmpty())
+        m_refusal = QStringLiteral("its size is not known");
+    else if (pixels > most)
+        m_refusal = QStringLiteral("it is too large: %1x%2 pixels, and %3 are allowed")
+                        .arg(size.width())
+                        .arg(size.height())
+                        .arg(most);
+    else
+        m_size = size;
+}
+
+QString PictureFile::decodingError() const {
+    if (!m_refusal.isEmpty())
+        return m_refusal;
+    QImageReader reader(m_path);
+    return reader.read().isNull() ? reader.errorString() : QString();
+}
+
+} // namespace velmora

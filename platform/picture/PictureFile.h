@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+
+namespace velmora {
+
+/// A picture file, looked at but not decoded: only its header is read. Any thread.
+///
+/// A small file can declare a picture that takes seconds and gigabytes to decode. Those over the
+/// limits are refused.
+class PictureFile {
+public:
+    /// Pixels of one frame of an animation, which is decoded again and again.
+    static constexpr qint64 MostAnimatedPixels = 2'000'000;
+    static constexpr qint64 MostStillPixels = 24'000'000;
+
+    explicit PictureFile(const QString &path);
+
+    const QString &path() const { return m_path; }
+    /// Why the file is refused; empty when it may be decoded.
+    const QString &refusal() const { return m_refusal; }
+    /// In pixels; empty when the file is refused.
+    QSize size() const { return m_size; }
+    /// True when there is more than one frame, or their number is not known.
+    bool isAnimation() const { return m_isAnimation; }
+
+    /// Decodes the first frame. Takes a while.
+    /// @return why it can't be decoded; empty when it can
+    QString decodingError() const;
+
+private:
+    QString m_path;
+    QString m_refusal;
+    QSize m_size;
+    bool m_isAnimation = false;
+};
+
+} // namespace velmora

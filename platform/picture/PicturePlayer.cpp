@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PicturePlayer.h"
+
+#include "Log.h"
+#include "MainQueue.h"
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
+
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+// Two queues, so that a large still does not hold up animations.
+class AnimationQueue : public SerialQueue {
+public:
+    AnimationQueue() : SerialQueue("velmora-frames") {}
+};
+
+class StillQueue : public SerialQueue {
+public:
+    StillQueue() : SerialQueue("velmora-stills") {}
+};
+
+void runOnQueue(bool isAnimation, std::function<void()> work) {
+    if (isAnimation)
+        ProcessRoot::get<AnimationQueue>().run(std::move(work));
+    else
+        ProcessRoot::get<StillQueue>().run(std::move(work));
+}
+
+} // namespace
+
+PicturePlayer::PicturePlayer(std::shared_ptr<FrameDecoder> decoder, std::function<void()> changed)
+    : m_decoder(std::move(decoder)), m_changed(std::move(changed)) {}
+
+PicturePlayer::~PicturePlayer() {
+    Timer::cancel(m_timer);
+}
+
+void PicturePlayer::drawn(const QSize &size) {
+    m_size = size;
+    m_isDrawn = true;
+    if (m_next && !m_timer)
+        MainQueue::post([this, alive = std::weak_ptr(m_alive)] {
+            if (!alive.expired() && m_next)
+                present(*std::exchange(m_next, {}));
+        });
+    decode();
+}
+
+void PicturePlayer::decode() {
+    const bool hasFrame = !m_frame.isNull();
+    const bool isAgain = hasFrame && m_frameSize != m_size;
+    const bool isWanted =
+        isAgain || (!m_hasEnded && !m_next && m_isDrawn && (!hasFrame || m_decoder->isAnimation()));
+    if (m_isDecoding || !isWanted)
+        return;
+    m_isDecoding = true;
+    runOnQueue(m_decoder->isAnimation(),
+               [this, decoder = m_decoder, size = m_size, isAgain, alive = std::weak_ptr(m_alive)] {
+                   const Result result = isAgain ? decoder->again(size) : decoder->next(size);
+                   MainQueue::post([this, result, size, isAgain, alive] {
+                       if (!alive.expired())
+                           decoded(result, size, isAgain);
+                   });
+               });
+}
+
+void PicturePlayer::decoded(const Result &result, const QSize &size, bool isAgain) {
+    m_isDecoding = false;
+    m_frameSize = size;
+    if (!result) {
+        m_hasEnded = true;
+        if (hasFailed()) {
+            Log::write(QStringLiteral("picture not drawn: %1").arg(m_decoder->error()));
+            m_changed();
+        }
+        return;
+    }
+    ++m_frameCount;
+    // At another size, the frame that was decoded ahead is the one that comes again.
+    if (isAgain || m_frame.isNull() || (!m_timer && m_isDrawn)) {
+        m_next.reset();
+        present(*result);
+    } else {
+        m_next = result;
+    }
+}
+
+void PicturePlayer::present(const FrameDecoder::Frame &frame) {
+    m_frame = QPixmap::fromImage(frame.image, Qt::NoOpaqueDetection);
+    m_isDrawn = false;
+    Timer::cancel(m_timer);
+    if (m_decoder->isAnimation() && !m_hasEnded) {
+        m_timer = Timer::scheduled(frame.delayMs / 1000.0, Timer::Kind::OneShot, [this] {
+            m_timer.reset();
+            if (m_next && m_isDrawn)
+                present(*std::exchange(m_next, {}));
+        });
+        m_timer->setFiresDuringTracking();
+    }
+    m_changed();
+}
+
+} // namespace velmora
