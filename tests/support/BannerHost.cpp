@@ -35,7 +35,17 @@ BannerController *BannerHost::addBanner() {
     return current();
 }
 
-bool BannerHost::shows(const QString &name) {
+BannerController *BannerHost::showOneOf(const QStringList &names) {
+    QJsonArray ads;
+    for (const QString &name : names)
+        ads.append(banner(name));
+    serve(ads);
+    addBanner();
+    EXPECT_TRUE(eventually([&] { return current() && names.contains(current()->selectBanner()); }));
+    return current();
+}
+
+bool BannerHost::shows(QAnyStringView name) {
     return eventually([&] { return current() && current()->selectBanner() == name; });
 }
 

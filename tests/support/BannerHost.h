@@ -21,8 +21,12 @@ protected:
     BannerController *addBanner();
     BannerController *current() { return Velmora::BControllFromWindow(window.get()); }
 
+    /// Serves banner ads of these names, adds a banner to the window and waits until it shows one
+    /// of them. @return the window's banner
+    BannerController *showOneOf(const QStringList &names);
+
     /// Waits until a banner with this name is shown.
-    bool shows(const QString &name);
+    bool shows(QAnyStringView name);
     /// Waits until any house banner is shown.
     bool showsHouseBanner();
 

@@ -20,6 +20,15 @@ inline void sayPartDone() {
     std::fflush(stdout);
 }
 
+/// An application object that a child test makes some time after the start of main().
+template<class Application = QCoreApplication>
+struct LateApplication {
+    int count = 1;
+    char name[5] = "host";
+    char *arguments[2] = {name, nullptr};
+    Application application{count, arguments};
+};
+
 /// Runs one test of this program in a child process, with VELMORA_TEST_CHILD and further variables
 /// in its environment, and expects it to call sayPartDone() and to end with status 0. The name of a
 /// test that is only to run as a child begins with DISABLED_.

@@ -8,7 +8,6 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QStandardPaths>
 
 #include <cstring>
@@ -38,25 +37,29 @@ QString hostCachesFolder() {
 }
 
 QString cachesFolder() {
-    return hostCachesFolder() + QStringLiteral("/Velmora");
+    return hostCachesFolder() + "/Velmora";
 }
 
-void putInCaches(const QString &name, const QByteArray &bytes) {
+void putInCaches(QAnyStringView name, const QByteArray &bytes) {
     QDir().mkpath(cachesFolder());
-    QFile file(cachesFolder() + QLatin1Char('/') + name);
+    QFile file(cachesFolder() + QLatin1Char('/') + name.toString());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
 }
 
 FreshProcess::FreshProcess() {
     restartProcess();
-    if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD"))
-        clearDisk();
+    if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
+        UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
+        UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
+        ProcessRoot::drop();
+        QDir(cachesFolder()).removeRecursively();
+    }
     Deployment deployment = Deployment::builtIn();
     deployment.acsURL = QStringLiteral("https://127.0.0.1:1");
     deployment.storeLookupURL = deployment.acsURL;
     deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
-    useDeployment(deployment);
+    Deployment::replace(deployment);
     const std::lock_guard lock(s_logMutex);
     s_log.clear();
     s_previous = qInstallMessageHandler(collect);
@@ -75,24 +78,13 @@ void FreshProcess::restartProcess() {
     ProcessRoot::drop();
 }
 
-void FreshProcess::clearDisk() {
-    UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
-    UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
-    ProcessRoot::drop();
-    QDir(hostCachesFolder()).removeRecursively();
-}
-
-void FreshProcess::useDeployment(const Deployment &deployment) {
-    Deployment::replace(deployment);
-}
-
 QStringList FreshProcess::logged() {
     const std::lock_guard lock(s_logMutex);
     return s_log;
 }
 
-bool FreshProcess::hasLogged(const QString &part) {
-    return !logged().filter(part).isEmpty();
+qsizetype FreshProcess::timesLogged(QAnyStringView part) {
+    return logged().filter(part.toString()).size();
 }
 
 } // namespace velmora::test

@@ -26,18 +26,14 @@ protected:
 
     /// The framework's log lines so far. Debug lines are among them only in debug mode.
     static QStringList logged();
-    static bool hasLogged(const QString &part);
-
-    static void useDeployment(const Deployment &deployment);
-
-private:
-    static void clearDisk();
+    static qsizetype timesLogged(QAnyStringView part);
+    static bool hasLogged(QAnyStringView part) { return timesLogged(part) > 0; }
 };
 
 /// The caches folder of the tests' host, and the framework's folder in it.
 QString hostCachesFolder();
 QString cachesFolder();
 /// Puts a file into the caches folder.
-void putInCaches(const QString &name, const QByteArray &bytes);
+void putInCaches(QAnyStringView name, const QByteArray &bytes);
 
 } // namespace velmora::test

@@ -13,7 +13,7 @@ public:
     HostName(const HostName &) = delete;
     HostName &operator=(const HostName &) = delete;
 
-    static void set(const QString &name) { QCoreApplication::setApplicationName(name); }
+    static void set(QAnyStringView name) { QCoreApplication::setApplicationName(name.toString()); }
 
 private:
     const QString m_before;

@@ -9,7 +9,7 @@ namespace velmora::test {
 
 LocalAdServer::LocalAdServer() : baseUrl(server.start()) {
     EXPECT_FALSE(baseUrl.isEmpty()) << qPrintable(server.errorString());
-    useDeployment(deployment());
+    goOnline();
 }
 
 Deployment LocalAdServer::deployment() const {
@@ -24,10 +24,15 @@ Deployment LocalAdServer::deployment() const {
 void LocalAdServer::goOffline() {
     Deployment values = deployment();
     values.reachabilityProbe = QStringLiteral("none"); // not an address, so never reachable
-    useDeployment(values);
+    Deployment::replace(values);
 }
 
-QJsonObject LocalAdServer::banner(const QString &name, double priority) {
+void LocalAdServer::goOnline() {
+    Deployment::replace(deployment());
+}
+
+QJsonObject LocalAdServer::banner(QAnyStringView anyName, double priority) {
+    const QString name = anyName.toString();
     const QString path = QStringLiteral("/media/%1.gif").arg(name);
     server.campaign().setMedia(path, gif({Qt::red, Qt::blue}));
     return {{QStringLiteral("name"), name},
@@ -37,7 +42,8 @@ QJsonObject LocalAdServer::banner(const QString &name, double priority) {
              QStringLiteral("https://apps.velmora-store.example/app/id%1").arg(name)}};
 }
 
-QJsonObject LocalAdServer::video(const QString &name, double priority) {
+QJsonObject LocalAdServer::video(QAnyStringView anyName, double priority) {
+    const QString name = anyName.toString();
     const QString file = QStringLiteral("/media/%1.mp4").arg(name);
     const QString still = QStringLiteral("/media/%1.png").arg(name);
     server.campaign().setMedia(file, QByteArray("\0\0\0\x18"

@@ -14,22 +14,25 @@ class LocalAdServer : public FreshProcess {
 protected:
     LocalAdServer();
 
-    /// The deployment values that lead to the server.
-    Deployment deployment() const;
-
-    /// Makes the internet unreachable for the framework; useDeployment(deployment()) undoes it.
+    /// Makes the internet unreachable for the framework, or reachable again.
     void goOffline();
+    void goOnline();
 
     /// A banner ad; the server serves its picture as "/media/NAME.gif".
-    QJsonObject banner(const QString &name, double priority = 1);
-    /// A video ad; the server serves the first bytes of a film as its video ("/media/NAME.mp4") and its still
+    QJsonObject banner(QAnyStringView name, double priority = 1);
+    /// A video ad; the server serves the first bytes of a film
+    /// ("/media/NAME.mp4") and its still
     /// ("/media/NAME.png").
-    QJsonObject video(const QString &name, double priority = 1);
+    QJsonObject video(QAnyStringView name, double priority = 1);
     /// Sets the reply to the ad request.
     void serve(const QJsonArray &banners, const QJsonArray &videos = {});
 
     adserver::AdServer server;
     QString baseUrl;
+
+private:
+    /// The deployment values that lead to the server.
+    Deployment deployment() const;
 };
 
 /// The path of the ad request.

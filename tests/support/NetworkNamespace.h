@@ -99,6 +99,25 @@ inline int watcherWakeUps() {
     return sum;
 }
 
+/// Puts a file in the place of one of the system's, in the test's namespace and until that ends.
+class FileInstead {
+public:
+    explicit FileInstead(const char *path) {
+        EXPECT_TRUE(m_file.open());
+        const QByteArray name = QFile::encodeName(m_file.fileName());
+        EXPECT_EQ(mount(name.constData(), path, nullptr, MS_BIND, nullptr), 0);
+    }
+    void write(const QByteArray &content) {
+        m_file.resize(0);
+        m_file.seek(0);
+        m_file.write(content);
+        m_file.flush();
+    }
+
+private:
+    QTemporaryFile m_file;
+};
+
 /// A test that changes real routes. Each test runs itself once more in a child process, which has a
 /// network namespace of its own: the test's body is for isInside().
 class NetworkNamespaceTest : public testing::Test {

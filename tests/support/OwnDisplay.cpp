@@ -3,6 +3,7 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QThread>
+#include <QtGui/QScreen>
 
 #include <csignal>
 #ifdef __linux__
@@ -69,6 +70,19 @@ QString runOnDisplay(const QString &program, const QStringList &arguments) {
     process.start(program, arguments);
     process.waitForFinished(20000);
     return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+void clickOnDisplay(const QWidget *widget, QPoint point) {
+    const QPoint global = widget->mapToGlobal(point);
+    runOnDisplay(QStringLiteral("xdotool"),
+                 {QStringLiteral("mousemove"), QString::number(global.x()),
+                  QString::number(global.y()), QStringLiteral("click"), QStringLiteral("1")});
+}
+
+QColor colorOnDisplay(const QWidget *widget, QPoint point) {
+    const QPoint global = widget->mapToGlobal(point);
+    const QPixmap pixel = widget->screen()->grabWindow(0, global.x(), global.y(), 1, 1);
+    return pixel.toImage().pixelColor(0, 0);
 }
 
 } // namespace velmora::test

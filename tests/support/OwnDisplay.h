@@ -3,6 +3,8 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QString>
+#include <QtGui/QColor>
+#include <QtWidgets/QWidget>
 
 namespace velmora::test {
 
@@ -26,5 +28,11 @@ private:
 
 /// Runs a program on the display until it ends. @return its standard output
 QString runOnDisplay(const QString &program, const QStringList &arguments);
+
+/// Clicks with the mouse on a point of a widget.
+void clickOnDisplay(const QWidget *widget, QPoint point);
+
+/// The colour that the display shows at a point of a widget.
+QColor colorOnDisplay(const QWidget *widget, QPoint point);
 
 } // namespace velmora::test

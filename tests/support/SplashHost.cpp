@@ -33,9 +33,9 @@ SplashHost::~SplashHost() {
     restartProcess();
 }
 
-QWidget *SplashHost::openWindow(const QString &name) {
+QWidget *SplashHost::openWindow(QAnyStringView name) {
     auto *window = new QWidget;
-    window->setObjectName(name);
+    window->setObjectName(name.toString());
     window->resize(640, 480);
     window->show();
     m_windows.emplace_back(window);
@@ -43,7 +43,7 @@ QWidget *SplashHost::openWindow(const QString &name) {
     return window;
 }
 
-QWidget *SplashHost::openRegistered(const QString &name) {
+QWidget *SplashHost::openRegistered(QAnyStringView name) {
     QWidget *window = openWindow(name);
     Velmora::addSplashScreenToWindow(window);
     handleEvents();
@@ -68,7 +68,7 @@ QString SplashHost::videoCountdown(QWidget *window) {
 }
 
 void SplashHost::useUnplayableVideo() {
-    putInCaches(QStringLiteral("broken.mp4"), "no video");
+    putInCaches("broken.mp4", "no video");
     Velmora::setDefaultVideoWithURL(
         QUrl::fromLocalFile(cachesFolder() + QStringLiteral("/broken.mp4")), {});
 }

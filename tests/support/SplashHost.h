@@ -9,8 +9,6 @@
 
 #include <QtWidgets/QWidget>
 
-#include <map>
-
 namespace velmora::test {
 
 /// A host with windows of its own, virtual time and no ad server.
@@ -28,9 +26,9 @@ protected:
     ~SplashHost() override;
 
     /// Opens a window, which becomes key.
-    QWidget *openWindow(const QString &name);
+    QWidget *openWindow(QAnyStringView name);
     /// Opens a window that is registered for splash screens.
-    QWidget *openRegistered(const QString &name);
+    QWidget *openRegistered(QAnyStringView name);
     void activate(QWidget *window);
     void closeWindow(QWidget *window) { delete window; }
 
@@ -57,6 +55,12 @@ private:
     std::vector<QPointer<QWidget>> m_windows;
     std::vector<NotificationCenter::Observation> m_observations;
     QStringList m_heard;
+};
+
+/// The same with a window that is registered for splash screens.
+class RegisteredHost : public SplashHost {
+protected:
+    QWidget *window = openRegistered("main");
 };
 
 } // namespace velmora::test
