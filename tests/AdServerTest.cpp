@@ -1,7 +1,126 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/support/AdServerFixture.h"
+#include "adserver/AdServer.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslSocket>
+
+#include <gtest/gtest.h>
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <memory>
+#include <thread>
+#include <vector>
 
 namespace velmora::test {
+
+using namespace velmora::adserver;
+
+namespace {
+
+constexpr int timeoutMs = 10000;
+
+const QString adPath = QStringLiteral("/api/v1/banners");
+
+void writeFile(const QString &path, const QByteArray &bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+/// A TLS client that sends exactly the given bytes; QNetworkAccessManager would normalise them.
+class RawClient {
+public:
+    explicit RawClient(const AdServer &server) {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(QSslCertificate::fromData(server.caPem()));
+        m_socket.setSslConfiguration(configuration);
+        m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port(server));
+        EXPECT_TRUE(m_socket.waitForEncrypted(timeoutMs)) << qPrintable(m_socket.errorString());
+    }
+
+    static quint16 port(const AdServer &server) {
+        return static_cast<quint16>(QUrl(server.baseUrl()).port());
+    }
+
+    void send(const QByteArray &bytes) {
+        m_socket.write(bytes);
+        m_socket.flush();
+        while (m_socket.encryptedBytesToWrite() > 0 && m_socket.waitForBytesWritten(timeoutMs)) {
+        }
+    }
+
+    /// The head of the next response, and the body if the head declares its length.
+    QByteArray receive() {
+        QByteArray bytes;
+        qsizetype wanted = -1;
+        while (wanted < 0 || bytes.size() < wanted) {
+            if (m_socket.bytesAvailable() == 0 && !m_socket.waitForReadyRead(timeoutMs)) {
+                break;
+            }
+            bytes += m_socket.readAll();
+            const qsizetype head = bytes.indexOf("\r\n\r\n");
+            if (wanted < 0 && head >= 0) {
+                wanted =
+                    head + 4 + RecordedRequest::fromWire(bytes).header("Content-Length").toInt();
+            }
+        }
+        return bytes;
+    }
+
+    /// Waits until the server ends the TCP connection: 0 when it was closed in good order,
+    /// otherwise the error.
+    int waitForEnd() {
+        const int descriptor = static_cast<int>(m_socket.socketDescriptor());
+        char rest[4096];
+        for (;;) {
+            pollfd entry{descriptor, POLLIN, 0};
+            if (::poll(&entry, 1, timeoutMs) <= 0) {
+                return ETIMEDOUT;
+            }
+            const ssize_t got = ::recv(descriptor, rest, sizeof rest, 0);
+            if (got <= 0) {
+                return got == 0 ? 0 : errno;
+            }
+        }
+    }
+
+private:
+    QSslSocket m_socket;
+};
+
+} // namespace
+
+/// A running ad server.
+class AdServerTest : public testing::Test {
+protected:
+    struct Answer {
+        int status;
+        QByteArray body;
+    };
+
+    void SetUp() override {
+        ASSERT_FALSE(m_server.start().isEmpty()) << qPrintable(m_server.errorString());
+    }
+
+    Answer ask(const QByteArray &request) const {
+        RawClient client(m_server);
+        client.send(request + " HTTP/1.1\r\nContent-Length: 0\r\n\r\n");
+        const QByteArray bytes = client.receive();
+        return {bytes.mid(9, 3).toInt(), bytes.mid(bytes.indexOf("\r\n\r\n") + 4)};
+    }
+    Answer get(const QByteArray &path) const { return ask("GET " + path); }
+    Answer askForAds() const { return ask("POST " + adPath.toLatin1()); }
+
+    AdServer m_server;
+    QTemporaryDir m_folder;
+};
 
 TEST_F(AdServerTest, RequestsAreRecordedByteForByte) {
     QByteArray body = QByteArray::fromRawData("\0\r\n\r\nGET /fake HTTP/1.1\r\n\xff", 26);
@@ -50,7 +169,7 @@ TEST_F(AdServerTest, UnreadableRequestsAreRefusedAndRecorded) {
 }
 
 TEST_F(AdServerTest, EditsOfTheCampaignFolderShowAtOnce) {
-    EXPECT_EQ(post(adPath).body, R"({"standard":[],"video":[]})");
+    EXPECT_EQ(askForAds().body, R"({"standard":[],"video":[]})");
 
     const QString file = m_folder.filePath(QStringLiteral("campaign.json"));
     const QByteArray video(300000, 'v');
@@ -61,29 +180,29 @@ TEST_F(AdServerTest, EditsOfTheCampaignFolderShowAtOnce) {
     writeFile(m_folder.filePath(QStringLiteral("media/a clip.mp4")), video);
     m_server.campaign().setFolder(m_folder.path());
 
-    EXPECT_EQ(post(adPath).body, one);
-    EXPECT_EQ(get(QStringLiteral("/media/a%20clip.mp4")).body, video);
+    EXPECT_EQ(askForAds().body, one);
+    EXPECT_EQ(get("/media/a%20clip.mp4").body, video);
     writeFile(file, two); // same length, possibly the same time stamp
-    EXPECT_EQ(post(adPath).body, two);
+    EXPECT_EQ(askForAds().body, two);
 
     for (const QByteArray &broken :
          {QByteArray("{ \"standard\": ["), QByteArray("[]"), QByteArray()}) {
         writeFile(file, broken);
-        EXPECT_EQ(post(adPath).body, two) << broken.constData();
+        EXPECT_EQ(askForAds().body, two) << broken.constData();
         EXPECT_FALSE(m_server.campaign().errorString().isEmpty()) << broken.constData();
     }
     ASSERT_TRUE(QFile::remove(file));
-    EXPECT_EQ(post(adPath).body, two);
+    EXPECT_EQ(askForAds().body, two);
     writeFile(file, one);
-    EXPECT_EQ(post(adPath).body, one);
+    EXPECT_EQ(askForAds().body, one);
     EXPECT_TRUE(m_server.campaign().errorString().isEmpty());
 
     m_server.campaign().setReply("not json");
     m_server.campaign().setMedia(QStringLiteral("/media/a clip.mp4"), "short");
-    EXPECT_EQ(post(adPath).body, "not json");
-    EXPECT_EQ(get(QStringLiteral("/media/a%20clip.mp4")).body, "short");
-    EXPECT_EQ(get(adPath).status, 404);
-    EXPECT_EQ(post(QStringLiteral("/elsewhere")).status, 404);
+    EXPECT_EQ(askForAds().body, "not json");
+    EXPECT_EQ(get("/media/a%20clip.mp4").body, "short");
+    EXPECT_EQ(get(adPath.toLatin1()).status, 404);
+    EXPECT_EQ(ask("POST /elsewhere").status, 404);
 }
 
 TEST_F(AdServerTest, NoFileOutsideTheCampaignFolderIsServed) {
@@ -106,11 +225,9 @@ TEST_F(AdServerTest, NoFileOutsideTheCampaignFolderIsServed) {
          {"/../secret", "/sub/../../secret", "/%2e%2e/secret", "/..%2fsecret",
           "/%2e%2e%2fcampaign-other/secret", "/..\\secret", "//secret", "/out.gif", "/dir/secret",
           "/.hidden", "/sub", "/", "/a.gif%00.png", "secret"}) {
-        RawClient client(m_server);
-        client.send(QByteArray("GET ") + target + " HTTP/1.1\r\nHost: x\r\n\r\n");
-        EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 404")) << target;
+        EXPECT_EQ(get(target).status, 404) << target;
     }
-    EXPECT_EQ(get(QStringLiteral("/in.gif")).body, "bytes"); // a link that stays inside
+    EXPECT_EQ(get("/in.gif").body, "bytes"); // a link that stays inside
 }
 
 TEST_F(AdServerTest, LookUpsNameTheApps) {
@@ -120,13 +237,11 @@ TEST_F(AdServerTest, LookUpsNameTheApps) {
     m_server.campaign().setLookupName(QStringLiteral("2"),
                                       QStringLiteral("Photo Editor - Filters"));
 
-    EXPECT_EQ(get(QStringLiteral("/lookup?id=1")).body,
+    EXPECT_EQ(get("/lookup?id=1").body,
               R"({"resultCount":1,"results":[{"trackName":"From file"}]})");
-    EXPECT_EQ(get(QStringLiteral("/lookup?country=de&id=2")).body,
+    EXPECT_EQ(get("/lookup?country=de&id=2").body,
               R"({"resultCount":1,"results":[{"trackName":"Photo Editor - Filters"}]})");
-    for (const char *path : {"/lookup?id=3", "/lookup?id=", "/lookup"}) {
-        EXPECT_EQ(get(QLatin1String(path)).body, R"({"resultCount":0,"results":[]})") << path;
-    }
+    EXPECT_EQ(get("/lookup?id=3").body, R"({"resultCount":0,"results":[]})");
 }
 
 TEST_F(AdServerTest, EventsArrivingTogetherAreAllCounted) {
@@ -162,46 +277,87 @@ TEST_F(AdServerTest, AFailedStartHasAReason) {
     EXPECT_TRUE(other.errorString().isEmpty());
 }
 
-TEST_F(AdServerTest, ClientsRefuseBadCertificates) {
-    const CertificateAuthority stranger;
-    const CertificateAuthority &own = m_server.authority();
-    const std::pair<Identity, const char *> cases[] = {{own.expiredLeaf(), "expired"},
-                                                       {own.wrongHostLeaf(), "wrong host"},
-                                                       {stranger.validLeaf(), "unknown authority"}};
-    const auto restartWith = [this](const Identity &identity) {
-        m_server.stop();
-        m_server.setIdentity(identity);
-        ASSERT_FALSE(m_server.start().isEmpty());
-        m_client.clearConnectionCache(); // it keeps the TLS settings of a host and port
-    };
-    for (const auto &[identity, name] : cases) {
-        restartWith(identity);
-        EXPECT_EQ(get(QStringLiteral("/lookup")).error, QNetworkReply::SslHandshakeFailedError)
-            << name;
-        EXPECT_EQ(m_server.log().count(), 0) << name;
+TEST_F(AdServerTest, TheMostSpecificPatternAppliesUntilItIsUsedUp) {
+    m_server.campaign().setMedia(QStringLiteral("/m/a"), "good");
+    Faults &faults = m_server.faults();
+    faults.set(QStringLiteral("/m/a"), Fault::statusCode(501).times(2));
+    faults.set(QStringLiteral("/m/*"), Fault::statusCode(502).times(1));
+    faults.set(QStringLiteral("*"), Fault::statusCode(503).times(1));
+    QList<int> statuses;
+    for (int i = 0; i < 5; ++i) {
+        statuses << get("/m/a?query").status;
     }
-    m_trusted += stranger.caPem(); // the server still shows the stranger's leaf
-    m_client.clearConnectionCache();
-    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
-    restartWith(own.validLeaf());
-    EXPECT_EQ(get(QStringLiteral("/lookup")).status, 200);
+    EXPECT_EQ(statuses, (QList<int>{501, 501, 502, 503, 200}));
 }
 
-TEST_F(AdServerTest, TheObserverIsToldEveryOutcome) {
+TEST_F(AdServerTest, ConnectionsAreResetOrClosedWithoutAnAnswer) {
+    const QByteArray request = "POST /api/v1/banners HTTP/1.1\r\nContent-Length: 0\r\n\r\n";
+    for (const auto &[fault, end] : {std::pair(Fault::reset(), ECONNRESET),
+                                     {Fault::truncated(), 0},
+                                     {Fault::close(), 0},
+                                     {Fault::stale(), 0}}) {
+        m_server.faults().set(adPath, fault);
+        RawClient client(m_server);
+        client.send(request);
+        if (fault.kind == Fault::Kind::Stale) {
+            EXPECT_TRUE(client.receive().startsWith("HTTP/1.1 "));
+            client.send(request);
+        }
+        EXPECT_EQ(client.waitForEnd(), end);
+    }
+    EXPECT_EQ(m_server.log().count(adPath), 5);
+}
+
+TEST_F(AdServerTest, StopEndsEveryKindOfConnectionAtOnce) {
+    m_server.faults().set(QStringLiteral("/hang"), Fault::hang());
+    m_server.faults().set(QStringLiteral("/slow"), Fault::delay(60000));
+    m_server.faults().set(QStringLiteral("/huge"), Fault::huge(Q_INT64_C(1) << 40));
+    std::vector<std::unique_ptr<RawClient>> clients;
+    for (const char *start :
+         {"GET /hang HTTP/1.1\r\n\r\n", "GET /slow HTTP/1.1\r\n\r\n", "GET /huge HTTP/1.1\r\n\r\n",
+          "POST /event HTTP/1.1\r\nContent-Length: 9\r\n\r\nhalf", "GET /unfin", ""}) {
+        clients.push_back(std::make_unique<RawClient>(m_server));
+        clients.back()->send(start);
+    }
+    QTcpSocket speaksNoTls;
+    speaksNoTls.connectToHost(QStringLiteral("127.0.0.1"), RawClient::port(m_server));
+    ASSERT_TRUE(speaksNoTls.waitForConnected(timeoutMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/h*"), 2, timeoutMs));
+    ASSERT_TRUE(m_server.log().waitForCount(QStringLiteral("/slow"), 1, timeoutMs));
+
+    const QString url = m_server.baseUrl();
+    const quint16 port = RawClient::port(m_server);
+    QElapsedTimer timer;
+    timer.start();
     m_server.stop();
-    std::mutex mutex;
-    QStringList seen;
-    m_server.setObserver([&](const RecordedRequest &request, const QString &outcome) {
-        const std::lock_guard lock(mutex);
-        seen << request.path() + QLatin1Char(' ') + outcome;
-    });
-    ASSERT_FALSE(m_server.start().isEmpty());
-    m_server.faults().set(QStringLiteral("/bad"), Fault::statusCode(500));
-    get(QStringLiteral("/lookup"));
-    get(QStringLiteral("/bad"));
+    EXPECT_LT(timer.elapsed(), 1000);
     m_server.stop();
-    EXPECT_EQ(seen, (QStringList{QStringLiteral("/lookup 200"),
-                                 QStringLiteral("/bad 500 instead of 404")}));
+    EXPECT_FALSE(m_server.isRunning());
+
+    EXPECT_EQ(m_server.start(port), url);
+    EXPECT_EQ(get("/lookup").status, 200);
+}
+
+TEST(FaultsTest, FaultsAreReadFromTheirCommandLineForm) {
+    Faults faults;
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/a*=status:503:try: later")));
+    const Fault status = faults.take(QStringLiteral("/abc")).fault;
+    EXPECT_EQ(status.kind, Fault::Kind::Status);
+    EXPECT_EQ(status.status, 503);
+    EXPECT_EQ(status.body, "try: later");
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/r=redirect:https://x/?a=b")));
+    EXPECT_EQ(faults.take(QStringLiteral("/r")).fault.location, QStringLiteral("https://x/?a=b"));
+    EXPECT_TRUE(faults.setFromText(QStringLiteral("/h=huge:5000000000")));
+    EXPECT_EQ(faults.take(QStringLiteral("/h")).fault.size, Q_INT64_C(5000000000));
+    for (const char *good : {"*=hang", "/=reset", "/=close", "/=stale", "/=truncated", "/=delay:0",
+                             "/=body:", "/=status:204"}) {
+        EXPECT_TRUE(faults.setFromText(QLatin1String(good))) << good;
+    }
+    for (const char *bad :
+         {"", "/", "/x", "x=hang", "=hang", "/=", "/=hangs", "/=hang:1", "/=delay", "/=delay:-1",
+          "/=delay:1s", "/=status:99", "/=status:", "/=huge:-1", "/=huge", "/=redirect:"}) {
+        EXPECT_FALSE(faults.setFromText(QLatin1String(bad))) << bad;
+    }
 }
 
 } // namespace velmora::test

@@ -13,7 +13,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 
-#include <cmath>
 #include <limits>
 #include <set>
 #include <thread>
@@ -202,7 +201,7 @@ protected:
         EXPECT_TRUE(Velmora::BControllFromWindow(window));
     }
 
-    QWidget *window = openWindow(QStringLiteral("window"));
+    QWidget *window = openWindow("window");
     ViewController host;
     qsizetype own = 0;
 };
@@ -300,19 +299,19 @@ TEST_F(InterfaceSweepTest, AnotherThreadMayCallWhatTheHeadersSay) {
 /// that was destroyed. Its window lives longer than the application object.
 TEST(HostOutsideItsApplication, DISABLED_MayCallAnything) {
     ASSERT_EQ(QCoreApplication::instance(), nullptr);
-    VirtualTime time;
     callAll(everyKind(nullptr, nullptr));
     Velmora::resetAds();
 
-    int count = 1;
-    char name[] = "host";
-    char *arguments[] = {name, nullptr};
-    auto application = std::make_unique<QApplication>(count, arguments);
+    auto application = std::make_unique<LateApplication<QApplication>>();
+    VirtualTime time;
     auto *window = new QWidget;
     window->show();
+    handleEvents();
     Velmora::addBannerForWindow(window);
-    Velmora::addSplashScreenToWindow(window);
+    EXPECT_EQ(Velmora::BControllers().size(), 1u);
+    EXPECT_TRUE(Velmora::addSplashScreenToWindow(window));
     Velmora::forceShow();
+    EXPECT_TRUE(Velmora::isShowSplashScreen());
     time.advance(1);
     application.reset();
     EXPECT_EQ(time.timerCount(), 0u);
