@@ -4,9 +4,7 @@
 #include "tests/support/NetworkNamespace.h"
 #include "tests/support/Waiting.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
@@ -207,13 +205,7 @@ TEST_F(UrlSessionBoundsTest, NothingLeavesWhileItIsNotAllowed) {
 TEST_F(NetworkNamespaceTest, ANameServerThatHangsHoldsNoEndUp) {
     if (!isInside())
         return runInside();
-    QTemporaryFile resolver;
-    ASSERT_TRUE(resolver.open());
-    resolver.write("nameserver 192.0.2.1\n");
-    resolver.flush();
-    ASSERT_EQ(mount(resolver.fileName().toUtf8().constData(), "/etc/resolv.conf", nullptr, MS_BIND,
-                    nullptr),
-              0);
+    FileInstead("/etc/resolv.conf").write("nameserver 192.0.2.1\n");
     ip("route add default via 10.9.0.2");
     QElapsedTimer clock;
     {
