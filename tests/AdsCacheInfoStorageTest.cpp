@@ -66,24 +66,15 @@ TEST_F(AdsCacheInfoStorageTest, EachAdIsWrittenOnceHoweverManyThereAre) {
     EXPECT_EQ(fileContent().count("banner_id"), 3000);
 }
 
-TEST_F(AdsCacheInfoStorageTest, AKnownAdIsNotWrittenAgain) {
-    AdsCacheInfoStorage storage;
-    storage.addBannerInfo(ad(1));
-    ASSERT_EQ(onDisk().size(), 1);
-    QFile::remove(AdsCacheInfoStorage::storageURL().toLocalFile());
-    storage.addBannerInfo(ad(1));
-    storage.addBannerInfo({});
-    storage.addInfo(ad(2), {});
-    EXPECT_TRUE(onDisk().isEmpty());
-    storage.addBannerInfo(ad(2));
-    EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
-}
-
-TEST_F(AdsCacheInfoStorageTest, ADeletedFolderIsCreatedAgain) {
+TEST_F(AdsCacheInfoStorageTest, OnlyANewAdIsWrittenAndThenADeletedFolderIsCreatedAgain) {
     AdsCacheInfoStorage storage;
     storage.addBannerInfo(ad(1));
     ASSERT_EQ(onDisk().size(), 1);
     ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
+    storage.addBannerInfo(ad(1));
+    storage.addBannerInfo({});
+    storage.addInfo(ad(2), {});
+    EXPECT_TRUE(onDisk().isEmpty());
     storage.addBannerInfo(ad(2));
     EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
 }
@@ -110,7 +101,7 @@ TEST_F(AdsCacheInfoStorageTest, WhatIsUnreadableInTheFileIsSkipped) {
         R"({"standard":[5,[],null]})",
     };
     for (const QByteArray &file : files) {
-        putInCaches(QStringLiteral("savedAds"), file);
+        putInCaches("savedAds", file);
         AdsCacheInfoStorage storage;
         EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), QJsonArray());
         storage.addBannerInfo(ad(7));

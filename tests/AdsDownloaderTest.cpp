@@ -47,8 +47,8 @@ protected:
 };
 
 TEST_F(AdsDownloaderTest, ACycleTellsTheDelegatesInOrderUntilTheyAreGoneAndLoadsAVideo) {
-    const QJsonObject film = video(QStringLiteral("v"));
-    serve({banner(QStringLiteral("one"))}, {film});
+    const QJsonObject film = video("v");
+    serve({banner("one")}, {film});
     QStringList notes;
     std::vector<std::shared_ptr<Listener>> listeners;
     for (const char *name : {"a", "b", "c"})
@@ -68,18 +68,11 @@ TEST_F(AdsDownloaderTest, ACycleTellsTheDelegatesInOrderUntilTheyAreGoneAndLoads
     EXPECT_EQ(downloader().getInfoObjectWithConsideringWeightForKey(kMainVideoKey), film);
 }
 
-TEST_F(AdsDownloaderTest, WhileAdsAreRemovedNothingIsRequested) {
-    Switches::setADSRemoved(true);
-    downloader().startUpdateAllAds();
-    quietly(100);
-    EXPECT_EQ(server.log().count(), 0);
-}
-
 TEST_F(AdsDownloaderTest, TheProcessEndsAtOnceWithAHungServerAndEverythingInFlight) {
     server.faults().set(QStringLiteral("*"), Fault::hang());
     downloader().startUpdateAllAds();
-    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner(QStringLiteral("b"))}},
-                                          {kMainVideoKey, QJsonArray{video(QStringLiteral("v"))}}});
+    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner("b")}},
+                                          {kMainVideoKey, QJsonArray{video("v")}}});
     bool called = false;
     downloader().downloadBannerWithComplitionBlock([&](const BannerAd &, bool) { called = true; });
     downloader().downloadVideo();
@@ -124,10 +117,7 @@ TEST(UnnamedHostTest, DISABLED_SendsItsRequestOnceThereIsAnApplicationObject) {
     deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
     Deployment::replace(deployment);
     AdsDownloader::sharedInstance()->startUpdateAllAds();
-    int count = 1;
-    char name[] = "host";
-    char *arguments[] = {name, nullptr};
-    const QCoreApplication application(count, arguments);
+    LateApplication application;
     EXPECT_TRUE(
         eventually([] { return AdsDownloader::sharedInstance()->isUpdateAdsCurrentSession(); }));
     EXPECT_EQ(server.log().count(TablePath), 1);

@@ -48,29 +48,12 @@ protected:
     SeededRandom random{11};
 };
 
-TEST_F(BannerLoaderTest, ABannerIsDownloadedOnceAndThenReadyInsideTheCall) {
-    const QJsonObject ad = banner(QStringLiteral("one"));
-    useBanners({ad});
-    ASSERT_TRUE(loadAndWait());
-    EXPECT_EQ(loader->ready().file.toLocalFile(), cachesFolder() + QStringLiteral("/one.gif"));
-    EXPECT_EQ(loader->ready().link,
-              QUrl(QStringLiteral("macappstores://classic.velmora-store.example/app/idone")));
-    EXPECT_EQ(loader->drawnAd(), ad);
-    EXPECT_EQ(table->cacheStorage().infoDictionary().value(kMainBannerKey).toArray(),
-              QJsonArray{ad});
-
-    bool called = false;
-    loader->loadNext([&](const BannerAd &, bool) { called = true; });
-    EXPECT_TRUE(called);
-    EXPECT_EQ(server.log().count(QStringLiteral("/media/one.gif")), 1);
-}
-
 TEST_F(BannerLoaderTest, AFailedDownloadLeavesTheReadyBannerUnchanged) {
-    useBanners({banner(QStringLiteral("good"))});
+    useBanners({banner("good")});
     ASSERT_TRUE(loadAndWait());
     const QUrl ready = loader->ready().file;
 
-    useBanners({banner(QStringLiteral("bad"))});
+    useBanners({banner("bad")});
     for (const Fault &fault : {Fault::truncated(), Fault::reset(), Fault::wrongBody({})}) {
         server.faults().set(QStringLiteral("/media/bad.gif"), fault);
         const int before = server.log().count(QStringLiteral("/media/bad.gif"));
@@ -81,7 +64,7 @@ TEST_F(BannerLoaderTest, AFailedDownloadLeavesTheReadyBannerUnchanged) {
         });
         ASSERT_TRUE(eventually([&] { return reported.has_value(); }));
         EXPECT_GT(server.log().count(QStringLiteral("/media/bad.gif")), before);
-        EXPECT_EQ(loader->drawnAd(), banner(QStringLiteral("bad")));
+        EXPECT_EQ(loader->drawnAd(), banner("bad"));
         EXPECT_EQ(reported->name, QStringLiteral("good"));
         EXPECT_EQ(reported->file, ready);
         EXPECT_TRUE(reported->link.path().endsWith(QStringLiteral("idgood")));
@@ -91,15 +74,6 @@ TEST_F(BannerLoaderTest, AFailedDownloadLeavesTheReadyBannerUnchanged) {
     server.faults().clear();
     EXPECT_TRUE(loadAndWait());
     EXPECT_NE(loader->ready().file, ready);
-}
-
-TEST_F(BannerLoaderTest, TheSameBannerIsNotDrawnTwiceInARow) {
-    useBanners({banner(QStringLiteral("one")), banner(QStringLiteral("two"))});
-    for (int i = 0; i < 8; ++i) {
-        const QString before = loader->ready().name;
-        ASSERT_TRUE(loadAndWait());
-        EXPECT_NE(loader->ready().name, before);
-    }
 }
 
 TEST_F(BannerLoaderTest, AnAdWithAnUnusablePictureIsDrawnOnce) {
@@ -141,18 +115,8 @@ TEST_F(BannerLoaderTest, ASlowPictureDoesNotHoldUpTheOthersForLongerThanATurn) {
     EXPECT_EQ(server.log().count(QStringLiteral("/media/slow.gif")), 1);
 }
 
-TEST_F(BannerLoaderTest, WithoutAnAdTheCompletionIsCalledInsideTheCall) {
-    int called = 0;
-    loader->loadNext([&](const BannerAd &ready, bool hasFailed) {
-        ++called;
-        EXPECT_TRUE(ready.file.isEmpty());
-        EXPECT_FALSE(hasFailed);
-    });
-    EXPECT_EQ(called, 1);
-}
-
 TEST_F(BannerLoaderTest, CallsDuringADownloadGetItsResult) {
-    useBanners({banner(QStringLiteral("slow"))});
+    useBanners({banner("slow")});
     QStringList results;
     const auto loadAs = [&](const char *caller) {
         loader->loadNext([&results, caller](const BannerAd &ad, bool hasFailed) {
@@ -183,7 +147,7 @@ TEST_F(BannerLoaderTest, CallsDuringADownloadGetItsResult) {
 }
 
 TEST_F(BannerLoaderTest, AnAdWithoutAPictureFailsUnlessAFileHasTheNullName) {
-    QJsonObject ad = banner(QStringLiteral("without"));
+    QJsonObject ad = banner("without");
     ad.remove(kBannerImgURL);
     useBanners({ad});
     std::optional<bool> failed;
@@ -192,7 +156,7 @@ TEST_F(BannerLoaderTest, AnAdWithoutAPictureFailsUnlessAFileHasTheNullName) {
     EXPECT_EQ(failed, true);
     EXPECT_TRUE(loader->ready().file.isEmpty());
 
-    putInCaches(QStringLiteral("(null)"), "left over");
+    putInCaches("(null)", "left over");
     loader->loadNext(note);
     EXPECT_EQ(failed, false);
     EXPECT_TRUE(loader->ready().file.path().contains(MissingNameMark));
@@ -200,20 +164,20 @@ TEST_F(BannerLoaderTest, AnAdWithoutAPictureFailsUnlessAFileHasTheNullName) {
 
 TEST_F(BannerLoaderTest, MediaAndTableFollowALaterApplicationName) {
     const HostName name;
-    HostName::set(QStringLiteral("later"));
-    table->cacheStorage().addBannerInfo(banner(QStringLiteral("known")));
-    HostName::set(QStringLiteral("host"));
+    HostName::set("later");
+    table->cacheStorage().addBannerInfo(banner("known"));
+    HostName::set("host");
     startRun();
-    HostName::set(QStringLiteral("later"));
-    useBanners({banner(QStringLiteral("fresh"))});
+    HostName::set("later");
+    useBanners({banner("fresh")});
     ASSERT_TRUE(loadAndWait());
     EXPECT_EQ(loader->ready().file.toLocalFile(), cachesFolder() + QStringLiteral("/fresh.gif"));
     startRun();
     EXPECT_EQ(cachedNames(), (QStringList{QStringLiteral("known"), QStringLiteral("fresh")}));
-    HostName::set(QStringLiteral("host"));
+    HostName::set("host");
     EXPECT_TRUE(cachedNames().isEmpty());
     EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/fresh.gif")));
-    HostName::set(QStringLiteral("later"));
+    HostName::set("later");
     QDir(cachesFolder()).removeRecursively();
 }
 

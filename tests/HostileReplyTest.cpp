@@ -57,26 +57,19 @@ protected:
 };
 
 TEST_F(HostileReplyTest, AReplyThatIsNotAnObjectLeavesNoTable) {
-    const QList<QByteArray> replies{"",
-                                    "null",
-                                    "[]",
-                                    "[{\"standard\":[]}]",
-                                    "\"text\"",
-                                    "{\"standard\":[",
-                                    "<html>busy</html>",
-                                    QByteArray("{\"standard\":\"\xff\xfe\"}"),
-                                    QByteArray("\0\0", 2),
-                                    QByteArray(2000, '['),
-                                    QByteArray("\xff\xfe{\0}\0", 6)};
-    for (const QByteArray &reply : replies) {
+    const QByteArray notUtf8("{\"standard\":\"\xff\xfe\"}");
+    for (const QByteArray &reply :
+         {QByteArray(), QByteArray("null"), QByteArray("[]"), QByteArray("[{\"standard\":[]}]"),
+          QByteArray("\"text\""), QByteArray("{\"standard\":["), QByteArray("<html>busy</html>"),
+          notUtf8, QByteArray("\0\0", 2), QByteArray(2000, '['), QByteArray("\xff\xfe{\0}\0", 6)}) {
         startWith(reply);
         EXPECT_FALSE(downloader().replyJSON()) << reply.left(40).constData();
-        EXPECT_TRUE(hasLogged(QStringLiteral("the ad server's reply was refused")));
+        EXPECT_TRUE(hasLogged("the ad server's reply was refused"));
     }
     server.faults().set(TablePath, Fault::reset());
     startWith(QByteArray("{}"));
     EXPECT_FALSE(downloader().replyJSON());
-    EXPECT_TRUE(hasLogged(QStringLiteral("the ad server did not answer")));
+    EXPECT_TRUE(hasLogged("the ad server did not answer"));
     server.faults().set(TablePath, Fault::huge(40'000'000));
     startWith(QByteArray("{}"));
     EXPECT_FALSE(downloader().replyJSON());
@@ -88,21 +81,20 @@ TEST_F(HostileReplyTest, PlacementsAndElementsOfTheWrongTypeAreIgnored) {
         startWith(QJsonObject{{kMainBannerKey, placement}, {kMainVideoKey, placement}});
         drawMany();
         EXPECT_TRUE(downloader().bannerInfo().isEmpty());
-        EXPECT_TRUE(
-            hasLogged(QStringLiteral("placement \"standard\" refused: it is not an array")));
+        EXPECT_TRUE(hasLogged("placement \"standard\" refused: it is not an array"));
     }
-    const QJsonObject good = banner(QStringLiteral("good"));
+    const QJsonObject good = banner("good");
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{5, QStringLiteral("ad"), QJsonValue::Null,
                                                       QJsonArray{good}, good}}});
     for (const QString &name : drawMany())
         EXPECT_EQ(name, QStringLiteral("good"));
-    EXPECT_TRUE(hasLogged(QStringLiteral("ad 1 of \"standard\" refused: is not an object")));
+    EXPECT_TRUE(hasLogged("ad 1 of \"standard\" refused: is not an object"));
 }
 
 TEST_F(HostileReplyTest, AdsWithUnsafeFieldsAreNeverDrawn) {
     QDir().mkpath(cachesFolder());
     const QStringList before = besideCaches();
-    const QJsonObject good = banner(QStringLiteral("good"));
+    const QJsonObject good = banner("good");
     QJsonArray ads{good};
     const auto addBadAd = [&](const QString &key, const QJsonValue &value) {
         QJsonObject ad = banner(QStringLiteral("bad%1").arg(ads.size()), 1000);
@@ -123,21 +115,21 @@ TEST_F(HostileReplyTest, AdsWithUnsafeFieldsAreNeverDrawn) {
     for (const char *reason :
          {"\"image_728x90\" has no file name", "\"image_728x90\" has the ad table's file name",
           "is not a path", "\"market_url\" is not a link", "\"priority\" is neither"})
-        EXPECT_TRUE(hasLogged(QLatin1String(reason))) << reason;
+        EXPECT_TRUE(hasLogged(reason)) << reason;
     EXPECT_EQ(besideCaches(), before);
     EXPECT_EQ(server.log().requests(QStringLiteral("/media/bad*")).size(), 0);
 }
 
 TEST_F(HostileReplyTest, AdsWithEmptyOrUnusualFieldsAreUsed) {
     const auto with = [&](const QString &key, const QJsonValue &value) {
-        QJsonObject ad = banner(QStringLiteral("plain"));
+        QJsonObject ad = banner("plain");
         ad.insert(key, value);
         return ad;
     };
     for (const QJsonObject &ad :
          {with(kBannerURL, QString()), with(kBannerURL, QStringLiteral(" \t\n")),
           with(kBannerURL, QJsonValue::Null), with(kBannerPriority, QJsonValue::Null)}) {
-        startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad, banner(QStringLiteral("next"), 5)}}});
+        startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad, banner("next", 5)}}});
         downloader().downloadBannerWithComplitionBlock({});
         EXPECT_EQ(logged().filter(QStringLiteral("refused")), QStringList());
         EXPECT_EQ(downloader().replyJSON()->value(kMainBannerKey).toArray().size(), 2);
@@ -155,22 +147,22 @@ TEST_F(HostileReplyTest, AdsWithEmptyOrUnusualFieldsAreUsed) {
 }
 
 TEST_F(HostileReplyTest, AFileNameTooLongForTheDiskIsLogged) {
-    QJsonObject ad = banner(QStringLiteral("long"));
+    QJsonObject ad = banner("long");
     const QString path = QLatin1Char('/') + QString(300, QLatin1Char('a'));
     server.campaign().setMedia(path, "a picture");
     ad.insert(kBannerImgURL, path);
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{ad}}});
     drawMany();
     EXPECT_TRUE(downloader().bannerURL().isEmpty());
-    EXPECT_TRUE(eventually([] { return hasLogged(QStringLiteral("name too long")); }));
+    EXPECT_TRUE(eventually([] { return hasLogged("name too long"); }));
 }
 
 TEST_F(HostileReplyTest, AnAdCannotOverwriteTheTableFile) {
-    const QJsonObject good = banner(QStringLiteral("good"));
+    const QJsonObject good = banner("good");
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{good}}});
     drawMany();
     server.campaign().setMedia(QStringLiteral("/x/savedAds"), "evil");
-    QJsonObject bad = banner(QStringLiteral("bad"));
+    QJsonObject bad = banner("bad");
     bad.insert(kBannerImgURL, QStringLiteral("/x/savedAds"));
     QFile::remove(cachesFolder() + QStringLiteral("/good.gif"));
     startWith(QJsonObject{{kMainBannerKey, QJsonArray{bad}}});

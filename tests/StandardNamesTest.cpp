@@ -27,6 +27,11 @@ TEST(StandardNamesTest, TheFirstPreferredLanguageWithATranslationIsUsed) {
         EXPECT_EQ(StandardNames::localeIdentifier(test.preferred), QLatin1String(test.folder));
 }
 
+TEST(StandardNamesTest, AKeyWithoutATextIsItsOwnText) {
+    EXPECT_EQ(VLMStringFromKey(QStringLiteral("unknown")), QStringLiteral("unknown"));
+    EXPECT_EQ(VLMStringFromKey({}), QString());
+}
+
 class StringsFileTest : public ::testing::Test {
 protected:
     QHash<QString, QString> parsed(const QByteArray &bytes) {

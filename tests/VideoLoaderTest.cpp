@@ -35,7 +35,7 @@ protected:
 
 TEST_F(VideoLoaderTest, AVideoIsReadyOnceItsStillIsAndEveryReadLoadsTheNext) {
     Switches::activateDebugMode();
-    const QJsonObject first = video(QStringLiteral("first"));
+    const QJsonObject first = video("first");
     useVideo(first);
     EXPECT_TRUE(loader->videoToPlay().file.isEmpty());
     ASSERT_TRUE(waitForStill());
@@ -44,11 +44,11 @@ TEST_F(VideoLoaderTest, AVideoIsReadyOnceItsStillIsAndEveryReadLoadsTheNext) {
     EXPECT_EQ(cachedAds(), QJsonArray{first});
 
     // When the next still fails, the first video stays ready, but still() stays empty.
-    const QJsonObject second = video(QStringLiteral("second"));
+    const QJsonObject second = video("second");
     useVideo(second);
     server.faults().set(QStringLiteral("/media/second.png"), Fault::reset());
     EXPECT_TRUE(loader->videoToPlay().file.path().endsWith(QStringLiteral("/first.mp4")));
-    ASSERT_TRUE(eventually([] { return hasLogged(QStringLiteral("could not be downloaded")); }));
+    ASSERT_TRUE(eventually([] { return hasLogged("could not be downloaded"); }));
     EXPECT_TRUE(loader->still().isEmpty());
     EXPECT_EQ(cachedAds().size(), 1);
 
@@ -68,18 +68,18 @@ TEST_F(VideoLoaderTest, TheReadyVideoIsOneAdWhileOthersAreLoading) {
         return QStringList{name + QStringLiteral(".mp4"), name + QStringLiteral(".png"),
                            QStringLiteral("id") + name, name};
     };
-    useVideo(video(QStringLiteral("first")));
+    useVideo(video("first"));
     loader->loadNext();
     ASSERT_TRUE(waitForStill());
 
     const QString still = QStringLiteral("/media/second.png");
     server.faults().set(still, Fault::hang());
-    const QJsonObject second = video(QStringLiteral("second"));
+    const QJsonObject second = video("second");
     useVideo(second);
     loader->loadNext();
     ASSERT_TRUE(eventually([&] { return server.log().count(still) == 1; }));
     server.faults().set(QStringLiteral("/media/third.mp4"), Fault::hang());
-    const QJsonObject third = video(QStringLiteral("third"));
+    const QJsonObject third = video("third");
     useVideo(third);
     EXPECT_EQ(fileNames(loader->videoToPlay()), namesOf(QStringLiteral("first")));
     EXPECT_EQ(loader->drawnAd(), third);
@@ -93,7 +93,7 @@ TEST_F(VideoLoaderTest, TheReadyVideoIsOneAdWhileOthersAreLoading) {
 }
 
 TEST_F(VideoLoaderTest, AReadyVideoWhoseFileWasDeletedIsNotReturned) {
-    useVideo(video(QStringLiteral("film")));
+    useVideo(video("film"));
     loader->loadNext();
     ASSERT_TRUE(waitForStill());
     EXPECT_FALSE(loader->videoToPlay().file.isEmpty());

@@ -37,7 +37,7 @@ QString hostCachesFolder() {
 }
 
 QString cachesFolder() {
-    return hostCachesFolder() + "/Velmora";
+    return hostCachesFolder() + QStringLiteral("/Velmora");
 }
 
 void putInCaches(QAnyStringView name, const QByteArray &bytes) {
@@ -53,7 +53,7 @@ FreshProcess::FreshProcess() {
         UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
         UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
         ProcessRoot::drop();
-        QDir(cachesFolder()).removeRecursively();
+        QDir(hostCachesFolder()).removeRecursively();
     }
     Deployment deployment = Deployment::builtIn();
     deployment.acsURL = QStringLiteral("https://127.0.0.1:1");
