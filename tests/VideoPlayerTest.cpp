@@ -93,7 +93,7 @@ TEST_F(VideoPlayerTest, WithoutTheModuleAVideoFailsWithALogLine) {
     Played missing(clip("short.mp4"));
     EXPECT_EQ(missing.player.status(), VideoPlayer::Status::Unknown);
     EXPECT_TRUE(eventually([&] { return missing.failures == 1; }));
-    EXPECT_TRUE(hasLogged(QStringLiteral("velmora_video.so is not installed")));
+    EXPECT_TRUE(hasLogged("velmora_video.so is not installed"));
 
     const QString broken = file("broken.so", "no library");
     qputenv("VELMORA_VIDEO_MODULE", QFile::encodeName(broken));
@@ -158,22 +158,7 @@ TEST_F(VideoPlayerTest, PausesAndContinues) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.ends == 1; }));
     EXPECT_GT(video.frames, frames + 8);
-    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
-}
-
-TEST_F(VideoPlayerTest, SeekingToTheStartDuringPlaybackContinuesFromThere) {
-    Played video(clip("short.mp4"));
-    video.player.play();
-    QElapsedTimer clock;
-    for (int i = 0; i < 3; ++i) {
-        const int frames = video.frames;
-        ASSERT_TRUE(eventually([&] { return video.frames > frames + 10; }));
-        clock.start();
-        video.player.seekToStart();
-    }
-    ASSERT_TRUE(eventually([&] { return video.isOver(); }));
-    EXPECT_EQ(video.ends, 1);
-    EXPECT_GT(clock.elapsed(), 1000);
+    EXPECT_FALSE(hasLogged("restarted without sound"));
 }
 
 TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
@@ -190,7 +175,7 @@ TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
     ASSERT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
+    EXPECT_FALSE(hasLogged("restarted without sound"));
 }
 
 TEST_F(VideoPlayerTest, AnEndDuringABlockedMainThreadIsReportedOnce) {
@@ -256,7 +241,7 @@ TEST_F(VideoPlayerTest, AnUnplayableFileFailsOnceWithALogLine) {
         EXPECT_EQ(video.failures, 0) << "handlers must not run inside a call";
         EXPECT_TRUE(eventually([&] { return video.isOver(); }));
         EXPECT_EQ(video.player.status(), VideoPlayer::Status::Failed);
-        EXPECT_TRUE(hasLogged(QLatin1String(logged)));
+        EXPECT_TRUE(hasLogged(logged));
         EXPECT_FALSE(video.player.isPlaying());
         video.player.seekToStart();
         video.player.play();
@@ -267,7 +252,7 @@ TEST_F(VideoPlayerTest, AnUnplayableFileFailsOnceWithALogLine) {
     Played video(folder.path());
     video.player.load(QUrl(QStringLiteral("https://127.0.0.1:9/a.mp4")));
     EXPECT_TRUE(eventually([&] { return video.failures == 1; }));
-    EXPECT_TRUE(hasLogged(QStringLiteral("not a local file")));
+    EXPECT_TRUE(hasLogged("not a local file"));
     video.player.load(QUrl());
     video.player.load(QUrl::fromLocalFile(clip("short.mp4")));
     EXPECT_TRUE(eventually([&] { return video.firstFrames == 1; }));
@@ -289,7 +274,7 @@ TEST_F(VideoPlayerTest, AnEngineThatMakesNoProgressIsRestartedTwiceAndThenFails)
     EXPECT_TRUE(eventually([&] { return video.isOver(); }, 20'000));
     EXPECT_EQ(video.failures, 1);
     EXPECT_EQ(video.firstFrames, 1);
-    EXPECT_EQ(logged().filter(QStringLiteral("restarted without sound")).size(), 2);
+    EXPECT_EQ(timesLogged("restarted without sound"), 2);
 }
 
 TEST_F(VideoPlayerTest, AHangingSoundServerDoesNotDelayTheVideo) {
@@ -300,7 +285,7 @@ TEST_F(VideoPlayerTest, AHangingSoundServerDoesNotDelayTheVideo) {
     video.player.play();
     EXPECT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
-    EXPECT_FALSE(hasLogged(QStringLiteral("restarted without sound")));
+    EXPECT_FALSE(hasLogged("restarted without sound"));
     qunsetenv("PULSE_SERVER");
 }
 
@@ -359,18 +344,13 @@ TEST_F(VideoPlayerTest, DestroyingItInAnyStateIsFastAndLeaksNoThreadsOrFiles) {
             video.player.play();
             return eventually([&] { return video.frames > i; });
         });
-        destroyed([](Played &video) {
-            video.player.play();
-            const bool playing = eventually([&] { return video.frames > 2; });
-            video.player.seekToStart();
-            return playing;
-        });
-        destroyed([](Played &video) {
-            video.player.play();
-            const bool playing = eventually([&] { return video.frames > 2; });
-            video.player.pause();
-            return playing;
-        });
+        for (const auto command : {&VideoPlayer::seekToStart, &VideoPlayer::pause})
+            destroyed([command](Played &video) {
+                video.player.play();
+                const bool isPlaying = eventually([&] { return video.frames > 2; });
+                (video.player.*command)();
+                return isPlaying;
+            });
     }
     // On a busy machine the main thread may lose its processor now and then.
     std::sort(times.begin(), times.end());
@@ -381,18 +361,6 @@ TEST_F(VideoPlayerTest, DestroyingItInAnyStateIsFastAndLeaksNoThreadsOrFiles) {
         eventually([&] { return busyThreads() <= threads && openFiles() <= files; }, 30'000))
         << busyThreads() << " threads after " << threads << ", " << openFiles() << " files after "
         << files;
-}
-
-TEST_F(VideoPlayerTest, SeveralPlayAtOnce) {
-    std::vector<std::unique_ptr<Played>> videos;
-    for (int i = 0; i < 4; ++i) {
-        videos.push_back(std::make_unique<Played>(clip("short.mp4")));
-        videos.back()->player.play();
-    }
-    for (const auto &video : videos) {
-        EXPECT_TRUE(eventually([&] { return video->isOver(); }));
-        EXPECT_EQ(video->ends, 1);
-    }
 }
 
 } // namespace velmora::test
