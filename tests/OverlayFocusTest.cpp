@@ -27,14 +27,10 @@ TEST_P(OverlayFocusTest, TabStaysInTheOverlayAndKeysReachItsButtons) {
     name->setFocus();
     show();
     EXPECT_TRUE(overlayHasFocus());
-    press(Qt::Key_Tab);
-    press(Qt::Key_Space);
-    press(Qt::Key_Tab);
-    press(Qt::Key_Space);
-    press(Qt::Key_Tab);
-    press(Qt::Key_Space);
-    press(Qt::Key_Backtab);
-    press(Qt::Key_Space);
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab}) {
+        press(key);
+        press(Qt::Key_Space);
+    }
     EXPECT_EQ(clicked, (QStringList{QStringLiteral("close"), QStringLiteral("more"),
                                     QStringLiteral("close"), QStringLiteral("more")}));
     press(Qt::Key_X);

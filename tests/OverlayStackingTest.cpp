@@ -3,93 +3,52 @@
 #include "tests/support/OwnDisplay.h"
 #include "tests/support/Waiting.h"
 
-#include <QtGui/QBackingStore>
 #include <QtGui/QOpenGLContext>
 #include <QtGui/QOpenGLFunctions>
 #include <QtGui/QPainter>
-#include <QtGui/QScreen>
+#include <QtGui/QRasterWindow>
 #include <QtOpenGL/QOpenGLWindow>
 #include <QtOpenGLWidgets/QOpenGLWidget>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollArea>
 
-#include <cmath>
 #include <ostream>
 
 namespace velmora::test {
 
 namespace {
 
-constexpr QRgb HostColor = 0xff208040;
-constexpr QRgb OverlayColor = 0xffc01080;
+constexpr QColor HostColor(0x20, 0x80, 0x40);
+constexpr QColor OverlayColor(0xc0, 0x10, 0x80);
 
 int s_hostClicks = 0;
 
-void countClick(const QEvent *event) {
-    if (event->type() == QEvent::MouseButtonPress)
-        ++s_hostClicks;
-}
-
 void clearToHostColor() {
     QOpenGLFunctions *gl = QOpenGLContext::currentContext()->functions();
-    const QColor color(HostColor);
-    gl->glClearColor(color.redF(), color.greenF(), color.blueF(), 1);
+    gl->glClearColor(HostColor.redF(), HostColor.greenF(), HostColor.blueF(), 1);
     gl->glClear(GL_COLOR_BUFFER_BIT);
 }
 
-class PlainContent : public QWidget {
-public:
-    using QWidget::QWidget;
-
+// A widget or window of the host that counts its clicks.
+template<class Base>
+class HostContent : public Base {
 protected:
     bool event(QEvent *event) override {
-        countClick(event);
-        return QWidget::event(event);
+        s_hostClicks += event->type() == QEvent::MouseButtonPress;
+        return Base::event(event);
     }
-    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), QColor(HostColor)); }
 };
 
-class GLWidgetContent : public QOpenGLWidget {
-public:
-    using QOpenGLWidget::QOpenGLWidget;
-
-protected:
-    bool event(QEvent *event) override {
-        countClick(event);
-        return QOpenGLWidget::event(event);
+template<class Base>
+class PaintedContent : public HostContent<Base> {
+    void paintEvent(QPaintEvent *) override {
+        QPainter(this).fillRect(QRect({}, this->size()), HostColor);
     }
+};
+
+template<class Base>
+class GLContent : public HostContent<Base> {
     void paintGL() override { clearToHostColor(); }
-};
-
-class GLWindowContent : public QOpenGLWindow {
-protected:
-    bool event(QEvent *event) override {
-        countClick(event);
-        return QOpenGLWindow::event(event);
-    }
-    void paintGL() override { clearToHostColor(); }
-};
-
-class RasterWindowContent : public QWindow {
-public:
-    RasterWindowContent() : m_store(this) {}
-
-protected:
-    bool event(QEvent *event) override {
-        countClick(event);
-        if (event->type() == QEvent::Expose && isExposed()) {
-            m_store.resize(size());
-            const QRect whole({}, size());
-            m_store.beginPaint(whole);
-            QPainter(m_store.paintDevice()).fillRect(whole, QColor(HostColor));
-            m_store.endPaint();
-            m_store.flush(whole);
-        }
-        return QWindow::event(event);
-    }
-
-private:
-    QBackingStore m_store;
 };
 
 QWidget *scrollArea() {
@@ -97,17 +56,27 @@ QWidget *scrollArea() {
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto *page = new PlainContent;
+    auto *page = new PaintedContent<QWidget>;
     page->setMinimumSize(2000, 2000);
     area->setWidget(page);
     return area;
 }
 
 QWidget *foreignNativeWidget() {
-    auto *widget = new PlainContent;
+    auto *widget = new PaintedContent<QWidget>;
     widget->setAttribute(Qt::WA_DontCreateNativeAncestors);
     widget->setAttribute(Qt::WA_NativeWindow);
     return widget;
+}
+
+template<class Widget>
+QWidget *make() {
+    return new Widget;
+}
+
+template<class Window>
+QWidget *contained() {
+    return QWidget::createWindowContainer(new Window);
 }
 
 struct Content {
@@ -120,12 +89,12 @@ struct Content {
 };
 
 const Content Contents[] = {
-    {"PlainWidgets", [] { return static_cast<QWidget *>(new PlainContent); }, false},
+    {"PlainWidgets", make<PaintedContent<QWidget>>, false},
     {"ScrollArea", scrollArea, false},
-    {"OpenGLWidget", [] { return static_cast<QWidget *>(new GLWidgetContent); }, false},
+    {"OpenGLWidget", make<GLContent<QOpenGLWidget>>, false},
     {"NativeWidget", foreignNativeWidget, true},
-    {"RasterWindow", [] { return QWidget::createWindowContainer(new RasterWindowContent); }, true},
-    {"OpenGLWindow", [] { return QWidget::createWindowContainer(new GLWindowContent); }, true},
+    {"RasterWindow", contained<PaintedContent<QRasterWindow>>, true},
+    {"OpenGLWindow", contained<GLContent<QOpenGLWindow>>, true},
 };
 
 } // namespace
@@ -137,7 +106,7 @@ protected:
         s_hostClicks = 0;
         make(Overlay::Kind::Automatic);
         view->setAutoFillBackground(true);
-        view->setPalette(QColor(OverlayColor));
+        view->setPalette(OverlayColor);
         delete name;
         delete city;
     }
@@ -150,33 +119,22 @@ protected:
         return widget;
     }
 
-    static QRgb colorAt(const QWidget *place, const QPoint &point) {
-        const QPoint global = place->mapToGlobal(point);
-        const QImage pixel =
-            QApplication::primaryScreen()->grabWindow(0, global.x(), global.y(), 1, 1).toImage();
-        return pixel.pixel(0, 0) | 0xff000000;
-    }
-    bool isShownEverywhere(QRgb color) const {
+    bool isShownEverywhere(const QColor &color) const {
         const QRect area = content->rect().adjusted(3, 3, -3, -3);
         return eventually([&] {
             for (const QPoint &point : {area.topLeft(), area.topRight(), area.bottomLeft(),
                                         area.bottomRight(), area.center()}) {
-                if (colorAt(content, point) != color)
+                if (colorOnDisplay(content, point) != color)
                     return false;
             }
             return true;
         });
     }
 
-    static void click(const QPoint &global) {
-        runOnDisplay(QStringLiteral("xdotool"),
-                     {QStringLiteral("mousemove"), QString::number(global.x()),
-                      QString::number(global.y()), QStringLiteral("click"), QStringLiteral("1")});
-    }
     void clickOverlayAndButton() {
         clicked.clear();
-        click(content->mapToGlobal(content->rect().center()));
-        click(content->mapToGlobal(overlay->frame().topLeft() + close->geometry().center()));
+        clickOnDisplay(content, content->rect().center());
+        clickOnDisplay(content, overlay->frame().topLeft() + close->geometry().center());
         EXPECT_TRUE(eventually([&] { return clicked.size() == 1; }));
         EXPECT_EQ(s_hostClicks, 0);
     }
@@ -200,7 +158,7 @@ TEST_P(OverlayStackingTest, AnOverlayCoversContentThatExistsBeforeIt) {
     overlay->setHiddenNow(true);
     content->findChild<QWidget *>()->resize(content->size());
     EXPECT_TRUE(isShownEverywhere(HostColor));
-    click(content->mapToGlobal(content->rect().center()));
+    clickOnDisplay(content, content->rect().center());
     EXPECT_TRUE(eventually([&] { return s_hostClicks == 1; }));
     EXPECT_EQ(clicked.size(), 1);
 }

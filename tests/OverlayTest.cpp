@@ -2,6 +2,7 @@
 #include "tests/support/OverlayHost.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QSet>
 #include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
@@ -19,17 +20,10 @@ public:
     using QObject::QObject;
     int count = 0;
     bool eventFilter(QObject *, QEvent *event) override {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::ContextMenu:
-            ++count;
-            break;
-        default:
-            break;
-        }
+        static const QSet<QEvent::Type> counted{QEvent::MouseButtonPress,
+                                                QEvent::MouseButtonRelease, QEvent::MouseMove,
+                                                QEvent::Wheel, QEvent::ContextMenu};
+        count += counted.contains(event->type());
         return false;
     }
 };
@@ -251,32 +245,23 @@ protected:
     };
 };
 
-TEST_F(OverlayEndTest, Window) {
-    inEachState([this] {
-        window.reset();
-        EXPECT_FALSE(view);
-    });
+TEST_F(OverlayEndTest, TheHostMayDestroyTheWindowOrAnyPartOfIt) {
+    const std::pair<const char *, Step> ends[] = {
+        {"window", [this] { window.reset(); }},
+        {"superview", [this] { delete content; }},
+        {"view", [this] { delete view; }},
+        {"view's parent", [this] { delete view->parentWidget(); }},
+    };
+    for (const auto &[what, end] : ends) {
+        SCOPED_TRACE(what);
+        inEachState([this, end = end] {
+            end();
+            EXPECT_FALSE(view);
+        });
+    }
 }
 
-TEST_F(OverlayEndTest, Superview) {
-    inEachState([this] {
-        delete content;
-        EXPECT_FALSE(view);
-    });
-}
-
-TEST_F(OverlayEndTest, View) {
-    inEachState([this] { delete view; });
-}
-
-TEST_F(OverlayEndTest, ViewsParent) {
-    inEachState([this] {
-        delete view->parentWidget();
-        EXPECT_FALSE(view);
-    });
-}
-
-TEST_F(OverlayEndTest, Removed) {
+TEST_F(OverlayEndTest, ItMayBeRemovedAlsoByItsOwnButton) {
     inEachState([this] {
         overlay->remove();
         overlay->remove();
@@ -309,7 +294,7 @@ TEST_F(OverlayEndTest, Removed) {
     }
 }
 
-TEST_F(OverlayEndTest, EveryChildOfTheSuperview) {
+TEST_F(OverlayEndTest, TheHostMayDestroyEveryChildOfTheSuperview) {
     // The view is destroyed with the others, unless it is in a container; then it is shown again.
     ended = [this] { EXPECT_TRUE(!view || !overlay->isHidden()); };
     inEachState([this] {

@@ -132,7 +132,7 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
 class ProcessEndTest : public LocalAdServer {
 protected:
     ProcessEndTest() {
-        serve({banner(QStringLiteral("one"))});
+        serve({banner("one")});
         QFile authority(folder.filePath(QStringLiteral("ca.pem")));
         EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
         authority.write(server.caPem());

@@ -4,25 +4,21 @@
 
 #include <QtWidgets/QApplication>
 
+#include <array>
+
 namespace velmora::test {
 
 // A host runs for a day and shows a splash screen whenever one is ready. Meanwhile its user
 // switches to other windows, opens some and closes some.
 class SoakTest : public SplashHost {
 protected:
-    struct Count {
-        qsizetype widgets;
-        qsizetype objects;
-        size_t timers;
-        bool operator==(const Count &) const = default;
-    };
-
-    Count count() const {
+    // The numbers of widgets, of objects in windows, and of timers.
+    std::array<qsizetype, 3> count() const {
         handleEvents();
-        Count sum{QApplication::allWidgets().size(), 0, time.timerCount()};
+        qsizetype objects = 0;
         for (const QWidget *each : QApplication::topLevelWidgets())
-            sum.objects += each->findChildren<QObject *>().size();
-        return sum;
+            objects += each->findChildren<QObject *>().size();
+        return {QApplication::allWidgets().size(), objects, qsizetype(time.timerCount())};
     }
 
     void cycle(int number) {
@@ -37,7 +33,7 @@ protected:
             activate(window);
             break;
         case 1: // a window joins and is destroyed while it is covered
-            guest = openRegistered(QStringLiteral("guest"));
+            guest = openRegistered("guest");
             Velmora::addBannerForWindow(guest);
             time.advance(1);
             closeWindow(guest);
@@ -61,9 +57,9 @@ protected:
     }
 
     static constexpr int Wait = 600;
-    QWidget *elsewhere = openWindow(QStringLiteral("elsewhere"));
-    QWidget *second = openWindow(QStringLiteral("second"));
-    QWidget *window = openRegistered(QStringLiteral("main"));
+    QWidget *elsewhere = openWindow("elsewhere");
+    QWidget *second = openWindow("second");
+    QWidget *window = openRegistered("main");
     int cycles = 0;
 };
 
@@ -76,18 +72,14 @@ TEST_F(SoakTest, ADayLeavesNothingBehind) {
     time.advance(31);
     for (int number = 0; number < 4; ++number)
         cycle(number);
-    const Count before = count();
-    const qint64 shown = Velmora::splashScreenStartCount();
-    EXPECT_EQ(shown, 4);
+    const auto before = count();
+    EXPECT_EQ(Velmora::splashScreenStartCount(), 4);
     constexpr qint64 Day = 24 * 3600;
     const auto start = time.now();
     while (time.now() - start < std::chrono::seconds(Day))
         for (int number = 0; number < 4; ++number)
             cycle(number);
-    const Count after = count();
-    EXPECT_EQ(after.widgets, before.widgets);
-    EXPECT_EQ(after.objects, before.objects);
-    EXPECT_EQ(after.timers, before.timers);
+    EXPECT_EQ(count(), before);
     EXPECT_EQ(Velmora::splashScreenStartCount(), cycles) << "every cycle showed one";
 }
 

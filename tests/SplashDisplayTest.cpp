@@ -5,7 +5,6 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QRasterWindow>
-#include <QtGui/QScreen>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
@@ -30,54 +29,47 @@ protected:
 /// Splash screens over native child windows and main windows, as seen on a real display.
 class SplashDisplayTest : public SplashHost, public ::testing::WithParamInterface<bool> {
 protected:
-    bool isSeen(const QColor &color, QPoint place) const { return isSeenAt(color, window, place); }
-
-    static bool isSeenAt(const QColor &color, const QWidget *widget, QPoint place) {
-        const QPoint point = widget->mapToGlobal(place);
-        return widget->screen()
-                   ->grabWindow(0, point.x(), point.y(), 1, 1)
-                   .toImage()
-                   .pixelColor(0, 0) == color;
+    static bool shows(const QWidget *widget, const QColor &color, QPoint point = {20, 20}) {
+        return eventually([&] { return colorOnDisplay(widget, point) == color; });
     }
 
-    static void clickOn(const QWidget *button) {
-        const QPoint point = button->mapToGlobal(button->rect().center());
-        runOnDisplay(QStringLiteral("xdotool"),
-                     {QStringLiteral("mousemove"), QString::number(point.x()),
-                      QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
+    static void clickOn(const QWidget *button) { clickOnDisplay(button, button->rect().center()); }
+
+    static bool becomesKey(QWidget *window) {
+        return eventually([window] {
+            if (!window->isActiveWindow())
+                window->activateWindow();
+            return presenter().isFocus();
+        });
     }
 
-    QWidget *window = openWindow(QStringLiteral("game"));
+    QWidget *window = openWindow("game");
 };
 
 TEST_P(SplashDisplayTest, ItCoversAnEngineAndIsClosedByTheMouse) {
     auto *column = new QVBoxLayout(window);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(QWidget::createWindowContainer(new Engine, window));
-    ASSERT_TRUE(eventually([this] { return isSeen(Qt::darkGreen, {20, 20}); }));
+    ASSERT_TRUE(shows(window, Qt::darkGreen));
     if (GetParam())
         EXPECT_TRUE(Velmora::addSplashScreenToUnityWindow(window));
     else
         EXPECT_TRUE(Velmora::addSplashScreenToWindow(window));
     EXPECT_EQ(controller(window).isUnityWindow(), GetParam());
-    ASSERT_TRUE(eventually([this] {
-        if (!window->isActiveWindow())
-            window->activateWindow();
-        return presenter().isFocus();
-    }));
+    ASSERT_TRUE(becomesKey(window));
 
     Velmora::forceShow();
     time.advance(1);
     EXPECT_TRUE(controller(window).overlay()->isNative());
-    EXPECT_TRUE(eventually([this] { return isSeen(Qt::white, {20, 20}); }));
+    EXPECT_TRUE(shows(window, Qt::white));
     time.advance(10);
-    ASSERT_TRUE(
-        eventually([this] { return controller(window).outlets().closeButton->isVisible(); }));
+    const QWidget *close = controller(window).outlets().closeButton;
+    ASSERT_TRUE(eventually([close] { return close->isVisible(); }));
     heard();
-    clickOn(controller(window).outlets().closeButton);
+    clickOn(close);
     EXPECT_TRUE(eventually([] { return !Velmora::isShowSplashScreen(); }));
     EXPECT_EQ(heard(), (QStringList{DidClose}));
-    EXPECT_TRUE(eventually([this] { return isSeen(Qt::darkGreen, {20, 20}); }));
+    EXPECT_TRUE(shows(window, Qt::darkGreen));
 }
 
 TEST_P(SplashDisplayTest, ItCoversAMainWindowBelowItsMenuBar) {
@@ -98,24 +90,20 @@ TEST_P(SplashDisplayTest, ItCoversAMainWindowBelowItsMenuBar) {
     main.resize(600, 400);
     main.show();
     Velmora::addSplashScreenToWindow(&main);
-    ASSERT_TRUE(eventually([&main] {
-        if (!main.isActiveWindow())
-            main.activateWindow();
-        return presenter().isFocus();
-    }));
+    ASSERT_TRUE(becomesKey(&main));
     const QPoint inMenu = main.menuBar()->rect().center();
     const QColor menuColor = main.palette().color(QPalette::Window);
-    ASSERT_TRUE(eventually([&] { return isSeenAt(menuColor, main.menuBar(), inMenu); }));
+    ASSERT_TRUE(shows(main.menuBar(), menuColor, inMenu));
 
     Velmora::forceShow();
     time.advance(1);
     EXPECT_EQ(controller(&main).overlay()->isNative(), GetParam());
     for (const QWidget *covered : {static_cast<QWidget *>(inDock), main.centralWidget()})
-        EXPECT_TRUE(eventually([covered] { return isSeenAt(Qt::white, covered, {9, 9}); }));
-    EXPECT_TRUE(isSeenAt(menuColor, main.menuBar(), inMenu));
+        EXPECT_TRUE(shows(covered, Qt::white));
+    EXPECT_EQ(colorOnDisplay(main.menuBar(), inMenu), menuColor);
     // New content of the host is covered as well.
     main.setCentralWidget(new QLabel(QStringLiteral("new content")));
-    EXPECT_TRUE(eventually([&main] { return isSeenAt(Qt::white, main.centralWidget(), {9, 9}); }));
+    EXPECT_TRUE(shows(main.centralWidget(), Qt::white));
     clickOn(inDock);
     time.advance(10);
     const QWidget *close = controller(&main).outlets().closeButton;

@@ -17,8 +17,8 @@ protected:
         return !controller(window).outlets().splashScreenPlayerView->frame().isNull();
     }
 
-    QWidget *elsewhere = openWindow(QStringLiteral("elsewhere"));
-    QWidget *window = openRegistered(QStringLiteral("main"));
+    QWidget *elsewhere = openWindow("elsewhere");
+    QWidget *window = openRegistered("main");
 };
 
 TEST_F(SplashPlaybackTest, AVideoPlaysPausesResumesAndEnds) {
@@ -58,7 +58,7 @@ TEST_F(SplashPlaybackTest, APlayingVideoMayBeRemovedAtAnyMoment) {
             closeWindow(window);
             handleEvents();
             presenter().didClickClose();
-            window = openRegistered(QStringLiteral("another"));
+            window = openRegistered("another");
         } else {
             Velmora::removeAdsNow();
         }

@@ -2,16 +2,11 @@
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
 
-#include <thread>
-
 namespace velmora::test {
 
 using Presenter = SplashScreenPresenter;
 
-class SplashScreenPresenterTest : public SplashHost {
-protected:
-    QWidget *window = openRegistered(QStringLiteral("main"));
-};
+class SplashScreenPresenterTest : public RegisteredHost {};
 
 TEST_F(SplashScreenPresenterTest, ASoftRequestWaitsForTheDelayAndForTheWaitingPeriod) {
     Velmora::show();
@@ -39,7 +34,7 @@ TEST_F(SplashScreenPresenterTest, ASoftRequestWaitsForTheDelayAndForTheWaitingPe
 
 TEST_F(SplashScreenPresenterTest, ASoftRequestWithoutFocusIsRememberedAForcedOneIsNot) {
     time.advance(30);
-    QWidget *other = openWindow(QStringLiteral("other"));
+    QWidget *other = openWindow("other");
     Velmora::forceShow();
     EXPECT_FALSE(presenter().isNeedShow());
     activate(window);
@@ -57,7 +52,7 @@ TEST_F(SplashScreenPresenterTest, ASoftRequestWithoutFocusIsRememberedAForcedOne
 }
 
 TEST_F(SplashScreenPresenterTest, AForcedRequestCancelsTheWaitEvenWhenItIsRefused) {
-    openWindow(QStringLiteral("other"));
+    openWindow("other");
     Velmora::forceShow();
     EXPECT_EQ(heard(), QStringList());
     time.advance(1000);
@@ -67,24 +62,15 @@ TEST_F(SplashScreenPresenterTest, AForcedRequestCancelsTheWaitEvenWhenItIsRefuse
     EXPECT_TRUE(Velmora::isADSReady());
 }
 
-TEST_F(SplashScreenPresenterTest, ARefusedRequestChangesNothing) {
-    Velmora::forceShow();
-    heard();
-    Velmora::forceShow();
-    Velmora::showWithouSplash();
-    EXPECT_EQ(heard(), QStringList());
-    EXPECT_EQ(Velmora::splashScreenStartCount(), 1);
-
-    presenter().didClickClose();
-    heard();
+TEST_F(SplashScreenPresenterTest, ARequestWithoutARegisteredWindowIsRefused) {
     Velmora::removeSplashScreenFromWindow(window);
     Velmora::forceShow();
     EXPECT_EQ(heard(), QStringList());
-    EXPECT_EQ(Velmora::splashScreenStartCount(), 1);
+    EXPECT_EQ(Velmora::splashScreenStartCount(), 0);
 }
 
 TEST_F(SplashScreenPresenterTest, MovingTheKeyStatusBetweenRegisteredWindowsIsNoPause) {
-    QWidget *second = openRegistered(QStringLiteral("second"));
+    QWidget *second = openRegistered("second");
     EXPECT_EQ(presenter().activeSplashScreenController()->window(), second);
     Velmora::forceShow();
     EXPECT_EQ(presenter().splashScreenControllerWithVideo()->window(), second);
@@ -121,31 +107,13 @@ TEST_F(SplashScreenPresenterTest, ASequenceWithoutAnyWindowEndsAfterTenSeconds) 
         EXPECT_EQ(time.timerCount(), 0u);
     }
     // A destroyed window counts as a removed one. Removing all ads ends the sequence before.
-    QWidget *doomed = openRegistered(QStringLiteral("doomed"));
+    QWidget *doomed = openRegistered("doomed");
     Velmora::forceShow();
     heard();
     closeWindow(doomed);
     Velmora::removeAdsNow();
     time.advance(200);
     EXPECT_FALSE(heard().contains(DidClose));
-}
-
-TEST_F(SplashScreenPresenterTest, RemovingAdsRemovesEverySplashScreen) {
-    Velmora::forceShow();
-    time.advance(2);
-    heard();
-    std::thread worker([] { Velmora::removeAdsNow(); });
-    worker.join();
-    EXPECT_TRUE(Velmora::isADSRemoved());
-    handleEvents();
-    EXPECT_FALSE(Velmora::isShowSplashScreen());
-    EXPECT_TRUE(presenter().SSControllers().empty());
-    Velmora::show();
-    Velmora::forceShow();
-    EXPECT_FALSE(Velmora::addSplashScreenToWindow(window));
-    EXPECT_TRUE(presenter().SSControllers().empty());
-    time.advance(200);
-    EXPECT_EQ(time.timerCount(), 0u);
 }
 
 TEST_F(SplashScreenPresenterTest, TheHostMayCallAnythingInsideANotification) {

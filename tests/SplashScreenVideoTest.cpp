@@ -8,10 +8,7 @@
 
 namespace velmora::test {
 
-class SplashScreenVideoTest : public SplashHost {
-protected:
-    QWidget *window = openRegistered(QStringLiteral("main"));
-};
+class SplashScreenVideoTest : public RegisteredHost {};
 
 TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     AdsDownloader &downloader = *AdsDownloader::sharedInstance();
@@ -29,26 +26,30 @@ TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     const auto click = [&] {
         heard();
         opened.clear();
-        presenter().didClickOnVideo();
+        controller(window).outlets().urlButton->click();
     };
+    presenter().didClickOnVideo();
+    EXPECT_EQ(heard(), QStringList()) << "no link at all";
     useUnplayableVideo();
     const QUrl link(QStringLiteral("https://store.example/app/default"));
     Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
     ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
-
     // An ad was drawn, but its video cannot be downloaded: the default video plays.
     draw(QStringLiteral("ghost"));
     Velmora::forceShow();
+    click();
+    EXPECT_EQ(opened, QList<QUrl>()) << "nothing to click on yet";
     time.advance(5);
     click();
     EXPECT_EQ(opened, QList<QUrl>{link});
+    // No server answers the look-up of the name.
     EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:null")});
     EXPECT_TRUE(presenter().interstitialVideoUrl().isEmpty());
     time.advance(5);
     presenter().didClickClose();
 
-    putInCaches(QStringLiteral("own.mp4"), "a film");
-    putInCaches(QStringLiteral("own.png"), "a still");
+    putInCaches("own.mp4", "a film");
+    putInCaches("own.png", "a still");
     ASSERT_TRUE(eventually([&] {
         draw(QStringLiteral("own")); // refused until the request for "ghost" has failed
         return !downloader.interstitialVideoURL().isEmpty();
@@ -64,29 +65,16 @@ TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     EXPECT_EQ(presenter().interstitialVideoUrl().fileName(), QStringLiteral("own.png"));
 }
 
-TEST_F(SplashScreenVideoTest, AClickOpensTheLinkAndMutingAppliesToEveryWindow) {
-    QWidget *second = openRegistered(QStringLiteral("second"));
-    presenter().didClickOnVideo();
-    EXPECT_EQ(heard(), QStringList()) << "no link at all";
-    const QUrl link(QStringLiteral("https://store.example/app/id7"));
+TEST_F(SplashScreenVideoTest, MutingAppliesToEveryWindow) {
+    QWidget *second = openRegistered("second");
     useUnplayableVideo();
-    Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
-    ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
     Velmora::forceShow();
-    controller(second).outlets().urlButton->click();
-    EXPECT_EQ(opened, QList<QUrl>()) << "nothing to click on yet";
     time.advance(5);
-    heard();
-    controller(second).outlets().urlButton->click();
-    EXPECT_EQ(opened, (QList<QUrl>{link}));
-    // No server answers the look-up of the name.
-    EXPECT_EQ(heard(), (QStringList{QStringLiteral("clickforvideo:null")}));
-
     controller(second).outlets().soundButton->click();
     EXPECT_TRUE(presenter().isMuted());
     EXPECT_TRUE(controller(window).isMuted());
     EXPECT_TRUE(controller(second).playerlayer()->isMuted());
-    QWidget *late = openRegistered(QStringLiteral("late"));
+    QWidget *late = openRegistered("late");
     EXPECT_TRUE(controller(late).isMuted()) << "a window that comes after the sound was turned off";
     controller(second).outlets().soundButton->click();
     EXPECT_FALSE(controller(window).isMuted());

@@ -8,10 +8,7 @@
 
 namespace velmora::test {
 
-class SplashScreenWindowsTest : public SplashHost {
-protected:
-    QWidget *window = openRegistered(QStringLiteral("main"));
-};
+class SplashScreenWindowsTest : public RegisteredHost {};
 
 TEST_F(SplashScreenWindowsTest, AnyWidgetOfAWindowNamesThatWindow) {
     auto *inner = new QWidget(new QWidget(window));
@@ -27,7 +24,7 @@ TEST_F(SplashScreenWindowsTest, AnyWidgetOfAWindowNamesThatWindow) {
 
 TEST_F(SplashScreenWindowsTest, TheDelayBeforeTheFirstSequenceRunsAgainOnceNoWindowIsRegistered) {
     time.advance(20);
-    openRegistered(QStringLiteral("second"));
+    openRegistered("second");
     time.advance(10);
     EXPECT_TRUE(Velmora::isADSReady());
     Velmora::forceShow();
@@ -35,7 +32,7 @@ TEST_F(SplashScreenWindowsTest, TheDelayBeforeTheFirstSequenceRunsAgainOnceNoWin
     EXPECT_FALSE(Velmora::isShowSplashScreen());
     EXPECT_TRUE(presenter().SSControllers().empty());
     EXPECT_FALSE(Velmora::isADSReady());
-    QWidget *third = openRegistered(QStringLiteral("third"));
+    QWidget *third = openRegistered("third");
     time.advance(30);
     EXPECT_TRUE(Velmora::isADSReady());
     // A window that is registered again is observed once.
@@ -45,22 +42,8 @@ TEST_F(SplashScreenWindowsTest, TheDelayBeforeTheFirstSequenceRunsAgainOnceNoWin
     EXPECT_EQ(presenter().activeSplashScreenController()->window(), window);
 }
 
-TEST_F(SplashScreenWindowsTest, TheWindowWithTheVideoMayBeRemoved) {
-    QWidget *second = openRegistered(QStringLiteral("second"));
-    useUnplayableVideo();
-    Velmora::forceShow();
-    time.advance(6);
-    EXPECT_NE(controller(second).playerlayer(), nullptr);
-    Velmora::removeSplashScreenFromWindow(second);
-    EXPECT_FALSE(presenter().splashScreenControllerWithVideo());
-    EXPECT_EQ(presenter().splashScreenControllerWithWindow(second), nullptr);
-    EXPECT_TRUE(Velmora::isShowSplashScreen());
-    time.advance(4);
-    EXPECT_TRUE(isShown(controller(window).outlets().closeButton));
-}
-
 TEST_F(SplashScreenWindowsTest, AClosedWindowIsRemovedOnlyWithAutoRemovalOn) {
-    QWidget *second = openRegistered(QStringLiteral("second"));
+    QWidget *second = openRegistered("second");
     second->close();
     handleEvents();
     EXPECT_NE(presenter().splashScreenControllerWithWindow(second), nullptr);
@@ -73,41 +56,36 @@ TEST_F(SplashScreenWindowsTest, AClosedWindowIsRemovedOnlyWithAutoRemovalOn) {
     EXPECT_EQ(presenter().splashScreenControllerWithWindow(second), nullptr);
 }
 
-TEST_F(SplashScreenWindowsTest, TheHostMayDestroyAWindowAtAnyMoment) {
-    useUnplayableVideo();
-    // In every phase the window with the video is destroyed; at the end, the only window.
-    for (const double moment : {0.5, 5.5, 10.5, 20.0}) {
-        QWidget *playing = openRegistered(QStringLiteral("playing"));
-        activate(playing);
+TEST_F(SplashScreenWindowsTest, TheKeyWindowWithTheVideoMayBeRemovedOrDestroyed) {
+    for (const bool isDestroyed : {false, true}) {
+        QWidget *playing = openRegistered("playing");
         Velmora::forceShow();
-        ASSERT_TRUE(Velmora::isShowSplashScreen()) << moment;
-        time.advance(moment);
-        closeWindow(playing);
-        EXPECT_EQ(presenter().SSControllers().size(), 1u) << moment;
-        EXPECT_FALSE(presenter().isFocus());
-        handleEvents();
-        EXPECT_TRUE(presenter().needsResumeSplashScreen());
-        activate(window);
-        time.advance(15);
-        EXPECT_TRUE(isShown(controller(window).outlets().closeButton)) << moment;
-        controller(window).outlets().closeButton->click();
+        time.advance(6);
+        if (isDestroyed)
+            closeWindow(playing);
+        else
+            Velmora::removeSplashScreenFromWindow(playing);
+        EXPECT_FALSE(presenter().splashScreenControllerWithVideo());
+        presenter().didClickClose();
     }
-    Velmora::forceShow();
-    time.advance(6);
-    closeWindow(window);
-    time.advance(60);
-    EXPECT_TRUE(presenter().SSControllers().empty());
+    EXPECT_FALSE(presenter().isFocus());
 }
 
 TEST_F(SplashScreenWindowsTest, AWindowWithNewContentKeepsItsSplashScreen) {
     auto *main = new QMainWindow;
     main->setCentralWidget(new QWidget);
-    QWidget *second = openWindow(QStringLiteral("second"));
-    auto *old = new QWidget(second);
-    old->resize(second->size());
-    old->show();
-    auto content = std::make_unique<ViewController>(old);
-    content->setContentOf(second);
+    QWidget *second = openWindow("second");
+    QWidget *content = nullptr;
+    std::unique_ptr<ViewController> contentController;
+    const auto replaceContentOfSecond = [&] {
+        delete content;
+        content = new QWidget(second);
+        content->resize(second->size());
+        content->show();
+        contentController = std::make_unique<ViewController>(content);
+        contentController->setContentOf(second);
+    };
+    replaceContentOfSecond();
     main->show();
     activate(main);
     Velmora::addSplashScreenToWindow(second);
@@ -126,16 +104,11 @@ TEST_F(SplashScreenWindowsTest, AWindowWithNewContentKeepsItsSplashScreen) {
         auto *next = new QLabel(QStringLiteral("new content"));
         main->setCentralWidget(next);
         next->setFocus();
-        delete old;
-        old = new QWidget(second);
-        old->resize(second->size());
-        old->show();
-        content = std::make_unique<ViewController>(old);
-        content->setContentOf(second);
+        replaceContentOfSecond();
         handleEvents();
         EXPECT_TRUE(covers(main)) << moment;
         EXPECT_TRUE(covers(second)) << moment;
-        EXPECT_EQ(controller(second).overlay()->superview(), old);
+        EXPECT_EQ(controller(second).overlay()->superview(), content);
         main->takeCentralWidget()->deleteLater();
         handleEvents();
         EXPECT_TRUE(covers(main)) << moment;
