@@ -29,7 +29,12 @@ protected:
     }
 
     QColor pixelAt(QPoint point) {
-        handleEvents();
+        // Pictures are decoded on another thread.
+        const auto *picture = window->findChild<BannerImageView *>();
+        EXPECT_TRUE(eventually([&] {
+            window->grab();
+            return !picture || picture->decodedFrames() > 0;
+        }));
         const QImage image = window->grab().toImage();
         return image.pixelColor(point * image.devicePixelRatio());
     }

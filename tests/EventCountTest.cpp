@@ -62,7 +62,7 @@ protected:
                 ++delivered[request.path()];
         });
         baseUrl = server.start();
-        useDeployment(deployment());
+        goOnline();
         QFile authority(folder.filePath(QStringLiteral("ca.pem")));
         EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
         authority.write(server.caPem());

@@ -51,9 +51,7 @@ TEST_F(MediaCacheTest, ADeletedCachesFolderIsCreatedAgain) {
 }
 
 TEST_F(MediaCacheTest, OnlyAUsableFileIsKept) {
-    const QByteArray film("\0\0\0\x18"
-                          "ftypisom",
-                          12);
+    const QByteArray film = FilmHead;
     const QByteArray page = "<html>busy</html>";
     const struct {
         QByteArray bytes;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdKeys.h"
 #include "AdsDownloader.h"
+#include "tests/support/LocalAdServer.h"
 #include "tests/support/SplashHost.h"
+#include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QJsonArray>
@@ -48,8 +50,8 @@ TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     time.advance(5);
     presenter().didClickClose();
 
-    putInCaches("own.mp4", "a film");
-    putInCaches("own.png", "a still");
+    putInCaches("own.mp4", FilmHead);
+    putInCaches("own.png", gif({Qt::red}));
     ASSERT_TRUE(eventually([&] {
         draw(QStringLiteral("own")); // refused until the request for "ghost" has failed
         return !downloader.interstitialVideoURL().isEmpty();

@@ -46,9 +46,7 @@ QJsonObject LocalAdServer::video(QAnyStringView anyName, double priority) {
     const QString name = anyName.toString();
     const QString file = QStringLiteral("/media/%1.mp4").arg(name);
     const QString still = QStringLiteral("/media/%1.png").arg(name);
-    server.campaign().setMedia(file, QByteArray("\0\0\0\x18"
-                                                "ftypisom",
-                                                12));
+    server.campaign().setMedia(file, FilmHead);
     server.campaign().setMedia(still, gif({Qt::green}));
     return {{QStringLiteral("VLMAppName"), name},
             {QStringLiteral("video_file_landscape"), file},

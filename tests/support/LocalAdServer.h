@@ -20,8 +20,7 @@ protected:
 
     /// A banner ad; the server serves its picture as "/media/NAME.gif".
     QJsonObject banner(QAnyStringView name, double priority = 1);
-    /// A video ad; the server serves the first bytes of a film
-    /// ("/media/NAME.mp4") and its still
+    /// A video ad; the server serves the beginning of a film ("/media/NAME.mp4") and its still
     /// ("/media/NAME.png").
     QJsonObject video(QAnyStringView name, double priority = 1);
     /// Sets the reply to the ad request.
@@ -37,5 +36,9 @@ private:
 
 /// The path of the ad request.
 inline const QString TablePath = QStringLiteral("/api/v1/banners");
+
+/// The first bytes of a film, by which it is recognised.
+inline const QByteArray FilmHead = QByteArrayLiteral("\0\0\0\x18"
+                                                     "ftypisom");
 
 } // namespace velmora::test
