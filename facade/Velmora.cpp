@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Velmora/Velmora.h>
 
+#include <Velmora/NotificationCenter.h>
+#include <Velmora/Notifications.h>
+
 #include "AdsDownloader.h"
 #include "BannerController.h"
 #include "FacadeState.h"
@@ -15,6 +18,7 @@
 using velmora::AdsDownloader;
 using velmora::FacadeState;
 using velmora::MainQueue;
+using velmora::NotificationCenter;
 using velmora::ProcessRoot;
 using velmora::SharedUrlSession;
 using velmora::Switches;
@@ -62,9 +66,13 @@ void Velmora::resetAds() {
 void Velmora::removeAdsNow() {
     if (ProcessRoot::hasEnded())
         return;
-    Switches::setADSRemoved(true);
+    const bool isStored = Switches::setADSRemoved(true);
     SharedUrlSession::cancelAll();
-    MainQueue::runOrPost(&removeBannersAndSplashScreens);
+    MainQueue::runOrPost([isStored] {
+        removeBannersAndSplashScreens();
+        if (!isStored)
+            NotificationCenter::defaultCenter().post(VLMadsOffNotStored);
+    });
 }
 
 bool Velmora::isInitializedBannerLOG_ERROR() {

@@ -11,6 +11,8 @@ const QString VLMsplashScreenWillShow = QStringLiteral("com.tamsel.splashcreenwi
 const QString VLMsplashScreenDidShow = QStringLiteral("com.tamsel.splashcreendidshow");
 const QString VLMsplashScreenDidClose = QStringLiteral("com.tamsel.splashscreendidclose");
 
+const QString VLMadsOffNotStored = QStringLiteral("com.tamsel.adsoffnotstored");
+
 const QString kReachabilityChangedNotification = QStringLiteral("kReachabilityChangedNotification");
 
 const double VelmoraVersionNumber = 1.0;

@@ -4,9 +4,9 @@
 namespace velmora {
 
 /// The process-wide switches. Debug mode and the removal of splash screens from closing windows
-/// ("ARC") are process state. Ads-off is stored in the host's settings and read from there at every
-/// call, so that a change, also one by another process of the host, takes effect everywhere at
-/// once. Any thread.
+/// ("ARC") are process state. Ads-off is stored in the host's settings and in a second place
+/// (AdsOffMarker); ads are off when either says so. Both are read at every call, so that a change,
+/// also one by another process of the host, takes effect everywhere at once. Any thread.
 class Switches {
 public:
     /// Switches debug mode on: from now on Log prints messages.
@@ -17,7 +17,9 @@ public:
     static bool isARCActivate();
 
     static bool isADSRemoved();
-    static void setADSRemoved(bool removed);
+    /// @return false when the switch could not be stored in either place: it then holds for this
+    ///         run
+    static bool setADSRemoved(bool removed);
 };
 
 } // namespace velmora

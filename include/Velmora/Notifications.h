@@ -43,6 +43,10 @@ extern VELMORA_EXPORT const QString VLMsplashScreenDidShow;
 /// for ten seconds.
 extern VELMORA_EXPORT const QString VLMsplashScreenDidClose;
 
+/// Velmora::removeAdsNow() could not store that ads are off: they will be back in the next run. The
+/// host may call it again later, and keep its own record of the purchase.
+extern VELMORA_EXPORT const QString VLMadsOffNotStored;
+
 /// The flags of a started reachability monitor have changed. Object
 /// (std::shared_ptr<velmora::Reachability>): the monitor. QVariant::toString() of the object gives
 /// the monitor's description().

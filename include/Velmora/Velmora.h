@@ -56,14 +56,17 @@ public:
     /// True when ads are removed. Read from the host's settings at every call. Any thread.
     static bool isADSRemoved();
 
-    /// Allows ads again. Removed banners and splash screens do not return: add the windows and
+    /// Allows ads again; the only way, since deleting the stored setting alone changes nothing.
+    /// Removed banners and splash screens do not return: add the windows and
     /// views again.
     static void resetAds();
 
     /// Removes all banners and splash screens, and stores that no advertising is shown any more, in
     /// this and in all later runs of the host. Any thread: when this returns, the switch is stored
     /// and every request is being cancelled; called on another thread than the main one, the
-    /// windows follow a moment later.
+    /// windows follow a moment later. The switch is stored twice, in the host's settings and as a
+    /// file in its data folder; when neither can be written, the ads are off for this run and
+    /// VLMadsOffNotStored is posted.
     static void removeAdsNow();
     /// @}
 

@@ -32,12 +32,13 @@ QVariant HostSettings::value(const QString &key) {
     return value;
 }
 
-void HostSettings::setValue(const QVariant &value, const QString &key) {
+bool HostSettings::setValue(const QVariant &value, const QString &key) {
     if (ProcessRoot::hasEnded())
-        return;
+        return false;
     const auto settings = store();
-    settings->setValue(key, value);
+    const bool isStored = settings->setValue(key, value);
     logComplaints(*settings);
+    return isStored;
 }
 
 QString HostSettings::place() {

@@ -9,7 +9,8 @@ namespace velmora {
 class HostSettings {
 public:
     static QVariant value(const QString &key);
-    static void setValue(const QVariant &value, const QString &key);
+    /// @return false when the value holds for this run only
+    static bool setValue(const QVariant &value, const QString &key);
     /// See SettingsStore::place().
     static QString place();
     /// See SettingsStore::open().

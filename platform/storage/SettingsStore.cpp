@@ -44,16 +44,18 @@ QVariant SettingsStore::value(const QString &key) {
     return m_settings->value(key);
 }
 
-void SettingsStore::setValue(const QString &key, const QVariant &value) {
+bool SettingsStore::setValue(const QString &key, const QVariant &value) {
     const std::lock_guard lock(m_mutex);
     follow();
     m_own.insert(key, {value});
     if (!m_settings) {
         complain(QStringLiteral("the application has no name yet"));
-        return;
+        return false;
     }
-    if (!storeDue())
+    const bool isStored = storeDue();
+    if (!isStored)
         complain(QStringLiteral("%1 cannot be written").arg(m_settings->fileName()));
+    return isStored;
 }
 
 QString SettingsStore::place() {

@@ -32,7 +32,8 @@ public:
 
     /// Stores a value and flushes it to disk; an invalid value removes the key. A value that can't
     /// be stored is kept in memory, and storing it is tried again at later calls.
-    void setValue(const QString &key, const QVariant &value);
+    /// @return whether it is stored now
+    bool setValue(const QString &key, const QVariant &value);
 
     /// The file (or, on other systems, the native location) of the values; empty while the
     /// application has no name.

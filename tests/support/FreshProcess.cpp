@@ -2,6 +2,7 @@
 #include "tests/support/FreshProcess.h"
 
 #include "ProcessRoot.h"
+#include "Switches.h"
 #include "tests/support/Waiting.h"
 
 #include <Velmora/UserDefaults.h>
@@ -50,7 +51,7 @@ void putInCaches(QAnyStringView name, const QByteArray &bytes) {
 FreshProcess::FreshProcess() {
     restartProcess();
     if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
-        UserDefaults::standard().removeObject(QStringLiteral("adsoff"));
+        Switches::setADSRemoved(false);
         UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
         ProcessRoot::drop();
         QDir(hostCachesFolder()).removeRecursively();
