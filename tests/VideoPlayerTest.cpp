@@ -232,6 +232,7 @@ TEST_F(VideoPlayerTest, AnUnplayableFileFailsOnceWithALogLine) {
          "list.mp4: cannot be played"},
         {file("still.mp4", still()), "still.mp4: cannot be played"},
         {clip("wide.webm"), "too large"},
+        {clip("large.webm"), "too large"},
         {file("strange.mp4", strange), "missing; try the package"},
     };
     for (const auto &[path, logged] : cases) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GstDecoder.h"
 
+#include <QtCore/QSize>
+
 #include <algorithm>
 #include <cstring>
 
@@ -16,15 +18,15 @@ constexpr int SkipFactory = 2;
 // threads would cost more memory and processor time than they save.
 constexpr int LargestForOneThread = 1280;
 
-// The longer side of the pictures in pixels; 0 when the format does not contain it.
-int longerSide(const GstCaps *caps) {
+// The size of the pictures in pixels; empty when the format does not contain it.
+QSize pictureSize(const GstCaps *caps) {
     const GstStructure *format = gst_caps_get_structure(caps, 0);
     int width = 0;
     int height = 0;
     if (!gst_structure_get_int(format, "width", &width) ||
         !gst_structure_get_int(format, "height", &height))
-        return 0;
-    return std::max(width, height);
+        return {};
+    return {width, height};
 }
 
 // A file from a server may really be a playlist, a project or a session description. So plugins
@@ -54,10 +56,11 @@ GstElement *GstDecoder::create() {
 }
 
 bool GstDecoder::accepts(const GstCaps *caps) {
-    const int side = longerSide(caps);
+    const QSize size = pictureSize(caps);
+    const int side = std::max(size.width(), size.height());
     if (side > 0)
         m_isSmall = side <= LargestForOneThread;
-    if (side <= LargestSide)
+    if (side <= LargestSide && qint64(size.width()) * size.height() <= MostPixels)
         return true;
     m_listener->failed(QStringLiteral("its pictures are too large"), false);
     return false;

@@ -14,9 +14,10 @@ namespace velmora {
 /// pipeline is not in the state NULL, because the decoder calls it on the pipeline's threads.
 class GstDecoder {
 public:
-    /// The longest side of a picture in pixels, more than most screens have. It limits the
-    /// decoder's memory, of which a small file may otherwise claim gigabytes.
+    /// The longest side of a picture, and its size, in pixels: 4096x2304, more than most screens
+    /// have. This limits the decoder's memory, of which a small file may otherwise claim gigabytes.
     static constexpr int LargestSide = 4096;
+    static constexpr qint64 MostPixels = 9'500'000;
 
     /// @param listener told of a failure when the pictures are too large
     explicit GstDecoder(VideoEngineListener *listener) : m_listener(listener) {}
