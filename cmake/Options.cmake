@@ -3,8 +3,9 @@
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
+# Off by default, so that only the presets make a library that trusts its environment.
 option(VELMORA_DEVELOPER_BUILD
-    "Let the environment replace the deployment values at run time" ${PROJECT_IS_TOP_LEVEL})
+    "Let the environment replace deployment values, authorities and the video module" OFF)
 option(VELMORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 
 # AUTO builds the tests where everything that they need is installed; ON, which ./test sets, fails
