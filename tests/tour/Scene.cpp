@@ -48,8 +48,21 @@ bool Scene::run(void (*play)(Scene &)) {
     } catch (const SceneFailed &) {
     }
     note("server-requests", QString::number(server().log().count("*")));
+    expectPrivateRequests();
     m_demo.log().disconnect();
     return m_complete;
+}
+
+void Scene::expectPrivateRequests() {
+    const QByteArray host = QUrl(server().baseUrl()).authority().toUtf8();
+    for (const auto &request : server().log().requests("*")) {
+        QByteArray expected = request.method + ' ' + request.target + " HTTP/1.1\r\nHost: " + host +
+                              "\r\nUser-Agent: Velmora\r\nAccept-Encoding: gzip\r\n";
+        if (request.method == "POST")
+            expected += "Content-Length: " + QByteArray::number(request.body.size()) + "\r\n";
+        expect(request.raw == expected + "\r\n" + request.body,
+               "nothing else in a request: " + QString::fromUtf8(request.raw));
+    }
 }
 
 void Scene::openWindow() {

@@ -85,6 +85,8 @@ public:
     QString lastObject(const QString &event) const { return m_events.value(event); }
 
 private:
+    /// Expects that the requests say nothing about the user or the system.
+    void expectPrivateRequests();
     void movePointerAway();
     bool savePicture(const QString &name, const QWidget *window);
 
