@@ -25,7 +25,9 @@ protected:
         loader = std::make_shared<BannerLoader>(table);
     }
 
-    void useBanners(const QJsonArray &ads) { table->setReply(AdReply::of(QJsonObject{{kMainBannerKey, ads}})); }
+    void useBanners(const QJsonArray &ads) {
+        table->setReply(AdReply::of(QJsonObject{{kMainBannerKey, ads}}));
+    }
 
     /// Loads the next banner and waits for the completion.
     bool loadAndWait() {
