@@ -31,7 +31,7 @@ int SplashSubject::run(const QString &name, int argc, char **argv) {
     const bool isVideo = name == SplashVideo;
     // The user's own settings and caches stay unused.
     const QTemporaryDir home;
-    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
+    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         qputenv(place, home.path().toUtf8());
     const QApplication application(argc, argv);
     std::vector<QWidget> windows(isVideo ? 1 : 4);

@@ -121,7 +121,7 @@ int main(int argc, char **argv) {
     environment.insert(QStringLiteral("VELMORA_AD_SERVER_URL"), url);
     environment.insert(QStringLiteral("VELMORA_AD_SERVER_CA"), authority.fileName());
     environment.insert(QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1"));
-    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME"})
+    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         environment.insert(QLatin1String(place), folder.filePath(QLatin1String(place)));
 
     // The pages of a file that was just built count as private memory until they are on disk.

@@ -93,6 +93,7 @@ QProcessEnvironment Tour::environmentFor(const Start &start) const {
     environment.insert("LANGUAGE", start.language);
     environment.insert("LC_ALL", "C.UTF-8");
     environment.insert("XDG_CACHE_HOME", m_homes.filePath("cache-" + start.cache));
+    environment.insert("XDG_DATA_HOME", m_homes.filePath("data-" + start.config));
     environment.insert("XDG_CONFIG_HOME", m_homes.filePath("config-" + start.config));
     if (!start.scale.isEmpty())
         environment.insert("QT_SCALE_FACTOR", start.scale);
