@@ -2,6 +2,15 @@
 // What the sanitizers are told of the libraries that are not ours. Without a sanitizer nobody
 // calls these.
 
+#include <cstdlib>
+
+#ifdef __SANITIZE_ADDRESS__
+namespace {
+// Qt's own event loop: the frames of GLib's, whose leaks are left out, would be in every stack.
+[[maybe_unused]] const int s_withoutGlib = setenv("QT_NO_GLIB", "1", 1);
+} // namespace
+#endif
+
 extern "C" {
 
 __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
