@@ -90,6 +90,11 @@ void BannerController::connectControls() {
             if (const auto self = weak.lock())
                 self->m_pressed = self->m_shown;
         });
+        QObject::connect(m_bannerImage, &BannerImageView::failed, m_bannerImage, [weak] {
+            const auto self = weak.lock();
+            if (self && !self->m_shown.file.isEmpty())
+                self->displayHouseBanner();
+        });
         QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage, [weak] {
             if (const auto self = weak.lock())
                 self->open(self->m_pressed);

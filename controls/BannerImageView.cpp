@@ -65,7 +65,6 @@ void BannerImageView::pictureChanged() {
     m_frame = m_player->frame();
     if (m_player->hasFailed()) {
         m_imageSize = {};
-        m_player.reset();
         Q_EMIT failed();
     }
     update();

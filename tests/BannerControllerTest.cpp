@@ -238,6 +238,16 @@ TEST_F(BannerControllerTest, AHouseBannerStandsInForAnUnusablePicture) {
     EXPECT_EQ(server.log().count(QStringLiteral("/media/broken.gif")), 1);
 }
 
+TEST_F(BannerControllerTest, AHouseBannerStandsInForAPictureThatTurnsOutBroken) {
+    serve({banner("torn")});
+    putInCaches("torn.gif", gif({Qt::red, Qt::blue}).left(60));
+    BannerController *controller = addBanner();
+    EXPECT_TRUE(eventually(
+        [&] { return controller->standardBanners().contains(controller->selectBanner()); }));
+    EXPECT_TRUE(controller->bannerImage()->hasImage());
+    EXPECT_EQ(server.log().count(QStringLiteral("/media/torn.gif")), 0) << "it was cached";
+}
+
 TEST_F(BannerControllerTest, RemovedAdsStayAwayWithDownloadsAndTimersInFlight) {
     showOneOf({QStringLiteral("one"), QStringLiteral("two")});
     server.faults().set(QStringLiteral("/media/*"), Fault::delay(60));

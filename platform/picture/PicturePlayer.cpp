@@ -75,7 +75,7 @@ void PicturePlayer::decoded(const Result &result, const QSize &size, bool isAgai
         m_hasEnded = true;
         if (hasFailed()) {
             Log::write(QStringLiteral("picture not drawn: %1").arg(m_decoder->error()));
-            m_changed();
+            tellOfChange();
         }
         return;
     }
@@ -101,7 +101,13 @@ void PicturePlayer::present(const FrameDecoder::Frame &frame) {
         });
         m_timer->setFiresDuringTracking();
     }
-    m_changed();
+    tellOfChange();
+}
+
+void PicturePlayer::tellOfChange() {
+    // A copy: the view may replace this player inside the call.
+    const auto changed = m_changed;
+    changed();
 }
 
 } // namespace velmora

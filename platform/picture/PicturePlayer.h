@@ -38,6 +38,7 @@ private:
     void decode();
     void decoded(const Result &result, const QSize &size, bool isAgain);
     void present(const FrameDecoder::Frame &frame);
+    void tellOfChange();
 
     const std::shared_ptr<FrameDecoder> m_decoder;
     const std::function<void()> m_changed;
