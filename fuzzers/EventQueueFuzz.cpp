@@ -4,13 +4,19 @@
 #include "Fuzzing.h"
 #include "WebLink.h"
 
+#include <algorithm>
+
 using namespace velmora;
 using velmora::fuzz::require;
 
 namespace {
 
+// Compared as they are sent. An address that was written as text and read again can differ from the
+// first one by operator==, for instance in a "#" within a fragment.
 void checkRoundTrip(const QList<QUrl> &urls) {
-    require(EventStore::unarchived(EventStore::archived(urls)) == urls,
+    const QList<QUrl> read = EventStore::unarchived(EventStore::archived(urls));
+    require(std::equal(read.begin(), read.end(), urls.begin(), urls.end(),
+                       [](const QUrl &a, const QUrl &b) { return a.toEncoded() == b.toEncoded(); }),
             "a stored queue is read as it was");
 }
 

@@ -34,9 +34,10 @@ auto read(const QByteArray &message, char following) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     nlmsghdr head{};
     std::memcpy(&head, data, std::min(size, sizeof head));
-    if (size < sizeof head || head.nlmsg_len < sizeof head || head.nlmsg_len > size)
+    const size_t length = NLMSG_ALIGN(size_t(head.nlmsg_len)); // messages are padded
+    if (head.nlmsg_len < sizeof head || length > size)
         return 0; // mnl_cb_run() hands out no such message
-    const QByteArray message = fuzz::bytesOf(data, head.nlmsg_len);
+    const QByteArray message = fuzz::bytesOf(data, length);
     fuzz::require(read(message, 0) == read(message, '\xff'), "what follows does not matter");
     return 0;
 }
