@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         return 0;
     const QSize shown(data[size - 1] + 1, data[size - 2] + 1);
     FrameDecoder decoder(file);
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < (file.isAnimation() ? 6 : 1); ++i) {
         const auto frame = decoder.next(shown);
         if (!frame)
             break;
