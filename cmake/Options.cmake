@@ -3,6 +3,7 @@
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
+option(VELMORA_BUILD_FUZZERS "Link the fuzz targets with libFuzzer; clang only" OFF)
 # Off by default, so that only the presets make a library that trusts its environment.
 option(VELMORA_DEVELOPER_BUILD
     "Let the environment replace deployment values, authorities and the video module" OFF)

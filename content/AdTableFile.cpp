@@ -10,6 +10,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 
+#include <algorithm>
+
 namespace velmora {
 
 std::optional<QJsonObject> AdTableFile::read(const QString &path) {
@@ -19,7 +21,8 @@ std::optional<QJsonObject> AdTableFile::read(const QString &path) {
     AdCollection table;
     bool isUsable = false;
     int unreadable = 0;
-    const QList<QByteArray> lines = file.read(LargestSize).split('\n');
+    // read() allocates as much as it is asked for.
+    const QList<QByteArray> lines = file.read(std::min(file.size(), LargestSize)).split('\n');
     for (const QByteArray &line : lines) {
         const QJsonDocument part = QJsonDocument::fromJson(line);
         if (part.isObject()) {

@@ -6,8 +6,10 @@
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtGui/QImageWriter>
 
 namespace velmora::test {
 
@@ -53,6 +55,14 @@ TEST_F(MediaCacheTest, ADeletedCachesFolderIsCreatedAgain) {
 TEST_F(MediaCacheTest, OnlyAUsableFileIsKept) {
     const QByteArray film = FilmHead;
     const QByteArray page = "<html>busy</html>";
+    const auto jpeg = [](int moreScans) {
+        QBuffer buffer;
+        QImageWriter writer(&buffer, "jpeg");
+        writer.setProgressiveScanWrite(true);
+        EXPECT_TRUE(writer.write(QImage(8, 8, QImage::Format_RGB32)));
+        const QByteArray scan = QByteArray::fromHex("ffda0008010100013f00");
+        return buffer.data().chopped(2) + scan.repeated(moreScans) + QByteArray::fromHex("ffd9");
+    };
     const struct {
         QByteArray bytes;
         MediaKind kind;
@@ -60,6 +70,8 @@ TEST_F(MediaCacheTest, OnlyAUsableFileIsKept) {
     } cases[] = {
         {gif({Qt::red, Qt::blue}), MediaKind::Picture, true},
         {film, MediaKind::Film, true},
+        {jpeg(10), MediaKind::Picture, true},
+        {jpeg(101), MediaKind::Picture, false},
         {page, MediaKind::Picture, false},
         {page, MediaKind::Film, false},
         {film, MediaKind::Picture, false},
@@ -76,7 +88,8 @@ TEST_F(MediaCacheTest, OnlyAUsableFileIsKept) {
         EXPECT_EQ(!result.file.isEmpty(), isKept) << number;
         EXPECT_EQ(result.isHopeless, !isKept) << number;
     }
-    EXPECT_EQ(cached(), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+    EXPECT_EQ(cached(),
+              (QStringList{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}));
 }
 
 TEST_F(MediaCacheTest, AnUnusableFileOfAnEarlierVersionIsReplaced) {

@@ -95,12 +95,9 @@ std::optional<FrameDecoder::Frame> FrameDecoder::again(const QSize &size) {
 std::optional<FrameDecoder::Frame> FrameDecoder::still(const QSize &size) {
     if (!m_current.isNull())
         return Frame{scaled(m_current, size)};
-    QImageReader reader(m_path);
-    reader.setScaledSize(size);
-    const QImage image = reader.read();
+    const QImage image = PictureFile::firstFrame(m_path, size, &m_error);
     if (!image.isNull())
         return Frame{drawable(image)};
-    m_error = reader.errorString();
     return {};
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PictureFile.h"
 
+#include "JpegScans.h"
+
+#include <QtCore/QFile>
 #include <QtGui/QImageReader>
 
 namespace velmora {
@@ -31,8 +34,24 @@ PictureFile::PictureFile(const QString &path) : m_path(path) {
 QString PictureFile::decodingError() const {
     if (!m_refusal.isEmpty())
         return m_refusal;
-    QImageReader reader(m_path);
-    return reader.read().isNull() ? reader.errorString() : QString();
+    QString error;
+    firstFrame(m_path, {}, &error);
+    return error;
+}
+
+QImage PictureFile::firstFrame(const QString &path, const QSize &size, QString *error) {
+    QImageReader reader(path);
+    QFile file(path);
+    if (reader.format() == "jpeg" && file.open(QIODevice::ReadOnly) &&
+        JpegScans::areTooMany(file)) {
+        *error = QStringLiteral("it has more than %1 scans").arg(JpegScans::Most);
+        return {};
+    }
+    reader.setScaledSize(size);
+    QImage image = reader.read();
+    if (image.isNull())
+        *error = reader.errorString();
+    return image;
 }
 
 } // namespace velmora

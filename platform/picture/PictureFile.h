@@ -3,6 +3,7 @@
 
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtGui/QImage>
 
 namespace velmora {
 
@@ -29,6 +30,11 @@ public:
     /// Decodes the first frame. Takes a while.
     /// @return why it can't be decoded; empty when it can
     QString decodingError() const;
+
+    /// Decodes the first frame of an accepted file. Takes a while.
+    /// @param size  in pixels; empty for the picture's own size
+    /// @param error receives the reason when the result is null
+    static QImage firstFrame(const QString &path, const QSize &size, QString *error);
 
 private:
     QString m_path;

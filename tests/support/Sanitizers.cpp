@@ -30,6 +30,7 @@ const char *__tsan_default_suppressions() {
     return "called_from_lib:libQt6Core.so\n"
            "called_from_lib:libQt6Network.so\n"
            "race:libQt6Core.so\n"
+           "race:libQt6Gui.so\n" // scales large images on threads of its own
            "race:libQt6Network.so\n"
            "race:libglib-2.0.so\n"
            "race:libcpp-httplib.so\n"

@@ -46,11 +46,6 @@ private:
     Body *m_body;
 };
 
-template<typename Body>
-const Body *bodyOf(const nlmsghdr *message) {
-    return static_cast<const Body *>(mnl_nlmsg_get_payload(message));
-}
-
 bool isRoutable(int type) {
     switch (type) {
     case RTN_UNICAST:
@@ -109,8 +104,8 @@ ReachabilityFlags NetlinkRoutes::localNetworkFlags() {
     request->ifa_family = AF_INET;
     std::set<int> links;
     m_socket.request(request.header(), [&links](const nlmsghdr *message) {
-        if (message->nlmsg_type == RTM_NEWADDR)
-            links.insert(static_cast<int>(bodyOf<ifaddrmsg>(message)->ifa_index));
+        if (const auto link = NetlinkReply::linkOfAddress(message))
+            links.insert(*link);
     });
     for (int link : links) {
         const unsigned state = linkFlags(link);
@@ -121,7 +116,7 @@ ReachabilityFlags NetlinkRoutes::localNetworkFlags() {
 }
 
 ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
-    const std::optional<Route> found = route(target);
+    const std::optional<NetlinkReply::Route> found = route(target);
     if (!found)
         return 0;
     const unsigned state = linkFlags(found->link);
@@ -141,7 +136,7 @@ ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
                : flags | ReachabilityFlagTransientConnection | ReachabilityFlagConnectionRequired;
 }
 
-std::optional<NetlinkRoutes::Route> NetlinkRoutes::route(const QHostAddress &target) {
+std::optional<NetlinkReply::Route> NetlinkRoutes::route(const QHostAddress &target) {
     Message<rtmsg> request(RTM_GETROUTE, 0);
     if (target.protocol() == QAbstractSocket::IPv4Protocol) {
         const quint32 address = htonl(target.toIPv4Address());
@@ -159,22 +154,10 @@ std::optional<NetlinkRoutes::Route> NetlinkRoutes::route(const QHostAddress &tar
         }
     }
 
-    std::optional<Route> found;
+    std::optional<NetlinkReply::Route> found;
     const bool answered = m_socket.request(request.header(), [&found](const nlmsghdr *message) {
-        if (message->nlmsg_type != RTM_NEWROUTE)
-            return;
-        Route &result = found.emplace();
-        result.type = bodyOf<rtmsg>(message)->rtm_type;
-        const auto read = [](const nlattr *attribute, void *data) -> int {
-            Route &into = *static_cast<Route *>(data);
-            const int type = mnl_attr_get_type(attribute);
-            if (type == RTA_OIF)
-                into.link = static_cast<int>(mnl_attr_get_u32(attribute));
-            if (type == RTA_GATEWAY || type == RTA_VIA)
-                into.gateway = true;
-            return MNL_CB_OK;
-        };
-        mnl_attr_parse(message, sizeof(rtmsg), read, &result);
+        if (const auto answer = NetlinkReply::route(message))
+            found = answer;
     });
     return answered && found && isRoutable(found->type) ? found : std::nullopt;
 }
@@ -185,8 +168,7 @@ unsigned NetlinkRoutes::linkFlags(int link) {
     mnl_attr_put_u32(request.header(), IFLA_EXT_MASK, RTEXT_FILTER_SKIP_STATS);
     unsigned flags = 0;
     m_socket.request(request.header(), [&flags](const nlmsghdr *message) {
-        if (message->nlmsg_type == RTM_NEWLINK)
-            flags = bodyOf<ifinfomsg>(message)->ifi_flags;
+        flags = NetlinkReply::linkFlags(message).value_or(flags);
     });
     return flags;
 }

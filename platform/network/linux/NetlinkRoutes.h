@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "NetlinkReply.h"
 #include "NetlinkSocket.h"
 #include "RouteMonitor.h"
 
@@ -22,16 +23,10 @@ public:
     static ReachabilityFlags better(ReachabilityFlags first, ReachabilityFlags second);
 
 private:
-    struct Route {
-        int type = 0;
-        int link = 0;
-        bool gateway = false;
-    };
-
     ReachabilityFlags internetFlags(bool onlyIpv6);
     ReachabilityFlags localNetworkFlags();
     ReachabilityFlags hostFlags(const QHostAddress &target);
-    std::optional<Route> route(const QHostAddress &target);
+    std::optional<NetlinkReply::Route> route(const QHostAddress &target);
     unsigned linkFlags(int link);
 
     NetlinkSocket m_socket;

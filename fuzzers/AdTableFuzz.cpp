@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+// The persisted ad table: whatever is read from it survives being written and read again.
+#include "AdTableFile.h"
+#include "Fuzzing.h"
+
+#include <QtCore/QJsonArray>
+
+using namespace velmora;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    static const fuzz::Scratch scratch;
+    const auto table =
+        AdTableFile::read(scratch.write(QStringLiteral("first"), fuzz::bytesOf(data, size)));
+    if (!table)
+        return 0;
+    for (const QJsonValue &value : *table) {
+        const QJsonArray ads = value.toArray();
+        for (const QJsonValue &ad : ads)
+            fuzz::require(ad.isObject(), "a placement has objects only");
+    }
+    // Begins with a line that was cut off.
+    const QString second = scratch.write(QStringLiteral("second"), "{\"standard\": [");
+    fuzz::require(AdTableFile::append(second, *table), "a table can be written");
+    fuzz::require(AdTableFile::read(second) == table, "a written table is read as it was");
+    return 0;
+}
