@@ -30,7 +30,7 @@ struct Limits {
 
 constexpr Limits limitsOf(MediaKind kind) {
     return kind == MediaKind::Film ? Limits{256 * 1024 * 1024, 600'000}
-                                   : Limits{64 * 1024 * 1024, 60'000};
+                                   : Limits{16 * 1024 * 1024, 60'000};
 }
 
 // Where a file is until it has been looked at. The process's number keeps the downloads of two

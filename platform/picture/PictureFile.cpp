@@ -8,12 +8,26 @@
 
 namespace velmora {
 
+namespace {
+
+// Others, which the plugins on this machine may read, are not made for what strangers send.
+bool isAccepted(const QByteArray &format) {
+    return format == "gif" || format == "jpeg" || format == "png" || format == "webp";
+}
+
+} // namespace
+
 PictureFile::PictureFile(const QString &path) : m_path(path) {
     // The format is told by the suffix first: to tell it by the content, Qt would load every image
     // plugin.
     QImageReader reader(path);
     if (!reader.canRead()) {
         m_refusal = reader.errorString();
+        return;
+    }
+    if (!isAccepted(reader.format())) {
+        m_refusal =
+            QStringLiteral("its format is not accepted: %1").arg(QLatin1String(reader.format()));
         return;
     }
     const QSize size = reader.size();

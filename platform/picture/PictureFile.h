@@ -9,8 +9,8 @@ namespace velmora {
 
 /// A picture file, looked at but not decoded: only its header is read. Any thread.
 ///
-/// A small file can declare a picture that takes seconds and gigabytes to decode. Those over the
-/// limits are refused.
+/// Accepted are GIF, JPEG, PNG and, where Qt has the plugin, WebP. A small file can declare a
+/// picture that takes seconds and gigabytes to decode. Those over the limits are refused.
 class PictureFile {
 public:
     /// Pixels of one frame of an animation, which is decoded again and again.
