@@ -92,8 +92,10 @@ void BannerController::connectControls() {
         });
         QObject::connect(m_bannerImage, &BannerImageView::failed, m_bannerImage, [weak] {
             const auto self = weak.lock();
-            if (self && !self->m_shown.file.isEmpty())
-                self->displayHouseBanner();
+            if (!self || self->m_shown.file.isEmpty())
+                return;
+            MediaCache::discard(self->m_shown.file);
+            self->displayHouseBanner();
         });
         QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage, [weak] {
             if (const auto self = weak.lock())

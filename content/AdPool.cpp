@@ -47,11 +47,19 @@ std::vector<size_t> AdPool::positionsOf(const QJsonObject &ad) const {
 }
 
 void AdPool::remove(const QJsonObject &ad) {
-    const std::vector<size_t> positions = positionsOf(ad);
-    for (auto it = positions.rbegin(); it != positions.rend(); ++it) {
-        m_ads.erase(m_ads.begin() + qsizetype(*it));
-        m_weights.erase(m_weights.begin() + qsizetype(*it));
+    const std::vector<size_t> removed = positionsOf(ad);
+    if (removed.empty())
+        return;
+    size_t kept = 0;
+    for (size_t i = 0; i < m_ads.size(); ++i) {
+        if (std::ranges::binary_search(removed, i))
+            continue;
+        m_ads[kept] = m_ads[i];
+        m_weights[kept] = m_weights[i];
+        ++kept;
     }
+    m_ads.resize(kept);
+    m_weights.resize(kept);
 }
 
 std::optional<QJsonObject> AdPool::draw(const QJsonObject &excluded) const {

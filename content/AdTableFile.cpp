@@ -40,6 +40,9 @@ std::optional<QJsonObject> AdTableFile::read(const QString &path) {
 bool AdTableFile::append(const QString &path, const QJsonObject &part) {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
+    // Opening a pipe would wait for its reader.
+    if (file.exists() && !QFileInfo(path).isFile())
+        return false;
     // Unbuffered, so that the line is written at once and is not mixed with another process's.
     if (!file.open(QIODevice::Append | QIODevice::Unbuffered))
         return false;

@@ -7,6 +7,7 @@
 #include "MainQueue.h"
 #include "MediaAddress.h"
 #include "MediaCheck.h"
+#include "PictureFile.h"
 #include "ProcessRoot.h"
 #include "SharedUrlSession.h"
 
@@ -15,7 +16,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSet>
+#include <QtCore/QHash>
 
 #include <utility>
 
@@ -45,7 +46,9 @@ QString pathBeforeCheck(const QString &path) {
 QString keep(const QString &arrived, const QString &path, MediaKind kind) {
     QString refusal;
     // Another process, or another ad with a file of this name, may have been faster.
-    const auto isThere = [&path] { return QFileInfo(path).isFile(); };
+    const auto isThere = [&] {
+        return QFileInfo(path).isFile() && MediaCheck::quickRefusal(path, kind).isEmpty();
+    };
     if (!isThere()) {
         refusal = MediaCheck::refusal(arrived, kind);
         if (refusal.isEmpty() && !QFile::rename(arrived, path) && !isThere())
@@ -57,15 +60,22 @@ QString keep(const QString &arrived, const QString &path, MediaKind kind) {
 
 /// The cached files that were found usable in this run.
 struct UsableFiles {
-    QSet<QString> paths;
+    QHash<QString, MediaKind> kinds;
 };
 
 // An earlier version kept whatever a server sent.
 bool isUsable(const QString &path, MediaKind kind) {
-    QSet<QString> &usable = ProcessRoot::get<UsableFiles>().paths;
-    if (!usable.contains(path) && MediaCheck::quickRefusal(path, kind).isEmpty())
-        usable.insert(path);
-    return usable.contains(path);
+    auto &kinds = ProcessRoot::get<UsableFiles>().kinds;
+    if (kinds.contains(path) && kinds.value(path) == kind)
+        return true;
+    if (!MediaCheck::quickRefusal(path, kind).isEmpty())
+        return false;
+    kinds.insert(path, kind);
+    return true;
+}
+
+MediaKind other(MediaKind kind) {
+    return kind == MediaKind::Film ? MediaKind::Picture : MediaKind::Film;
 }
 
 void refuse(const QUrl &remote, const QString &reason) {
@@ -74,6 +84,7 @@ void refuse(const QUrl &remote, const QString &reason) {
 
 void check(const QUrl &remote, const QString &path, MediaKind kind,
            const MediaCache::Completion &completion) {
+    PictureFile::prepare();
     const auto work = [=] {
         const QString refusal = keep(pathBeforeCheck(path), path, kind);
         if (!refusal.isEmpty())
@@ -99,7 +110,8 @@ void MediaCache::provide(const QUrl &remote, MediaKind kind, const Completion &c
         completion({QUrl::fromLocalFile(path)});
         return;
     }
-    if (cached.isFile())
+    const bool isOfOtherKind = cached.isFile() && isUsable(path, other(kind));
+    if (cached.isFile() && !isOfOtherKind)
         QFile::remove(path);
     // Hosts see this line without debug mode, too.
     qCInfo(velmoraLog).noquote() << QStringLiteral("extension: %1").arg(name);
@@ -110,11 +122,13 @@ void MediaCache::provide(const QUrl &remote, MediaKind kind, const Completion &c
         refusal = QStringLiteral("the ad names no file");
     else if (cached.isDir())
         refusal = QStringLiteral("a folder has its name");
+    else if (isOfOtherKind)
+        refusal = QStringLiteral("a file of another kind has its name");
     else if (cached.isSymLink())
         refusal = QStringLiteral("a symbolic link has its name"); // to a file that is elsewhere
     if (!refusal.isEmpty()) {
         refuse(remote, refusal);
-        completion({{}, cached.isDir() || cached.isSymLink()});
+        completion({{}, cached.exists() || cached.isSymLink()});
         return;
     }
     UrlRequest request;
@@ -134,6 +148,13 @@ void MediaCache::provide(const QUrl &remote, MediaKind kind, const Completion &c
                                                 : response.error));
             completion({{}, response.couldNotWrite});
         });
+}
+
+void MediaCache::discard(const QUrl &localFile) {
+    const QString path = localFile.toLocalFile();
+    LOG(QStringLiteral("media %1 is broken and was deleted").arg(path));
+    ProcessRoot::get<UsableFiles>().kinds.remove(path);
+    QFile::remove(path);
 }
 
 } // namespace velmora

@@ -11,7 +11,7 @@
 namespace velmora {
 
 /// The ads' media files in the caches folder, under the names that they have on the ad server. A
-/// file that is there is used as it is: it is neither downloaded again nor ever deleted, and two
+/// file that is there and usable is neither downloaded again nor ever deleted, and two
 /// addresses that end in the same name share one file. Main thread only.
 class MediaCache {
 public:
@@ -28,6 +28,9 @@ public:
     /// (MediaCheck) and only then given its name. The completion is called once; inside this call
     /// when the file is cached or can't be downloaded at all.
     static void provide(const QUrl &remote, MediaKind kind, const Completion &completion);
+
+    /// Deletes a file that turned out broken when it was shown; the next provide() downloads it.
+    static void discard(const QUrl &localFile);
 };
 
 } // namespace velmora

@@ -164,8 +164,6 @@ TEST_F(VideoPlayerTest, PausesAndContinues) {
 TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
     Played video(clip("longer.mp4"));
     video.player.play();
-    QElapsedTimer clock;
-    clock.start();
     QThread::msleep(700); // before the first frame
     ASSERT_TRUE(eventually([&] { return video.frames > 2; }));
     const int frames = video.frames;
@@ -174,7 +172,6 @@ TEST_F(VideoPlayerTest, ABlockedMainThreadMissesFramesOnly) {
     EXPECT_LE(video.frames, frames + 3) << "late frames are dropped";
     ASSERT_TRUE(eventually([&] { return video.isOver(); }));
     EXPECT_EQ(video.ends, 1);
-    EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_FALSE(hasLogged("restarted without sound"));
 }
 

@@ -32,12 +32,28 @@ struct SerialQueue::State {
     }
 };
 
-SerialQueue::SerialQueue(const char *threadName)
-    : m_threadName(threadName), m_state(std::make_shared<State>()) {}
+SerialQueue::SerialQueue(const char *threadName, AtEnd atEnd)
+    : m_threadName(threadName), m_atEnd(atEnd), m_state(std::make_shared<State>()) {}
 
 SerialQueue::~SerialQueue() {
+    if (m_atEnd == AtEnd::Drops) {
+        dropPending();
+        return;
+    }
     std::unique_lock lock(m_state->mutex);
     m_state->idle.wait(lock, [this] { return !m_state->isRunning; });
+}
+
+// The thread is waited for in any case, a second at most (AtExit::Waits).
+void SerialQueue::atExit() {
+    if (m_atEnd == AtEnd::Drops)
+        dropPending();
+}
+
+void SerialQueue::dropPending() {
+    std::deque<std::function<void()>> dropped; // destroyed after the lock
+    const std::lock_guard lock(m_state->mutex);
+    dropped.swap(m_state->pending);
 }
 
 void SerialQueue::run(std::function<void()> work) {

@@ -11,9 +11,14 @@ namespace velmora {
 /// piece and ends when no work is left.
 class SerialQueue {
 public:
+    /// What the end of the queue, and that of the process, does about work that is queued.
+    enum class AtEnd {
+        Finishes, ///< waits until all of it is done
+        Drops     ///< waits for nothing, and starts no more of it
+    };
+
     /// @param threadName see startBackgroundThread()
-    explicit SerialQueue(const char *threadName);
-    /// Waits until all queued work is done.
+    explicit SerialQueue(const char *threadName, AtEnd atEnd = AtEnd::Finishes);
     ~SerialQueue();
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
@@ -26,10 +31,16 @@ public:
     /// @return false when that took longer than the given time
     bool drain(std::chrono::milliseconds longest);
 
+    /// See ProcessRoot.
+    void atExit();
+
 private:
     struct State;
 
+    void dropPending();
+
     const char *const m_threadName;
+    const AtEnd m_atEnd;
     // Shared with the thread, which may still be returning when the queue is destroyed.
     const std::shared_ptr<State> m_state;
 };

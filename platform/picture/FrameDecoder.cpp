@@ -3,6 +3,7 @@
 
 #include "PictureFile.h"
 
+#include <QtCore/QFile>
 #include <QtGui/QImageReader>
 
 #include <algorithm>
@@ -42,20 +43,23 @@ QImage scaled(const QImage &image, const QSize &size) {
 } // namespace
 
 FrameDecoder::FrameDecoder(const PictureFile &file)
-    : m_path(file.path()), m_isAnimation(file.isAnimation()) {
-    if (m_isAnimation) {
-        open();
-        m_repeatsLeft = m_reader->loopCount();
-    }
-}
+    : m_path(file.path()), m_isAnimation(file.isAnimation()) {}
 
 FrameDecoder::FrameDecoder(const QImage &image) : m_current(image) {}
 
 FrameDecoder::~FrameDecoder() = default;
 
-void FrameDecoder::open() {
-    m_reader = std::make_unique<QImageReader>(m_path);
+void FrameDecoder::readFromStart() {
+    const bool isFirst = !m_file;
+    if (isFirst) {
+        m_file = std::make_unique<QFile>(m_path);
+        m_file->open(QIODevice::ReadOnly);
+    }
+    m_file->seek(0);
+    m_reader = std::make_unique<QImageReader>(m_file.get());
     m_framesOfPass = 0;
+    if (isFirst)
+        m_repeatsLeft = m_reader->loopCount();
 }
 
 bool FrameDecoder::rewindAfterLastFrame() {
@@ -64,13 +68,15 @@ bool FrameDecoder::rewindAfterLastFrame() {
         return false;
     if (m_repeatsLeft > 0)
         --m_repeatsLeft;
-    open();
+    readFromStart();
     return true;
 }
 
 std::optional<FrameDecoder::Frame> FrameDecoder::next(const QSize &size) {
     if (!m_isAnimation)
         return still(size);
+    if (!m_reader)
+        readFromStart();
     if (!m_reader->canRead() && !rewindAfterLastFrame())
         return {};
     const QImage image = m_reader->read();

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+class QFile;
 class QImageReader;
 
 namespace velmora {
@@ -41,12 +42,14 @@ public:
 private:
     std::optional<Frame> still(const QSize &size);
     bool rewindAfterLastFrame();
-    void open();
+    void readFromStart();
 
     const QString m_path;
     bool m_isAnimation = false;
-    std::unique_ptr<QImageReader> m_reader; // of an animation
-    int m_repeatsLeft = 0;                  // -1: without end
+    // Of an animation. The file stays open, so that it plays on when it is deleted.
+    std::unique_ptr<QFile> m_file;
+    std::unique_ptr<QImageReader> m_reader;
+    int m_repeatsLeft = 0; // -1: without end
     int m_framesOfPass = 0;
     QImage m_current; // the animation's last frame, or the picture without a file; not scaled
     int m_delayMs = 0;

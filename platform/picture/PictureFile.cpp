@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PictureFile.h"
 
+#include "GifFrames.h"
 #include "JpegScans.h"
+#include "ProcessRoot.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QFile>
 #include <QtGui/QImageReader>
+
+#include <algorithm>
 
 namespace velmora {
 
@@ -15,7 +20,25 @@ bool isAccepted(const QByteArray &format) {
     return format == "gif" || format == "jpeg" || format == "png" || format == "webp";
 }
 
+bool isAnimated(const QImageReader &reader, const QString &path) {
+    if (reader.format() != "gif")
+        return reader.supportsAnimation() && reader.imageCount() != 1;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && GifFrames::areSeveral(file);
+}
+
 } // namespace
+
+void PictureFile::prepare() {
+    static const bool once = [] {
+        QBuffer nothing;
+        nothing.open(QIODevice::ReadOnly);
+        QImageReader(&nothing, "png").canRead();
+        ProcessRoot::registerAtExit();
+        return true;
+    }();
+    Q_UNUSED(once)
+}
 
 PictureFile::PictureFile(const QString &path) : m_path(path) {
     // The format is told by the suffix first: to tell it by the content, Qt would load every image
@@ -31,11 +54,14 @@ PictureFile::PictureFile(const QString &path) : m_path(path) {
         return;
     }
     const QSize size = reader.size();
-    m_isAnimation = reader.supportsAnimation() && reader.imageCount() != 1;
+    m_isAnimation = isAnimated(reader, path);
     const qint64 pixels = qint64(size.width()) * size.height();
     const qint64 most = m_isAnimation ? MostAnimatedPixels : MostStillPixels;
     if (size.isEmpty())
         m_refusal = QStringLiteral("its size is not known");
+    else if (std::max(size.width(), size.height()) > LargestSide)
+        m_refusal =
+            QStringLiteral("it is too long: %1x%2 pixels").arg(size.width()).arg(size.height());
     else if (pixels > most)
         m_refusal = QStringLiteral("it is too large: %1x%2 pixels, and %3 are allowed")
                         .arg(size.width())

@@ -16,6 +16,12 @@ public:
     /// Pixels of one frame of an animation, which is decoded again and again.
     static constexpr qint64 MostAnimatedPixels = 2'000'000;
     static constexpr qint64 MostStillPixels = 24'000'000;
+    /// Pixels of the longer side.
+    static constexpr int LargestSide = 16'384;
+
+    /// Makes what Qt needs to read pictures, and has exit() end the threads that use it before it
+    /// is destroyed. Call this before pictures are decoded on another thread. Main thread.
+    static void prepare();
 
     explicit PictureFile(const QString &path);
 
@@ -24,7 +30,7 @@ public:
     const QString &refusal() const { return m_refusal; }
     /// In pixels; empty when the file is refused.
     QSize size() const { return m_size; }
-    /// True when there is more than one frame, or their number is not known.
+    /// True when there is more than one frame, or the format does not say so.
     bool isAnimation() const { return m_isAnimation; }
 
     /// Decodes the first frame. Takes a while.

@@ -3,6 +3,7 @@
 
 #include "Log.h"
 #include "MainQueue.h"
+#include "PictureFile.h"
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
 
@@ -12,15 +13,16 @@ namespace velmora {
 
 namespace {
 
-// Two queues, so that a large still does not hold up animations.
+// Two queues, so that a large still does not hold up animations. What nobody will see is not
+// decoded.
 class AnimationQueue : public SerialQueue {
 public:
-    AnimationQueue() : SerialQueue("velmora-frames") {}
+    AnimationQueue() : SerialQueue("velmora-frames", AtEnd::Drops) {}
 };
 
 class StillQueue : public SerialQueue {
 public:
-    StillQueue() : SerialQueue("velmora-stills") {}
+    StillQueue() : SerialQueue("velmora-stills", AtEnd::Drops) {}
 };
 
 void runOnQueue(bool isAnimation, std::function<void()> work) {
@@ -33,7 +35,9 @@ void runOnQueue(bool isAnimation, std::function<void()> work) {
 } // namespace
 
 PicturePlayer::PicturePlayer(std::shared_ptr<FrameDecoder> decoder, std::function<void()> changed)
-    : m_decoder(std::move(decoder)), m_changed(std::move(changed)) {}
+    : m_decoder(std::move(decoder)), m_changed(std::move(changed)) {
+    PictureFile::prepare();
+}
 
 PicturePlayer::~PicturePlayer() {
     Timer::cancel(m_timer);
@@ -60,6 +64,8 @@ void PicturePlayer::decode() {
     m_isDecoding = true;
     runOnQueue(m_decoder->isAnimation(),
                [this, decoder = m_decoder, size = m_size, isAgain, alive = std::weak_ptr(m_alive)] {
+                   if (alive.expired())
+                       return;
                    const Result result = isAgain ? decoder->again(size) : decoder->next(size);
                    MainQueue::post([this, result, size, isAgain, alive] {
                        if (!alive.expired())
