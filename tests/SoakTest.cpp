@@ -9,8 +9,8 @@
 
 namespace velmora::test {
 
-// A host runs for a day, or for thirty in the long run of the tests, and shows a splash screen whenever one is ready. Meanwhile its user
-// switches to other windows, opens some and closes some.
+// A host runs for a day, or for thirty in the long run of the tests, and shows a splash screen
+// whenever one is ready. Meanwhile its user switches to other windows, opens some and closes some.
 class SoakTest : public SplashHost {
 protected:
     // The numbers of widgets, of objects in windows, and of timers.
