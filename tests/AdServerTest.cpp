@@ -5,6 +5,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QUrl>
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QSslSocket>
 
