@@ -10,6 +10,7 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 
 #include <cmath>
 
