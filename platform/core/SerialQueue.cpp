@@ -36,10 +36,8 @@ SerialQueue::SerialQueue(const char *threadName, AtEnd atEnd)
     : m_threadName(threadName), m_atEnd(atEnd), m_state(std::make_shared<State>()) {}
 
 SerialQueue::~SerialQueue() {
-    if (m_atEnd == AtEnd::Drops) {
+    if (m_atEnd == AtEnd::Drops)
         dropPending();
-        return;
-    }
     std::unique_lock lock(m_state->mutex);
     m_state->idle.wait(lock, [this] { return !m_state->isRunning; });
 }

@@ -14,7 +14,7 @@ public:
     /// What the end of the queue, and that of the process, does about work that is queued.
     enum class AtEnd {
         Finishes, ///< waits until all of it is done
-        Drops     ///< waits for nothing, and starts no more of it
+        Drops     ///< waits for what is being done, and starts no more of it
     };
 
     /// @param threadName see startBackgroundThread()
