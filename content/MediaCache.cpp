@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MediaCache.h"
 
-#include "BackgroundThread.h"
 #include "CachesFolder.h"
 #include "Log.h"
 #include "MainQueue.h"
@@ -9,6 +8,7 @@
 #include "MediaCheck.h"
 #include "PictureFile.h"
 #include "ProcessRoot.h"
+#include "SerialQueue.h"
 #include "SharedUrlSession.h"
 
 #include <Velmora/Support.h>
@@ -58,6 +58,12 @@ QString keep(const QString &arrived, const QString &path, MediaKind kind) {
     return refusal;
 }
 
+/// Ends before Qt is taken down, which a check uses to decode.
+class CheckQueue : public SerialQueue {
+public:
+    CheckQueue() : SerialQueue("velmora-media", AtEnd::Drops) {}
+};
+
 /// The cached files that were found usable in this run.
 struct UsableFiles {
     QHash<QString, MediaKind> kinds;
@@ -96,8 +102,7 @@ void check(const QUrl &remote, const QString &path, MediaKind kind,
                 completion({{}, true});
         });
     };
-    if (!startBackgroundThread("velmora-media", AtExit::Waits, work, nullptr))
-        work();
+    ProcessRoot::get<CheckQueue>().run(work);
 }
 
 } // namespace
