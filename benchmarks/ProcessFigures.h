@@ -5,7 +5,8 @@
 
 namespace velmora::bench {
 
-/// The processor time and memory that a process has used, from the kernel's counters.
+/// The processor time and memory that a process and its children have used, from the kernel's
+/// counters.
 struct ProcessFigures {
     double cpuSeconds = 0;
     /// Memory that the process has written and does not share. A library's unwritten pages do not

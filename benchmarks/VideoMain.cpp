@@ -30,13 +30,18 @@ constexpr int SkippedMs = 1000;
 constexpr int MeasuredMs = 6000;
 constexpr int UsualStalls = 100;
 
+struct Cost {
+    double cpuPercent = 0;
+    double megabytes = 0;
+};
+
 double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values.at(values.size() / 2);
 }
 
 // Returns nothing if the clip was not played; Qt's player sometimes does not start.
-std::optional<double> cpuPercent(const QString &subject) {
+std::optional<Cost> costOf(const QString &subject) {
     QStringList arguments = SplashSubject::has(subject)
                                 ? QStringList{QCoreApplication::applicationFilePath(),
                                               QStringLiteral("--subject"), subject}
@@ -54,21 +59,22 @@ std::optional<double> cpuPercent(const QString &subject) {
         return {};
     }
     QThread::msleep(SkippedMs);
-    const double before = ProcessFigures::of(child.processId()).cpuSeconds;
+    const ProcessFigures before = ProcessFigures::of(child.processId());
     QThread::msleep(MeasuredMs);
-    const double after = ProcessFigures::of(child.processId()).cpuSeconds;
+    const ProcessFigures after = ProcessFigures::of(child.processId());
     const bool isAlive = child.state() == QProcess::Running;
     child.kill();
     child.waitForFinished();
     if (!isAlive)
         return {};
-    return (after - before) / (MeasuredMs / 1000.0) * 100;
+    return Cost{(after.cpuSeconds - before.cpuSeconds) / (MeasuredMs / 1000.0) * 100,
+                after.privateMegabytes};
 }
 
-double cpuPercentOfPlaying(const QString &subject) {
+Cost costOfPlaying(const QString &subject) {
     for (int attempt = 0; attempt < 5; ++attempt) {
-        if (const auto percent = cpuPercent(subject))
-            return *percent;
+        if (const auto cost = costOf(subject))
+            return *cost;
         std::fprintf(stderr, "%s did not play; trying again\n", qPrintable(subject));
     }
     qFatal("%s does not play", qPrintable(subject));
@@ -77,14 +83,19 @@ double cpuPercentOfPlaying(const QString &subject) {
 void printCosts(int rounds) {
     // The subjects take turns, so that other load of the machine affects all of them alike.
     std::map<QString, std::vector<double>> cpu;
+    std::map<QString, std::vector<double>> memory;
     for (int round = 0; round < rounds; ++round) {
-        for (const QString &subject : VideoSubject::names())
-            cpu[subject].push_back(cpuPercentOfPlaying(subject));
+        for (const QString &subject : VideoSubject::names()) {
+            const Cost cost = costOfPlaying(subject);
+            cpu[subject].push_back(cost.cpuPercent);
+            memory[subject].push_back(cost.megabytes);
+        }
     }
     for (const QString &subject : VideoSubject::names()) {
         const auto [least, most] = std::minmax_element(cpu[subject].begin(), cpu[subject].end());
-        std::printf("%-10s CPU %.1f %% of one core (%.1f to %.1f)\n", qPrintable(subject),
-                    median(cpu[subject]), *least, *most);
+        std::printf("%-10s CPU %.1f %% of one core (%.1f to %.1f), private memory %.0f MB\n",
+                    qPrintable(subject), median(cpu[subject]), *least, *most,
+                    median(memory[subject]));
     }
     for (const QString &peer : VideoSubject::names().mid(1))
         std::printf("player : %-10s CPU %.2f\n", qPrintable(peer),
@@ -95,16 +106,16 @@ void printSplashScreens(int rounds) {
     for (const char *subject : {"start screens", "splash video"}) {
         std::vector<double> cpu;
         for (int round = 0; round < rounds; ++round)
-            cpu.push_back(cpuPercentOfPlaying(QLatin1String(subject)));
+            cpu.push_back(costOfPlaying(QLatin1String(subject)).cpuPercent);
         std::printf("%-13s CPU %.1f %% of one core (at most %.1f)\n", subject, median(cpu),
                     *std::max_element(cpu.begin(), cpu.end()));
     }
 }
 
-void printStarts() {
+void printStarts(const char *title, bool isPrepared) {
     std::vector<double> paints;
     std::vector<double> destroys;
-    const std::vector<VideoTrials::Start> starts = VideoTrials::starts(21);
+    const std::vector<VideoTrials::Start> starts = VideoTrials::starts(21, isPrepared);
     for (const VideoTrials::Start &start : starts) {
         paints.push_back(start.firstPaintMs);
         destroys.push_back(start.destroyMs);
@@ -112,9 +123,10 @@ void printStarts() {
     const double first = paints.front();
     paints.erase(paints.begin());
     destroys.erase(destroys.begin());
-    std::printf("first picture painted: %.0f ms; warm, median of 20: %.0f ms (at most %.0f)\n",
-                first, median(paints), *std::max_element(paints.begin(), paints.end()));
-    std::printf("destroying a player that plays, longest of 20: %.2f ms\n",
+    std::printf("%s: first picture painted after %.0f ms; after that, median of 20: %.0f ms "
+                "(%.0f to %.0f); destroyed while playing in at most %.2f ms\n",
+                title, first, median(paints), *std::min_element(paints.begin(), paints.end()),
+                *std::max_element(paints.begin(), paints.end()),
                 *std::max_element(destroys.begin(), destroys.end()));
 }
 
@@ -158,6 +170,10 @@ int main(int argc, char **argv) {
         return printStalls(stalls);
     printCosts(std::max(1, parser.value(roundsOption).toInt()));
     printSplashScreens(std::max(1, parser.value(roundsOption).toInt()));
-    printStarts();
-    return printStalls(UsualStalls);
+    printStarts("player, prepared", true);
+    printStarts("player, not prepared", false);
+    const int result = printStalls(UsualStalls);
+    VideoTrials::doWithoutHelper();
+    printStarts("in process", false);
+    return result;
 }

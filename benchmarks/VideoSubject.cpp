@@ -3,6 +3,7 @@
 
 #include "VideoPlayer.h"
 #include "VideoView.h"
+#include "benchmarks/VideoTrials.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QApplication>
@@ -64,7 +65,7 @@ int runWidget() {
 } // namespace
 
 QStringList VideoSubject::names() {
-    return {QStringLiteral("player"),
+    return {QStringLiteral("player"), QStringLiteral("in process"),
 #ifdef VELMORA_BENCH_MULTIMEDIA
             QStringLiteral("widget"),
 #endif
@@ -86,7 +87,9 @@ int VideoSubject::run(const QString &name, int argc, char **argv) {
     if (name == QLatin1String("widget"))
         return runWidget();
 #endif
-    return name == QLatin1String("player") ? runPlayer() : 2;
+    if (name == QLatin1String("in process"))
+        VideoTrials::doWithoutHelper();
+    return runPlayer();
 }
 
 } // namespace velmora::bench

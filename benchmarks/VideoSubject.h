@@ -7,7 +7,8 @@
 namespace velmora::bench {
 
 /// The programs that are compared. They play the same clip by different means:
-/// - "player": the framework's player and view
+/// - "player": the framework's player and view, which decodes in a helper process
+/// - "in process": the same where no helper can be started
 /// - "widget": Qt's player and video widget, if Qt Multimedia was found at build time
 /// - "decoding": GStreamer alone, which decodes in real time and shows nothing
 class VideoSubject {

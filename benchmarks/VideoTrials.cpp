@@ -70,15 +70,17 @@ struct Playback {
 
 } // namespace
 
-std::vector<VideoTrials::Start> VideoTrials::starts(int count) {
+std::vector<VideoTrials::Start> VideoTrials::starts(int count, bool isPrepared) {
     std::vector<Start> starts;
     for (int i = 0; i < count; ++i) {
         WatchedView view;
         view.setFixedSize(960, 540);
         view.show();
+        if (isPrepared)
+            VideoPlayer::warmUp();
         QElapsedTimer shown;
         shown.start();
-        waitFor([&] { return shown.hasExpired(300); });
+        waitFor([&] { return shown.hasExpired(600); });
         Start start;
         auto playback = std::make_unique<Playback>(&view);
         waitFor([&] { return view.hasPaintedFrame || playback->failures; });
@@ -93,6 +95,10 @@ std::vector<VideoTrials::Start> VideoTrials::starts(int count) {
         starts.push_back(start);
     }
     return starts;
+}
+
+void VideoTrials::doWithoutHelper() {
+    qputenv("VELMORA_VIDEO_HELPER", "");
 }
 
 VideoTrials::Stalls VideoTrials::stalls(int atOnce) {

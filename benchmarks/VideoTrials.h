@@ -16,7 +16,12 @@ public:
         /// How long the destructor of the player blocked the main thread.
         double destroyMs = 0;
     };
-    static std::vector<Start> starts(int count);
+    /// @param isPrepared as with a video that follows a start screen: VideoPlayer::warmUp() was
+    ///                   called some time before
+    static std::vector<Start> starts(int count, bool isPrepared);
+
+    /// From now on videos are decoded in this process.
+    static void doWithoutHelper();
 
     /// Several players at once, while the main thread is blocked for two seconds during playback.
     struct Stalls {

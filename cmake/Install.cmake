@@ -7,9 +7,11 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Velmora)
 install(TARGETS velmora EXPORT VelmoraTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-# The library looks for its video module in "velmora" beside itself.
+# The library looks for its video module and its video helper in "velmora" beside itself.
 if(TARGET velmora_video)
-    install(TARGETS velmora_video LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/velmora)
+    install(TARGETS velmora_video velmora-video-helper
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/velmora
+        RUNTIME DESTINATION ${CMAKE_INSTALL_LIBDIR}/velmora)
 endif()
 install(DIRECTORY include/Velmora DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT VelmoraTargets NAMESPACE Velmora:: DESTINATION ${package_dir})

@@ -86,9 +86,11 @@ protected:
 };
 
 // This test must come first, because a module that is loaded stays loaded.
-TEST_F(VideoPlayerTest, WithoutTheModuleAVideoFailsWithALogLine) {
+TEST_F(VideoPlayerTest, WithoutHelperAndModuleAVideoFailsWithALogLine) {
     if (isModuleLoaded())
         GTEST_SKIP() << "the module is loaded already";
+    const bool hadHelper = !qEnvironmentVariableIsSet("VELMORA_VIDEO_HELPER");
+    qputenv("VELMORA_VIDEO_HELPER", "");
     qputenv("VELMORA_VIDEO_MODULE", QFile::encodeName(folder.filePath(QStringLiteral("none.so"))));
     Played missing(clip("short.mp4"));
     EXPECT_EQ(missing.player.status(), VideoPlayer::Status::Unknown);
@@ -102,8 +104,10 @@ TEST_F(VideoPlayerTest, WithoutTheModuleAVideoFailsWithALogLine) {
     EXPECT_TRUE(hasLogged(broken));
     EXPECT_EQ(unloadable.player.status(), VideoPlayer::Status::Failed);
 
-    // The module has been installed meanwhile.
+    // They have been installed meanwhile.
     qunsetenv("VELMORA_VIDEO_MODULE");
+    if (hadHelper)
+        qunsetenv("VELMORA_VIDEO_HELPER");
     Played present(clip("short.mp4"));
     EXPECT_TRUE(eventually([&] { return present.firstFrames == 1; }));
 }

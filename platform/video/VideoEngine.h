@@ -4,7 +4,21 @@
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
+#include <cstddef>
+#include <functional>
+
 namespace velmora {
+
+/// Memory that an engine decodes pictures into, instead of its own. Any thread may call it.
+class PictureMemory {
+public:
+    /// Returns null when there is none left; the engine then takes memory of its own.
+    virtual void *allocate(std::size_t bytes) = 0;
+    virtual void release(void *memory) = 0;
+
+protected:
+    ~PictureMemory() = default;
+};
 
 /// What an engine plays.
 struct VideoSource {
@@ -12,6 +26,11 @@ struct VideoSource {
     QString path;
     /// False: the sound is left out, and no sound device is opened.
     bool sound = true;
+    /// Null for the engine's own memory. It must outlive the engine and its pictures.
+    PictureMemory *pictureMemory = nullptr;
+    /// Called before the first byte of the file is read, and after the sound device was opened. May
+    /// be empty.
+    std::function<void()> aboutToRead = nullptr;
 };
 
 /// Receives the events of an engine, on any thread, from load() until the engine's destructor has
@@ -39,19 +58,18 @@ protected:
     ~VideoEngineListener() = default;
 };
 
-/// Plays one video with a media framework. All functions are called on one thread, which they may
-/// block. Engines are in the video module, so that a host without videos loads no media framework.
+/// Plays one video. All functions are called on one thread, which they may block. VideoEngines
+/// makes engines.
 ///
-/// The only engine, with GStreamer, is in platform/video/gstreamer. For an engine with Qt
-/// Multimedia: construct, use and destroy QMediaPlayer and QVideoSink on the engine's thread, and
-/// convert the frames there. A sink whose thread is busy for 300 ms stops playback for good, and
-/// destroying a player while it plays blocks as long.
+/// The only engine that decodes uses GStreamer and is in platform/video/gstreamer. For an engine
+/// with Qt Multimedia: construct, use and destroy QMediaPlayer and QVideoSink on the engine's
+/// thread, and convert the frames there. A sink whose thread is busy for 300 ms stops playback for
+/// good, and destroying a player while it plays blocks as long.
 class VideoEngine {
 public:
     virtual ~VideoEngine() = default;
 
-    /// Loads the plugins that most videos need, so that later engines start faster. An engine that
-    /// warms up is not used for anything else.
+    /// Loads the plugins that most videos need, so that this engine and later ones start faster.
     virtual void warmUp() = 0;
     /// Opens the source and pauses at its start. Called once, before the functions below.
     virtual void load(const VideoSource &source) = 0;
@@ -78,6 +96,6 @@ using VideoEngineFactory = VideoEngine *(*)(VideoEngineListener *listener, QStri
 
 /// The function's name. Its number must change whenever the classes above change, so that a library
 /// refuses a module of another version.
-inline constexpr const char *VideoEngineFactoryName = "velmora_video_engine_1";
+inline constexpr const char *VideoEngineFactoryName = "velmora_video_engine_2";
 
 } // namespace velmora

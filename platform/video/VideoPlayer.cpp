@@ -7,7 +7,6 @@
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
 
-#include <mutex>
 #include <utility>
 
 namespace velmora {
@@ -37,9 +36,7 @@ VideoPlayer::~VideoPlayer() {
 }
 
 void VideoPlayer::warmUp() {
-    // Not in ProcessRoot: the plugins stay loaded until the process ends.
-    static std::once_flag once;
-    std::call_once(once, &VideoSession::warmUp);
+    VideoSession::warmUp();
 }
 
 void VideoPlayer::load(const QUrl &url) {

@@ -4,7 +4,7 @@
 #include "BackgroundThread.h"
 #include "Log.h"
 #include "ProcessRoot.h"
-#include "VideoModule.h"
+#include "VideoEngines.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
@@ -141,12 +141,8 @@ VideoProgress VideoSession::progress() const {
 // On the session's thread from here.
 
 void VideoSession::serve() {
-    if (m_warmsUpOnly) {
-        QString ignored; // the first video fails for the same reason and logs it
-        if (const auto engine = VideoModule::createEngine(this, &ignored))
-            engine->warmUp();
-        return;
-    }
+    if (m_warmsUpOnly)
+        return VideoEngines::warmUp(this);
     QString error = faultOfSource();
     std::unique_ptr<VideoEngine> engine;
     if (error.isEmpty()) {
@@ -155,7 +151,7 @@ void VideoSession::serve() {
             if (m_closed)
                 return;
         }
-        engine = VideoModule::createEngine(this, &error);
+        engine = VideoEngines::create(this, &error);
     }
     if (!engine)
         return failed(error, false);

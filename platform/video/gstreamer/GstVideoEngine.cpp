@@ -2,6 +2,7 @@
 #include "GstVideoEngine.h"
 
 #include "GstFrame.h"
+#include "GstPictureAllocator.h"
 #include "GstSoundSink.h"
 
 #include <QtCore/QFile>
@@ -17,6 +18,17 @@ constexpr GstClockTime LongestChange = 2 * GST_SECOND;
 
 double seconds(GstClockTime time) {
     return GST_CLOCK_TIME_IS_VALID(time) ? double(time) / GST_SECOND : 0;
+}
+
+// Initialises GStreamer. Returns the error, empty on success.
+QString initialise() {
+    // Otherwise GStreamer replaces the host's crash handlers while it scans plugins.
+    gst_segtrap_set_enabled(FALSE);
+    GError *error = nullptr;
+    if (gst_init_check(nullptr, nullptr, &error))
+        return {};
+    const GlibError owned(error);
+    return QString::fromUtf8(error ? error->message : "GStreamer does not start");
 }
 
 // Whether a thread is started for any of the elements, also one that is waiting.
@@ -75,11 +87,29 @@ struct GstVideoEngine::Callbacks {
         return GST_FLOW_OK;
     }
 
+    // Proposes the memory for pictures. The sink itself does not propose any.
+    static GstPadProbeReturn allocationQuery(GstPad *, GstPadProbeInfo *info, gpointer data) {
+        GstQuery *query = GST_PAD_PROBE_INFO_QUERY(info);
+        if (GST_QUERY_TYPE(query) != GST_QUERY_ALLOCATION)
+            return GST_PAD_PROBE_OK;
+        gst_query_add_allocation_param(query, engine(data)->m_allocator.get(), nullptr);
+        return GST_PAD_PROBE_HANDLED;
+    }
+
     static GstPadProbeReturn soundBuffer(GstPad *, GstPadProbeInfo *info, gpointer data) {
         engine(data)->soundMoved(GST_PAD_PROBE_INFO_BUFFER(info));
         return GST_PAD_PROBE_OK;
     }
 };
+
+std::unique_ptr<GstVideoEngine> GstVideoEngine::create(VideoEngineListener *listener,
+                                                       QString *error) {
+    static const QString fault = initialise();
+    if (fault.isEmpty())
+        return std::unique_ptr<GstVideoEngine>(new GstVideoEngine(listener));
+    *error = fault;
+    return nullptr;
+}
 
 GstVideoEngine::GstVideoEngine(VideoEngineListener *listener)
     : m_listener(listener), m_decoder(listener), m_bus(listener) {}
@@ -88,6 +118,7 @@ GstVideoEngine::~GstVideoEngine() {
     m_bus.stop();
     if (m_pipeline)
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
+    closeUnusedSoundDevice();
 }
 
 void GstVideoEngine::warmUp() {
@@ -103,6 +134,8 @@ void GstVideoEngine::warmUp() {
 
 void GstVideoEngine::load(const VideoSource &source) {
     m_wantsSound = source.sound;
+    if (source.pictureMemory)
+        m_allocator = makeGstPictureAllocator(source.pictureMemory);
     m_pipeline.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
     m_bus.start(m_pipeline.get());
 
@@ -120,7 +153,27 @@ void GstVideoEngine::load(const VideoSource &source) {
     g_signal_connect(decoder, "pad-added", G_CALLBACK(Callbacks::padAdded), this);
     gst_bin_add_many(GST_BIN(m_pipeline.get()), file, decoder, nullptr);
     gst_element_link(file, decoder);
+    openSoundDevice();
+    if (source.aboutToRead)
+        source.aboutToRead();
     setState(GST_STATE_PAUSED);
+}
+
+// Before it is known whether the file has sound, because a process that decodes may open no
+// devices.
+void GstVideoEngine::openSoundDevice() {
+    if (m_wantsSound)
+        m_soundDevice = openGstSoundSink();
+}
+
+GstPointer<GstElement> GstVideoEngine::takeSoundDevice() {
+    const std::lock_guard lock(m_soundMutex);
+    return std::move(m_soundDevice);
+}
+
+void GstVideoEngine::closeUnusedSoundDevice() {
+    if (const auto device = takeSoundDevice())
+        gst_element_set_state(device.get(), GST_STATE_NULL);
 }
 
 void GstVideoEngine::setState(GstState state) {
@@ -144,6 +197,7 @@ void GstVideoEngine::checkOpening() {
 void GstVideoEngine::opened() {
     m_isOpened = true;
     waitForState();
+    closeUnusedSoundDevice();
     if (m_wantsToPlay)
         play();
 }
@@ -242,13 +296,18 @@ void GstVideoEngine::showPictures(GstPad *pad) {
     callbacks.new_preroll = Callbacks::newPreroll;
     callbacks.new_sample = Callbacks::newSample;
     gst_app_sink_set_callbacks(GST_APP_SINK(sink.get()), &callbacks, this, nullptr);
+    if (m_allocator) {
+        const GstPointer<GstPad> end(gst_element_get_static_pad(sink.get(), "sink"));
+        gst_pad_add_probe(end.get(), GST_PAD_PROBE_TYPE_QUERY_DOWNSTREAM,
+                          Callbacks::allocationQuery, this, nullptr);
+    }
     gst_element_sync_state_with_parent(part);
     const GstPointer<GstPad> input(gst_element_get_static_pad(part, "sink"));
     gst_pad_link(pad, input.get());
 }
 
 void GstVideoEngine::playSound(GstPad *pad) {
-    GstPointer<GstElement> device = m_wantsSound ? openGstSoundSink() : nullptr;
+    const GstPointer<GstElement> device = takeSoundDevice();
     if (m_wantsSound && !device)
         m_listener->remark(QStringLiteral("no sound device answers, so it plays without"));
     // Without a device, a sink that discards the sound at the right time keeps the pipeline going.

@@ -11,6 +11,8 @@
 #include <gst/app/gstappsink.h>
 
 #include <atomic>
+#include <memory>
+#include <mutex>
 
 namespace velmora {
 
@@ -18,7 +20,9 @@ namespace velmora {
 /// one, and calls the listener with each picture when it is due, on a thread of the pipeline.
 class GstVideoEngine final : public VideoEngine {
 public:
-    explicit GstVideoEngine(VideoEngineListener *listener);
+    /// Makes an engine. Initialises GStreamer first if necessary.
+    /// @param error receives the reason when the result is null
+    static std::unique_ptr<GstVideoEngine> create(VideoEngineListener *listener, QString *error);
     ~GstVideoEngine() override;
 
     void warmUp() override;
@@ -34,10 +38,13 @@ public:
 private:
     struct Callbacks;
 
+    explicit GstVideoEngine(VideoEngineListener *listener);
+
     // Called on the pipeline's threads.
     void addStream(GstPad *pad);
     void showPictures(GstPad *pad);
     void playSound(GstPad *pad);
+    GstPointer<GstElement> takeSoundDevice();
     GstElement *addPart(const char *description);
     void showSample(GstSample *sample);
     void soundMoved(GstBuffer *buffer);
@@ -45,6 +52,8 @@ private:
     // Also called on the pipeline's threads.
     void applyMuted();
 
+    void openSoundDevice();
+    void closeUnusedSoundDevice();
     void setState(GstState state);
     void waitForState();
 
@@ -52,6 +61,10 @@ private:
     GstDecoder m_decoder;
     GstBusReader m_bus;
     GstPointer<GstElement> m_pipeline;
+    GstPointer<GstAllocator> m_allocator;
+    // Null when no sound is wanted or no device answers.
+    GstPointer<GstElement> m_soundDevice;
+    std::mutex m_soundMutex;
     bool m_wantsSound = true;
     bool m_wantsToPlay = false;
     bool m_isOpened = false;

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "HelperChannel.h"
+#include "PictureSlots.h"
+
+#include <memory>
+
+#include <sys/types.h>
+
+namespace velmora {
+
+/// A running video helper. The host does not notice this child process: it gets no SIGCHLD, its own
+/// calls of wait() do not return it, and it inherits none of the host's files but the standard
+/// ones. Any thread but the main one.
+class HelperProcess {
+public:
+    /// Starts a helper and waits until it runs, some ten milliseconds.
+    /// @param error receives the reason when the result is null
+    static std::unique_ptr<HelperProcess> start(QString *error);
+
+    /// Ends the helper and waits for that.
+    ~HelperProcess();
+    HelperProcess(const HelperProcess &) = delete;
+    HelperProcess &operator=(const HelperProcess &) = delete;
+
+    const std::shared_ptr<HelperChannel> &channel() const { return m_channel; }
+    const std::shared_ptr<PictureSlots> &pictures() const { return m_pictures; }
+
+    /// Ends the helper, unless it has ended, and tells how it ended.
+    QString end();
+
+private:
+    HelperProcess(pid_t id, std::shared_ptr<HelperChannel> channel,
+                  std::shared_ptr<PictureSlots> pictures);
+    bool waitUntilReady();
+
+    pid_t m_id;
+    const std::shared_ptr<HelperChannel> m_channel;
+    const std::shared_ptr<PictureSlots> m_pictures;
+};
+
+} // namespace velmora
