@@ -10,23 +10,9 @@ namespace velmora::bench {
 
 namespace {
 
-QByteArray contents(qint64 processId, const QByteArray &file) {
+QByteArray contents(qint64 processId, const char *file) {
     QFile source(QStringLiteral("/proc/%1/%2").arg(processId).arg(QLatin1String(file)));
     return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
-}
-
-QList<qint64> children(qint64 processId) {
-    QList<qint64> children;
-    const QDir tasks(QStringLiteral("/proc/%1/task").arg(processId));
-    const QStringList threads = tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString &thread : threads) {
-        const QByteArray file = "task/" + thread.toLatin1() + "/children";
-        for (const QByteArray &child : contents(processId, file).simplified().split(' ')) {
-            if (!child.isEmpty())
-                children << child.toLongLong();
-        }
-    }
-    return children;
 }
 
 } // namespace
@@ -44,12 +30,19 @@ ProcessFigures ProcessFigures::of(qint64 processId) {
         if (line.startsWith("Private_Dirty"))
             figures.privateMegabytes += line.simplified().split(' ').value(1).toDouble() / 1024;
     }
-    for (const qint64 child : children(processId)) {
-        const ProcessFigures childs = of(child);
-        figures.cpuSeconds += childs.cpuSeconds;
-        figures.privateMegabytes += childs.privateMegabytes;
-    }
     return figures;
+}
+
+ProcessFigures ProcessFigures::ofAllWith(const QByteArray &entry) {
+    ProcessFigures sum;
+    for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        if (!contents(id.toLongLong(), "environ").split('\0').contains(entry))
+            continue;
+        const ProcessFigures figures = of(id.toLongLong());
+        sum.cpuSeconds += figures.cpuSeconds;
+        sum.privateMegabytes += figures.privateMegabytes;
+    }
+    return sum;
 }
 
 } // namespace velmora::bench

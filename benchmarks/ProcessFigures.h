@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/qglobal.h>
+#include <QtCore/QByteArray>
 
 namespace velmora::bench {
 
-/// The processor time and memory that a process and its children have used, from the kernel's
-/// counters.
+/// The processor time and memory that a process has used, from the kernel's counters.
 struct ProcessFigures {
     double cpuSeconds = 0;
     /// Memory that the process has written and does not share. A library's unwritten pages do not
@@ -14,6 +13,9 @@ struct ProcessFigures {
     double privateMegabytes = 0;
 
     static ProcessFigures of(qint64 processId);
+
+    /// The sum of all processes that have an entry, NAME=VALUE, in their environment.
+    static ProcessFigures ofAllWith(const QByteArray &entry);
 };
 
 } // namespace velmora::bench

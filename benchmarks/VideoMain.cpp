@@ -48,6 +48,14 @@ std::optional<Cost> costOf(const QString &subject) {
                                 : VideoSubject::command(subject);
     const QString program = arguments.takeFirst();
     QProcess child;
+    // The video helper is no child process, but inherits this.
+    static int s_run = 0;
+    const QString mark =
+        QStringLiteral("%1-%2").arg(QCoreApplication::applicationPid()).arg(++s_run);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("VELMORA_BENCH_RUN"), mark);
+    child.setProcessEnvironment(environment);
+    const QByteArray entry = "VELMORA_BENCH_RUN=" + mark.toLatin1();
     child.setStandardErrorFile(QProcess::nullDevice());
     child.start(program, arguments);
     bool isPlaying = false;
@@ -59,9 +67,9 @@ std::optional<Cost> costOf(const QString &subject) {
         return {};
     }
     QThread::msleep(SkippedMs);
-    const ProcessFigures before = ProcessFigures::of(child.processId());
+    const ProcessFigures before = ProcessFigures::ofAllWith(entry);
     QThread::msleep(MeasuredMs);
-    const ProcessFigures after = ProcessFigures::of(child.processId());
+    const ProcessFigures after = ProcessFigures::ofAllWith(entry);
     const bool isAlive = child.state() == QProcess::Running;
     child.kill();
     child.waitForFinished();

@@ -109,8 +109,7 @@ void HelperEngine::receiveAll() {
     std::unique_lock lock(m_mutex);
     if (!m_isEnding) {
         lock.unlock();
-        m_listener->failed(QStringLiteral("the video helper ended: %1").arg(m_process->end()),
-                           false);
+        m_listener->failed(QStringLiteral("the video helper ended"), false);
         lock.lock();
     }
     m_isReceiving = false;
@@ -137,6 +136,9 @@ void HelperEngine::take(const HelperMessage &message) {
         return m_listener->failed(message.readText(), message.flag != 0);
     case Kind::Remark:
         return takeRemark(message);
+    case Kind::Crashed:
+        return m_listener->failed(
+            QStringLiteral("the video helper crashed (signal %1)").arg(message.slot), false);
     default:
         return;
     }

@@ -28,8 +28,9 @@ struct HelperMessage {
         Frame,    ///< slot, width, height, bytesPerLine
         Moved,    ///< position, quietFor
         Ended,
-        Failed, ///< text; flag: the sound is at fault
-        Remark, ///< text
+        Failed,  ///< text; flag: the sound is at fault
+        Remark,  ///< text
+        Crashed, ///< slot: the signal
     };
 
     Kind kind = Kind::Ready;

@@ -4,13 +4,14 @@
 #include "VideoFiles.h"
 
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <pthread.h>
 #include <sched.h>
 #include <signal.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,6 +30,8 @@ using namespace std::chrono_literals;
 
 // A helper is ready as soon as its libraries are loaded, before it scans any plugins.
 constexpr auto LongestStart = 5s;
+// A process that was killed is gone at once, unless it waits for a disk.
+constexpr int LongestEndMs = 1000;
 
 QString systemError(const char *what) {
     return QStringLiteral("%1: %2").arg(QLatin1String(what),
@@ -45,14 +48,21 @@ struct Program {
     std::array<char *, 3> arguments;
     int channel;
     int pictures;
+    char *stackTop = nullptr;
+    int process = -1;
     int error = 0;
 };
 
-// Runs in the child process, which shares the memory of this one until exec: only system calls.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-__attribute__((no_sanitize("address", "thread")))
+#define VELMORA_ON_OTHER_STACK __attribute__((no_sanitize("address", "thread")))
+#else
+#define VELMORA_ON_OTHER_STACK
 #endif
-int execute(void *data) {
+
+// The two functions below run in new processes that share the memory of this one, while the thread
+// that has started them waits. They may only make system calls.
+
+VELMORA_ON_OTHER_STACK int execute(void *data) {
     auto *program = static_cast<Program *>(data);
     if (dup2(program->channel, HelperChannelFile) >= 0 &&
         dup2(program->pictures, HelperPicturesFile) >= 0 &&
@@ -62,26 +72,41 @@ int execute(void *data) {
     _exit(127);
 }
 
-// As posix_spawn() does it, but with no signal to the parent when the child ends.
-pid_t spawn(Program *program) {
-    std::vector<char> stack(64 * 1024);
+VELMORA_ON_OTHER_STACK int startAndEnd(void *data) {
+    auto *program = static_cast<Program *>(data);
+    if (clone(execute, program->stackTop, CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD, program,
+              &program->process) < 0)
+        program->error = errno;
+    _exit(0);
+}
+
+// Starts the program in a grandchild, whose parent ends at once. That parent executes nothing, so
+// it may end without a signal to this process. @return false with program->error set
+bool spawn(Program *program) {
+    constexpr std::size_t StackSize = 64 * 1024;
+    std::vector<char> stacks(2 * StackSize);
+    const auto top = [&stacks](std::size_t end) {
+        return reinterpret_cast<char *>(reinterpret_cast<quintptr>(&stacks[end - 1]) &
+                                        ~quintptr(15));
+    };
+    program->stackTop = top(StackSize);
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
-    // No handler of the host may run in the child.
+    // No handler of the host may run in the new processes.
     pthread_sigmask(SIG_SETMASK, &all, &before);
-    const auto top = reinterpret_cast<quintptr>(stack.data() + stack.size()) & ~quintptr(15);
-    const pid_t id = clone(execute, reinterpret_cast<void *>(top), CLONE_VM | CLONE_VFORK, program);
-    const int error = errno;
+    const pid_t id =
+        clone(startAndEnd, top(2 * StackSize), CLONE_VM | CLONE_VFORK | CLONE_FILES, program);
+    if (id < 0)
+        program->error = errno;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    if (id < 0) {
-        program->error = error;
-        return -1;
+    while (id > 0 && waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
     }
     if (program->error == 0)
-        return id;
-    waitpid(id, nullptr, __WALL);
-    return -1;
+        return true;
+    if (program->process >= 0)
+        ::close(program->process);
+    return false;
 }
 
 } // namespace
@@ -109,29 +134,27 @@ std::unique_ptr<HelperProcess> HelperProcess::start(QString *error) {
                     {name.data(), version.data(), nullptr},
                     copyBeyond(sockets[1]),
                     copyBeyond(pictures->file())};
-    errno = 0;
-    const pid_t id = program.channel < 0 || program.pictures < 0 ? -1 : spawn(&program);
-    const int cause = program.error;
+    const bool isStarted = program.channel >= 0 && program.pictures >= 0 && spawn(&program);
     for (const int file : {sockets[1], program.channel, program.pictures}) {
         if (file >= 0)
             ::close(file);
     }
-    if (id < 0) {
-        errno = cause;
+    if (!isStarted) {
+        errno = program.error;
         *error = systemError(name.constData());
         return nullptr;
     }
     std::unique_ptr<HelperProcess> process(
-        new HelperProcess(id, std::move(channel), std::move(pictures)));
+        new HelperProcess(program.process, std::move(channel), std::move(pictures)));
     if (process->waitUntilReady())
         return process;
-    *error = QStringLiteral("%1 does not start: %2").arg(path, process->end());
+    *error = QStringLiteral("%1 does not start").arg(path);
     return nullptr;
 }
 
-HelperProcess::HelperProcess(pid_t id, std::shared_ptr<HelperChannel> channel,
+HelperProcess::HelperProcess(int process, std::shared_ptr<HelperChannel> channel,
                              std::shared_ptr<PictureSlots> pictures)
-    : m_id(id), m_channel(std::move(channel)), m_pictures(std::move(pictures)) {}
+    : m_process(process), m_channel(std::move(channel)), m_pictures(std::move(pictures)) {}
 
 HelperProcess::~HelperProcess() {
     end();
@@ -143,25 +166,20 @@ bool HelperProcess::waitUntilReady() {
            message.kind == HelperMessage::Kind::Ready;
 }
 
-QString HelperProcess::end() {
-    const pid_t id = std::exchange(m_id, -1);
-    if (id < 0)
-        return {};
+void HelperProcess::end() {
+    const int process = std::exchange(m_process, -1);
+    if (process < 0)
+        return;
     m_channel->hangUp();
     // It ends by itself when it finds the channel closed, unless it is out of control.
-    kill(id, SIGKILL);
-    int status = 0;
-    pid_t ended = -1;
-    do
-        ended = waitpid(id, &status, __WALL);
-    while (ended < 0 && errno == EINTR);
-    if (ended != id)
-        return systemError("its end is unknown");
-    if (WIFSIGNALED(status))
-        return QStringLiteral("signal %1, %2")
-            .arg(WTERMSIG(status))
-            .arg(QString::fromLocal8Bit(strsignal(WTERMSIG(status))));
-    return QStringLiteral("exit code %1").arg(WEXITSTATUS(status));
+    syscall(SYS_pidfd_send_signal, process, SIGKILL, nullptr, 0);
+    pollfd entry{process, POLLIN, 0};
+    while (::poll(&entry, 1, LongestEndMs) < 0 && errno == EINTR) {
+    }
+    // Only where it has become a child of the host, which is then the first process of a container.
+    siginfo_t ignored{};
+    waitid(P_PIDFD, id_t(process), &ignored, WEXITED | WNOHANG | __WALL);
+    ::close(process);
 }
 
 } // namespace velmora

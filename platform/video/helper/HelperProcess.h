@@ -6,8 +6,6 @@
 
 #include <memory>
 
-#include <sys/types.h>
-
 namespace velmora {
 
 /// A running video helper. The host does not notice this child process: it gets no SIGCHLD, its own
@@ -27,15 +25,16 @@ public:
     const std::shared_ptr<HelperChannel> &channel() const { return m_channel; }
     const std::shared_ptr<PictureSlots> &pictures() const { return m_pictures; }
 
-    /// Ends the helper, unless it has ended, and tells how it ended.
-    QString end();
+    /// Ends the helper, unless it has ended, and waits for that.
+    void end();
 
 private:
-    HelperProcess(pid_t id, std::shared_ptr<HelperChannel> channel,
+    HelperProcess(int process, std::shared_ptr<HelperChannel> channel,
                   std::shared_ptr<PictureSlots> pictures);
     bool waitUntilReady();
 
-    pid_t m_id;
+    /// A file descriptor that stands for the process.
+    int m_process;
     const std::shared_ptr<HelperChannel> m_channel;
     const std::shared_ptr<PictureSlots> m_pictures;
 };

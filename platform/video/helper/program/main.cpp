@@ -10,6 +10,33 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace {
+
+using velmora::HelperChannel;
+using velmora::HelperMessage;
+
+HelperChannel *s_channel = nullptr;
+HelperMessage s_lastWords;
+
+// Tells the library why its video ends. No core is dumped and no crash reporter asks the user
+// anything: what crashes is a decoder that is not ours, on a file from a server.
+void sayLastWords(int signal) {
+    s_lastWords.slot = signal;
+    s_channel->send(s_lastWords);
+    _exit(EXIT_FAILURE);
+}
+
+void catchCrashes() {
+    s_lastWords.kind = HelperMessage::Kind::Crashed;
+    struct sigaction action {};
+    action.sa_handler = sayLastWords;
+    action.sa_flags = SA_ONSTACK;
+    for (const int signal : {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS})
+        sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
 int main(int argc, char **argv) {
     using namespace velmora;
     if (argc != 2 || std::strcmp(argv[1], HelperVersion) != 0)
@@ -24,6 +51,8 @@ int main(int argc, char **argv) {
     if (!pictures)
         return EXIT_FAILURE;
     HelperChannel channel(HelperChannelFile, HelperChannel::WhenFull::Waits);
+    s_channel = &channel;
+    catchCrashes();
     SlotMemory memory(pictures);
     EngineHost(channel, memory).run();
 }

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Switches.h"
+#include "VideoPlayer.h"
+#include "tests/support/FreshProcess.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace velmora::test {
+
+namespace {
+
+const QUrl Clip = QUrl::fromLocalFile(QStringLiteral(VELMORA_TEST_CLIPS "/longer.mp4"));
+
+QByteArray contents(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The helpers that this process has started: no children, but they have its environment.
+QList<pid_t> helpers() {
+    const QByteArray mark = "VELMORA_TEST_PARENT=" + QByteArray::number(getpid());
+    QList<pid_t> found;
+    for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const QByteArrayList environment =
+            contents(QStringLiteral("/proc/%1/environ").arg(id)).split('\0');
+        if (environment.contains(mark))
+            found << id.toInt();
+    }
+    return found;
+}
+
+struct Played {
+    int frames = 0;
+    int ends = 0;
+    int failures = 0;
+    VideoPlayer player{{{}, [this] { ++frames; }, [this] { ++ends; }, [this] { ++failures; }}};
+
+    Played() {
+        player.load(Clip);
+        player.play();
+    }
+};
+
+int s_childSignals = 0;
+
+} // namespace
+
+class VideoHelperTest : public FreshProcess {
+protected:
+    VideoHelperTest() {
+        Switches::activateDebugMode();
+        qputenv("VELMORA_TEST_PARENT", QByteArray::number(getpid()));
+    }
+    ~VideoHelperTest() override {
+        qunsetenv("VELMORA_VIDEO_HELPER");
+        qunsetenv("VELMORA_TEST_HELPER");
+    }
+
+    void useHostileHelper(const char *behaviour) {
+        qputenv("VELMORA_VIDEO_HELPER", VELMORA_TEST_HOSTILE_HELPER);
+        qputenv("VELMORA_TEST_HELPER", behaviour);
+    }
+};
+
+TEST_F(VideoHelperTest, ADecoderThatCrashesFailsItsVideoOnly) {
+    auto crashing = std::make_unique<Played>();
+    ASSERT_TRUE(eventually([&] { return crashing->frames > 3; }));
+    ASSERT_EQ(helpers().size(), 1);
+    kill(helpers().constFirst(), SIGSEGV);
+
+    // The host's event loop goes on meanwhile.
+    QElapsedTimer beat;
+    qint64 longestGap = 0;
+    beat.start();
+    EXPECT_TRUE(eventually([&] {
+        longestGap = std::max(longestGap, beat.restart());
+        return crashing->failures > 0;
+    }));
+    EXPECT_LT(longestGap, 200);
+    EXPECT_EQ(crashing->failures, 1);
+    EXPECT_EQ(crashing->player.status(), VideoPlayer::Status::Failed);
+    EXPECT_FALSE(crashing->player.frame().isNull()) << "the last picture stays";
+    EXPECT_EQ(crashing->player.frame().copy().size(), QSize(960, 540));
+    EXPECT_TRUE(hasLogged("the video helper crashed (signal 11)"));
+    EXPECT_TRUE(eventually([] { return helpers().isEmpty(); }));
+
+    Played next;
+    EXPECT_TRUE(eventually([&] { return next.frames > 3; }));
+    EXPECT_EQ(next.failures, 0);
+}
+
+TEST_F(VideoHelperTest, TheHostDoesNotNoticeTheProcess) {
+    struct sigaction counting {};
+    struct sigaction before {};
+    counting.sa_handler = [](int) { ++s_childSignals; };
+    sigaction(SIGCHLD, &counting, &before);
+    const int open = ::open("/dev/null", O_RDONLY); // not closed by exec
+    {
+        Played video;
+        ASSERT_TRUE(eventually([&] { return video.frames > 0; }));
+        EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+        const QDir files(QStringLiteral("/proc/%1/fd").arg(helpers().value(0)));
+        const auto entries = files.entryInfoList(QDir::AllEntries | QDir::System);
+        EXPECT_FALSE(std::any_of(entries.begin() + std::min<qsizetype>(5, entries.size()),
+                                 entries.end(), [](const QFileInfo &entry) {
+                                     return entry.symLinkTarget() == QStringLiteral("/dev/null");
+                                 }));
+    }
+    EXPECT_TRUE(eventually([] { return helpers().isEmpty(); }));
+    EXPECT_EQ(s_childSignals, 0);
+    ::close(open);
+    sigaction(SIGCHLD, &before, nullptr);
+}
+
+TEST_F(VideoHelperTest, ASpareHelperIsUsedOnce) {
+    VideoPlayer::warmUp();
+    ASSERT_TRUE(eventually([] { return helpers().size() == 1; }));
+    const pid_t spare = helpers().constFirst();
+    VideoPlayer::warmUp();
+    quietly(100);
+    EXPECT_EQ(helpers(), QList<pid_t>{spare});
+
+    Played first;
+    ASSERT_TRUE(eventually([&] { return first.frames > 0; }));
+    EXPECT_EQ(helpers(), QList<pid_t>{spare});
+    Played second;
+    ASSERT_TRUE(eventually([&] { return second.frames > 0; }));
+    EXPECT_EQ(helpers().size(), 2);
+
+    // One that has crashed before its use is replaced.
+    VideoPlayer::warmUp();
+    ASSERT_TRUE(eventually([] { return helpers().size() == 3; }));
+    for (const pid_t helper : helpers())
+        kill(helper, SIGKILL);
+    Played third;
+    EXPECT_TRUE(eventually([&] { return third.frames > 0; }));
+    EXPECT_EQ(third.failures, 0);
+}
+
+TEST_F(VideoHelperTest, WithoutAHelperTheVideoIsDecodedHere) {
+    const auto plays = [](const char *reason) {
+        Played video;
+        EXPECT_TRUE(eventually([&] { return video.frames > 0; })) << reason;
+        EXPECT_TRUE(hasLogged(reason));
+        EXPECT_TRUE(helpers().isEmpty());
+    };
+    qputenv("VELMORA_VIDEO_HELPER", "/nowhere/velmora-video-helper");
+    plays("velmora-video-helper is not installed");
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("helper")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    qputenv("VELMORA_VIDEO_HELPER", QFile::encodeName(file.fileName()));
+    plays("Permission denied");
+    qputenv("VELMORA_VIDEO_HELPER", "/bin/false");
+    plays("/bin/false does not start");
+    useHostileHelper("stays silent");
+    plays("does not start");
+}
+
+TEST_F(VideoHelperTest, WhatATakenOverHelperSendsDoesNoHarm) {
+    useHostileHelper("lies");
+    Played video;
+    EXPECT_TRUE(eventually([&] { return video.failures > 0; }));
+    EXPECT_EQ(video.failures, 1);
+    EXPECT_LE(video.frames, 1);
+    EXPECT_GE(video.player.durationSeconds(), 0);
+    EXPECT_LE(timesLogged("xxx"), 25);
+    EXPECT_LE(video.ends, 1);
+}
+
+} // namespace velmora::test
