@@ -240,16 +240,29 @@ void SplashScreenController::initVideoLayer() {
         LOG(QStringLiteral("the video is not played: its window is gone"));
         return;
     }
-    m_player.open(m_videoUrl, m_outlets.splashScreenPlayerView, [weak = weak_from_this()] {
+    const auto ended = [weak = weak_from_this()] {
         if (const auto self = weak.lock())
             self->didVideoEnded();
-    });
+    };
+    const auto failed = [weak = weak_from_this()] {
+        if (const auto self = weak.lock())
+            self->didVideoFail();
+    };
+    m_player.open(m_videoUrl, m_outlets.splashScreenPlayerView, ended, failed);
 }
 
 void SplashScreenController::didVideoEnded() {
     m_canShowEnd = true;
     if (const auto output = m_output.lock())
         output->didVideoEnded();
+}
+
+// The end screen, with the still, takes the place of the picture at which the video stopped, as
+// soon as the close button is due. The presenter is not told, for the video did not end.
+void SplashScreenController::didVideoFail() {
+    m_canShowEnd = true;
+    if (isShown(m_outlets.closeButton))
+        showEndScreen();
 }
 
 void SplashScreenController::pauseShowVideo() {

@@ -64,6 +64,7 @@ public:
     /// While a video is playing, shows only the close button. Any thread.
     void showEndScreen();
     void didVideoEnded();
+    void didVideoFail();
     /// Ends the video and hides the splash screen.
     void hide();
     /// Takes the view out of the window for good.

@@ -5,7 +5,8 @@
 
 namespace velmora {
 
-void SplashScreenPlayer::open(const QUrl &url, VideoView *view, std::function<void()> ended) {
+void SplashScreenPlayer::open(const QUrl &url, VideoView *view, std::function<void()> ended,
+                              std::function<void()> failed) {
     m_view = view;
     closeAndClear();
     VideoPlayer::Handlers handlers;
@@ -14,6 +15,7 @@ void SplashScreenPlayer::open(const QUrl &url, VideoView *view, std::function<vo
             m_view->showFrame(m_player->frame());
     };
     handlers.ended = std::move(ended);
+    handlers.failed = std::move(failed);
     m_player = std::make_unique<VideoPlayer>(std::move(handlers));
     m_player->load(url);
 }

@@ -18,7 +18,9 @@ public:
     /// Opens a video, in place of an earlier one, and pauses at its start.
     /// @param view  shows the pictures; may be destroyed meanwhile
     /// @param ended called when the video was played to its end; may destroy this object
-    void open(const QUrl &url, VideoView *view, std::function<void()> ended);
+    /// @param failed called when it can't be played, or no further; may destroy this object
+    void open(const QUrl &url, VideoView *view, std::function<void()> ended,
+              std::function<void()> failed);
 
     // Ignored before open() and after close().
     void playFromStart();

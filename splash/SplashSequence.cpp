@@ -33,7 +33,8 @@ void SplashSequence::begin(qint64 loadTime) {
     m_clock.begin();
     startWaitVideoTimer(double(loadTime));
     m_clock.startTick();
-    m_video.warmUpPlayer();
+    if (loadTime > 0)
+        m_video.warmUpPlayer();
     updateTimerText();
     for (const Controller &controller : m_windows.copy()) {
         controller->startTimerViewFromSec(0, loadTime + SplashClock::VideoSeconds);

@@ -2,6 +2,7 @@
 #include "Switches.h"
 #include "VideoPlayer.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/VideoHelpers.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
@@ -23,24 +24,6 @@ namespace {
 
 const QUrl Clip = QUrl::fromLocalFile(QStringLiteral(VELMORA_TEST_CLIPS "/longer.mp4"));
 
-QByteArray contents(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// The helpers that this process has started: no children, but they have its environment.
-QList<pid_t> helpers() {
-    const QByteArray mark = "VELMORA_TEST_PARENT=" + QByteArray::number(getpid());
-    QList<pid_t> found;
-    for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        const QByteArrayList environment =
-            contents(QStringLiteral("/proc/%1/environ").arg(id)).split('\0');
-        if (environment.contains(mark))
-            found << id.toInt();
-    }
-    return found;
-}
-
 struct Played {
     int frames = 0;
     int ends = 0;
@@ -61,7 +44,7 @@ class VideoHelperTest : public FreshProcess {
 protected:
     VideoHelperTest() {
         Switches::activateDebugMode();
-        qputenv("VELMORA_TEST_PARENT", QByteArray::number(getpid()));
+        watchVideoHelpers();
     }
     ~VideoHelperTest() override {
         qunsetenv("VELMORA_VIDEO_HELPER");
@@ -77,8 +60,8 @@ protected:
 TEST_F(VideoHelperTest, ADecoderThatCrashesFailsItsVideoOnly) {
     auto crashing = std::make_unique<Played>();
     ASSERT_TRUE(eventually([&] { return crashing->frames > 3; }));
-    ASSERT_EQ(helpers().size(), 1);
-    kill(helpers().constFirst(), SIGSEGV);
+    ASSERT_EQ(videoHelpers().size(), 1);
+    kill(videoHelpers().constFirst(), SIGSEGV);
 
     // The host's event loop goes on meanwhile.
     QElapsedTimer beat;
@@ -94,7 +77,7 @@ TEST_F(VideoHelperTest, ADecoderThatCrashesFailsItsVideoOnly) {
     EXPECT_FALSE(crashing->player.frame().isNull()) << "the last picture stays";
     EXPECT_EQ(crashing->player.frame().copy().size(), QSize(960, 540));
     EXPECT_TRUE(hasLogged("the video helper crashed (signal 11)"));
-    EXPECT_TRUE(eventually([] { return helpers().isEmpty(); }));
+    EXPECT_TRUE(eventually([] { return videoHelpers().isEmpty(); }));
 
     Played next;
     EXPECT_TRUE(eventually([&] { return next.frames > 3; }));
@@ -111,14 +94,14 @@ TEST_F(VideoHelperTest, TheHostDoesNotNoticeTheProcess) {
         Played video;
         ASSERT_TRUE(eventually([&] { return video.frames > 0; }));
         EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
-        const QDir files(QStringLiteral("/proc/%1/fd").arg(helpers().value(0)));
+        const QDir files(QStringLiteral("/proc/%1/fd").arg(videoHelpers().value(0)));
         const auto entries = files.entryInfoList(QDir::AllEntries | QDir::System);
         EXPECT_FALSE(std::any_of(entries.begin() + std::min<qsizetype>(5, entries.size()),
                                  entries.end(), [](const QFileInfo &entry) {
                                      return entry.symLinkTarget() == QStringLiteral("/dev/null");
                                  }));
     }
-    EXPECT_TRUE(eventually([] { return helpers().isEmpty(); }));
+    EXPECT_TRUE(eventually([] { return videoHelpers().isEmpty(); }));
     EXPECT_EQ(s_childSignals, 0);
     ::close(open);
     sigaction(SIGCHLD, &before, nullptr);
@@ -126,23 +109,23 @@ TEST_F(VideoHelperTest, TheHostDoesNotNoticeTheProcess) {
 
 TEST_F(VideoHelperTest, ASpareHelperIsUsedOnce) {
     VideoPlayer::warmUp();
-    ASSERT_TRUE(eventually([] { return helpers().size() == 1; }));
-    const pid_t spare = helpers().constFirst();
+    ASSERT_TRUE(eventually([] { return videoHelpers().size() == 1; }));
+    const pid_t spare = videoHelpers().constFirst();
     VideoPlayer::warmUp();
     quietly(100);
-    EXPECT_EQ(helpers(), QList<pid_t>{spare});
+    EXPECT_EQ(videoHelpers(), QList<pid_t>{spare});
 
     Played first;
     ASSERT_TRUE(eventually([&] { return first.frames > 0; }));
-    EXPECT_EQ(helpers(), QList<pid_t>{spare});
+    EXPECT_EQ(videoHelpers(), QList<pid_t>{spare});
     Played second;
     ASSERT_TRUE(eventually([&] { return second.frames > 0; }));
-    EXPECT_EQ(helpers().size(), 2);
+    EXPECT_EQ(videoHelpers().size(), 2);
 
     // One that has crashed before its use is replaced.
     VideoPlayer::warmUp();
-    ASSERT_TRUE(eventually([] { return helpers().size() == 3; }));
-    for (const pid_t helper : helpers())
+    ASSERT_TRUE(eventually([] { return videoHelpers().size() == 3; }));
+    for (const pid_t helper : videoHelpers())
         kill(helper, SIGKILL);
     Played third;
     EXPECT_TRUE(eventually([&] { return third.frames > 0; }));
@@ -154,7 +137,7 @@ TEST_F(VideoHelperTest, WithoutAHelperTheVideoIsDecodedHere) {
         Played video;
         EXPECT_TRUE(eventually([&] { return video.frames > 0; })) << reason;
         EXPECT_TRUE(hasLogged(reason));
-        EXPECT_TRUE(helpers().isEmpty());
+        EXPECT_TRUE(videoHelpers().isEmpty());
     };
     qputenv("VELMORA_VIDEO_HELPER", "/nowhere/velmora-video-helper");
     plays("velmora-video-helper is not installed");
