@@ -166,8 +166,11 @@ bool restrictSystemCalls() {
 }
 
 void limitResources() {
+    // The sanitizers reserve terabytes.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     const rlimit memory{MostMemory, MostMemory};
     setrlimit(RLIMIT_DATA, &memory);
+#endif
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
 }
