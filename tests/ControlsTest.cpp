@@ -60,7 +60,7 @@ TEST_F(BannerImageViewTest, DecodesOnlyWhileItCanBeSeen) {
     EXPECT_FALSE(decodes());
     EXPECT_EQ(view->decodedFrames(), 0);
     window.show();
-    EXPECT_TRUE(decodes());
+    EXPECT_TRUE(eventually([&] { return decodes(); }));
 
     // Covered by an opaque widget of the host.
     QWidget cover(&window);
@@ -76,7 +76,7 @@ TEST_F(BannerImageViewTest, DecodesOnlyWhileItCanBeSeen) {
         quietly(80);
         EXPECT_FALSE(decodes()) << what;
         hide(false);
-        EXPECT_TRUE(decodes()) << what;
+        EXPECT_TRUE(eventually([&] { return decodes(); })) << what;
     }
 }
 
