@@ -30,10 +30,10 @@ SettingsStore::Names SettingsStore::namesNow() {
 }
 
 QVariant SettingsStore::value(const QString &key) {
+    const bool retries = mayRetry();
     const std::lock_guard lock(m_mutex);
     follow();
-    // Rate limited, because every log line reads a setting, and trying to write is slow.
-    if (hasDue() && MainQueue::isMainThread() && m_retries.allows())
+    if (retries && hasDue())
         storeDue();
     const auto own = m_own.constFind(key);
     if (own != m_own.constEnd() && !own->isStored)
@@ -107,6 +107,18 @@ std::unique_ptr<QSettings> SettingsStore::settingsOf(const Names &names) {
 
 bool SettingsStore::hasDue() const {
     return std::any_of(m_own.begin(), m_own.end(), [](const auto &own) { return !own.isStored; });
+}
+
+// Rate limited, because every log line reads a setting, and trying to write is slow. The limiter is
+// asked without the lock: it takes that of ProcessRoot, whose objects read settings while they are
+// made, which takes the two in the other order.
+bool SettingsStore::mayRetry() {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!hasDue())
+            return false;
+    }
+    return MainQueue::isMainThread() && m_retries.allows();
 }
 
 bool SettingsStore::storeDue() {

@@ -61,6 +61,7 @@ private:
     static Names namesNow();
     void follow();
     bool hasDue() const;
+    bool mayRetry();
     bool storeDue();
     static std::unique_ptr<QSettings> settingsOf(const Names &names);
     void complain(const QString &reason);

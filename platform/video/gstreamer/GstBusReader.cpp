@@ -9,16 +9,17 @@
 namespace velmora {
 
 // The bus shares it with the reader, because threads of the pipeline may still post messages when
-// the reader is destroyed. The mutex is locked while a message is read.
+// the reader is destroyed.
 struct GstBusReader::Tap {
-    std::mutex mutex;
+    std::mutex mutex; // locked while a message is read; guards the rest
     GstBusReader *reader = nullptr;
+    std::shared_ptr<Tap> bus; // the bus's share, as GStreamer holds a plain pointer
+
+    static Tap *from(gpointer data) { return static_cast<Tap *>(data); }
 };
 
 GstBusReader::GstBusReader(VideoEngineListener *listener)
-    : m_listener(listener), m_tap(std::make_shared<Tap>()) {
-    m_tap->reader = this;
-}
+    : m_listener(listener), m_tap(std::make_shared<Tap>()) {}
 
 GstBusReader::~GstBusReader() {
     stop();
@@ -26,8 +27,17 @@ GstBusReader::~GstBusReader() {
 
 void GstBusReader::start(GstElement *pipeline) {
     const GstPointer<GstBus> bus(gst_element_get_bus(pipeline));
-    const auto release = [](gpointer tap) { delete static_cast<std::shared_ptr<Tap> *>(tap); };
-    gst_bus_set_sync_handler(bus.get(), receive, new std::shared_ptr<Tap>(m_tap), release);
+    {
+        const std::lock_guard lock(m_tap->mutex);
+        m_tap->reader = this;
+        m_tap->bus = m_tap;
+    }
+    const auto release = [](gpointer data) {
+        std::shared_ptr<Tap> share; // destroyed after the lock
+        const std::lock_guard lock(Tap::from(data)->mutex);
+        share.swap(Tap::from(data)->bus);
+    };
+    gst_bus_set_sync_handler(bus.get(), receive, m_tap.get(), release);
 }
 
 void GstBusReader::stop() {
@@ -36,10 +46,9 @@ void GstBusReader::stop() {
 }
 
 GstBusSyncReply GstBusReader::receive(GstBus *, GstMessage *message, gpointer data) {
-    const auto &tap = *static_cast<std::shared_ptr<Tap> *>(data);
-    const std::lock_guard lock(tap->mutex);
-    if (tap->reader)
-        tap->reader->read(message);
+    const std::lock_guard lock(Tap::from(data)->mutex);
+    if (GstBusReader *reader = Tap::from(data)->reader)
+        reader->read(message);
     gst_message_unref(message);
     return GST_BUS_DROP;
 }

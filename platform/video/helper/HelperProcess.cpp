@@ -18,6 +18,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -48,9 +49,11 @@ struct Program {
     std::array<char *, 3> arguments;
     int channel;
     int pictures;
+    /// Becomes the file that stands for the process.
+    int process;
+    /// Where the new processes write the number of the error when they fail.
+    int errors = -1;
     char *stackTop = nullptr;
-    int process = -1;
-    int error = 0;
 };
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -59,31 +62,47 @@ struct Program {
 #define VELMORA_ON_OTHER_STACK
 #endif
 
-// The two functions below run in new processes that share the memory of this one, while the thread
-// that has started them waits. They may only make system calls.
+// The functions below run in new processes that share the memory of this one, while the thread that
+// has started them waits. They may only make system calls.
 
-VELMORA_ON_OTHER_STACK int execute(void *data) {
-    auto *program = static_cast<Program *>(data);
-    if (dup2(program->channel, HelperChannelFile) >= 0 &&
-        dup2(program->pictures, HelperPicturesFile) >= 0 &&
-        close_range(HelperPicturesFile + 1, ~0U, 0) == 0)
-        execve(program->path, program->arguments.data(), environ);
-    program->error = errno;
-    _exit(127);
+VELMORA_ON_OTHER_STACK void endWithError(const Program *program) {
+    const int error = errno;
+    [[maybe_unused]] const auto written = ::write(program->errors, &error, sizeof error);
+    _exit(EXIT_FAILURE);
 }
 
+VELMORA_ON_OTHER_STACK int execute(void *data) {
+    const auto *program = static_cast<Program *>(data);
+    if (dup2(program->channel, HelperChannelFile) >= 0 &&
+        dup2(program->pictures, HelperPicturesFile) >= 0 &&
+        close_range(HelperPicturesFile + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0)
+        execve(program->path, program->arguments.data(), environ);
+    endWithError(program);
+    return 0;
+}
+
+// Shares the open files of this process, too.
 VELMORA_ON_OTHER_STACK int startAndEnd(void *data) {
     auto *program = static_cast<Program *>(data);
+    int process = -1;
     if (clone(execute, program->stackTop, CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD, program,
-              &program->process) < 0)
-        program->error = errno;
-    _exit(0);
+              &process) < 0 ||
+        dup3(process, program->process, O_CLOEXEC) < 0)
+        endWithError(program);
+    ::close(process);
+    _exit(EXIT_SUCCESS);
 }
 
 // Starts the program in a grandchild, whose parent ends at once. That parent executes nothing, so
-// it may end without a signal to this process. @return false with program->error set
+// it may end without a signal to this process. @return false with errno set
 bool spawn(Program *program) {
     constexpr std::size_t StackSize = 64 * 1024;
+    int errors[2];
+    if (pipe2(errors, O_CLOEXEC) != 0)
+        return false;
+    program->errors = copyBeyond(errors[1]);
+    ::close(errors[1]);
+
     std::vector<char> stacks(2 * StackSize);
     const auto top = [&stacks](std::size_t end) {
         return reinterpret_cast<char *>(reinterpret_cast<quintptr>(&stacks[end - 1]) &
@@ -97,16 +116,17 @@ bool spawn(Program *program) {
     pthread_sigmask(SIG_SETMASK, &all, &before);
     const pid_t id =
         clone(startAndEnd, top(2 * StackSize), CLONE_VM | CLONE_VFORK | CLONE_FILES, program);
-    if (id < 0)
-        program->error = errno;
+    int error = id < 0 ? errno : 0;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     while (id > 0 && waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
     }
-    if (program->error == 0)
-        return true;
-    if (program->process >= 0)
-        ::close(program->process);
-    return false;
+    // Otherwise the program's own copy of the pipe's end was closed by exec.
+    ::close(program->errors);
+    if (id > 0 && ::read(errors[0], &error, sizeof error) != ssize_t(sizeof error))
+        error = 0;
+    ::close(errors[0]);
+    errno = error;
+    return error == 0;
 }
 
 } // namespace
@@ -133,17 +153,19 @@ std::unique_ptr<HelperProcess> HelperProcess::start(QString *error) {
     Program program{name.constData(),
                     {name.data(), version.data(), nullptr},
                     copyBeyond(sockets[1]),
-                    copyBeyond(pictures->file())};
-    const bool isStarted = program.channel >= 0 && program.pictures >= 0 && spawn(&program);
-    for (const int file : {sockets[1], program.channel, program.pictures}) {
+                    copyBeyond(pictures->file()),
+                    copyBeyond(sockets[1])};
+    const bool hasFiles = program.channel >= 0 && program.pictures >= 0 && program.process >= 0;
+    const bool isStarted = hasFiles && spawn(&program);
+    if (!isStarted)
+        *error = systemError(name.constData());
+    for (const int file :
+         {sockets[1], program.channel, program.pictures, isStarted ? -1 : program.process}) {
         if (file >= 0)
             ::close(file);
     }
-    if (!isStarted) {
-        errno = program.error;
-        *error = systemError(name.constData());
+    if (!isStarted)
         return nullptr;
-    }
     std::unique_ptr<HelperProcess> process(
         new HelperProcess(program.process, std::move(channel), std::move(pictures)));
     if (process->waitUntilReady())
