@@ -8,6 +8,7 @@
 #include <Velmora/Support.h>
 #include <Velmora/Velmora.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
@@ -180,6 +181,38 @@ TEST_F(ProcessEndTest, AHostMayEndWhileTheServerHangs) {
 
 TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
     endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
+}
+
+TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
+    const auto unloadIn = [this](const QString &state, int moment) {
+        for (const char *way : {"quit", "exit"}) {
+            for (int i = 0; i < repetitions() && !HasFailure(); ++i)
+                runChild(
+                    QStringLiteral(VELMORA_TEST_PLUGIN_HOST),
+                    {QStringLiteral(VELMORA_TEST_PLUGIN), state, QString::number(moment),
+                     QLatin1String(way)},
+                    {{QStringLiteral("VELMORA_AD_SERVER_URL"), baseUrl},
+                     {QStringLiteral("VELMORA_AD_SERVER_CA"),
+                      folder.filePath(QStringLiteral("ca.pem"))},
+                     {QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1")},
+                     {QStringLiteral("XDG_CACHE_HOME"), folder.path()},
+                     // GStreamer's threads own memory until they end.
+                     {QStringLiteral("ASAN_OPTIONS"),
+                      QStringLiteral("detect_leaks=%1").arg(state.startsWith(u"film") ? 0 : 1)}});
+        }
+    };
+    const QString film = QStringLiteral("film:" VELMORA_TEST_CLIPS "/short.mp4");
+    unloadIn(QStringLiteral("idle"), 0);
+    unloadIn(QStringLiteral("splash"), 100);
+    unloadIn(film, 0);
+    unloadIn(QStringLiteral("banner"), 150);
+    // While it asks the server, and while it downloads.
+    server.faults().set(TablePath, adserver::Fault::hang());
+    unloadIn(QStringLiteral("banner"), 60);
+    server.faults().clear();
+    QDir(folder.filePath(QStringLiteral("velmora_plugin_host"))).removeRecursively();
+    server.faults().set(QStringLiteral("/media/*"), adserver::Fault::hang());
+    unloadIn(QStringLiteral("banner"), 80);
 }
 
 TEST_F(ProcessEndTest, AForkedChildMayExit) {
