@@ -19,6 +19,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <thread>
 
 namespace velmora::test {
 
@@ -71,6 +72,8 @@ void end(const QByteArray &way) {
         std::exit(0);
     else if (way == "_Exit")
         std::_Exit(0);
+    else if (way == "worker")
+        std::thread([] { std::exit(0); }).detach();
     else if (way == "fork")
         endInForkedChild();
     else if (way == "closeAllWindows")
@@ -102,11 +105,18 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
     window->resize(900, 400);
     window->show();
     window->activateWindow();
-    if (state != "splash" && state != "close-button" && state != "handler") {
+    if (!state.contains("splash") && state != "close-button" && state != "handler") {
         Velmora::addBannerForWindow(window);
         // The name of what it advertises is looked up on a thread.
         Velmora::setDefaultVideoName(QStringLiteral("none.mp4"), QStringLiteral("id1"));
         QTimer::singleShot(state.toInt(), [way] { end(way); });
+        QCoreApplication::exec();
+        return;
+    }
+    if (state == "running-splash") {
+        Velmora::addSplashScreenToWindow(window);
+        QTimer::singleShot(50, &Velmora::forceShow);
+        QTimer::singleShot(300, [way] { end(way); });
         QCoreApplication::exec();
         return;
     }
@@ -181,6 +191,12 @@ TEST_F(ProcessEndTest, AHostMayEndWhileTheServerHangs) {
 
 TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
     endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
+}
+
+// The main thread goes on to draw while the worker is in exit().
+TEST_F(ProcessEndTest, AWorkerOfTheHostMayExit) {
+    endIn({"worker"},
+          {QStringLiteral("400"), QStringLiteral("running-splash")});
 }
 
 TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
