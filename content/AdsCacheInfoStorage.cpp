@@ -32,7 +32,7 @@ AdsCacheInfoStorage::AdsCacheInfoStorage() : m_writes(std::make_shared<Writes>()
 }
 
 AdsCacheInfoStorage::~AdsCacheInfoStorage() {
-    saveUnlessLoaded();
+    stopLoading();
 }
 
 bool AdsCacheInfoStorage::isLoaded() {
@@ -65,7 +65,7 @@ void AdsCacheInfoStorage::followFolder() {
     const QString folder = CachesFolder::path();
     if (folder == m_folder)
         return;
-    saveUnlessLoaded();
+    stopLoading();
     m_folder = folder;
     m_ads = {};
     if (folder.isEmpty())
@@ -116,7 +116,7 @@ void AdsCacheInfoStorage::takeLoaded(StoredAds ads) {
 }
 
 // What the file may have already is then there twice, and is read once.
-void AdsCacheInfoStorage::saveUnlessLoaded() {
+void AdsCacheInfoStorage::stopLoading() {
     if (!m_loading)
         return;
     m_loading.reset();

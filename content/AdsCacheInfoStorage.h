@@ -24,7 +24,6 @@ public:
     /// Starts to load the file. A missing or unreadable file gives an empty table. Until it is
     /// loaded the table holds the ads that were added meanwhile.
     AdsCacheInfoStorage();
-    /// Saves the ads that were added while the file was loading.
     ~AdsCacheInfoStorage();
     AdsCacheInfoStorage(const AdsCacheInfoStorage &) = delete;
     AdsCacheInfoStorage &operator=(const AdsCacheInfoStorage &) = delete;
@@ -33,6 +32,9 @@ public:
     /// Calls back when the file is loaded and the caches folder is up to date (CachesMigration);
     /// inside this call when that is so already. Not called when this object is destroyed before.
     void whenLoaded(std::function<void()> callback);
+
+    /// Gives up a load that is under way, and saves the ads that were added meanwhile.
+    void stopLoading();
 
     /// The ads by placement, as in the ad server's reply.
     QJsonObject infoDictionary();
@@ -60,14 +62,13 @@ public:
 
 private:
     struct Writes;
-    /// A file that is being loaded; the load is given up when this is destroyed.
+    /// A load that is under way; it is given up when this is destroyed.
     struct Loading {};
 
     /// Loads the table of the caches folder when that is another one than at the last call.
     void followFolder();
     void startLoading();
     void takeLoaded(StoredAds ads);
-    void saveUnlessLoaded();
     void write(const QJsonObject &part);
     QString tablePath() const;
 

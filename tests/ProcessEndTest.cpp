@@ -195,8 +195,7 @@ TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
 
 // The main thread goes on to draw while the worker is in exit().
 TEST_F(ProcessEndTest, AWorkerOfTheHostMayExit) {
-    endIn({"worker"},
-          {QStringLiteral("400"), QStringLiteral("running-splash")});
+    endIn({"worker"}, {QStringLiteral("400"), QStringLiteral("running-splash")});
 }
 
 TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
