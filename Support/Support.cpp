@@ -44,10 +44,11 @@ const velmora::Bundle &VLMMainAppBundle() {
 }
 
 const QStringList &VLMAllowLocale() {
-    static const QStringList codes{QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"),
-                                   QStringLiteral("es"), QStringLiteral("fr"), QStringLiteral("it"),
-                                   QStringLiteral("ko"), QStringLiteral("pt"), QStringLiteral("ru"),
-                                   QStringLiteral("ja"), QStringLiteral("zh")};
+    // Never destroyed: another thread may be in exit().
+    static const auto &codes = *new QStringList{
+        QStringLiteral("en"), QStringLiteral("ru"), QStringLiteral("de"), QStringLiteral("es"),
+        QStringLiteral("fr"), QStringLiteral("it"), QStringLiteral("ko"), QStringLiteral("pt"),
+        QStringLiteral("ru"), QStringLiteral("ja"), QStringLiteral("zh")};
     return codes;
 }
 

@@ -30,6 +30,11 @@ ProcessFigures ProcessFigures::of(qint64 processId) {
         if (line.startsWith("Private_Dirty"))
             figures.privateMegabytes += line.simplified().split(' ').value(1).toDouble() / 1024;
     }
+    const auto status = contents(processId, "status").split('\n');
+    for (const QByteArray &line : status) {
+        if (line.startsWith("VmHWM"))
+            figures.peakMegabytes = line.simplified().split(' ').value(1).toDouble() / 1024;
+    }
     return figures;
 }
 

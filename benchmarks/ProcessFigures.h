@@ -11,6 +11,8 @@ struct ProcessFigures {
     /// Memory that the process has written and does not share. A library's unwritten pages do not
     /// count, because which of them are shared depends on the other processes that run.
     double privateMegabytes = 0;
+    /// The most memory that the process has had in use at a time, with what it shares.
+    double peakMegabytes = 0;
 
     static ProcessFigures of(qint64 processId);
 

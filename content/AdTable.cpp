@@ -50,17 +50,23 @@ void AdTable::load(const Completion &completion) {
         LOG(QStringLiteral("the ad server has answered already in this run"));
         return;
     }
-    const QJsonObject cached = m_cacheStorage.infoDictionary();
     m_usesCache = true;
-    m_isCacheComplete = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
-    if (m_isCacheComplete || !AdsMacHelper::isInternetConnection()) {
-        if (completion)
-            completion();
-    }
-    if (AdsMacHelper::isInternetConnection())
+    const bool isOnline = AdsMacHelper::isInternetConnection();
+    m_cacheStorage.whenLoaded([weak = weak_from_this(), isOnline, completion] {
+        if (const auto self = weak.lock())
+            self->decideOnCache(isOnline, completion);
+    });
+    if (isOnline)
         request(completion);
     else
         LOG(QStringLiteral("offline: the ad server is not asked"));
+}
+
+void AdTable::decideOnCache(bool isOnline, const Completion &completion) {
+    const QJsonObject cached = m_cacheStorage.infoDictionary();
+    m_isCacheComplete = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
+    if ((m_isCacheComplete || !isOnline) && completion)
+        completion();
 }
 
 void AdTable::request(const Completion &completion) {
@@ -92,8 +98,14 @@ void AdTable::parse(const UrlResponse &response, const Completion &completion) {
         else if (!reply->error.isEmpty())
             LOG(QStringLiteral("the ad server's reply was refused: %1").arg(reply->error));
         MainQueue::post([weak, reply, completion] {
-            if (const auto self = weak.lock())
-                self->takeReply(std::move(*reply), completion);
+            const auto self = weak.lock();
+            if (!self)
+                return;
+            // A reply that is faster than the disk waits for decideOnCache().
+            self->m_cacheStorage.whenLoaded([weak, reply, completion] {
+                if (const auto same = weak.lock())
+                    same->takeReply(std::move(*reply), completion);
+            });
         });
     };
     if (!startBackgroundThread("velmora-reply", AtExit::Waits, work, nullptr))
@@ -121,6 +133,13 @@ bool AdTable::usesCache() const {
 
 std::optional<QJsonObject> AdTable::current() {
     return usesCache() ? m_cacheStorage.infoDictionary() : m_reply.table;
+}
+
+void AdTable::whenReady(const Completion &callback) {
+    if (usesCache())
+        m_cacheStorage.whenLoaded(callback);
+    else
+        callback();
 }
 
 std::optional<QJsonObject> AdTable::draw(const QString &placementKey, const QJsonObject &excluded) {

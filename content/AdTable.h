@@ -27,9 +27,10 @@ public:
     /// escaped.
     static QString requestBody();
 
-    /// Loads the table. The completion means that ads may be drawn now. It is called inside this
-    /// call when the cached ads suffice or the machine is offline, otherwise when the reply, of
-    /// whatever kind, is there. While the request runs, and once it has ended, this does nothing.
+    /// Loads the table. The completion means that ads may be drawn now. It is called once the
+    /// cached ads are loaded, if they suffice or the machine is offline, otherwise when the reply,
+    /// of whatever kind, is there too. That is inside this call when the cached ads that suffice
+    /// were loaded before. While the request runs, and once it has ended, this does nothing.
     void load(const Completion &completion);
 
     /// The table that ads are drawn from: while offline the cached ads; else the reply, before it
@@ -37,6 +38,10 @@ public:
     std::optional<QJsonObject> current();
     /// Replaces the reply.
     void setReply(AdReply reply);
+
+    /// Calls back when the ads that are drawn from now are loaded; inside this call unless these
+    /// are the cached ads and their file is still being read. Before, a draw may find nothing.
+    void whenReady(const Completion &callback);
 
     /// Draws one usable ad of a placement by weight.
     /// @param excluded an ad that is drawn only when the placement has no other; may be empty
@@ -55,6 +60,7 @@ public:
 private:
     void request(const Completion &completion);
     void parse(const UrlResponse &response, const Completion &completion);
+    void decideOnCache(bool isOnline, const Completion &completion);
     void takeReply(AdReply reply, const Completion &completion);
     bool usesCache() const;
 

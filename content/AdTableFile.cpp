@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdTableFile.h"
 
-#include "AdCollection.h"
-
 #include <Velmora/Support.h>
 
 #include <QtCore/QDir>
@@ -14,7 +12,8 @@
 
 namespace velmora {
 
-std::optional<QJsonObject> AdTableFile::read(const QString &path) {
+std::optional<AdCollection> AdTableFile::read(const QString &path,
+                                              const std::function<bool()> &isWanted) {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
@@ -24,6 +23,8 @@ std::optional<QJsonObject> AdTableFile::read(const QString &path) {
     // read() allocates as much as it is asked for.
     const QList<QByteArray> lines = file.read(std::min(file.size(), LargestSize)).split('\n');
     for (const QByteArray &line : lines) {
+        if (!isWanted())
+            break;
         const QJsonDocument part = QJsonDocument::fromJson(line);
         if (part.isObject()) {
             table.merge(part.object());
@@ -34,7 +35,7 @@ std::optional<QJsonObject> AdTableFile::read(const QString &path) {
     }
     if (unreadable > 0)
         LOG(QStringLiteral("%1 lines of the ad table %2 are unreadable").arg(unreadable).arg(path));
-    return isUsable ? std::optional(table.toJson()) : std::nullopt;
+    return isUsable ? std::optional(std::move(table)) : std::nullopt;
 }
 
 bool AdTableFile::append(const QString &path, const QJsonObject &part) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AdCollection.h"
+
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
+#include <functional>
 #include <optional>
 
 namespace velmora {
@@ -11,7 +14,7 @@ namespace velmora {
 /// The persisted ad table: a text file of JSON objects, one a line. Each line is a part of the
 /// table; together they are the whole. New ads are appended, so that adding one costs the same
 /// however large the table is, and processes that append at the same time lose nothing. A line that
-/// was cut off, because the disk was full or the process was killed, is skipped.
+/// was cut off, because the disk was full or the process was killed, is skipped. Any thread.
 class AdTableFile {
 public:
     /// A file grows no further, and no more of it is read.
@@ -19,7 +22,9 @@ public:
 
     /// The union of the file's lines, without repeated ads; nothing when the file is missing or has
     /// no usable line.
-    static std::optional<QJsonObject> read(const QString &path);
+    /// @param isWanted asked before each line; the lines from the first no on are left out
+    static std::optional<AdCollection> read(
+        const QString &path, const std::function<bool()> &isWanted = [] { return true; });
 
     /// Appends a part of the table; makes the file and its folder if they are missing.
     /// @return false when it could not be written, or only in part

@@ -5,6 +5,7 @@
 #include "AdTableFile.h"
 #include "CachesFolder.h"
 #include "CachesMigration.h"
+#include "Deployment.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
@@ -24,26 +25,39 @@ struct AdsCacheInfoStorage::Writes {
 };
 
 AdsCacheInfoStorage::AdsCacheInfoStorage() : m_writes(std::make_shared<Writes>()) {
-    followFolder();
     // Made while the downloader is being made, so that it is destroyed after it: until then the
     // table may be saved.
     ProcessRoot::get<DiskQueue>();
+    followFolder();
+}
+
+AdsCacheInfoStorage::~AdsCacheInfoStorage() {
+    stopLoading();
+}
+
+bool AdsCacheInfoStorage::isLoaded() {
+    followFolder();
+    return !m_loading;
+}
+
+void AdsCacheInfoStorage::whenLoaded(std::function<void()> callback) {
+    if (isLoaded())
+        callback();
+    else
+        m_waiting.push_back(std::move(callback));
 }
 
 QJsonObject AdsCacheInfoStorage::infoDictionary() {
     followFolder();
-    return m_info.toJson();
+    return m_ads.all.toJson();
 }
 
 void AdsCacheInfoStorage::setInfoDictionary(const QJsonObject &info) {
     followFolder();
-    setInfo(info);
-}
-
-void AdsCacheInfoStorage::setInfo(const QJsonObject &info) {
-    m_info = {};
-    m_info.merge(info);
-    m_drawable.reset();
+    StoredAds ads{{}, DrawableAds(info)};
+    ads.all.merge(info);
+    m_ads = {};
+    takeLoaded(std::move(ads));
 }
 
 // The ads of the previous folder are dropped, since their media files stay there.
@@ -51,10 +65,63 @@ void AdsCacheInfoStorage::followFolder() {
     const QString folder = CachesFolder::path();
     if (folder == m_folder)
         return;
+    stopLoading();
     m_folder = folder;
-    CachesMigration::moveFormerFiles();
-    CachesMigration::deleteUnfinishedDownloads();
-    setInfo(cacheInfo().value_or(QJsonObject()));
+    m_ads = {};
+    if (folder.isEmpty())
+        takeLoaded({});
+    else
+        startLoading();
+}
+
+// On the disk queue, after what is still to be written to the file.
+void AdsCacheInfoStorage::startLoading() {
+    Deployment::current();
+    m_loading = std::make_shared<Loading>();
+    const auto work = [this, loading = std::weak_ptr(m_loading), folder = m_folder,
+                       former = CachesFolder::formerPath(), path = tablePath()] {
+        const auto isWanted = [&loading] { return !loading.expired() && !ProcessRoot::hasEnded(); };
+        if (!isWanted())
+            return;
+        CachesMigration::moveFormerFiles(former, folder);
+        const auto ads =
+            std::make_shared<std::optional<StoredAds>>(StoredAds::read(path, isWanted));
+        if (!*ads)
+            return;
+        MainQueue::post([this, loading, ads] {
+            if (loading.expired())
+                return;
+            followFolder(); // which gives the load up when the folder has changed
+            if (!loading.expired())
+                takeLoaded(std::move(**ads));
+        });
+        CachesMigration::deleteUnfinishedDownloads(folder);
+    };
+    ProcessRoot::get<DiskQueue>().run(work);
+}
+
+void AdsCacheInfoStorage::takeLoaded(StoredAds ads) {
+    m_loading.reset();
+    const StoredAds added = std::exchange(m_ads, std::move(ads));
+    for (const QJsonObject &ad : std::as_const(m_resting))
+        m_ads.drawable.remove(ad);
+    for (const QString &placement : {kMainBannerKey, kMainVideoKey}) {
+        const QJsonArray elements = added.all.ads(placement);
+        for (const QJsonValue &ad : elements)
+            addInfo(ad.toObject(), placement);
+    }
+    const auto waiting = std::exchange(m_waiting, {});
+    for (const auto &callback : waiting)
+        callback();
+}
+
+// What the file may have already is then there twice, and is read once.
+void AdsCacheInfoStorage::stopLoading() {
+    if (!m_loading)
+        return;
+    m_loading.reset();
+    if (const QJsonObject added = m_ads.all.toJson(); !added.isEmpty())
+        write(added);
 }
 
 void AdsCacheInfoStorage::addBannerInfo(const QJsonObject &ad) {
@@ -69,20 +136,21 @@ void AdsCacheInfoStorage::addInfo(const QJsonObject &ad, const QString &placemen
     if (ad.isEmpty() || placementKey.isEmpty())
         return;
     followFolder();
-    if (!m_info.add(placementKey, ad))
+    if (!m_ads.all.add(placementKey, ad))
         return;
-    if (m_drawable)
-        m_drawable->add(placementKey, ad);
+    if (!m_resting.contains(ad))
+        m_ads.drawable.add(placementKey, ad);
+    if (m_loading)
+        return;
     // A file that somebody has deleted, or that lacks an ad, is written whole.
     const bool isIncomplete =
-        m_writes->hasFailed ||
-        (m_writes->pending == 0 && !QFileInfo::exists(storageURL().toLocalFile()));
-    write(isIncomplete ? m_info.toJson() : QJsonObject{{placementKey, QJsonArray{ad}}});
+        m_writes->hasFailed || (m_writes->pending == 0 && !QFileInfo::exists(tablePath()));
+    write(isIncomplete ? m_ads.all.toJson() : QJsonObject{{placementKey, QJsonArray{ad}}});
 }
 
 void AdsCacheInfoStorage::save() {
     followFolder();
-    write(m_info.toJson());
+    write(m_ads.all.toJson());
 }
 
 void AdsCacheInfoStorage::write(const QJsonObject &part) {
@@ -92,7 +160,7 @@ void AdsCacheInfoStorage::write(const QJsonObject &part) {
     }
     ++m_writes->pending;
     m_writes->hasFailed = false;
-    ProcessRoot::get<DiskQueue>().run([path = storageURL().toLocalFile(), part, writes = m_writes] {
+    ProcessRoot::get<DiskQueue>().run([path = tablePath(), part, writes = m_writes] {
         if (!AdTableFile::append(path, part)) {
             LOG(QStringLiteral("the ad table could not be written to %1").arg(path));
             writes->hasFailed = true;
@@ -101,24 +169,24 @@ void AdsCacheInfoStorage::write(const QJsonObject &part) {
     });
 }
 
+// The file in the folder that was current when the ads were added.
+QString AdsCacheInfoStorage::tablePath() const {
+    return m_folder + u'/' + CachesFolder::TableName;
+}
+
 const DrawableAds &AdsCacheInfoStorage::drawable() {
     followFolder();
-    if (!m_drawable) {
-        m_drawable = DrawableAds(m_info.toJson());
-        for (const QJsonObject &ad : std::as_const(m_resting))
-            m_drawable->remove(ad);
-    }
-    return *m_drawable;
+    return m_ads.drawable;
 }
 
 void AdsCacheInfoStorage::rest(const QJsonObject &ad) {
     m_resting.append(ad);
-    if (m_drawable)
-        m_drawable->remove(ad);
+    m_ads.drawable.remove(ad);
 }
 
 std::optional<QJsonObject> AdsCacheInfoStorage::cacheInfo() {
-    return AdTableFile::read(storageURL().toLocalFile());
+    const auto ads = AdTableFile::read(storageURL().toLocalFile());
+    return ads ? std::optional(ads->toJson()) : std::nullopt;
 }
 
 QUrl AdsCacheInfoStorage::storageURL() {

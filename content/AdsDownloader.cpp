@@ -21,8 +21,12 @@ struct DownloaderHolder {
         downloader.reset(new AdsDownloader);
         downloader->checkInternetConnection();
     }
-    // A delegate and the downloader hold each other.
-    ~DownloaderHolder() { downloader->m_delegates.clear(); }
+    ~DownloaderHolder() {
+        // A delegate and the downloader hold each other.
+        downloader->m_delegates.clear();
+        // The disk queue is destroyed next and waits, and the delegates' owners may still be there.
+        downloader->m_table->cacheStorage().stopLoading();
+    }
 
     std::shared_ptr<AdsDownloader> downloader;
 };

@@ -15,7 +15,8 @@ bool AdsMacHelper::isInternetConnection() {
 
 QString AdsMacHelper::getSystemUUID() {
     // Not under ProcessRoot: it belongs to the machine and is the same in every process.
-    static const QString systemUUID = MachineIdentifier::uuid();
+    // Never destroyed: another thread may be in exit().
+    static const auto &systemUUID = *new QString(MachineIdentifier::uuid());
     return systemUUID;
 }
 

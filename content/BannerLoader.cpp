@@ -19,6 +19,13 @@ constexpr std::chrono::seconds Patience{15};
 } // namespace
 
 void BannerLoader::loadNext(const BannerCompletion &completion) {
+    m_table->whenReady([weak = weak_from_this(), completion] {
+        if (const auto self = weak.lock())
+            self->drawAndLoad(completion);
+    });
+}
+
+void BannerLoader::drawAndLoad(const BannerCompletion &completion) {
     const auto now = TimeSource::current().now();
     if (!m_loads.empty() && now - m_loads.back().since < Patience) {
         LOG(QStringLiteral("a banner is loading already and serves this call too"));

@@ -21,8 +21,8 @@ public:
     explicit BannerLoader(std::shared_ptr<AdTable> table) : m_table(std::move(table)) {}
 
     /// Draws the next banner and makes it the ready one once its picture is cached. The completion,
-    /// which may be empty, is called then, when the picture could not be downloaded, or, if there
-    /// is nothing to draw, at once; also inside this call. A call while a banner is loading draws
+    /// which may be empty, is called then, when the picture could not be downloaded, or there is
+    /// nothing to draw; also inside this call. A call while a banner is loading draws
     /// nothing and gets that banner, unless that has taken as long as a turn of the rotation: then
     /// the next one is drawn, so that one slow picture does not hold up the others.
     ///
@@ -42,6 +42,7 @@ private:
         std::vector<BannerCompletion> completions;
     };
 
+    void drawAndLoad(const BannerCompletion &completion);
     void pictureLoaded(const QJsonObject &ad, const MediaCache::Result &picture);
 
     const std::shared_ptr<AdTable> m_table;

@@ -6,8 +6,6 @@
 #include "Archive.h"
 #include "CachesFolder.h"
 #include "MediaAddress.h"
-#include "ProcessRoot.h"
-#include "SerialQueue.h"
 
 #include <Velmora/Support.h>
 
@@ -30,52 +28,50 @@ std::optional<QJsonObject> formerTable(const QString &path) {
     return root->toMap().toJsonObject();
 }
 
-void moveMedia(const QJsonObject &ad, const QString &key) {
+void moveMedia(const QJsonObject &ad, const QString &key, const QString &from, const QString &to) {
     const QUrl remote = MediaAddress::ofAd(ad, key).remote;
     if (remote.isEmpty())
         return;
     const QString name = MediaAddress::cachedName(remote);
-    const QFileInfo former(CachesFolder::formerPath() + u'/' + name);
-    if (former.isFile() && !former.isSymLink())
-        QFile::rename(former.filePath(), CachesFolder::pathFor(name));
+    const QFileInfo former(from + u'/' + name);
+    if (!former.isFile() || former.isSymLink())
+        return;
+    const QString path = to + u'/' + name;
+    // It may have been downloaded meanwhile.
+    if (!QFile::rename(former.filePath(), path) && QFileInfo(path).isFile())
+        QFile::remove(former.filePath());
 }
 
 } // namespace
 
-void CachesMigration::moveFormerFiles() {
-    const QString former = CachesFolder::formerPath() + u'/' + CachesFolder::TableName;
-    if (CachesFolder::path().isEmpty() || !QFileInfo(former).isFile())
+void CachesMigration::moveFormerFiles(const QString &former, const QString &folder) {
+    const QString formerFile = former + u'/' + CachesFolder::TableName;
+    if (!QFileInfo(formerFile).isFile())
         return;
-    const auto table = formerTable(former);
+    const auto table = formerTable(formerFile);
     if (!table)
         return;
     for (const QString &placement : {kMainBannerKey, kMainVideoKey}) {
         const QJsonArray ads = table->value(placement).toArray();
         for (const QJsonValue &ad : ads) {
             for (const QString &key : {kBannerImgURL, kVideoCapture, kVideoImage})
-                moveMedia(ad.toObject(), key);
+                moveMedia(ad.toObject(), key, former, folder);
         }
     }
     // The former table goes last, so that a migration that was interrupted is finished later.
-    if (AdTableFile::append(CachesFolder::pathFor(CachesFolder::TableName), *table))
-        QFile::remove(former);
-    LOG(QStringLiteral("the ad table and its media were moved to %1").arg(CachesFolder::path()));
+    if (AdTableFile::append(folder + u'/' + CachesFolder::TableName, *table))
+        QFile::remove(formerFile);
+    LOG(QStringLiteral("the ad table and its media were moved to %1").arg(folder));
 }
 
-void CachesMigration::deleteUnfinishedDownloads() {
-    const QString folder = CachesFolder::path();
-    if (folder.isEmpty())
-        return;
-    ProcessRoot::get<DiskQueue>().run([folder] {
-        const QDateTime yesterday = QDateTime::currentDateTimeUtc().addDays(-1);
-        const QFileInfoList files =
-            QDir(folder).entryInfoList({u'*' + QString(QChar(CachesFolder::MarkSeparator)) + u'*'},
-                                       QDir::Files | QDir::Hidden);
-        for (const QFileInfo &file : files) {
-            if (file.lastModified() < yesterday)
-                QFile::remove(file.filePath());
-        }
-    });
+void CachesMigration::deleteUnfinishedDownloads(const QString &folder) {
+    const QDateTime yesterday = QDateTime::currentDateTimeUtc().addDays(-1);
+    const QFileInfoList files = QDir(folder).entryInfoList(
+        {u'*' + QString(QChar(CachesFolder::MarkSeparator)) + u'*'}, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &file : files) {
+        if (file.lastModified() < yesterday)
+            QFile::remove(file.filePath());
+    }
 }
 
 } // namespace velmora

@@ -13,6 +13,13 @@
 namespace velmora {
 
 void VideoLoader::loadNext() {
+    m_table->whenReady([weak = weak_from_this()] {
+        if (const auto self = weak.lock())
+            self->drawAndLoad();
+    });
+}
+
+void VideoLoader::drawAndLoad() {
     if (m_isLoadingFilm)
         return;
     const auto drawn = m_table->draw(kMainVideoKey);

@@ -36,6 +36,7 @@ public:
     const QJsonObject &drawnAd() const { return m_drawnAd; }
 
 private:
+    void drawAndLoad();
     void videoLoaded(const QJsonObject &ad, const MediaCache::Result &film);
     void stillLoaded(const QJsonObject &ad, const QUrl &film, const MediaCache::Result &still);
 

@@ -21,10 +21,11 @@ constexpr double FrameSeconds = 1.0 / 30;
 // Long enough for a main thread that is busy for a moment.
 constexpr double UnseenAfter = 0.25;
 
+// Never destroyed: the main thread may still be drawing when another is in exit().
 const QEasingCurve &easeOut() {
-    static const QEasingCurve curve = [] {
-        QEasingCurve made(QEasingCurve::BezierSpline);
-        made.addCubicBezierSegment({0, 0}, {0.58, 1}, {1, 1});
+    static const QEasingCurve &curve = *[] {
+        auto *made = new QEasingCurve(QEasingCurve::BezierSpline);
+        made->addCubicBezierSegment({0, 0}, {0.58, 1}, {1, 1});
         return made;
     }();
     return curve;

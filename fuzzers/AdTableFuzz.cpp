@@ -9,18 +9,20 @@ using namespace velmora;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     static const fuzz::Scratch scratch;
-    const auto table =
+    const auto ads =
         AdTableFile::read(scratch.write(QStringLiteral("first"), fuzz::bytesOf(data, size)));
-    if (!table)
+    if (!ads)
         return 0;
-    for (const QJsonValue &value : *table) {
-        const QJsonArray ads = value.toArray();
-        for (const QJsonValue &ad : ads)
+    const QJsonObject table = ads->toJson();
+    for (const QJsonValue &value : table) {
+        const QJsonArray placement = value.toArray();
+        for (const QJsonValue &ad : placement)
             fuzz::require(ad.isObject(), "a placement has objects only");
     }
     // Begins with a line that was cut off.
     const QString second = scratch.write(QStringLiteral("second"), "{\"standard\": [");
-    fuzz::require(AdTableFile::append(second, *table), "a table can be written");
-    fuzz::require(AdTableFile::read(second) == table, "a written table is read as it was");
+    fuzz::require(AdTableFile::append(second, table), "a table can be written");
+    fuzz::require(AdTableFile::read(second)->toJson() == table,
+                  "a written table is read as it was");
     return 0;
 }

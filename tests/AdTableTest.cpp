@@ -2,9 +2,12 @@
 #include "AdTable.h"
 #include "AdKeys.h"
 #include "Switches.h"
+#include "tests/support/HeldDisk.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
 
 namespace velmora::test {
 
@@ -81,13 +84,15 @@ TEST_F(AdTableTest, ABrokenConnectionDoesNotRepeatTheRequest) {
     }
 }
 
-TEST_F(AdTableTest, WithACompleteCacheTheCompletionIsCalledAtOnceAndNotForTheReply) {
+TEST_F(AdTableTest, WithACompleteCacheTheCompletionIsCalledBeforeTheReplyAndNotForIt) {
     startRunWithCache({banner("old")}, {video("v")});
     serve({banner("new")}, {});
+    server.faults().set(TablePath, Fault::delay(100));
     int called = 0;
     EXPECT_FALSE(table->isSettled());
     table->load([&] { ++called; });
-    EXPECT_EQ(called, 1);
+    ASSERT_TRUE(eventually([&] { return called > 0; }));
+    EXPECT_FALSE(table->hasReply());
     EXPECT_TRUE(table->isSettled());
     EXPECT_EQ(firstBanner(), QStringLiteral("old"));
     ASSERT_TRUE(eventually([this] { return table->hasReply(); }));
@@ -109,10 +114,39 @@ TEST_F(AdTableTest, WithAnIncompleteCacheTheCompletionWaitsForTheReplyUnlessOffl
     goOffline();
     called = 0;
     table->load([&] { ++called; });
-    EXPECT_EQ(called, 1);
+    ASSERT_TRUE(eventually([&] { return called == 1; }));
     EXPECT_EQ(table->draw(kMainBannerKey), cached.first().toObject());
+    table->load([&] { ++called; });
+    EXPECT_EQ(called, 2);
     quietly(50);
     EXPECT_EQ(server.log().count(TablePath), 0);
+}
+
+TEST_F(AdTableTest, WhileTheDiskIsSlowNothingIsDrawnAndTheReplyWaits) {
+    for (const bool isComplete : {true, false}) {
+        startRunWithCache({banner("old")}, isComplete ? QJsonArray{video("v")} : QJsonArray());
+        table.reset();
+        restartProcess();
+        HeldDisk held;
+        table = std::make_shared<AdTable>();
+        serve({banner("new")}, {});
+        int called = 0;
+        int ready = 0;
+        table->load([&] { ++called; });
+        table->whenReady([&] { ++ready; });
+        ASSERT_TRUE(eventually([this] { return server.log().count(TablePath) == 1; }));
+        quietly(50);
+        EXPECT_FALSE(table->hasReply() || table->isSettled());
+        EXPECT_FALSE(table->draw(kMainBannerKey));
+        EXPECT_EQ(called + ready, 0);
+        held.release();
+        ASSERT_TRUE(eventually([this] { return table->hasReply(); }));
+        EXPECT_EQ(called, 1);
+        EXPECT_EQ(ready, 1);
+        EXPECT_EQ(firstBanner(), QStringLiteral("new"));
+        startRun();
+        QDir(cachesFolder()).removeRecursively();
+    }
 }
 
 TEST_F(AdTableTest, WhileOfflineAdsComeFromTheCacheAndOtherwiseFromTheReply) {

@@ -5,6 +5,9 @@
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/HeldDisk.h"
+#include "tests/support/HostName.h"
+#include "tests/support/Waiting.h"
 
 #include <QtCore/QCborValue>
 #include <QtCore/QCoreApplication>
@@ -18,6 +21,12 @@ namespace velmora::test {
 
 class AdsCacheInfoStorageTest : public FreshProcess {
 protected:
+    struct LoadedStorage : AdsCacheInfoStorage {
+        LoadedStorage() {
+            EXPECT_TRUE(eventually([this] { return isLoaded(); }));
+        }
+    };
+
     static QJsonObject ad(int id) {
         return {{QStringLiteral("banner_id"), id}, {QStringLiteral("priority"), 1.5}};
     }
@@ -44,20 +53,20 @@ TEST_F(AdsCacheInfoStorageTest, EveryNewAdIsOnDiskForTheNextRun) {
                                "updated": "\u044f", "nested": [null, true, {"a": -1}]})")
                            .object();
     {
-        AdsCacheInfoStorage storage;
+        LoadedStorage storage;
         EXPECT_TRUE(storage.infoDictionary().isEmpty());
         storage.addBannerInfo(ad(1));
         storage.addBannerInfo(rich);
         storage.addVideoInfo(ad(3));
     }
     restartProcess();
-    AdsCacheInfoStorage storage;
+    LoadedStorage storage;
     EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), (QJsonArray{ad(1), rich}));
     EXPECT_EQ(storage.infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{ad(3)});
 }
 
 TEST_F(AdsCacheInfoStorageTest, EachAdIsWrittenOnceHoweverManyThereAre) {
-    AdsCacheInfoStorage storage;
+    LoadedStorage storage;
     for (int round = 0; round < 2; ++round) {
         for (int i = 0; i < 3000; ++i)
             storage.addBannerInfo(ad(i));
@@ -67,7 +76,7 @@ TEST_F(AdsCacheInfoStorageTest, EachAdIsWrittenOnceHoweverManyThereAre) {
 }
 
 TEST_F(AdsCacheInfoStorageTest, OnlyANewAdIsWrittenAndThenADeletedFolderIsCreatedAgain) {
-    AdsCacheInfoStorage storage;
+    LoadedStorage storage;
     storage.addBannerInfo(ad(1));
     ASSERT_EQ(onDisk().size(), 1);
     ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
@@ -82,7 +91,7 @@ TEST_F(AdsCacheInfoStorageTest, OnlyANewAdIsWrittenAndThenADeletedFolderIsCreate
 TEST_F(AdsCacheInfoStorageTest, OtherTopLevelKeysOfTheFileAreKept) {
     putTable({{QStringLiteral("later"), QJsonObject{{QStringLiteral("x"), 1}}},
               {kMainBannerKey, QJsonArray{ad(1)}}});
-    AdsCacheInfoStorage storage;
+    LoadedStorage storage;
     storage.addVideoInfo(ad(2));
     EXPECT_EQ(onDisk().size(), 1);
     EXPECT_EQ(AdsCacheInfoStorage::cacheInfo()->value(QStringLiteral("later")).toObject(),
@@ -102,13 +111,51 @@ TEST_F(AdsCacheInfoStorageTest, WhatIsUnreadableInTheFileIsSkipped) {
     };
     for (const QByteArray &file : files) {
         putInCaches("savedAds", file);
-        AdsCacheInfoStorage storage;
+        LoadedStorage storage;
         EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray(), QJsonArray());
         storage.addBannerInfo(ad(7));
         EXPECT_EQ(onDisk(), QJsonArray{ad(7)}) << file.constData();
     }
     putInCaches(QStringLiteral("savedAds"), line + line.left(20) + line);
     EXPECT_EQ(onDisk(), QJsonArray{ad(1)});
+}
+
+TEST_F(AdsCacheInfoStorageTest, AdsThatAreAddedWhileTheFileIsLoadingAreKeptOnce) {
+    for (const bool isDestroyedBefore : {true, false}) {
+        putTable({{kMainBannerKey, QJsonArray{ad(1), ad(2)}}});
+        restartProcess();
+        {
+            HeldDisk held;
+            AdsCacheInfoStorage storage;
+            for (int id = 2; id < 5; ++id)
+                storage.addBannerInfo(ad(id));
+            EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray().size(), 3);
+            bool isCalled = false;
+            storage.whenLoaded([&] { isCalled = true; });
+            if (!isDestroyedBefore) {
+                held.release();
+                EXPECT_TRUE(eventually([&] { return isCalled; }));
+                EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray().size(), 4);
+            }
+        }
+        EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2), ad(3), ad(4)}));
+    }
+    // Those of a folder that is left meanwhile are saved in it.
+    restartProcess();
+    const HostName name;
+    AdsCacheInfoStorage storage;
+    {
+        const HeldDisk held;
+        HostName::set("later");
+        storage.addBannerInfo(ad(5));
+        HostName::set("host");
+        EXPECT_TRUE(storage.infoDictionary().isEmpty());
+    }
+    EXPECT_TRUE(eventually([&] { return storage.isLoaded(); }));
+    EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray().size(), 4);
+    HostName::set("later");
+    EXPECT_EQ(onDisk(), QJsonArray{ad(5)});
+    QDir(cachesFolder()).removeRecursively();
 }
 
 TEST_F(AdsCacheInfoStorageTest, TheFilesOfEarlierVersionsAreMovedAndTheHostsStay) {
@@ -128,11 +175,11 @@ TEST_F(AdsCacheInfoStorageTest, TheFilesOfEarlierVersionsAreMovedAndTheHostsStay
     for (const char *name : {"one.gif", "film.mp4", "of-the-host.gif"})
         put(QLatin1String(name), name);
     {
-        AdsCacheInfoStorage storage;
+        LoadedStorage storage;
         EXPECT_EQ(storage.infoDictionary(), table);
     }
     restartProcess();
-    EXPECT_EQ(AdsCacheInfoStorage().infoDictionary(), table);
+    EXPECT_EQ(LoadedStorage().infoDictionary(), table);
     const auto filesIn = [](const QString &folder) {
         return QDir(folder).entryList(QDir::Files, QDir::Name);
     };
@@ -144,13 +191,13 @@ TEST_F(AdsCacheInfoStorageTest, TheFilesOfEarlierVersionsAreMovedAndTheHostsStay
     // A file of the host that happens to have the table's name.
     put(QStringLiteral("savedAds"), "the host's");
     restartProcess();
-    EXPECT_EQ(AdsCacheInfoStorage().infoDictionary(), table);
+    EXPECT_EQ(LoadedStorage().infoDictionary(), table);
     EXPECT_TRUE(QFile::exists(hostCachesFolder() + QStringLiteral("/savedAds")));
 }
 
 TEST_F(AdsCacheInfoStorageTest, WithAFolderOfTheFilesNameAdsAreKeptInMemoryOnly) {
     QDir().mkpath(cachesFolder() + QStringLiteral("/savedAds/inside"));
-    AdsCacheInfoStorage storage;
+    LoadedStorage storage;
     storage.addBannerInfo(ad(1));
     EXPECT_TRUE(onDisk().isEmpty());
     EXPECT_EQ(storage.infoDictionary().value(kMainBannerKey).toArray().size(), 1);
@@ -160,7 +207,7 @@ TEST_F(AdsCacheInfoStorageTest, WithAFolderOfTheFilesNameAdsAreKeptInMemoryOnly)
 TEST_F(AdsCacheInfoStorageTest, ProcessesThatWriteTheSameFileLoseNoAd) {
     if (qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
         const int first = qEnvironmentVariableIntValue("VELMORA_TEST_CHILD");
-        AdsCacheInfoStorage storage;
+        AdsCacheInfoStorage storage; // as the first of these processes it may still be loading
         for (int i = 0; i < 20; ++i)
             storage.addBannerInfo(ad(first + i));
         return;

@@ -10,6 +10,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 
 namespace velmora::test {
@@ -130,6 +131,25 @@ TEST(AdsDownloaderWithoutApplicationTest, CachesNothingAndSendsItsRequestLater) 
         runUnnamedChildTest(QStringLiteral("UnnamedHostTest.*") + QLatin1String(test),
                             folder.path());
     }
+}
+
+TEST_F(AdsDownloaderTest, TheEndOfTheProcessDoesNotWaitForTheStoredAds) {
+    const QByteArray line =
+        QJsonDocument(QJsonObject{{kMainBannerKey, QJsonArray{banner("stored")}}})
+            .toJson(QJsonDocument::Compact) +
+        '\n';
+    restartProcess();
+    putInCaches("savedAds", line.repeated(300'000));
+    QElapsedTimer clock;
+    clock.start();
+    AdsCacheInfoStorage::cacheInfo();
+    const qint64 wholeReadMs = clock.elapsed();
+    // Owners of delegates hold the downloader too.
+    const auto downloader = AdsDownloader::sharedInstance();
+    quietly(20);
+    clock.start();
+    ProcessRoot::drop();
+    EXPECT_LT(clock.elapsed(), wholeReadMs / 2);
 }
 
 } // namespace velmora::test

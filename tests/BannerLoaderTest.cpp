@@ -38,6 +38,7 @@ protected:
 
     QStringList cachedNames() {
         QStringList names;
+        EXPECT_TRUE(eventually([this] { return table->cacheStorage().isLoaded(); }));
         const QJsonArray ads =
             table->cacheStorage().infoDictionary().value(kMainBannerKey).toArray();
         for (const QJsonValue &ad : ads)

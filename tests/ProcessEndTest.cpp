@@ -8,6 +8,7 @@
 #include <Velmora/Support.h>
 #include <Velmora/Velmora.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
@@ -18,6 +19,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <thread>
 
 namespace velmora::test {
 
@@ -70,6 +72,8 @@ void end(const QByteArray &way) {
         std::exit(0);
     else if (way == "_Exit")
         std::_Exit(0);
+    else if (way == "worker")
+        std::thread([] { std::exit(0); }).detach();
     else if (way == "fork")
         endInForkedChild();
     else if (way == "closeAllWindows")
@@ -101,11 +105,18 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
     window->resize(900, 400);
     window->show();
     window->activateWindow();
-    if (state != "splash" && state != "close-button" && state != "handler") {
+    if (!state.contains("splash") && state != "close-button" && state != "handler") {
         Velmora::addBannerForWindow(window);
         // The name of what it advertises is looked up on a thread.
         Velmora::setDefaultVideoName(QStringLiteral("none.mp4"), QStringLiteral("id1"));
         QTimer::singleShot(state.toInt(), [way] { end(way); });
+        QCoreApplication::exec();
+        return;
+    }
+    if (state == "running-splash") {
+        Velmora::addSplashScreenToWindow(window);
+        QTimer::singleShot(50, &Velmora::forceShow);
+        QTimer::singleShot(300, [way] { end(way); });
         QCoreApplication::exec();
         return;
     }
@@ -180,6 +191,43 @@ TEST_F(ProcessEndTest, AHostMayEndWhileTheServerHangs) {
 
 TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
     endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
+}
+
+// The main thread goes on to draw while the worker is in exit().
+TEST_F(ProcessEndTest, AWorkerOfTheHostMayExit) {
+    endIn({"worker"}, {QStringLiteral("400"), QStringLiteral("running-splash")});
+}
+
+TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
+    const auto unloadIn = [this](const QString &state, int moment) {
+        for (const char *way : {"quit", "exit"}) {
+            for (int i = 0; i < repetitions() && !HasFailure(); ++i)
+                runChild(
+                    QStringLiteral(VELMORA_TEST_PLUGIN_HOST),
+                    {QStringLiteral(VELMORA_TEST_PLUGIN), state, QString::number(moment),
+                     QLatin1String(way)},
+                    {{QStringLiteral("VELMORA_AD_SERVER_URL"), baseUrl},
+                     {QStringLiteral("VELMORA_AD_SERVER_CA"),
+                      folder.filePath(QStringLiteral("ca.pem"))},
+                     {QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1")},
+                     {QStringLiteral("XDG_CACHE_HOME"), folder.path()},
+                     // GStreamer's threads own memory until they end.
+                     {QStringLiteral("ASAN_OPTIONS"),
+                      QStringLiteral("detect_leaks=%1").arg(state.startsWith(u"film") ? 0 : 1)}});
+        }
+    };
+    const QString film = QStringLiteral("film:" VELMORA_TEST_CLIPS "/short.mp4");
+    unloadIn(QStringLiteral("idle"), 0);
+    unloadIn(QStringLiteral("splash"), 100);
+    unloadIn(film, 0);
+    unloadIn(QStringLiteral("banner"), 150);
+    // While it asks the server, and while it downloads.
+    server.faults().set(TablePath, adserver::Fault::hang());
+    unloadIn(QStringLiteral("banner"), 60);
+    server.faults().clear();
+    QDir(folder.filePath(QStringLiteral("velmora_plugin_host"))).removeRecursively();
+    server.faults().set(QStringLiteral("/media/*"), adserver::Fault::hang());
+    unloadIn(QStringLiteral("banner"), 80);
 }
 
 TEST_F(ProcessEndTest, AForkedChildMayExit) {

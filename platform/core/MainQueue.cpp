@@ -10,6 +10,7 @@
 #include <QtCore/QThread>
 
 #include <atomic>
+#include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <thread>
@@ -28,12 +29,17 @@ struct Handover {
     std::mutex mutex;
     std::deque<std::function<void()>> pending;
     MainQueueReceiver *receiver = nullptr;
+    std::condition_variable markHandled;
+    int marksHandled = 0;
 };
 
 Handover &handover() {
     static Handover &instance = *new Handover;
     return instance;
 }
+
+// Posted after the events that waitForPendingEvents() waits for.
+constexpr auto Mark = QEvent::Type(QEvent::User + 1);
 
 // Receives one event on the main thread for each piece of work.
 class MainQueueReceiver : public QObject {
@@ -52,12 +58,17 @@ public:
     }
 
     bool event(QEvent *event) override {
-        if (event->type() != QEvent::User)
+        if (event->type() != QEvent::User && event->type() != Mark)
             return QObject::event(event);
         std::function<void()> work;
         {
             const std::lock_guard lock(handover().mutex);
-            if (handover().pending.empty())
+            if (event->type() == Mark) {
+                ++handover().marksHandled;
+                handover().markHandled.notify_all();
+                return true;
+            }
+            if (handover().pending.empty() || ProcessRoot::hasEnded())
                 return true;
             work = std::move(handover().pending.front());
             handover().pending.pop_front();
@@ -95,6 +106,17 @@ void MainQueue::post(QObject *context, std::function<void()> work) {
         if (context)
             work();
     });
+}
+
+void MainQueue::waitForPendingEvents(std::chrono::milliseconds longest) {
+    Handover &queue = handover();
+    std::unique_lock lock(queue.mutex);
+    if (!queue.receiver)
+        return;
+    const int before = queue.marksHandled;
+    QCoreApplication::postEvent(queue.receiver, new QEvent(Mark), Qt::LowEventPriority);
+    queue.markHandled.wait_for(lock, longest,
+                               [&queue, before] { return queue.marksHandled != before; });
 }
 
 bool MainQueue::isMainThread() {

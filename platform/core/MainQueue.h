@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 class QObject;
@@ -26,6 +27,9 @@ public:
     /// after that object has been destroyed. As long as no thread has asked while it existed, the
     /// thread that loaded the library counts as the main thread. Any thread.
     static bool isMainThread();
+
+    /// Waits until the main thread has handled the events that are pending. Any other thread.
+    static void waitForPendingEvents(std::chrono::milliseconds longest);
 
     /// Runs work now when called on the main thread, and posts it on any other.
     static void runOrPost(std::function<void()> work);

@@ -2,12 +2,14 @@
 #include "ProcessRoot.h"
 
 #include "BackgroundThread.h"
+#include "MainQueue.h"
 
 #include <QtCore/QCoreApplication>
 
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <mutex>
 #include <utility>
@@ -22,6 +24,9 @@ struct Entry {
     std::shared_ptr<void> object;
     void (*atExit)(void *object);
 };
+
+// The main thread may be waiting for the thread that called exit().
+constexpr std::chrono::milliseconds LongestTurn{100};
 
 std::atomic<bool> s_hasEnded = false;
 std::atomic<pid_t> s_process = 0;
@@ -82,6 +87,10 @@ void ProcessRoot::exitBegins() {
         if (entry->atExit)
             entry->atExit(entry->object.get());
     }
+    // The main thread may be painting, which it must not once Qt is taken down. It has no reason to
+    // begin again, since no timer of the framework fires any more.
+    if (!MainQueue::isMainThread())
+        MainQueue::waitForPendingEvents(LongestTurn);
     waitForBackgroundThreads();
 }
 

@@ -2,6 +2,7 @@
 #include "Fade.h"
 
 #include "Animator.h"
+#include "ProcessRoot.h"
 
 #include <QtWidgets/QGraphicsOpacityEffect>
 
@@ -53,10 +54,23 @@ void Fade::frame() {
     m_lastFrame = now;
     const double step = passed / Animator::Duration;
     setOpacity(std::clamp(m_opacity + (m_hidden ? -step : step), 0.0, 1.0));
+    if (++m_frames == 2)
+        viewWasDrawn();
     const bool isDone = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
     // Nobody sees the rest of the fade when the view is no longer on screen.
     if (isDone || !m_view->isVisible())
         end();
+}
+
+// Qt makes much of what it draws with when it first draws something of a kind. exit() must not
+// destroy that before the framework has stopped drawing, so the framework registers once more.
+void Fade::viewWasDrawn() {
+    // Each registration takes memory, and after these fades a splash screen has been shown too.
+    static int registrationsLeft = 8;
+    if (registrationsLeft == 0)
+        return;
+    --registrationsLeft;
+    ProcessRoot::registerAtExit();
 }
 
 void Fade::setOpacity(double opacity) {

@@ -32,12 +32,14 @@ public:
 
 private:
     void frame();
+    void viewWasDrawn();
     void setOpacity(double opacity);
     void end();
 
     QWidget *m_view;
     TimerPtr m_timer;
     TimeSource::Duration m_lastFrame{0};
+    int m_frames = 0;
     double m_opacity;
     bool m_hidden;
     bool m_removes = false;

@@ -29,28 +29,37 @@ struct LateApplication {
     Application application{count, arguments};
 };
 
-/// Runs one test of this program in a child process, with VELMORA_TEST_CHILD and further variables
-/// in its environment, and expects it to call sayPartDone() and to end with status 0. The name of a
-/// test that is only to run as a child begins with DISABLED_.
-inline void runChildTest(const QString &name, const QString &child,
-                         const QMap<QString, QString> &variables = {}) {
-    SCOPED_TRACE(child.toStdString());
+/// Runs a program with further variables in its environment, and expects it to print PartDone and
+/// to end with status 0.
+inline void runChild(const QString &program, const QStringList &arguments,
+                     const QMap<QString, QString> &variables) {
+    SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), child);
     for (auto it = variables.begin(); it != variables.end(); ++it)
         environment.insert(it.key(), it.value());
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--gtest_filter=") + name,
-                   QStringLiteral("--gtest_also_run_disabled_tests")});
+    process.start(program, arguments);
     const bool hasEnded = process.waitForFinished(60'000);
     const QByteArray output = process.readAll();
     ASSERT_TRUE(hasEnded) << output.constData();
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << output.constData();
     EXPECT_EQ(process.exitCode(), 0) << output.constData();
     EXPECT_TRUE(output.contains(PartDone)) << output.constData();
+}
+
+/// Runs one test of this program in a child process, with VELMORA_TEST_CHILD and further variables
+/// in its environment, and expects it to call sayPartDone() and to end with status 0. The name of a
+/// test that is only to run as a child begins with DISABLED_.
+inline void runChildTest(const QString &name, const QString &child,
+                         QMap<QString, QString> variables = {}) {
+    SCOPED_TRACE(child.toStdString());
+    variables.insert(QStringLiteral("VELMORA_TEST_CHILD"), child);
+    runChild(QCoreApplication::applicationFilePath(),
+             {QStringLiteral("--gtest_filter=") + name,
+              QStringLiteral("--gtest_also_run_disabled_tests")},
+             variables);
 }
 
 /// The same for a test without an application object, with all files in the folder given.

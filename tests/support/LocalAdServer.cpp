@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/LocalAdServer.h"
 
+#include "ProcessRoot.h"
+#include "SerialQueue.h"
 #include "tests/support/TestGif.h"
+#include "tests/support/Waiting.h"
 
 #include <QtCore/QJsonDocument>
 
@@ -21,13 +24,22 @@ Deployment LocalAdServer::deployment() const {
     return values;
 }
 
+// The table that is being read is screened with the values that are replaced.
+void LocalAdServer::waitForDisk() {
+    auto *disk = ProcessRoot::existing<DiskQueue>();
+    EXPECT_TRUE(!disk || disk->drain(std::chrono::seconds(10)));
+    handleEvents();
+}
+
 void LocalAdServer::goOffline() {
+    waitForDisk();
     Deployment values = deployment();
     values.reachabilityProbe = QStringLiteral("none"); // not an address, so never reachable
     Deployment::replace(values);
 }
 
 void LocalAdServer::goOnline() {
+    waitForDisk();
     Deployment::replace(deployment());
 }
 

@@ -30,6 +30,7 @@ protected:
     QString baseUrl;
 
 private:
+    static void waitForDisk();
     /// The deployment values that lead to the server.
     Deployment deployment() const;
 };
