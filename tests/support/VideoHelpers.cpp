@@ -12,6 +12,11 @@ namespace {
 
 constexpr const char *Variable = "VELMORA_TEST_PARENT";
 
+QByteArray contents(const QString &process, const char *name) {
+    QFile file(QStringLiteral("/proc/%1/%2").arg(process, QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 // Helpers are no child processes, but they inherit the environment.
@@ -23,9 +28,9 @@ QList<pid_t> videoHelpers() {
     const QByteArray entry = QByteArray(Variable) + '=' + QByteArray::number(getpid());
     QList<pid_t> found;
     for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        QFile environment(QStringLiteral("/proc/%1/environ").arg(id));
-        if (environment.open(QIODevice::ReadOnly) &&
-            environment.readAll().split('\0').contains(entry))
+        // The media framework starts a scanner of its plugins, which is named otherwise.
+        if (contents(id, "comm").startsWith("velmora-") &&
+            contents(id, "environ").split('\0').contains(entry))
             found << id.toInt();
     }
     return found;
