@@ -30,8 +30,9 @@ int openFor(const QString &path, int flags) {
 void tryEverything(const QString &video, const QString &other, bool hasLandlock) {
     EXPECT_GE(openFor(video, O_RDONLY), 0);
     EXPECT_GE(openFor(QStringLiteral("/usr/lib/os-release"), O_RDONLY), 0);
-    if (hasLandlock)
+    if (hasLandlock) {
         EXPECT_LT(openFor(other, O_RDONLY), 0) << "another file of the user";
+    }
     for (const int flags : {O_WRONLY, O_RDWR, O_RDONLY | O_TRUNC, O_RDONLY | O_CREAT})
         EXPECT_LT(openFor(video, flags), 0) << flags;
     EXPECT_LT(openFor(other + QStringLiteral(".new"), O_WRONLY | O_CREAT), 0);

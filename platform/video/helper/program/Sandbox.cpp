@@ -111,6 +111,14 @@ constexpr const char *AllowedCalls[] = {
     "getegid", "geteuid", "getgid", "getrandom", "getrlimit", "getrusage", "getuid", "sysinfo",
     "uname", "prctl", "arch_prctl"};
 
+scmp_arg_cmp equals(unsigned argument, scmp_datum_t value) {
+    return {argument, SCMP_CMP_EQ, value, 0};
+}
+
+scmp_arg_cmp masked(unsigned argument, scmp_datum_t mask, scmp_datum_t value) {
+    return {argument, SCMP_CMP_MASKED_EQ, mask, value};
+}
+
 bool allowCalls(scmp_filter_ctx filter) {
     bool isComplete = true;
     const auto add = [&](const char *name, auto... conditions) {
@@ -126,24 +134,24 @@ bool allowCalls(scmp_filter_ctx filter) {
         add(name);
     // Only for reading.
     constexpr scmp_datum_t Writing = O_ACCMODE | O_CREAT | O_TRUNC;
-    add("open", SCMP_A1(SCMP_CMP_MASKED_EQ, Writing, O_RDONLY));
-    add("openat", SCMP_A2(SCMP_CMP_MASKED_EQ, Writing, O_RDONLY));
+    add("open", masked(1, Writing, O_RDONLY));
+    add("openat", masked(2, Writing, O_RDONLY));
     // Settings of open files; not to whom they send signals, nor what is typed into a terminal.
     for (const int command :
          {F_DUPFD, F_DUPFD_CLOEXEC, F_GETFD, F_SETFD, F_GETFL, F_SETFL, F_ADD_SEALS, F_GET_SEALS}) {
-        add("fcntl", SCMP_A1(SCMP_CMP_EQ, scmp_datum_t(command)));
-        add("fcntl64", SCMP_A1(SCMP_CMP_EQ, scmp_datum_t(command)));
+        add("fcntl", equals(1, scmp_datum_t(command)));
+        add("fcntl64", equals(1, scmp_datum_t(command)));
     }
     for (const scmp_datum_t request : {TCGETS, FIONREAD, FIONBIO})
-        add("ioctl", SCMP_A1(SCMP_CMP_EQ, request));
+        add("ioctl", equals(1, request));
     for (const char soundDevice : {'A', 'U'})
-        add("ioctl", SCMP_A1(SCMP_CMP_MASKED_EQ, 0xff00, scmp_datum_t(soundDevice) << 8));
+        add("ioctl", masked(1, 0xff00, scmp_datum_t(soundDevice) << 8));
     // This process only.
-    add("tgkill", SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(getpid())));
-    add("prlimit64", SCMP_A0(SCMP_CMP_EQ, 0));
+    add("tgkill", equals(0, scmp_datum_t(getpid())));
+    add("prlimit64", equals(0, 0));
     // Threads, no processes. The arguments of clone3 can't be checked, and without it clone is
     // used.
-    add("clone", SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
+    add("clone", masked(0, CLONE_THREAD, CLONE_THREAD));
     isComplete = isComplete && seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS),
                                                 seccomp_syscall_resolve_name("clone3"), 0) == 0;
     return isComplete;
