@@ -62,8 +62,15 @@ struct Program {
 #define VELMORA_ON_OTHER_STACK
 #endif
 
+#ifdef __SANITIZE_THREAD__
+// The thread sanitizer does not understand processes that share their memory.
+constexpr int Sharing = CLONE_VFORK;
+#else
+constexpr int Sharing = CLONE_VFORK | CLONE_VM;
+#endif
+
 // The functions below run in new processes that share the memory of this one, while the thread that
-// has started them waits. They may only make system calls.
+// has started them waits. They may only make system calls, and leave nothing in memory for it.
 
 VELMORA_ON_OTHER_STACK void endWithError(const Program *program) {
     const int error = errno;
@@ -85,8 +92,7 @@ VELMORA_ON_OTHER_STACK int execute(void *data) {
 VELMORA_ON_OTHER_STACK int startAndEnd(void *data) {
     auto *program = static_cast<Program *>(data);
     int process = -1;
-    if (clone(execute, program->stackTop, CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD, program,
-              &process) < 0 ||
+    if (clone(execute, program->stackTop, Sharing | CLONE_PIDFD | SIGCHLD, program, &process) < 0 ||
         dup3(process, program->process, O_CLOEXEC) < 0)
         endWithError(program);
     ::close(process);
@@ -114,8 +120,7 @@ bool spawn(Program *program) {
     sigfillset(&all);
     // No handler of the host may run in the new processes.
     pthread_sigmask(SIG_SETMASK, &all, &before);
-    const pid_t id =
-        clone(startAndEnd, top(2 * StackSize), CLONE_VM | CLONE_VFORK | CLONE_FILES, program);
+    const pid_t id = clone(startAndEnd, top(2 * StackSize), Sharing | CLONE_FILES, program);
     int error = id < 0 ? errno : 0;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     while (id > 0 && waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
