@@ -33,10 +33,12 @@ void lie(HelperChannel &channel) {
     for (const HelperMessage &lie :
          {frame(-1, 16, 16, 64), frame(PictureSlots::Count, 16, 16, 64), frame(Huge, 16, 16, 64),
           frame(0, 0, 16, 64), frame(0, 16, -16, 64), frame(0, 16, 16, 63), frame(0, 16, 16, -64),
-          frame(0, Huge, Huge, Huge), frame(0, 4097, 4096, 4097 * 4), frame(1, Huge, 1, 4)})
+          frame(0, Huge, Huge, Huge), frame(0, 4097, 4096, 4097 * 4), frame(1, Huge, 1, 4),
+          frame(1, 1, 1 << 20, 4), frame(1, 1 << 20, 1, 4 << 20)})
         channel.send(lie);
     HelperMessage text;
     std::memset(text.text, 'x', sizeof text.text);
+    std::memcpy(text.text, "\033[2J\n", 5);
     for (const Kind kind : {Kind::Remark, Kind(-1), Kind::Load, Kind::Ready}) {
         text.kind = kind;
         for (int i = 0; i < 1000; ++i)

@@ -84,6 +84,13 @@ bool HelperChannel::waitForMessage(std::chrono::milliseconds longest) const {
     return ::poll(&entry, 1, int(longest.count())) > 0;
 }
 
+bool HelperChannel::waitForMessageOrEnd(int process) const {
+    pollfd entries[]{{m_socket, POLLIN, 0}, {process, POLLIN, 0}};
+    while (::poll(entries, 2, -1) < 0 && errno == EINTR) {
+    }
+    return (entries[1].revents & POLLIN) == 0;
+}
+
 void HelperChannel::hangUp() {
     ::shutdown(m_socket, SHUT_RDWR);
 }

@@ -32,6 +32,11 @@ public:
     /// @return false when the other end is gone
     bool receive(HelperMessage *message, int *file = nullptr);
 
+    /// Waits for a message, or for the end of a process.
+    /// @param process an open file that stands for it
+    /// @return false when the process has ended
+    bool waitForMessageOrEnd(int process) const;
+
     /// Whether there is a message, or the other end is gone, within the given time.
     bool waitForMessage(std::chrono::milliseconds longest) const;
 

@@ -51,16 +51,24 @@ struct HelperMessage {
         text[bytes.size()] = 0;
     }
 
+    /// Without control characters, which could change what a terminal or a log shows.
     QString readText() const {
-        return QString::fromUtf8(text, qsizetype(strnlen(text, sizeof text)));
+        QString string = QString::fromUtf8(text, qsizetype(strnlen(text, sizeof text)));
+        for (QChar &character : string) {
+            if (!character.isPrint())
+                character = u' ';
+        }
+        return string;
     }
 };
 
 /// The helper's only argument. Must change whenever the messages or the pictures' memory do.
 inline constexpr const char *HelperVersion = "1";
 
-/// The helper's open files when it starts.
+/// The helper's open files when it starts, besides the standard ones.
 inline constexpr int HelperChannelFile = 3;
 inline constexpr int HelperPicturesFile = 4;
+inline constexpr int HelperHostFile = 5; ///< stands for the host's process
+inline constexpr int LastHelperFile = HelperHostFile;
 
 } // namespace velmora

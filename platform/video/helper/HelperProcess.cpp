@@ -15,6 +15,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -34,14 +35,9 @@ constexpr auto LongestStart = 5s;
 // A process that was killed is gone at once, unless it waits for a disk.
 constexpr int LongestEndMs = 1000;
 
-QString systemError(const char *what) {
-    return QStringLiteral("%1: %2").arg(QLatin1String(what),
-                                        QString::fromLocal8Bit(std::strerror(errno)));
-}
-
 // A copy of a file beyond those that the helper expects, which it is then copied to.
-int copyBeyond(int file) {
-    return fcntl(file, F_DUPFD_CLOEXEC, HelperPicturesFile + 1);
+FileDescriptor copyBeyond(const FileDescriptor &file) {
+    return FileDescriptor(fcntl(file.get(), F_DUPFD_CLOEXEC, LastHelperFile + 1));
 }
 
 struct Program {
@@ -49,6 +45,7 @@ struct Program {
     std::array<char *, 3> arguments;
     int channel;
     int pictures;
+    int host;
     /// Becomes the file that stands for the process.
     int process;
     /// Where the new processes write the number of the error when they fail.
@@ -82,7 +79,8 @@ VELMORA_ON_OTHER_STACK int execute(void *data) {
     const auto *program = static_cast<Program *>(data);
     if (dup2(program->channel, HelperChannelFile) >= 0 &&
         dup2(program->pictures, HelperPicturesFile) >= 0 &&
-        close_range(HelperPicturesFile + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0)
+        dup2(program->host, HelperHostFile) >= 0 &&
+        close_range(LastHelperFile + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0)
         execve(program->path, program->arguments.data(), environ);
     endWithError(program);
     return 0;
@@ -100,14 +98,15 @@ VELMORA_ON_OTHER_STACK int startAndEnd(void *data) {
 }
 
 // Starts the program in a grandchild, whose parent ends at once. That parent executes nothing, so
-// it may end without a signal to this process. @return false with errno set
-bool spawn(Program *program) {
+// it may end without a signal to this process. @return 0 or the number of the error
+int spawn(Program *program) {
     constexpr std::size_t StackSize = 64 * 1024;
-    int errors[2];
-    if (pipe2(errors, O_CLOEXEC) != 0)
-        return false;
-    program->errors = copyBeyond(errors[1]);
-    ::close(errors[1]);
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return errno;
+    const FileDescriptor reading(ends[0]);
+    FileDescriptor writing = copyBeyond(FileDescriptor(ends[1]));
+    program->errors = writing.get();
 
     std::vector<char> stacks(2 * StackSize);
     const auto top = [&stacks](std::size_t end) {
@@ -121,67 +120,73 @@ bool spawn(Program *program) {
     // No handler of the host may run in the new processes.
     pthread_sigmask(SIG_SETMASK, &all, &before);
     const pid_t id = clone(startAndEnd, top(2 * StackSize), Sharing | CLONE_FILES, program);
-    int error = id < 0 ? errno : 0;
+    const int refusal = errno;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    while (id > 0 && waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
+    if (id < 0)
+        return refusal;
+    while (waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
     }
-    // Otherwise the program's own copy of the pipe's end was closed by exec.
-    ::close(program->errors);
-    if (id > 0 && ::read(errors[0], &error, sizeof error) != ssize_t(sizeof error))
-        error = 0;
-    ::close(errors[0]);
-    errno = error;
-    return error == 0;
+    // The program's own copy was closed by exec.
+    writing.reset();
+    int error = 0;
+    return ::read(reading.get(), &error, sizeof error) == ssize_t(sizeof error) ? error : 0;
+}
+
+// Errors that come again each time: there is no helper, it may not be executed here (a confinement,
+// a file system for data), or the system lacks what this needs.
+bool isImpossible(int error) {
+    constexpr std::array Errors{ENOENT, EACCES, EPERM, ENOSYS, EINVAL};
+    return std::find(Errors.begin(), Errors.end(), error) != Errors.end();
 }
 
 } // namespace
 
-std::unique_ptr<HelperProcess> HelperProcess::start(QString *error) {
+HelperStart HelperProcess::start() {
+    const auto failure = [](const QString &what, int number) {
+        return HelperStart{
+            nullptr,
+            QStringLiteral("%1: %2").arg(what, QString::fromLocal8Bit(std::strerror(number))),
+            isImpossible(number)};
+    };
+    QString missing;
     const QString path =
-        VideoFiles::find(QStringLiteral("velmora-video-helper"), "VELMORA_VIDEO_HELPER", error);
+        VideoFiles::find(QStringLiteral("velmora-video-helper"), "VELMORA_VIDEO_HELPER", &missing);
     if (path.isEmpty())
-        return nullptr;
+        return {nullptr, missing, true};
     auto pictures = PictureSlots::create();
-    if (!pictures) {
-        *error = systemError("no shared memory");
-        return nullptr;
-    }
+    if (!pictures)
+        return failure(QStringLiteral("no shared memory"), errno);
     int sockets[2];
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets) != 0) {
-        *error = systemError("no socket");
-        return nullptr;
-    }
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets) != 0)
+        return failure(QStringLiteral("no socket"), errno);
     auto channel = std::make_shared<HelperChannel>(sockets[0], HelperChannel::WhenFull::Drops);
+    const FileDescriptor helpersEnd = copyBeyond(FileDescriptor(sockets[1]));
+    const FileDescriptor memory(fcntl(pictures->file(), F_DUPFD_CLOEXEC, LastHelperFile + 1));
+    const FileDescriptor host =
+        copyBeyond(FileDescriptor(int(syscall(SYS_pidfd_open, getpid(), 0))));
+    FileDescriptor process = copyBeyond(helpersEnd); // keeps the number free
+    if (!helpersEnd.isOpen() || !memory.isOpen() || !host.isOpen() || !process.isOpen())
+        return failure(QStringLiteral("no file descriptor"), errno);
 
     QByteArray name = QFile::encodeName(path);
     QByteArray version = HelperVersion;
-    Program program{name.constData(),
-                    {name.data(), version.data(), nullptr},
-                    copyBeyond(sockets[1]),
-                    copyBeyond(pictures->file()),
-                    copyBeyond(sockets[1])};
-    const bool hasFiles = program.channel >= 0 && program.pictures >= 0 && program.process >= 0;
-    const bool isStarted = hasFiles && spawn(&program);
-    if (!isStarted)
-        *error = systemError(name.constData());
-    for (const int file :
-         {sockets[1], program.channel, program.pictures, isStarted ? -1 : program.process}) {
-        if (file >= 0)
-            ::close(file);
-    }
-    if (!isStarted)
-        return nullptr;
-    std::unique_ptr<HelperProcess> process(
-        new HelperProcess(program.process, std::move(channel), std::move(pictures)));
-    if (process->waitUntilReady())
-        return process;
-    *error = QStringLiteral("%1 does not start").arg(path);
-    return nullptr;
+    Program program{name.constData(), {name.data(), version.data(), nullptr},
+                    helpersEnd.get(), memory.get(),
+                    host.get(),       process.get()};
+    if (const int error = spawn(&program))
+        return failure(path, error);
+    std::unique_ptr<HelperProcess> helper(
+        new HelperProcess(std::move(process), std::move(channel), std::move(pictures)));
+    if (helper->waitUntilReady())
+        return {std::move(helper), {}, false};
+    return {nullptr, QStringLiteral("%1 does not start").arg(path), false};
 }
 
-HelperProcess::HelperProcess(int process, std::shared_ptr<HelperChannel> channel,
+HelperProcess::HelperProcess(FileDescriptor process, std::shared_ptr<HelperChannel> channel,
                              std::shared_ptr<PictureSlots> pictures)
-    : m_process(process), m_channel(std::move(channel)), m_pictures(std::move(pictures)) {}
+    : m_process(std::move(process)),
+      m_channel(std::move(channel)),
+      m_pictures(std::move(pictures)) {}
 
 HelperProcess::~HelperProcess() {
     end();
@@ -194,19 +199,18 @@ bool HelperProcess::waitUntilReady() {
 }
 
 void HelperProcess::end() {
-    const int process = std::exchange(m_process, -1);
-    if (process < 0)
+    if (!m_process.isOpen())
         return;
     m_channel->hangUp();
     // It ends by itself when it finds the channel closed, unless it is out of control.
-    syscall(SYS_pidfd_send_signal, process, SIGKILL, nullptr, 0);
-    pollfd entry{process, POLLIN, 0};
+    syscall(SYS_pidfd_send_signal, m_process.get(), SIGKILL, nullptr, 0);
+    pollfd entry{m_process.get(), POLLIN, 0};
     while (::poll(&entry, 1, LongestEndMs) < 0 && errno == EINTR) {
     }
     // Only where it has become a child of the host, which is then the first process of a container.
     siginfo_t ignored{};
-    waitid(P_PIDFD, id_t(process), &ignored, WEXITED | WNOHANG | __WALL);
-    ::close(process);
+    waitid(P_PIDFD, id_t(m_process.get()), &ignored, WEXITED | WNOHANG | __WALL);
+    m_process.reset();
 }
 
 } // namespace velmora

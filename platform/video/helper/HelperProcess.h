@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "FileDescriptor.h"
 #include "HelperChannel.h"
 #include "PictureSlots.h"
 
@@ -8,14 +9,24 @@
 
 namespace velmora {
 
+class HelperProcess;
+
+/// See HelperProcess::start().
+struct HelperStart {
+    std::unique_ptr<HelperProcess> process;
+    /// Why there is no process.
+    QString error;
+    /// There is no helper, or this process can't start one now nor later.
+    bool isImpossible = false;
+};
+
 /// A running video helper. The host does not notice this child process: it gets no SIGCHLD, its own
 /// calls of wait() do not return it, and it inherits none of the host's files but the standard
 /// ones. Any thread but the main one.
 class HelperProcess {
 public:
     /// Starts a helper and waits until it runs, some ten milliseconds.
-    /// @param error receives the reason when the result is null
-    static std::unique_ptr<HelperProcess> start(QString *error);
+    static HelperStart start();
 
     /// Ends the helper and waits for that.
     ~HelperProcess();
@@ -29,12 +40,12 @@ public:
     void end();
 
 private:
-    HelperProcess(int process, std::shared_ptr<HelperChannel> channel,
+    HelperProcess(FileDescriptor process, std::shared_ptr<HelperChannel> channel,
                   std::shared_ptr<PictureSlots> pictures);
     bool waitUntilReady();
 
-    /// A file descriptor that stands for the process.
-    int m_process;
+    /// Stands for the process.
+    FileDescriptor m_process;
     const std::shared_ptr<HelperChannel> m_channel;
     const std::shared_ptr<PictureSlots> m_pictures;
 };

@@ -49,7 +49,8 @@ int PictureSlots::indexOf(const void *address) const {
 }
 
 bool PictureSlots::fits(int width, int height, int bytesPerLine) {
-    return width > 0 && height > 0 && bytesPerLine >= 0 && width <= bytesPerLine / 4 &&
+    return width > 0 && width <= LargestSide && height > 0 && height <= LargestSide &&
+           width <= bytesPerLine / 4 &&
            std::size_t(bytesPerLine) * std::size_t(height) <= BytesOfSlot;
 }
 

@@ -14,8 +14,9 @@ class PictureSlots {
 public:
     /// Enough for the pictures that are shown, received, waiting, and being decoded.
     static constexpr int Count = 8;
-    /// A picture of the largest side of a film, twice.
-    static constexpr std::size_t BytesOfSlot = std::size_t(4096) * 4096 * 4;
+    /// Of a picture, in pixels.
+    static constexpr int LargestSide = 4096;
+    static constexpr std::size_t BytesOfSlot = std::size_t(LargestSide) * LargestSide * 4;
 
     /// Makes new memory, for reading. Returns null when the system has none.
     static std::shared_ptr<PictureSlots> create();

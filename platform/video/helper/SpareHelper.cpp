@@ -49,23 +49,23 @@ struct Spare {
 
 } // namespace
 
-bool SpareHelper::prepare(QString *error) {
+bool SpareHelper::prepare() {
     Spare &spare = Spare::instance();
     const std::lock_guard lock(spare.mutex);
     if (spare.process)
         return true;
-    auto process = HelperProcess::start(error);
-    if (!process ||
-        !startBackgroundThread(
-            "velmora-spare", AtExit::Ignores, [&spare] { spare.endWhenNotTaken(); }, error))
-        return false;
-    spare.process = std::move(process);
-    return true;
+    HelperStart start = HelperProcess::start();
+    if (start.process &&
+        startBackgroundThread(
+            "velmora-spare", AtExit::Ignores, [&spare] { spare.endWhenNotTaken(); }, nullptr))
+        spare.process = std::move(start.process);
+    return !start.isImpossible;
 }
 
-std::unique_ptr<HelperProcess> SpareHelper::takeOrStart(QString *error) {
-    auto taken = Spare::instance().take();
-    return taken ? std::move(taken) : HelperProcess::start(error);
+HelperStart SpareHelper::takeOrStart() {
+    if (auto taken = Spare::instance().take())
+        return {std::move(taken), {}, false};
+    return HelperProcess::start();
 }
 
 } // namespace velmora

@@ -11,12 +11,12 @@ namespace velmora {
 /// it is ended.
 class SpareHelper {
 public:
-    /// Starts the spare helper if there is none, see HelperProcess::start().
-    /// @return false when it can't be started
-    static bool prepare(QString *error);
+    /// Starts the spare helper if there is none.
+    /// @return false when no helper can be started, now or later
+    static bool prepare();
 
-    /// Takes the spare helper, or starts one, see HelperProcess::start().
-    static std::unique_ptr<HelperProcess> takeOrStart(QString *error);
+    /// Takes the spare helper, or starts one.
+    static HelperStart takeOrStart();
 };
 
 } // namespace velmora

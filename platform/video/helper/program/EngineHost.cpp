@@ -30,7 +30,7 @@ void EngineHost::run() {
 
     HelperMessage message;
     int file = -1;
-    if (!m_channel.receive(&message, &file))
+    if (!receive(&message, &file))
         _exit(EXIT_SUCCESS);
     if (message.kind != Kind::Load || file < 0)
         _exit(EXIT_FAILURE);
@@ -74,9 +74,14 @@ void EngineHost::startReceiving() {
 
 void EngineHost::receiveAll() {
     HelperMessage message;
-    while (m_channel.receive(&message))
+    while (receive(&message))
         obey(message);
     _exit(EXIT_SUCCESS);
+}
+
+// A process that the host has forked may hold its end of the channel open when the host is gone.
+bool EngineHost::receive(HelperMessage *message, int *file) {
+    return m_channel.waitForMessageOrEnd(HelperHostFile) && m_channel.receive(message, file);
 }
 
 void EngineHost::obey(const HelperMessage &message) {

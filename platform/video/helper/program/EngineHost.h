@@ -32,6 +32,7 @@ private:
     void loadVideo(const HelperMessage &message, int file);
     void startReceiving();
     [[noreturn]] void receiveAll();
+    bool receive(HelperMessage *message, int *file = nullptr);
     void obey(const HelperMessage &message);
     void post(std::function<void()> work);
     void send(Kind kind, double position = 0, double quietFor = 0);

@@ -9,13 +9,18 @@
 #include <sched.h>
 #include <seccomp.h>
 #include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -34,13 +39,28 @@ constexpr quint64 AllAccess =
     LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
     LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
 
-// Where systems have their libraries, the media framework its plugins, and both their data.
+// Folders that a variable lists. Not the user's home, nor what contains it.
+QList<QByteArray> foldersIn(const char *variable) {
+    const QByteArray home = qgetenv("HOME") + '/';
+    QList<QByteArray> folders;
+    for (const QByteArray &folder : qgetenv(variable).split(':')) {
+        std::array<char, PATH_MAX> path{};
+        if (!folder.startsWith('/') || !realpath(folder.constData(), path.data()))
+            continue;
+        const QByteArray whole = QByteArray(path.data()) + '/';
+        if (whole != "//" && !home.startsWith(whole))
+            folders << folder;
+    }
+    return folders;
+}
+
+// Where systems have their libraries, and the media framework its plugins.
 QList<QByteArray> readableFolders() {
-    QList<QByteArray> folders{"/usr", "/lib", "/lib32", "/lib64", "/etc",        "/opt",
-                              "/app", "/nix", "/gnu",   "/snap",  "/sys/devices"};
+    QList<QByteArray> folders{"/usr", "/lib", "/lib32", "/lib64", "/opt",
+                              "/app", "/nix", "/gnu",   "/snap",  "/sys/devices/system/cpu"};
     for (const char *variable : {"GST_PLUGIN_PATH", "GST_PLUGIN_PATH_1_0", "GST_PLUGIN_SYSTEM_PATH",
                                  "GST_PLUGIN_SYSTEM_PATH_1_0", "LD_LIBRARY_PATH"})
-        folders += qgetenv(variable).split(':');
+        folders += foldersIn(variable);
     return folders;
 }
 
@@ -86,8 +106,8 @@ struct FilterDeleter {
 // What decoding, playing sound and the C library call. Anything else fails as "not permitted".
 constexpr const char *AllowedCalls[] = {
     // Memory
-    "brk", "madvise", "mmap", "mmap2", "mprotect", "mremap", "munmap", "mlock", "munlock",
-    "memfd_create", "membarrier", "get_mempolicy",
+    "brk", "madvise", "mprotect", "mremap", "munmap", "mlock", "munlock", "membarrier",
+    "get_mempolicy",
     // Threads
     "futex", "futex_time64", "get_robust_list", "set_robust_list", "rseq", "gettid", "getpid",
     "getppid", "sched_getaffinity", "sched_getparam", "sched_getscheduler", "sched_yield",
@@ -100,9 +120,8 @@ constexpr const char *AllowedCalls[] = {
     // Open files, messages of those sockets that are connected
     "close", "dup", "dup2", "dup3", "epoll_create1", "epoll_ctl", "epoll_pwait", "epoll_wait",
     "eventfd2", "pipe2", "poll", "ppoll", "ppoll_time64", "pread64", "pselect6", "read", "readv",
-    "select", "write", "writev", "lseek", "_llseek", "ftruncate", "ftruncate64", "recvfrom",
-    "recvmsg", "sendmsg", "sendto", "shutdown", "socketpair", "getsockname", "getpeername",
-    "getsockopt", "setsockopt",
+    "select", "write", "writev", "lseek", "_llseek", "recvfrom", "recvmsg", "sendmsg", "shutdown",
+    "getsockname", "getpeername", "getsockopt", "setsockopt",
     // Looking at files
     "access", "faccessat", "faccessat2", "fstat", "fstat64", "fstatfs", "fstatfs64", "getcwd",
     "getdents64", "lstat", "newfstatat", "readlink", "readlinkat", "stat", "stat64", "statfs",
@@ -110,6 +129,8 @@ constexpr const char *AllowedCalls[] = {
     // Facts
     "getegid", "geteuid", "getgid", "getrandom", "getrlimit", "getrusage", "getuid", "sysinfo",
     "uname", "prctl", "arch_prctl"};
+
+constexpr scmp_datum_t SocketType = 0xf;
 
 scmp_arg_cmp equals(unsigned argument, scmp_datum_t value) {
     return {argument, SCMP_CMP_EQ, value, 0};
@@ -132,6 +153,15 @@ bool allowCalls(scmp_filter_ctx filter) {
     };
     for (const char *name : AllowedCalls)
         add(name);
+    // No memory that the limit does not count.
+    for (const char *name : {"mmap", "mmap2"}) {
+        add(name, masked(3, MAP_ANONYMOUS, 0));
+        add(name, masked(3, MAP_TYPE, MAP_PRIVATE));
+    }
+    // No sockets that can send to others: a datagram socket needs no connection.
+    for (const int type : {SOCK_STREAM, SOCK_SEQPACKET})
+        add("socketpair", masked(1, SocketType, scmp_datum_t(type)));
+    add("sendto", equals(4, 0));
     // Only for reading.
     constexpr scmp_datum_t Writing = O_ACCMODE | O_CREAT | O_TRUNC;
     add("open", masked(1, Writing, O_RDONLY));
@@ -161,8 +191,8 @@ bool restrictFiles(int video) {
     Ruleset rules;
     for (const QByteArray &folder : readableFolders())
         rules.allow(folder, Reading);
-    for (const char *device : {"/dev/null", "/dev/urandom"})
-        rules.allow(device, LANDLOCK_ACCESS_FS_READ_FILE);
+    for (const char *file : {"/etc/ld.so.cache", "/dev/null", "/dev/urandom"})
+        rules.allow(file, LANDLOCK_ACCESS_FS_READ_FILE);
     rules.allow(video, LANDLOCK_ACCESS_FS_READ_FILE);
     return rules.apply();
 }

@@ -4,6 +4,7 @@
 
 #include "EngineHost.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -35,12 +36,23 @@ void catchCrashes() {
         sigaction(signal, &action, nullptr);
 }
 
+// What is typed or piped into the host is not for the helper. Warnings of the media framework go
+// where the host's go.
+void detachStandardFiles() {
+    const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (file != STDERR_FILENO || fcntl(file, F_GETFD) < 0)
+            dup2(nothing, file);
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
     using namespace velmora;
     if (argc != 2 || std::strcmp(argv[1], HelperVersion) != 0)
         return EXIT_FAILURE;
+    detachStandardFiles();
     // The library starts it with all signals blocked.
     sigset_t none;
     sigemptyset(&none);
