@@ -1,28 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashClock.h"
 
-#include <Velmora/Support.h>
-
 #include <algorithm>
 #include <utility>
 
 namespace velmora {
-
-TimerPtr SplashClock::scheduled(double seconds, Timer::Kind kind, std::function<void()> work) {
-    const TimerPtr timer =
-        Timer::scheduled(seconds, kind, [alive = std::weak_ptr(m_alive), work = std::move(work)] {
-            if (!alive.expired())
-                work();
-        });
-    setGodTimer(timer);
-    return timer;
-}
-
-SplashClock::~SplashClock() {
-    stopTick();
-    cancelResumeTick();
-    stopPhaseTimer();
-}
 
 void SplashClock::begin() {
     m_startTimerDate = TimeSource::current().now();
@@ -51,7 +33,7 @@ qint64 SplashClock::secondsLeftOf(qint64 seconds) const {
 }
 
 void SplashClock::startTick() {
-    m_tickTimer = scheduled(1, Timer::Kind::Repeating, [this] { tick(); });
+    m_tickTimer = m_timers.start(1, Timer::Kind::Repeating, [this] { tick(); });
 }
 
 void SplashClock::stopTick() {
@@ -71,8 +53,8 @@ void SplashClock::tickAtOnceAndOn() {
 void SplashClock::resumeTick() {
     cancelResumeTick();
     const auto nextSecond = std::chrono::ceil<std::chrono::seconds>(m_timeDuration);
-    m_resumeTickTimer = scheduled(secondsTo(nextSecond.count()), Timer::Kind::OneShot,
-                                  [this] { tickAtOnceAndOn(); });
+    m_resumeTickTimer = m_timers.start(secondsTo(nextSecond.count()), Timer::Kind::OneShot,
+                                       [this] { tickAtOnceAndOn(); });
 }
 
 void SplashClock::cancelResumeTick() {
@@ -81,11 +63,11 @@ void SplashClock::cancelResumeTick() {
 }
 
 void SplashClock::startVideoAfter(double seconds) {
-    m_videoTimer = scheduled(seconds, Timer::Kind::OneShot, m_handlers.videoDue);
+    m_videoTimer = m_timers.start(seconds, Timer::Kind::OneShot, m_handlers.videoDue);
 }
 
 void SplashClock::startCloseButtonAfter(double seconds) {
-    m_videoTimer = scheduled(seconds, Timer::Kind::OneShot, m_handlers.closeButtonDue);
+    m_videoTimer = m_timers.start(seconds, Timer::Kind::OneShot, m_handlers.closeButtonDue);
 }
 
 void SplashClock::stopPhaseTimer() {

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "SplashTimers.h"
 #include "TimeSource.h"
-#include <Velmora/Timer.h>
 
 #include <functional>
-#include <memory>
 
 namespace velmora {
 
@@ -26,9 +25,6 @@ public:
         std::function<void()> videoDue;
         std::function<void()> closeButtonDue;
     };
-
-    SplashClock() = default;
-    ~SplashClock();
 
     void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
 
@@ -69,8 +65,6 @@ public:
     const TimerPtr &videoTimer() const { return m_videoTimer; }
 
 private:
-    TimerPtr scheduled(double seconds, Timer::Kind kind, std::function<void()> work);
-
     Handlers m_handlers;
     /// When the running time since the last pause began.
     TimeSource::Duration m_startTimerDate{0};
@@ -80,8 +74,7 @@ private:
     TimerPtr m_resumeTickTimer;
     /// The timer of the phase: until the video, and then until the close button.
     TimerPtr m_videoTimer;
-    /// Expires with the clock, for timers that are still pending then.
-    std::shared_ptr<int> m_alive = std::make_shared<int>();
+    SplashTimers m_timers;
 };
 
 } // namespace velmora

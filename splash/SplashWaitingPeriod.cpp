@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashWaitingPeriod.h"
 
-#include <Velmora/Support.h>
-
 namespace velmora {
 
 TimerPtr SplashWaitingPeriod::scheduled(qint64 seconds) {
-    const TimerPtr timer = Timer::scheduled(double(seconds), Timer::Kind::OneShot,
-                                            [this, alive = std::weak_ptr(m_alive)] {
-                                                if (!alive.expired())
-                                                    end();
-                                            });
-    setGodTimer(timer);
-    return timer;
+    return m_timers.start(double(seconds), Timer::Kind::OneShot, [this] { end(); });
 }
 
 void SplashWaitingPeriod::startFirst() {

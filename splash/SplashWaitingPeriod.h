@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <Velmora/Timer.h>
-
-#include <memory>
+#include "SplashTimers.h"
 
 namespace velmora {
 
@@ -14,8 +12,6 @@ namespace velmora {
 /// the wait.
 class SplashWaitingPeriod {
 public:
-    ~SplashWaitingPeriod() { cancel(); }
-
     bool isOver() const { return m_isOver; }
     /// A sequence begins: the next one has to wait.
     void setNotOver() { m_isOver = false; }
@@ -49,8 +45,7 @@ private:
     qint64 m_waitTime = 120;
     TimerPtr m_firstStartTimer;
     TimerPtr m_prepareTimer;
-    /// Expires with this object, for timers that are still pending then.
-    std::shared_ptr<int> m_alive = std::make_shared<int>();
+    SplashTimers m_timers;
 };
 
 } // namespace velmora
