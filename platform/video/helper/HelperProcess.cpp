@@ -102,10 +102,12 @@ VELMORA_ON_OTHER_STACK int startAndEnd(void *data) {
 int spawn(Program *program) {
     constexpr std::size_t StackSize = 64 * 1024;
     int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
+    // Never waits: what is written is there when clone() returns, and a process that another thread
+    // forks meanwhile may keep the other end open.
+    if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
         return errno;
     const FileDescriptor reading(ends[0]);
-    FileDescriptor writing = copyBeyond(FileDescriptor(ends[1]));
+    const FileDescriptor writing = copyBeyond(FileDescriptor(ends[1]));
     program->errors = writing.get();
 
     std::vector<char> stacks(2 * StackSize);
@@ -126,8 +128,6 @@ int spawn(Program *program) {
         return refusal;
     while (waitpid(id, nullptr, __WALL) < 0 && errno == EINTR) {
     }
-    // The program's own copy was closed by exec.
-    writing.reset();
     int error = 0;
     return ::read(reading.get(), &error, sizeof error) == ssize_t(sizeof error) ? error : 0;
 }
@@ -162,8 +162,10 @@ HelperStart HelperProcess::start() {
     auto channel = std::make_shared<HelperChannel>(sockets[0], HelperChannel::WhenFull::Drops);
     const FileDescriptor helpersEnd = copyBeyond(FileDescriptor(sockets[1]));
     const FileDescriptor memory(fcntl(pictures->file(), F_DUPFD_CLOEXEC, LastHelperFile + 1));
-    const FileDescriptor host =
-        copyBeyond(FileDescriptor(int(syscall(SYS_pidfd_open, getpid(), 0))));
+    const FileDescriptor self(int(syscall(SYS_pidfd_open, getpid(), 0)));
+    if (!self.isOpen())
+        return failure(QStringLiteral("no file descriptor of the process"), errno);
+    const FileDescriptor host = copyBeyond(self);
     FileDescriptor process = copyBeyond(helpersEnd); // keeps the number free
     if (!helpersEnd.isOpen() || !memory.isOpen() || !host.isOpen() || !process.isOpen())
         return failure(QStringLiteral("no file descriptor"), errno);
