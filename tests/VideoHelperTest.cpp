@@ -130,6 +130,7 @@ TEST_F(VideoHelperTest, ASpareHelperIsUsedOnce) {
     ASSERT_TRUE(eventually([] { return videoHelpers().size() == 3; }));
     for (const pid_t helper : videoHelpers())
         kill(helper, SIGKILL);
+    ASSERT_TRUE(eventually([] { return videoHelpers().isEmpty(); }));
     Played third;
     EXPECT_TRUE(eventually([&] { return third.frames > 0; }));
     EXPECT_EQ(third.failures, 0);
