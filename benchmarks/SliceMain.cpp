@@ -2,7 +2,7 @@
 // Measures the longest slice of a host's main thread, and the host's peak memory, while the
 // framework shows the largest pictures that it accepts and reads the largest tables.
 
-#include "adserver/AdServer.h"
+#include "benchmarks/BenchServer.h"
 #include "benchmarks/SliceSubject.h"
 #include "tests/support/LargePictures.h"
 
@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <cstdio>
 
+using velmora::bench::BenchServer;
 using velmora::bench::SliceSubject;
 using velmora::test::LargePicture;
 
@@ -124,22 +125,9 @@ int main(int argc, char **argv) {
     parser.addOptions({roundsOption, onlyOption});
     parser.process(application);
 
-    velmora::adserver::AdServer server;
-    const QString url = server.start();
-    const QTemporaryDir folder;
-    QFile authority(folder.filePath(QStringLiteral("ca.pem")));
-    if (url.isEmpty() || !authority.open(QIODevice::WriteOnly))
-        qFatal("the ad server did not start");
-    authority.write(server.caPem());
-    authority.close();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VELMORA_AD_SERVER_URL"), url);
-    environment.insert(QStringLiteral("VELMORA_AD_SERVER_CA"), authority.fileName());
-    environment.insert(QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1"));
-    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
-        environment.insert(QLatin1String(place), folder.filePath(QLatin1String(place)));
-    const QString caches =
-        folder.filePath(QStringLiteral("XDG_CACHE_HOME/velmora-slice-bench/Velmora"));
+    BenchServer bench;
+    velmora::adserver::AdServer &server = bench.server();
+    const QString caches = bench.cachesFolder() + QStringLiteral("/velmora-slice-bench/Velmora");
 
     const QString small = QStringLiteral("/small.gif");
     server.campaign().setMedia(small, contents(QStringLiteral(VELMORA_SAMPLE_BANNER)));
@@ -179,7 +167,7 @@ int main(int argc, char **argv) {
             if (!trial.name.contains(parser.value(onlyOption)))
                 continue;
             server.campaign().setReply(trial.reply);
-            measure(trial, environment, caches);
+            measure(trial, bench.environment(), caches);
         }
     }
     return 0;

@@ -2,8 +2,8 @@
 // Compares the CPU time and memory of a banner with those of a QLabel that shows the same picture
 // in the same size. Each runs in a process of its own.
 
-#include "adserver/AdServer.h"
 #include "benchmarks/BannerSubject.h"
+#include "benchmarks/BenchServer.h"
 #include "benchmarks/ProcessFigures.h"
 
 #include <QtCore/QCommandLineParser>
@@ -25,6 +25,7 @@
 #include <unistd.h>
 
 using velmora::bench::BannerSubject;
+using velmora::bench::BenchServer;
 using velmora::bench::ProcessFigures;
 
 namespace {
@@ -108,21 +109,8 @@ int main(int argc, char **argv) {
     parser.addOptions({turnsOption, roundsOption});
     parser.process(application);
 
-    velmora::adserver::AdServer server;
-    const QString url = server.start();
-    serveOneBanner(server);
-    const QTemporaryDir folder;
-    QFile authority(folder.filePath(QStringLiteral("ca.pem")));
-    if (url.isEmpty() || !authority.open(QIODevice::WriteOnly))
-        qFatal("the ad server did not start");
-    authority.write(server.caPem());
-    authority.close();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VELMORA_AD_SERVER_URL"), url);
-    environment.insert(QStringLiteral("VELMORA_AD_SERVER_CA"), authority.fileName());
-    environment.insert(QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1"));
-    for (const char *place : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
-        environment.insert(QLatin1String(place), folder.filePath(QLatin1String(place)));
+    BenchServer bench;
+    serveOneBanner(bench.server());
 
     // The pages of a file that was just built count as private memory until they are on disk.
     sync();
@@ -134,7 +122,7 @@ int main(int argc, char **argv) {
     std::map<QString, std::vector<double>> memory;
     for (int round = 0; round < parser.value(roundsOption).toInt(); ++round) {
         for (const QString &subject : BannerSubject::names()) {
-            const Sample sample = measure(subject, environment, lengthMs);
+            const Sample sample = measure(subject, bench.environment(), lengthMs);
             cpu[subject].push_back(sample.cpuPercent);
             memory[subject].push_back(sample.privateMegabytes);
         }

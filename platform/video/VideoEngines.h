@@ -17,7 +17,7 @@ public:
     /// @param error receives the reason when the result is null
     static std::unique_ptr<VideoEngine> create(VideoEngineListener *listener, QString *error);
 
-    /// Gets what the first video needs, so that it starts as fast as the later ones.
+    /// Starts the helper of the next video, or loads the plugins that it needs in this process.
     /// @param listener is not called
     static void warmUp(VideoEngineListener *listener);
 };

@@ -45,8 +45,8 @@ public:
     explicit VideoPlayer(Handlers handlers);
     ~VideoPlayer() override;
 
-    /// Loads, in the background, what the first video needs, so that it starts as fast as the later
-    /// ones. Call it when a video will be played soon. Ignored after the first call.
+    /// Prepares, in the background, the start of the next video. Call it some seconds before each:
+    /// what no video has used within a minute is given up.
     static void warmUp();
 
     /// Opens a video and pauses at its start. Replaces an earlier one; the player stays muted if it

@@ -46,8 +46,7 @@ public:
     ///                 a session that is closed
     VideoSession(QObject *receiver, VideoSource source);
 
-    /// Loads, on a thread, what an engine needs, so that the first video starts as fast as the
-    /// others.
+    /// See VideoPlayer::warmUp(); on a thread.
     static void warmUp();
 
     /// Starts the thread, which opens the source. When there is no thread, an update reports the
