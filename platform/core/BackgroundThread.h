@@ -13,10 +13,11 @@ enum class AtExit {
     Ignores ///< the process may end at any moment of it; for calls that nothing can interrupt
 };
 
-/// Runs work on a new detached thread. The framework starts all its threads here.
+/// Runs work on a new thread. The framework starts all its threads here.
 ///
-/// Nobody joins the thread, so the work must own, or share, everything it uses. All signals are
-/// blocked on it, so that the host's signal handlers never run there. Any thread may call this.
+/// The caller cannot join the thread, so the work must own, or share, everything it uses. All
+/// signals are blocked on it, so that the host's signal handlers never run there. Any thread may
+/// call this.
 /// @param name   the thread's name in debuggers and system tools, at most 15 characters; a literal
 /// @param atExit a thread that is ignored must not use Qt once ProcessRoot::hasEnded()
 /// @param error  receives the system's reason when there is no thread; may be null
