@@ -9,14 +9,9 @@
 
 namespace velmora {
 
-namespace {
-
-// The nearest widget from the superview upwards that has a native window of its own.
-QWidget *nativeWidget(QWidget *superview) {
+QWidget *nativeWidgetOf(QWidget *superview) {
     return superview->windowHandle() ? superview : superview->nativeParentWidget();
 }
-
-} // namespace
 
 NativeSiblings::NativeSiblings(QWidget *superview, std::function<void()> changed)
     : m_superview(superview), m_changed(std::move(changed)) {
@@ -24,7 +19,7 @@ NativeSiblings::NativeSiblings(QWidget *superview, std::function<void()> changed
 }
 
 bool NativeSiblings::areVisible(const QWindow *own) const {
-    const QWidget *native = nativeWidget(m_superview);
+    const QWidget *native = nativeWidgetOf(m_superview);
     const QWindow *root = native ? native->windowHandle() : nullptr;
     if (!root)
         return false;
@@ -38,7 +33,7 @@ bool NativeSiblings::areVisible(const QWindow *own) const {
 }
 
 bool NativeSiblings::follow() {
-    QWidget *native = nativeWidget(m_superview);
+    QWidget *native = nativeWidgetOf(m_superview);
     QWindow *root = native ? native->windowHandle() : nullptr;
     if (root == m_root)
         return false;

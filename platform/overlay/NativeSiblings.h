@@ -10,6 +10,10 @@
 
 namespace velmora {
 
+/// The widget with the native window that a superview lies in: itself or the nearest ancestor that
+/// has one; null while there is none.
+QWidget *nativeWidgetOf(QWidget *superview);
+
 /// Watches the native child windows that would hide a superview's plain children: window
 /// containers, and the views of game engines and video players. A QOpenGLWidget is drawn like any
 /// other widget and is none of them. Main thread only.

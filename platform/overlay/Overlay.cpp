@@ -17,8 +17,7 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
       m_setFrame(superview->rect()),
       m_setSize(superview->size()) {
     m_focus = std::make_unique<OverlayFocus>(view, superview);
-    m_mount =
-        std::make_unique<OverlayMount>(view, superview, *m_focus, [this] { containerLost(); });
+    m_mount = std::make_unique<OverlayMount>(view, superview, *m_focus, [this] { windowLost(); });
     applyFrame();
     // Events that the view ignores must not reach the widgets below it: clicks, wheel and drags,
     // and the focus that a click gives.
@@ -34,7 +33,7 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
     m_siblings = std::make_unique<NativeSiblings>(superview, [this] { nativeWindowsChanged(); });
     watchSurroundings();
     if (kind == Kind::Native)
-        enterContainer();
+        enterWindow();
 }
 
 Overlay::~Overlay() {
@@ -60,7 +59,7 @@ void Overlay::watchSurroundings() {
                 // When Qt recreates the host's native window, the native windows in it are
                 // destroyed, too, without an event for their owners.
                 if (m_siblings->follow())
-                    MainQueue::post(this, [this] { containerLost(); });
+                    MainQueue::post(this, [this] { windowLost(); });
                 checkNativeWindowsLater();
             });
     connect(watch, &OverlaySurroundings::windowActivated, m_focus.get(), &OverlayFocus::checkLater);
@@ -173,10 +172,10 @@ void Overlay::prepareToShow() {
     m_surroundings->followWindow();
     m_siblings->follow();
     const bool native = m_kind == Kind::Native || isHiddenByNativeWindows();
-    if (!native || !m_mount->isContainerWhole())
-        m_mount->leaveContainer();
-    if (native && !m_mount->isInContainer())
-        enterContainer();
+    if (!native || !m_mount->isWindowWhole())
+        m_mount->leaveWindow();
+    if (native && !m_mount->isInWindow())
+        enterWindow();
     applyFrame();
     m_mount->raise();
     if (m_view->accessibleName().isEmpty())
@@ -188,20 +187,20 @@ bool Overlay::isHiddenByNativeWindows() const {
     return m_siblings->areVisible(m_mount->nativeWindow());
 }
 
-void Overlay::enterContainer() {
+void Overlay::enterWindow() {
     applyFrame();
-    m_mount->enterContainer(m_hidden);
+    m_mount->enterWindow(m_hidden);
 }
 
-// The host's native window was recreated, or the host has destroyed the container.
-void Overlay::containerLost() {
-    if (!m_view || !m_superview || !m_mount->isInContainer())
+// The host's native window was recreated, or the host has destroyed a part of the overlay's.
+void Overlay::windowLost() {
+    if (!m_view || !m_superview || !m_mount->isInWindow())
         return;
     m_view->hide();
-    m_mount->leaveContainer();
+    m_mount->leaveWindow();
     if (std::exchange(m_hidden, true)) {
         if (m_kind == Kind::Native)
-            enterContainer();
+            enterWindow();
     } else {
         setHiddenNow(false);
     }
@@ -210,14 +209,14 @@ void Overlay::containerLost() {
 void Overlay::nativeWindowsChanged() {
     if (m_hidden || !m_view || !m_superview)
         return;
-    if (m_mount->isInContainer())
+    if (m_mount->isInWindow())
         m_mount->raise();
     else if (isHiddenByNativeWindows())
-        enterContainer();
+        enterWindow();
 }
 
 void Overlay::superviewGone() {
-    const bool wasInContainer = isNative();
+    const bool wasNative = isNative();
     m_superview = nullptr;
     m_surroundings.reset();
     m_siblings.reset();
@@ -225,7 +224,7 @@ void Overlay::superviewGone() {
     if (m_view && m_superviewLost) {
         Animator::setHiddenNow(m_view, true);
         m_view->setParent(nullptr);
-    } else if (wasInContainer) {
+    } else if (wasNative) {
         // A plain child is destroyed by its parent, the superview.
         delete m_view;
     }

@@ -24,7 +24,7 @@ namespace velmora {
 ///
 /// The view is normally a plain child of the superview, which can fade. But native child windows
 /// hide plain widgets and take their clicks, so over these the view is moved into a native window
-/// of its own (a container). There view->window() is the container's widget, so ask
+/// of its own (OverlayWindow). There view->window() is not the host's window, so ask
 /// superview()->window() for the host's window, and shortcuts of actions in the view do not work;
 /// key events do.
 ///
@@ -34,8 +34,8 @@ class Overlay : public QObject {
 
 public:
     enum class Kind {
-        Automatic, ///< a plain child; in a container where native child windows would hide that
-        Native,    ///< always in a container, because a game engine's view may come at any time
+        Automatic, ///< a plain child; a native window where native child windows would hide that
+        Native,    ///< always a native window, because a game engine's view may come at any time
     };
 
     /// Puts a view over the whole of a superview, hidden. The superview takes ownership of the
@@ -61,15 +61,15 @@ public:
     /// that the margins, also negative ones, stay the same.
     void setFrame(const QRect &frame);
 
-    /// Shows or hides the view with a fade; in a container without one.
+    /// Shows or hides the view with a fade; in a native window of its own without one.
     void setHidden(bool hidden);
     void setHiddenNow(bool hidden);
     /// The state that was set last, also while a fade still leads to it.
     bool isHidden() const { return m_hidden; }
 
-    /// Whether the view is in a container now. Kind::Automatic decides this each time the view is
-    /// shown, and moves a shown view when a native window appears under it.
-    bool isNative() const { return m_mount && m_mount->isInContainer(); }
+    /// Whether the view is in a native window of its own now. Kind::Automatic decides this each
+    /// time the view is shown, and moves a shown view when a native window appears under it.
+    bool isNative() const { return m_mount && m_mount->isInWindow(); }
 
     /// Takes the view out of the superview for good, at once, and destroys it on a later turn of
     /// the main loop. Ignored the second time.
@@ -85,8 +85,8 @@ private:
     void keepOnTop();
 
     bool isHiddenByNativeWindows() const;
-    void enterContainer();
-    void containerLost();
+    void enterWindow();
+    void windowLost();
     void nativeWindowsChanged();
 
     void superviewGone();

@@ -6,10 +6,9 @@
 
 namespace velmora {
 
-/// An invisible widget in the host's window that has the focus for a view in a container, because
-/// the container's native window never gets key events. It sends its key events to the view's focus
-/// widget. A key that the view ignores goes to the superview, as from a plain child. Main thread
-/// only.
+/// An invisible widget in the host's window that has the focus for a view in an OverlayWindow,
+/// which never gets key events itself. It sends its key events to the view's focus widget. A key
+/// that the view ignores goes to the superview, as from a plain child. Main thread only.
 class OverlayKeyProxy : public QWidget {
     Q_OBJECT
 

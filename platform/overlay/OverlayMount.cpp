@@ -8,11 +8,8 @@
 namespace velmora {
 
 OverlayMount::OverlayMount(QWidget *view, QWidget *superview, OverlayFocus &focus,
-                           std::function<void()> containerLost)
-    : m_view(view),
-      m_superview(superview),
-      m_focus(focus),
-      m_containerLost(std::move(containerLost)) {
+                           std::function<void()> windowLost)
+    : m_view(view), m_superview(superview), m_focus(focus), m_windowLost(std::move(windowLost)) {
     view->hide();
     becomeChild();
 }
@@ -24,65 +21,65 @@ void OverlayMount::becomeChild() {
     m_view->setParent(m_superview, (m_view->windowFlags() & ~Type) | Qt::SubWindow);
 }
 
-void OverlayMount::enterContainer(bool hidden) {
+void OverlayMount::enterWindow(bool hidden) {
     Animator::setHiddenNow(m_view, hidden);
     const QPointer<QWidget> inner = m_view->focusWidget();
-    m_container = std::make_unique<OverlayContainer>(m_superview, m_containerLost);
+    m_window = std::make_unique<OverlayWindow>(m_superview, m_windowLost);
     // Before the view leaves the window: Qt would otherwise give its focus to a covered widget.
     m_focus.setHolder(focusHolder());
-    m_container->setView(m_view);
-    m_container->setFrame(m_frame);
+    m_window->setView(m_view);
+    m_window->setFrame(m_frame);
     if (inner)
         inner->setFocus(Qt::OtherFocusReason);
     if (hidden)
         return;
     m_view->show();
-    m_container->setVisible(true);
+    m_window->setVisible(true);
     raise();
 }
 
-void OverlayMount::leaveContainer() {
-    if (!m_container)
+void OverlayMount::leaveWindow() {
+    if (!m_window)
         return;
     becomeChild();
-    m_container.reset();
+    m_window.reset();
     m_focus.setHolder(focusHolder());
 }
 
 void OverlayMount::setFrame(const QRect &frame) {
     m_frame = frame;
-    if (m_container)
-        m_container->setFrame(frame);
+    if (m_window)
+        m_window->setFrame(frame);
     else
         m_view->setGeometry(frame);
 }
 
 void OverlayMount::setHidden(bool hidden, void (*set)(QWidget *, bool)) {
-    if (m_container) {
+    if (m_window) {
         m_view->setVisible(!hidden);
-        m_container->setVisible(!hidden);
+        m_window->setVisible(!hidden);
     } else {
         set(m_view, hidden);
     }
 }
 
 bool OverlayMount::isOnTop() const {
-    return m_container ? m_container->isLastChild() : topmostChild(m_superview) == m_view;
+    return m_window ? m_window->isOnTop() : topmostChild(m_superview) == m_view;
 }
 
 void OverlayMount::raise() {
-    if (m_container)
-        m_container->raise();
+    if (m_window)
+        m_window->raise();
     else
         m_view->raise();
 }
 
 QWidget *OverlayMount::focusHolder() const {
-    return m_container ? m_container->keyProxy() : m_view.data();
+    return m_window ? m_window->keyProxy() : m_view.data();
 }
 
 QWindow *OverlayMount::nativeWindow() const {
-    return m_container ? m_container->window() : m_view->windowHandle();
+    return m_window ? m_window->nativeWindow() : m_view->windowHandle();
 }
 
 } // namespace velmora

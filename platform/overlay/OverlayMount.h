@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "OverlayContainer.h"
 #include "OverlayFocus.h"
+#include "OverlayWindow.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QRect>
@@ -14,25 +14,25 @@
 namespace velmora {
 
 /// Holds a view in a superview in one of two ways: as a plain child, or in a native window of its
-/// own (OverlayContainer). Places, shows and raises it the same way in both. Main thread only.
+/// own (OverlayWindow). Places, shows and raises it the same way in both. Main thread only.
 class OverlayMount {
 public:
     /// Makes the view a plain child, hidden.
     /// @param focus         told which widget has the focus for the view
-    /// @param containerLost called on a later turn of the main loop when the container is no longer
-    ///                      of use, see OverlayContainer; leaveContainer() is due then
+    /// @param windowLost called on a later turn of the main loop when the native window is of no
+    ///                   use any more, see OverlayWindow; leaveWindow() is due then
     OverlayMount(QWidget *view, QWidget *superview, OverlayFocus &focus,
-                 std::function<void()> containerLost);
+                 std::function<void()> windowLost);
 
-    bool isInContainer() const { return m_container != nullptr; }
-    /// False once the host has destroyed a part of the container.
-    bool isContainerWhole() const { return m_container && m_container->isWhole(); }
+    bool isInWindow() const { return m_window != nullptr; }
+    /// False once the host has destroyed a part of the OverlayWindow.
+    bool isWindowWhole() const { return m_window && m_window->isWhole(); }
 
-    /// Moves the view into a container.
+    /// Moves the view into a native window of its own.
     /// @param hidden whether the overlay is hidden; otherwise the view is shown there at once
-    void enterContainer(bool hidden);
-    /// Makes the view a plain child again, hidden. Ignored without a container.
-    void leaveContainer();
+    void enterWindow(bool hidden);
+    /// Makes the view a plain child again, hidden. Ignored when it is one.
+    void leaveWindow();
 
     /// Places the view.
     /// @param frame in the superview's coordinates
@@ -40,13 +40,13 @@ public:
 
     /// Hides or shows the view.
     /// @param set how to do that with a plain child: Animator::setHidden or setHiddenNow. A
-    ///            container changes at once, because a native window can't be drawn translucent.
+    ///            native window changes at once, because it can't be drawn translucent.
     void setHidden(bool hidden, void (*set)(QWidget *, bool));
 
     bool isOnTop() const;
     void raise();
 
-    /// The widget that has the focus for the view: the view itself, or the container's key proxy.
+    /// The widget that has the focus for the view: the view itself, or the key proxy.
     QWidget *focusHolder() const;
     /// The native window that holds the view; null when the view shares the superview's.
     QWindow *nativeWindow() const;
@@ -57,9 +57,9 @@ private:
     QPointer<QWidget> m_view;
     QWidget *m_superview;
     OverlayFocus &m_focus;
-    std::function<void()> m_containerLost;
+    std::function<void()> m_windowLost;
     QRect m_frame;
-    std::unique_ptr<OverlayContainer> m_container;
+    std::unique_ptr<OverlayWindow> m_window;
 };
 
 } // namespace velmora

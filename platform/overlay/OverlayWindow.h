@@ -3,8 +3,10 @@
 
 #include "OverlayKeyProxy.h"
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QRect>
 #include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 
@@ -16,50 +18,57 @@ namespace velmora {
 /// windows. It is opaque and never becomes the active window; the view gets its key events through
 /// keyProxy(). Main thread only.
 ///
-/// The window has three levels. QWidget::createWindowContainer() destroys the QWindow that it was
-/// given when the host destroys the container, and a widget does not survive the loss of its
-/// QWindow. So the window container holds an empty QWindow, the shell. The shell holds the native
-/// window of the root widget, which leaves the shell before that is destroyed. The root widget
-/// holds the view.
-class OverlayContainer : public QObject {
+/// The view's parent is a widget that is a window for Qt Widgets, and whose QWindow is a child of
+/// the host's. It is not a QWidget::createWindowContainer(): that destroys the QWindow together
+/// with the container, which a widget does not survive, and an empty QWindow in between is never
+/// mapped under Wayland, nor is what it contains.
+class OverlayWindow : public QObject {
     Q_OBJECT
 
 public:
-    /// @param lost called on a later turn of the main loop after the shell's native window or the
+    /// @param lost called on a later turn of the main loop after the host's native window or the
     ///             key proxy was destroyed, while the superview may still exist. Afterwards this
     ///             object can only be destroyed.
-    OverlayContainer(QWidget *superview, std::function<void()> lost);
+    OverlayWindow(QWidget *superview, std::function<void()> lost);
     /// Destroys the view, on a later turn of the main loop, unless it has another parent by then.
-    ~OverlayContainer() override;
+    ~OverlayWindow() override;
 
     /// Moves the view into the window, which it fills from then on. Does not show it.
     void setView(QWidget *view);
 
     /// @param frame in the superview's coordinates
     void setFrame(const QRect &frame);
+    /// The window is shown while this is set and the superview is visible. Default: false.
     void setVisible(bool visible);
     void raise();
-    bool isLastChild() const;
+    /// Whether the host has raised none of its widgets since raise().
+    bool isOnTop() const;
     /// False once the host has destroyed a part of this.
-    bool isWhole() const { return m_container && m_shell && m_keyProxy; }
+    bool isWhole() const { return !m_isLost && m_keyProxy; }
 
     /// The widget in the host's window that has the focus for the view; null once destroyed.
     QWidget *keyProxy() const { return m_keyProxy; }
-    /// The native window that is a sibling of the host's native windows.
-    QWindow *window() const;
+    /// The native window, a sibling of the host's native windows.
+    QWindow *nativeWindow() const { return m_root->windowHandle(); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void reportLostLater();
-    void leaveShell();
-    void fillShell();
+    void leaveHost();
+    void place();
+    void followAncestors(const QWidget *native);
 
+    QPointer<QWidget> m_superview;
     QWidget *m_root;
     QPointer<QWidget> m_view;
-    QPointer<QWindow> m_shell;
-    QPointer<QWidget> m_container;
     QPointer<OverlayKeyProxy> m_keyProxy;
+    // From the superview up to the widget with the host's native window: the native window is
+    // placed again when one of them moves.
+    QList<QPointer<QWidget>> m_ancestors;
+    QRect m_frame;
+    bool m_isVisible = false;
+    bool m_isLost = false;
     std::function<void()> m_lost;
 };
 

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "OverlayWindow.h"
+
+#include "MainQueue.h"
+#include "NativeSiblings.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPlatformSurfaceEvent>
+
+#include <algorithm>
+#include <utility>
+
+// Exported by Qt Widgets and declared in qwidget.h as a friend only.
+extern Q_WIDGETS_EXPORT QWidgetData *qt_qwidget_data(QWidget *widget);
+
+namespace velmora {
+
+QWidget *topmostChild(const QWidget *superview) {
+    const QObjectList &children = superview->children();
+    const auto last = std::find_if(children.rbegin(), children.rend(), [](const QObject *child) {
+        return child->isWidgetType() && !static_cast<const QWidget *>(child)->isWindow();
+    });
+    return last == children.rend() ? nullptr : static_cast<QWidget *>(*last);
+}
+
+OverlayWindow::OverlayWindow(QWidget *superview, std::function<void()> lost)
+    : m_superview(superview), m_root(new QWidget), m_lost(std::move(lost)) {
+    m_root->setWindowFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    m_root->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_root->setAttribute(Qt::WA_QuitOnClose, false);
+    // A child of the superview would inherit these; the root widget is a window.
+    m_root->setPalette(superview->palette());
+    m_root->setFont(superview->font());
+    m_root->setLayoutDirection(superview->layoutDirection());
+    m_root->winId();
+    // Qt closes all windows before it quits and gives up at the first that does not close. A native
+    // child window never does, but Qt skips a widget that is being closed already.
+    qt_qwidget_data(m_root)->is_closing = true;
+    m_keyProxy = new OverlayKeyProxy(superview);
+    m_keyProxy->installEventFilter(this);
+    connect(m_keyProxy, &QObject::destroyed, this, &OverlayWindow::reportLostLater);
+    nativeWindow()->installEventFilter(this);
+}
+
+OverlayWindow::~OverlayWindow() {
+    nativeWindow()->removeEventFilter(this);
+    leaveHost();
+    // Not deleted at once: the event that leads here may have been sent to the key proxy or to a
+    // widget in the root.
+    if (m_keyProxy) {
+        m_keyProxy->disconnect(this);
+        m_keyProxy->removeEventFilter(this);
+        m_keyProxy->hide();
+        m_keyProxy->setParent(nullptr);
+        m_keyProxy->deleteLater();
+    }
+    m_root->deleteLater();
+}
+
+void OverlayWindow::setView(QWidget *view) {
+    m_view = view;
+    m_keyProxy->setView(view);
+    view->setParent(m_root, view->windowFlags());
+    view->setGeometry(m_root->rect());
+}
+
+void OverlayWindow::setFrame(const QRect &frame) {
+    m_frame = frame;
+    place();
+}
+
+void OverlayWindow::setVisible(bool visible) {
+    m_isVisible = visible;
+    place();
+}
+
+void OverlayWindow::raise() {
+    if (m_keyProxy)
+        m_keyProxy->raise();
+    nativeWindow()->raise();
+}
+
+bool OverlayWindow::isOnTop() const {
+    return !m_superview || !m_keyProxy || topmostChild(m_superview) == m_keyProxy;
+}
+
+bool OverlayWindow::eventFilter(QObject *watched, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Hide:
+        // The key proxy is shown and hidden with the superview.
+        if (watched == m_keyProxy)
+            place();
+        break;
+    case QEvent::Move:
+    case QEvent::ParentChange:
+        if (watched != m_keyProxy)
+            place();
+        break;
+    case QEvent::PlatformSurface:
+        if (watched == nativeWindow() &&
+            static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
+                QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
+            // The host's native window is being destroyed, and this one with it.
+            leaveHost();
+            reportLostLater();
+        }
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void OverlayWindow::reportLostLater() {
+    if (!std::exchange(m_isLost, true))
+        MainQueue::post(this, m_lost);
+}
+
+void OverlayWindow::leaveHost() {
+    for (const QPointer<QWidget> &ancestor : std::exchange(m_ancestors, {})) {
+        if (ancestor)
+            ancestor->removeEventFilter(this);
+    }
+    // Hidden first: a visible window without a parent appears as a top-level window.
+    m_root->hide();
+    nativeWindow()->setParent(nullptr);
+}
+
+void OverlayWindow::place() {
+    if (!m_superview || !isWhole())
+        return;
+    m_root->resize(m_frame.size());
+    if (m_view)
+        m_view->resize(m_frame.size());
+    QWidget *native = nativeWidgetOf(m_superview);
+    QWindow *host = native ? native->windowHandle() : nullptr;
+    if (!m_isVisible || !m_keyProxy->isVisible() || m_frame.isEmpty() || !host) {
+        m_root->hide();
+        return;
+    }
+    followAncestors(native);
+    if (nativeWindow()->parent() != host)
+        nativeWindow()->setParent(host);
+    // Not move(), which adds the margins of the host's window frame under X11.
+    m_root->setGeometry({m_superview->mapTo(native, m_frame.topLeft()), m_frame.size()});
+    if (m_root->isHidden()) {
+        m_root->show();
+        nativeWindow()->raise();
+    }
+}
+
+void OverlayWindow::followAncestors(const QWidget *native) {
+    QList<QPointer<QWidget>> ancestors;
+    for (QWidget *widget = m_superview; widget && widget != native; widget = widget->parentWidget())
+        ancestors.append(widget);
+    if (ancestors == m_ancestors)
+        return;
+    for (const QPointer<QWidget> &old : std::as_const(m_ancestors)) {
+        if (old && !ancestors.contains(old))
+            old->removeEventFilter(this);
+    }
+    for (const QPointer<QWidget> &ancestor : std::as_const(ancestors)) {
+        if (!m_ancestors.contains(ancestor))
+            ancestor->installEventFilter(this);
+    }
+    m_ancestors = ancestors;
+}
+
+} // namespace velmora
