@@ -147,9 +147,14 @@ void SplashScreenController::attach() {
                 self->m_placement.replace();
         });
     };
+    const auto missing = [weak = weak_from_this()] {
+        LOG(QStringLiteral("splash screen closed: it does not appear in its window"));
+        if (const auto self = weak.lock())
+            self->closeSplashScreen();
+    };
     m_placement.place(own, m_window,
                       m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic,
-                      contentLost);
+                      {contentLost, missing});
 }
 
 void SplashScreenController::removeFromWindow() {

@@ -8,10 +8,10 @@
 namespace velmora {
 
 void SplashScreenPlacement::place(QWidget *view, QWidget *window, Overlay::Kind kind,
-                                  std::function<void()> contentLost) {
+                                  Handlers handlers) {
     m_window = window;
     m_kind = kind;
-    m_contentLost = std::move(contentLost);
+    m_handlers = std::move(handlers);
     m_area = std::make_unique<ContentArea>(window, [this] { applyTopInset(); });
     if (QWidget *superview = m_area->superview())
         putOver(superview, view);
@@ -19,7 +19,8 @@ void SplashScreenPlacement::place(QWidget *view, QWidget *window, Overlay::Kind 
 
 void SplashScreenPlacement::putOver(QWidget *superview, QWidget *view) {
     m_overlay = std::make_unique<Overlay>(view, superview, m_kind);
-    m_overlay->setSuperviewLostHandler(m_contentLost);
+    m_overlay->setSuperviewLostHandler(m_handlers.contentLost);
+    m_overlay->setMissingHandler(m_handlers.missing);
 }
 
 void SplashScreenPlacement::replace() {

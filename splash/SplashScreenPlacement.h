@@ -15,11 +15,17 @@ namespace velmora {
 /// also when the host replaces that content. Main thread only.
 class SplashScreenPlacement {
 public:
+    struct Handlers {
+        /// The host destroys the content. replace() is to be called on a later turn, when the host
+        /// has had time to make new content.
+        std::function<void()> contentLost;
+        /// The view was shown, does not appear, and was hidden again: see OverlayExposure.
+        std::function<void()> missing;
+    };
+
     /// Puts the view over the window's content, hidden. The view then belongs to the window.
-    /// @param contentLost called when the host destroys the content; replace() is then to be
-    ///                    called on a later turn, when the host has had time to make new content
-    void place(QWidget *view, QWidget *window, Overlay::Kind kind,
-               std::function<void()> contentLost);
+    /// @param handlers called as their comments say
+    void place(QWidget *view, QWidget *window, Overlay::Kind kind, Handlers handlers);
     /// Puts the view over the window's new content.
     void replace();
     /// Takes the view out of the window for good and destroys it on a later turn.
@@ -43,7 +49,7 @@ private:
 
     QPointer<QWidget> m_window;
     Overlay::Kind m_kind = Overlay::Kind::Automatic;
-    std::function<void()> m_contentLost;
+    Handlers m_handlers;
     std::unique_ptr<ContentArea> m_area;
     std::unique_ptr<Overlay> m_overlay;
     bool m_isHidden = true;

@@ -15,7 +15,8 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
       m_superview(superview),
       m_kind(kind),
       m_setFrame(superview->rect()),
-      m_setSize(superview->size()) {
+      m_setSize(superview->size()),
+      m_exposure([this] { giveWindowBack(); }) {
     m_focus = std::make_unique<OverlayFocus>(view, superview);
     m_mount = std::make_unique<OverlayMount>(view, superview, *m_focus, [this] { windowLost(); });
     applyFrame();
@@ -100,6 +101,7 @@ void Overlay::remove() {
         return;
     }
     m_focus->end();
+    m_exposure.end();
     m_hidden = true;
     m_superview->disconnect(this);
     QWidget *view = m_view;
@@ -156,16 +158,31 @@ void Overlay::change(bool hidden, void (*set)(QWidget *, bool)) {
         return;
     const QPointer<Overlay> self(this);
     const bool changes = std::exchange(m_hidden, hidden) != hidden;
-    if (changes && hidden)
+    if (changes && hidden) {
+        m_exposure.end();
         m_focus->end();
+    }
     // The focus went to a widget of the host's, whose code may have destroyed anything.
     if (!self || !m_view || !m_superview)
         return;
     if (changes && !hidden)
         prepareToShow();
     m_mount->setHidden(hidden, set);
-    if (changes && !hidden && self && m_focus)
+    if (changes && !hidden && self && m_focus) {
         m_focus->begin(m_mount->focusHolder());
+        watchExposure();
+    }
+}
+
+void Overlay::watchExposure() {
+    if (m_view && m_superview)
+        m_exposure.begin(m_view, m_superview, isNative() ? m_mount->nativeWindow() : nullptr);
+}
+
+void Overlay::giveWindowBack() {
+    setHiddenNow(true);
+    if (m_missing)
+        m_missing();
 }
 
 void Overlay::prepareToShow() {
@@ -209,13 +226,16 @@ void Overlay::windowLost() {
 void Overlay::nativeWindowsChanged() {
     if (m_hidden || !m_view || !m_superview)
         return;
-    if (m_mount->isInWindow())
+    if (m_mount->isInWindow()) {
         m_mount->raise();
-    else if (isHiddenByNativeWindows())
+    } else if (isHiddenByNativeWindows()) {
         enterWindow();
+        watchExposure();
+    }
 }
 
 void Overlay::superviewGone() {
+    m_exposure.end();
     const bool wasNative = isNative();
     m_superview = nullptr;
     m_surroundings.reset();
@@ -235,6 +255,7 @@ void Overlay::superviewGone() {
 }
 
 void Overlay::viewGone() {
+    m_exposure.end();
     m_view = nullptr;
     m_hidden = true;
     m_surroundings.reset();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NativeSiblings.h"
+#include "OverlayExposure.h"
 #include "OverlayFocus.h"
 #include "OverlayMount.h"
 #include "OverlaySurroundings.h"
@@ -48,6 +49,9 @@ public:
     /// @param lost called when the superview is destroyed, with the view hidden and without a
     ///             parent; must not destroy the overlay
     void setSuperviewLostHandler(std::function<void()> lost) { m_superviewLost = std::move(lost); }
+    /// Called when the overlay has been shown and does not appear although its window does, after
+    /// it was hidden for that. May destroy the overlay.
+    void setMissingHandler(std::function<void()> missing) { m_missing = std::move(missing); }
     /// Releases the view, for another overlay, after the superview was destroyed. The caller
     /// becomes the owner. Null while the superview exists, and when there is no view.
     QWidget *takeView();
@@ -89,6 +93,9 @@ private:
     void windowLost();
     void nativeWindowsChanged();
 
+    void watchExposure();
+    void giveWindowBack();
+
     void superviewGone();
     void viewGone();
 
@@ -100,6 +107,8 @@ private:
     QRect m_setFrame;
     QSize m_setSize;
     std::function<void()> m_superviewLost;
+    std::function<void()> m_missing;
+    OverlayExposure m_exposure;
     RateLimiter m_raises;
     // These exist as long as the view and the superview do.
     std::unique_ptr<OverlaySurroundings> m_surroundings;

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "OverlayExposure.h"
+
+#include <QtCore/QEvent>
+
+namespace velmora {
+
+namespace {
+constexpr double LongestWaitSeconds = 2;
+}
+
+void OverlayExposure::begin(QWidget *view, QWidget *superview, QWindow *own) {
+    end();
+    m_view = view;
+    m_own = own;
+    m_host = superview->window()->windowHandle();
+    if (m_own)
+        m_own->installEventFilter(this);
+    if (m_host)
+        m_host->installEventFilter(this);
+    if (m_host && m_host->isExposed())
+        m_timer = Timer::scheduled(LongestWaitSeconds, Timer::Kind::OneShot, [this] { check(); });
+}
+
+void OverlayExposure::end() {
+    Timer::cancel(m_timer);
+    for (const QPointer<QWindow> &window : {m_own, m_host}) {
+        if (window)
+            window->removeEventFilter(this);
+    }
+    m_own = nullptr;
+    m_host = nullptr;
+    m_view = nullptr;
+}
+
+bool OverlayExposure::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() != QEvent::Expose)
+        return false;
+    if (watched == m_own && m_own->isExposed())
+        end(); // it may be covered by another application's window later
+    else if (watched == m_host && m_host->isExposed() && !m_timer)
+        m_timer = Timer::scheduled(LongestWaitSeconds, Timer::Kind::OneShot, [this] { check(); });
+    return false;
+}
+
+void OverlayExposure::check() {
+    if (m_host && !m_host->isExposed()) {
+        m_timer.reset(); // until the host's window is exposed again
+        return;
+    }
+    const bool isMissing = m_host && m_view && !isExposed();
+    end();
+    if (isMissing)
+        m_missing();
+}
+
+bool OverlayExposure::isExposed() const {
+    if (m_own && !m_own->isExposed())
+        return false;
+    return m_view->isVisible() && !m_view->visibleRegion().isEmpty();
+}
+
+} // namespace velmora
