@@ -189,6 +189,33 @@ TEST_F(OverlayTest, TheContainerIsHiddenAndShownWithItsWindow) {
     EXPECT_EQ(view->size(), content->size());
 }
 
+TEST_F(OverlayTest, AnOverlayThatDoesNotAppearGivesTheWindowBack) {
+    for (const auto kind : {Overlay::Kind::Automatic, Overlay::Kind::Native}) {
+        OverlayHost::reset();
+        make(kind);
+        int missing = 0;
+        overlay->setMissingHandler([&missing] { ++missing; });
+        window->hide();
+        overlay->setHiddenNow(false);
+        time.advance(5);
+        window->show();
+        handleEvents();
+        time.advance(5);
+        EXPECT_EQ(missing, 0);
+        EXPECT_TRUE(view->isVisible());
+
+        overlay->setHiddenNow(true);
+        content->hide();
+        overlay->setHiddenNow(false);
+        time.advance(1.9);
+        EXPECT_EQ(missing, 0);
+        time.advance(0.2);
+        EXPECT_EQ(missing, 1);
+        EXPECT_TRUE(overlay->isHidden());
+        EXPECT_EQ(time.timerCount(), 0u);
+    }
+}
+
 /// The host destroys something while the overlay is in each of its states.
 class OverlayEndTest : public OverlayTest {
 protected:

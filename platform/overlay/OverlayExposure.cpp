@@ -3,11 +3,24 @@
 
 #include <QtCore/QEvent>
 
+#include <algorithm>
+
 namespace velmora {
 
 namespace {
+
 constexpr double LongestWaitSeconds = 2;
+
+// A widget's visible region leaves out what its opaque children cover.
+bool hasVisiblePart(const QWidget *widget) {
+    if (!widget->isVisible())
+        return false;
+    const auto children = widget->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    return !widget->visibleRegion().isEmpty() ||
+           std::any_of(children.begin(), children.end(), hasVisiblePart);
 }
+
+} // namespace
 
 void OverlayExposure::begin(QWidget *view, QWidget *superview, QWindow *own) {
     end();
@@ -57,7 +70,7 @@ void OverlayExposure::check() {
 bool OverlayExposure::isExposed() const {
     if (m_own && !m_own->isExposed())
         return false;
-    return m_view->isVisible() && !m_view->visibleRegion().isEmpty();
+    return hasVisiblePart(m_view);
 }
 
 } // namespace velmora
