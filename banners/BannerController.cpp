@@ -5,6 +5,7 @@
 #include "AdsEventLogger.h"
 #include "Animator.h"
 #include "BannerImageView.h"
+#include "BannerNativeWindow.h"
 #include "BannerShadowView.h"
 #include "CloseButtonCell.h"
 #include "InterfaceImage.h"
@@ -208,6 +209,8 @@ void BannerController::setBannerConstraints() {
         return;
     m_rotation.watch(own);
     m_placement.place(own, m_bannerImage, m_closeButton);
+    if (m_bannerImage)
+        new BannerNativeWindow(own, m_bannerImage);
 }
 
 void BannerController::updateBannerConstraint() {

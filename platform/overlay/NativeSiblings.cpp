@@ -5,9 +5,20 @@
 
 #include <QtCore/QEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {
+
+namespace {
+
+constexpr const char *LayerProperty = "velmoraLayer";
+
+NativeSiblings::Layer layerOf(const QWindow &window) {
+    return NativeSiblings::Layer(window.property(LayerProperty).toInt());
+}
+
+} // namespace
 
 QWidget *nativeWidgetOf(QWidget *superview) {
     return superview->windowHandle() ? superview : superview->nativeParentWidget();
@@ -18,15 +29,29 @@ NativeSiblings::NativeSiblings(QWidget *superview, std::function<void()> changed
     follow();
 }
 
-bool NativeSiblings::areVisible(const QWindow *own) const {
+void NativeSiblings::setLayer(QWindow *window, Layer layer) {
+    if (window)
+        window->setProperty(LayerProperty, int(layer));
+}
+
+bool NativeSiblings::isOverlayVisible() const {
+    const QObjectList children = m_root ? m_root->children() : QObjectList();
+    return std::any_of(children.begin(), children.end(), [](const QObject *object) {
+        const auto *child = qobject_cast<const QWindow *>(object);
+        return child && child->isVisible() && layerOf(*child) == Layer::Overlay;
+    });
+}
+
+bool NativeSiblings::areVisible(Layer layer, const QRect &frame) const {
     const QWidget *native = nativeWidgetOf(m_superview);
     const QWindow *root = native ? native->windowHandle() : nullptr;
     if (!root)
         return false;
-    const QRect covered(m_superview->mapTo(native, QPoint()), m_superview->size());
+    const QRect covered(m_superview->mapTo(native, frame.topLeft()), frame.size());
     for (const QObject *object : root->children()) {
         const auto *child = qobject_cast<const QWindow *>(object);
-        if (child && child != own && child->isVisible() && child->geometry().intersects(covered))
+        if (child && layerOf(*child) < layer && child->isVisible() &&
+            child->geometry().intersects(covered))
             return true;
     }
     return false;

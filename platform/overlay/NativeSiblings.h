@@ -21,13 +21,22 @@ class NativeSiblings : public QObject {
     Q_OBJECT
 
 public:
+    /// Native windows of the framework's own, from the bottom to the top.
+    enum class Layer { Host, Banner, Overlay };
+    /// Marks a native window as one of a layer. Those of the host need no mark;
+    /// null is allowed.
+    static void setLayer(QWindow *window, Layer layer);
+
     /// @param changed called on a later turn of the main loop, once for several changes, when a
     ///                native window may have been added, removed, moved, resized, shown or hidden
     NativeSiblings(QWidget *superview, std::function<void()> changed);
 
-    /// Whether a visible native window intersects the superview.
-    /// @param own a native window that does not count; may be null
-    bool areVisible(const QWindow *own) const;
+    /// Whether a visible native window of a layer below intersects a rectangle.
+    /// @param layer that of the asking object
+    /// @param frame in the superview's coordinates
+    bool areVisible(Layer layer, const QRect &frame) const;
+    /// Whether a native window of Layer::Overlay is visible.
+    bool isOverlayVisible() const;
 
     /// Watches the native window that the superview lies in now.
     /// @return true when that is another one than at the last call; false for the first one

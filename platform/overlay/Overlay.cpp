@@ -200,8 +200,9 @@ void Overlay::prepareToShow() {
 }
 
 bool Overlay::isHiddenByNativeWindows() const {
-    // The view's own native window does not count; a plain child may have one, too.
-    return m_siblings->areVisible(m_mount->nativeWindow());
+    // A plain child gets a native window of its own when Qt gives one to its siblings.
+    NativeSiblings::setLayer(m_view->windowHandle(), NativeSiblings::Layer::Overlay);
+    return m_siblings->areVisible(NativeSiblings::Layer::Overlay, m_superview->rect());
 }
 
 void Overlay::enterWindow() {

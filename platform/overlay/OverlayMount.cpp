@@ -24,7 +24,8 @@ void OverlayMount::becomeChild() {
 void OverlayMount::enterWindow(bool hidden) {
     Animator::setHiddenNow(m_view, hidden);
     const QPointer<QWidget> inner = m_view->focusWidget();
-    m_window = std::make_unique<OverlayWindow>(m_superview, m_windowLost);
+    m_window =
+        std::make_unique<OverlayWindow>(m_superview, NativeSiblings::Layer::Overlay, m_windowLost);
     // Before the view leaves the window: Qt would otherwise give its focus to a covered widget.
     m_focus.setHolder(focusHolder());
     m_window->setView(m_view);

@@ -2,7 +2,6 @@
 #include "OverlayWindow.h"
 
 #include "MainQueue.h"
-#include "NativeSiblings.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
@@ -23,7 +22,8 @@ QWidget *topmostChild(const QWidget *superview) {
     return last == children.rend() ? nullptr : static_cast<QWidget *>(*last);
 }
 
-OverlayWindow::OverlayWindow(QWidget *superview, std::function<void()> lost)
+OverlayWindow::OverlayWindow(QWidget *superview, NativeSiblings::Layer layer,
+                             std::function<void()> lost)
     : m_superview(superview), m_root(new QWidget), m_lost(std::move(lost)) {
     m_root->setWindowFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     m_root->setAttribute(Qt::WA_ShowWithoutActivating);
@@ -39,6 +39,7 @@ OverlayWindow::OverlayWindow(QWidget *superview, std::function<void()> lost)
     m_keyProxy = new OverlayKeyProxy(superview);
     m_keyProxy->installEventFilter(this);
     connect(m_keyProxy, &QObject::destroyed, this, &OverlayWindow::reportLostLater);
+    NativeSiblings::setLayer(nativeWindow(), layer);
     nativeWindow()->installEventFilter(this);
 }
 

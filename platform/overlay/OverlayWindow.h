@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "NativeSiblings.h"
 #include "OverlayKeyProxy.h"
 
 #include <QtCore/QList>
@@ -26,10 +27,11 @@ class OverlayWindow : public QObject {
     Q_OBJECT
 
 public:
+    /// @param layer what the window is over
     /// @param lost called on a later turn of the main loop after the host's native window or the
     ///             key proxy was destroyed, while the superview may still exist. Afterwards this
     ///             object can only be destroyed.
-    OverlayWindow(QWidget *superview, std::function<void()> lost);
+    OverlayWindow(QWidget *superview, NativeSiblings::Layer layer, std::function<void()> lost);
     /// Destroys the view, on a later turn of the main loop, unless it has another parent by then.
     ~OverlayWindow() override;
 

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "BannerNativeWindow.h"
+
+#include "MainQueue.h"
+
+#include <Velmora/Support.h>
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QLayout>
+
+#include <utility>
+
+namespace velmora {
+
+BannerNativeWindow::BannerNativeWindow(QWidget *place, QWidget *picture)
+    : QObject(place), m_place(place), m_picture(picture) {
+    place->installEventFilter(this);
+    followSuperview();
+}
+
+void BannerNativeWindow::followSuperview() {
+    leaveWindow();
+    QWidget *superview = m_place->parentWidget();
+    m_siblings =
+        superview ? std::make_unique<NativeSiblings>(superview, [this] { update(); }) : nullptr;
+    updateLater();
+}
+
+bool BannerNativeWindow::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_place)
+        return false;
+    switch (event->type()) {
+    case QEvent::ParentChange:
+        followSuperview();
+        break;
+    case QEvent::Show:
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::Resize:
+        // At once, so that the picture moves together with the host's content.
+        if (m_window)
+            update();
+        else
+            updateLater();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void BannerNativeWindow::updateLater() {
+    if (std::exchange(m_updatePosted, true))
+        return;
+    MainQueue::post(this, [this] {
+        m_updatePosted = false;
+        update();
+    });
+}
+
+void BannerNativeWindow::update() {
+    QWidget *superview = m_place->parentWidget();
+    if (!superview || !m_siblings || !m_picture)
+        return;
+    // The host's native window may have been created again, and this one destroyed with it.
+    if (m_siblings->follow() || (m_window && !m_window->isWhole()))
+        leaveWindow();
+    // Plain widgets get native windows of their own when Qt gives them to their siblings.
+    NativeSiblings::setLayer(m_place->windowHandle(), NativeSiblings::Layer::Banner);
+    const bool isCovered =
+        m_place->isVisible() &&
+        m_siblings->areVisible(NativeSiblings::Layer::Banner, m_place->geometry());
+    if (!isCovered && m_place->isVisible())
+        leaveWindow();
+    if (isCovered && !m_window)
+        enterWindow(superview);
+    if (!m_window)
+        return;
+    m_window->setFrame(m_place->geometry());
+    m_window->setVisible(m_place->isVisible());
+    if (!m_siblings->isOverlayVisible())
+        m_window->raise();
+}
+
+void BannerNativeWindow::enterWindow(QWidget *superview) {
+    LOG(QStringLiteral("the banner gets a native window, over those of the host"));
+    m_window = std::make_unique<OverlayWindow>(superview, NativeSiblings::Layer::Banner,
+                                               [this] { update(); });
+    m_window->setView(m_picture);
+    m_picture->show();
+}
+
+void BannerNativeWindow::leaveWindow() {
+    if (!m_window)
+        return;
+    if (m_picture) {
+        m_picture->setParent(m_place);
+        if (QLayout *layout = m_place->layout())
+            layout->addWidget(m_picture);
+        m_picture->show();
+    }
+    m_window.reset();
+}
+
+} // namespace velmora
