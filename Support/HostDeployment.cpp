@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "HostDeployment.h"
 
-#include "ServerName.h"
 #include "Log.h"
+#include "ServerName.h"
 
 #include <Velmora/Bundle.h>
 
