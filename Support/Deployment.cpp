@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Deployment.h"
 
+#include "HostDeployment.h"
+#include "MainQueue.h"
+
+#include <Velmora/Bundle.h>
+
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
-#include <QtCore/QtGlobal>
+
+#include <atomic>
+#include <forward_list>
 
 namespace velmora {
 
@@ -24,8 +32,19 @@ Deployment withEnvironment(Deployment values) {
     return values;
 }
 
+struct Values {
+    Deployment deployment;
+    bool isFinal = false;
+};
+
 // Not under ProcessRoot: a test chooses its servers first and then starts fresh processes.
-std::optional<Deployment> s_values;
+std::atomic<const Values *> s_values = nullptr;
+
+// Values that were replaced stay, because other threads may still be reading them. Main thread.
+void use(Values values) {
+    static auto &all = *new std::forward_list<Values>;
+    s_values = &all.emplace_front(std::move(values));
+}
 
 } // namespace
 
@@ -41,13 +60,23 @@ Deployment Deployment::builtIn() {
 }
 
 const Deployment &Deployment::current() {
-    if (!s_values)
-        s_values = withEnvironment(builtIn());
-    return *s_values;
+    const Values *values = s_values;
+    // Without an application object the host's Info.plist is not found.
+    const bool canFindHost = QCoreApplication::instance() != nullptr;
+    if (!values || (!values->isFinal && canFindHost && MainQueue::isMainThread())) {
+        Deployment deployment = builtIn();
+        HostDeployment::apply(Bundle::mainBundle(), &deployment);
+        use({withEnvironment(deployment), canFindHost});
+        values = s_values;
+    }
+    return values->deployment;
 }
 
 void Deployment::replace(std::optional<Deployment> values) {
-    s_values = std::move(values);
+    if (values)
+        use({*values, true});
+    else
+        s_values = nullptr;
 }
 
 } // namespace velmora

@@ -9,10 +9,10 @@
 namespace velmora {
 
 /// The addresses of the ad server, the store and the reachability probe. The values are build
-/// options. In a build with VELMORA_DEVELOPER_BUILD the environment variables
-/// VELMORA_AD_SERVER_URL, VELMORA_AD_SERVER_CA, VELMORA_STORE_LOOKUP_URL and
-/// VELMORA_REACHABILITY_PROBE take their place; they are read at the first use. Main thread only,
-/// but current() may be read on any thread after the main thread's first call of it.
+/// options; those in the host's Info.plist take their place (HostDeployment). In a build with
+/// VELMORA_DEVELOPER_BUILD the environment variables VELMORA_AD_SERVER_URL, VELMORA_AD_SERVER_CA,
+/// VELMORA_STORE_LOOKUP_URL and VELMORA_REACHABILITY_PROBE go before both. Main thread only, but
+/// current() may be called on any thread after the main thread's first call of it.
 struct Deployment {
     /// Base URL of the ad server: https, no trailing slash.
     QString acsURL;
@@ -33,13 +33,15 @@ struct Deployment {
     /// for the system's authorities. The certificate is verified in either case.
     QByteArray adServerAuthorities;
 
-    /// The values in use.
+    /// The values in use. They are read at the first call, and once more at the main thread's first
+    /// call with an application object, without which the host's Info.plist is not found. Any other
+    /// call only returns the reference, which stays valid until the process ends.
     static const Deployment &current();
 
     /// The build options alone.
     static Deployment builtIn();
 
-    /// For tests: replaces the values in use; std::nullopt restores those of build and
+    /// For tests: replaces the values in use; std::nullopt restores those of build, Info.plist and
     /// environment. Objects that exist already may keep the values that they have read.
     static void replace(std::optional<Deployment> values);
 };

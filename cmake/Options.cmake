@@ -1,5 +1,13 @@
 # SPDX-License-Identifier: Apache-2.0
-# By default, a project that embeds Velmora builds the library only.
+# As everywhere with CMake, BUILD_SHARED_LIBS decides whether the library is shared or static. Where a
+# project that embeds Velmora does not set it, Velmora is shared. This is a normal variable, and so does
+# not change what that project builds itself.
+if(NOT DEFINED BUILD_SHARED_LIBS)
+    set(BUILD_SHARED_LIBS ON)
+endif()
+
+# By default, a project that embeds Velmora builds the library only, and installs nothing of it.
+option(VELMORA_INSTALL "Install the library, its headers and a CMake package" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_ADSERVER "Build the development ad server" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_DEMO "Build the demo host application" ${PROJECT_IS_TOP_LEVEL})
 option(VELMORA_BUILD_BENCHMARKS "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})

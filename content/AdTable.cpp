@@ -30,10 +30,14 @@ QByteArray lossyAscii(const QString &text) {
     return bytes;
 }
 
+QVariant hostIdentifier() {
+    return VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
+}
+
 } // namespace
 
 QString AdTable::requestBody() {
-    const QVariant value = VLMMainAppBundle().objectForInfoDictionaryKey(MetrivoAppId);
+    const QVariant value = hostIdentifier();
     const QString identifier = value.isValid() ? value.toString() : DefaultAppId;
     // As text and not by QJsonDocument: these are the bytes that the ad server expects.
     return QStringLiteral("{\"inner_id\" : \"%1\",\"language\" : \"EN\","
@@ -50,6 +54,10 @@ void AdTable::load(const Completion &completion) {
         LOG(QStringLiteral("the ad server has answered already in this run"));
         return;
     }
+    if (!m_hasLookedForIdentifier && !hostIdentifier().isValid())
+        LOG(QStringLiteral("the host has no Info.plist with the key %1: the ad server is told %2")
+                .arg(MetrivoAppId, DefaultAppId));
+    m_hasLookedForIdentifier = true;
     m_usesCache = true;
     const bool isOnline = AdsMacHelper::isInternetConnection();
     m_cacheStorage.whenLoaded([weak = weak_from_this(), isOnline, completion] {

@@ -67,6 +67,7 @@ private:
     AdsCacheInfoStorage m_cacheStorage;
     AdReply m_reply;
     QList<QJsonObject> m_resting;
+    bool m_hasLookedForIdentifier = false;
     /// Until the reply is there, ads are drawn from the cached ones.
     bool m_usesCache = false;
     bool m_isRequested = false;

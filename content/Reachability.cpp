@@ -4,14 +4,13 @@
 #include "Deployment.h"
 #include "MainQueue.h"
 #include "RouteMonitor.h"
+#include "ServerName.h"
 
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
 
 #include <QtCore/QCoreApplication>
-
-#include <arpa/inet.h>
 
 namespace velmora {
 
@@ -73,9 +72,7 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithURL(const QUrl &url)
 }
 
 bool Reachability::isIpAddress(const QString &host) {
-    in_addr parsed{};
-    return !host.contains(QChar::Null) && // inet_pton() would stop there
-           inet_pton(AF_INET, host.toUtf8().constData(), &parsed) == 1;
+    return ServerName::isIPv4Address(host);
 }
 
 bool Reachability::startNotifier() {

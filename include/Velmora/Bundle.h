@@ -33,7 +33,7 @@ public:
     /// The file is searched beside the executable, in the folder above it, and in the resources as
     /// ":/Info.plist", and read once. It must be a property list in XML form of at most 256 KiB.
     /// Any other file, also a binary property list, is skipped with a warning in Qt's log, with
-    /// debug mode off, too.
+    /// debug mode off, too. docs/deployment.md lists the keys that the framework reads.
     QVariant objectForInfoDictionaryKey(const QString &key) const;
 
     /// The folder with the resources: a file path or a Qt resource path (":/..."). In a macOS

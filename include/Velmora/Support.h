@@ -10,6 +10,10 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
+// A host's logging library may define a macro of this name, which would replace the function's.
+#pragma push_macro("LOG")
+#undef LOG
+
 /// @file
 /// Functions of the framework that a host may use too. None throws. All may be called before the
 /// application object (QApplication) exists.
@@ -39,8 +43,14 @@ VELMORA_EXPORT QString VLMStringFromKey(const QString &key);
 /// Writes a message to the log while debug mode is on and ads are not removed; otherwise does
 /// nothing. The message is a Qt debug message of the category "velmora", so it goes to the
 /// installed message handler. Qt's logging rules do not filter it. Any thread.
+///
+/// A macro LOG that a host has defined before it includes this header is defined again afterwards.
+/// If the macro takes arguments, parentheses call the function: (LOG)(message). Otherwise call it
+/// in a source without the macro, or after #undef LOG.
 VELMORA_EXPORT void LOG(const QString &message);
 
 /// Lets a timer also fire while the user drags or resizes a window or holds a menu open. With Qt
 /// every timer does, so this only sets Timer::firesDuringTracking(). Null is ignored. Main thread.
 VELMORA_EXPORT void setGodTimer(const velmora::TimerPtr &timer);
+
+#pragma pop_macro("LOG")

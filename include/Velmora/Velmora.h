@@ -16,6 +16,10 @@
 #include <memory>
 #include <vector>
 
+// A host's logging library may define a macro of this name, which would replace the function's.
+#pragma push_macro("LOG")
+#undef LOG
+
 namespace velmora {
 class BannerController;
 class SplashScreenPresenter;
@@ -298,6 +302,9 @@ public:
     /// @}
 
     /// Writes "VELMORA :: level :: message" to the log while debug mode is on and ads are not
-    /// removed. Any thread.
+    /// removed. Any thread. Beside a macro of this name it is called as the function LOG() is, see
+    /// Support.h: (Velmora::LOG)(level, message).
     static void LOG(const QString &level, const QString &message);
 };
+
+#pragma pop_macro("LOG")

@@ -9,6 +9,12 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+// Outside of the namespace, because the resources' own function is. It makes the linker take the
+// resources from a static library.
+static void registerResources() {
+    Q_INIT_RESOURCE(velmora_resources);
+}
+
 namespace velmora {
 
 namespace {
@@ -60,7 +66,10 @@ struct HostBundle {
 };
 
 struct FrameworkBundle {
-    FrameworkBundle() { bundle.m_resources = QStringLiteral(":/velmora"); }
+    FrameworkBundle() {
+        registerResources();
+        bundle.m_resources = QStringLiteral(":/velmora");
+    }
     Bundle bundle;
 };
 

@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "VideoFiles.h"
 
-#include <QtCore/QFile>
+#include "OwnFile.h"
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QStringList>
-
-#include <dlfcn.h>
 
 namespace velmora {
 
 namespace {
-
-// The folder of the shared library or program that contains this function.
-QString ownFolder() {
-    Dl_info info{};
-    if (!dladdr(reinterpret_cast<const void *>(&ownFolder), &info) || !info.dli_fname)
-        return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath();
-}
 
 QStringList candidates(const QString &fileName, const char *variable) {
 #ifdef VELMORA_DEVELOPER_BUILD
@@ -27,9 +18,13 @@ QStringList candidates(const QString &fileName, const char *variable) {
     Q_UNUSED(variable)
 #endif
     QStringList paths;
-    if (const QString folder = ownFolder(); !folder.isEmpty())
+    if (const QString folder = OwnFile::folder(); !folder.isEmpty()) {
         paths << folder + QLatin1Char('/') + fileName
               << folder + QStringLiteral("/velmora/") + fileName;
+#ifdef VELMORA_VIDEO_FROM_PROGRAM
+        paths << folder + QStringLiteral("/" VELMORA_VIDEO_FROM_PROGRAM "/") + fileName;
+#endif
+    }
 #ifdef VELMORA_DEVELOPER_BUILD
     paths << QStringLiteral(VELMORA_VIDEO_FOLDER "/") + fileName;
 #endif

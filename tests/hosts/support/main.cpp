@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "LogMacros.h"
+
 #include <Velmora/AdsMacHelper.h>
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
@@ -29,6 +31,7 @@ int main(int argc, char **argv) {
     const QString key = QStringLiteral("RemoveAdsText");
     expect(texts.contains(key) && texts.value(key) == VLMStringFromKey(key), "no strings");
     AdsMacHelper::getSystemUUID();
+    expect(logsBesideFunctionMacro() && logsBesideObjectMacro(), "a macro LOG was changed");
 
     const auto monitor =
         Reachability::reachabilityWithURL(QUrl(QStringLiteral("https://127.0.0.1")));
