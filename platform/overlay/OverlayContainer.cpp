@@ -2,6 +2,8 @@
 #include "OverlayContainer.h"
 
 #include "MainQueue.h"
+#include "OverlayRoot.h"
+#include "StyleShield.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
@@ -22,14 +24,12 @@ QWidget *topmostChild(const QWidget *superview) {
 }
 
 OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> lost)
-    : m_root(new QWidget), m_shell(new QWindow), m_lost(std::move(lost)) {
+    : m_root(new OverlayRoot), m_shell(new QWindow), m_lost(std::move(lost)) {
     constexpr auto Flags = Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
     m_root->setWindowFlags(Flags);
     m_root->setAttribute(Qt::WA_ShowWithoutActivating);
     m_root->setAttribute(Qt::WA_QuitOnClose, false);
-    // A child of the superview would inherit these; the root widget is a window.
-    m_root->setPalette(superview->palette());
-    m_root->setFont(superview->font());
+    // A child of the superview would inherit it; the root widget is a window.
     m_root->setLayoutDirection(superview->layoutDirection());
     m_root->winId();
     // Qt closes all windows before it quits and gives up at the first that does not close. A native
@@ -42,6 +42,12 @@ OverlayContainer::OverlayContainer(QWidget *superview, std::function<void()> los
     m_container = QWidget::createWindowContainer(m_shell, superview);
     m_container->setFocusPolicy(Qt::NoFocus);
     m_container->hide();
+    // The root widget is destroyed later than this object.
+    new StyleShield(m_root, [self = QPointer<OverlayContainer>(this)] {
+        if (self)
+            self->fillShell();
+    });
+    new StyleShield(m_container, [this] { m_container->setGeometry(m_frame); });
     m_root->windowHandle()->setParent(m_shell);
     m_keyProxy = new OverlayKeyProxy(superview);
     connect(m_keyProxy, &QObject::destroyed, this, &OverlayContainer::reportLostLater);
@@ -72,8 +78,10 @@ void OverlayContainer::setView(QWidget *view) {
 }
 
 void OverlayContainer::setFrame(const QRect &frame) {
+    m_frame = frame;
     if (m_container)
         m_container->setGeometry(frame);
+    fillShell();
 }
 
 void OverlayContainer::setVisible(bool visible) {
@@ -127,6 +135,8 @@ void OverlayContainer::leaveShell() {
 }
 
 void OverlayContainer::fillShell() {
+    if (!m_shell)
+        return;
     m_root->setGeometry({QPoint(), m_shell->size()});
     if (m_view)
         m_view->setGeometry(m_root->rect());

@@ -57,6 +57,7 @@ private:
 
     QWidget *m_root;
     QPointer<QWidget> m_view;
+    QRect m_frame; // of the container
     QPointer<QWindow> m_shell;
     QPointer<QWidget> m_container;
     QPointer<OverlayKeyProxy> m_keyProxy;
