@@ -12,6 +12,7 @@
 #include "InterfaceLoader.h"
 #include "Log.h"
 #include "MainQueue.h"
+#include "PlainView.h"
 #include "RandomSource.h"
 #include "Switches.h"
 #include "Window.h"
@@ -46,6 +47,7 @@ BannerController::~BannerController() {
 // Loading.
 
 QWidget *BannerController::loadView() {
+    InterfaceLoader::registerClass<PlainView>(QStringLiteral("PlainView"));
     InterfaceLoader::registerClass<BannerImageView>(QStringLiteral("BannerImageView"));
     InterfaceLoader::registerClass<CloseButtonCell>(QStringLiteral("CloseButtonCell"));
     QWidget *root = InterfaceLoader::load(QStringLiteral("BannerController"));

@@ -5,10 +5,10 @@
 #include "BannerShadowView.h"
 #include "CloseButtonCell.h"
 #include "InterfaceLoader.h"
-
-#include <QtWidgets/QLayout>
+#include "StyleShield.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace velmora {
 
@@ -22,15 +22,17 @@ constexpr double SmallestCircle = 15;
 constexpr double LargestCircle = 22;
 constexpr int CloseMargin = 3;
 
+// Places the close button in the banner's right corner, also in an application that is read from
+// right to left: the picture and its text are not mirrored, so the button would come to lie on
+// what the picture shows at the left.
+//
 // The circle is small on a small banner, so that it hides little of the picture. The area that
 // takes clicks keeps its size as long as the banner has room for it.
-void fitCloseButton(CloseButtonCell &close, QLayout &layout, const QSize &banner) {
+void placeCloseButton(CloseButtonCell &close, const QSize &banner) {
     const int room = std::min(banner.width(), banner.height());
     const int side = std::min(close.sizeHint().height(), room);
     const int margin = std::clamp((room - side) / 2, 0, CloseMargin);
-    close.setFixedSize(side, side);
-    layout.setContentsMargins(margin, margin, margin, margin);
-    layout.activate();
+    close.setGeometry(banner.width() - margin - side, margin, side, side);
     close.setImageDiameter(
         std::clamp(banner.height() * CircleShare, SmallestCircle, LargestCircle));
 }
@@ -55,9 +57,16 @@ void BannerPlacement::place(QWidget *view, BannerImageView *image, CloseButtonCe
                                 depth = m_shadowBotOfset](const QRect &frame) {
         if (shadow)
             shadow->follow(frame, qRound(depth->constant()));
-        if (button && picture && picture->layout())
-            fitCloseButton(*button, *picture->layout(), frame.size());
+        if (picture)
+            picture->setGeometry({QPoint(), frame.size()});
+        if (button)
+            placeCloseButton(*button, frame.size());
     });
+    for (QWidget *root : std::initializer_list<QWidget *>{view, m_shadow})
+        new StyleShield(root, [layout = m_layout] {
+            if (layout)
+                layout->apply();
+        });
     m_layout->add(m_heightConstraint);
     m_layout->add(m_centerXConstraint);
     m_layout->add(m_bottomConstraint);

@@ -13,6 +13,7 @@ constexpr int SideInset = 3;     // points
 BannerShadowView::BannerShadowView(QWidget *banner)
     : QWidget(banner->parentWidget()), m_banner(banner) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
     connect(banner, &QObject::destroyed, this, &QObject::deleteLater);
     hide();

@@ -5,13 +5,14 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QApplication>
 
 namespace velmora {
 
 ColoredButtonCell::ColoredButtonCell(QWidget *parent) : QAbstractButton(parent) {}
 
 QSize ColoredButtonCell::sizeHint() const {
-    const QFontMetrics metrics(font());
+    const QFontMetrics metrics(QApplication::font());
     return {metrics.horizontalAdvance(text()) + metrics.height() * 2, metrics.height() * 2};
 }
 
@@ -45,7 +46,9 @@ QRectF ColoredButtonCell::drawTitle(const QString &title, const QRectF &frame,
         return {};
     QRectF drawn;
     painter.save();
+    painter.setFont(QApplication::font());
     painter.setPen(color);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(frame, Qt::AlignCenter | Qt::TextWordWrap, title, &drawn);
     painter.restore();
     return drawn;

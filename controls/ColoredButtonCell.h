@@ -7,7 +7,8 @@
 namespace velmora {
 
 /// A button with a flat face and title in the colours of its state: enabled and pressed,
-/// enabled, or disabled. A colour that is not set draws nothing. Main thread only.
+/// enabled, or disabled. The title is in the application's font. A colour that is not set draws
+/// nothing. Main thread only.
 class ColoredButtonCell : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(double cornerRadius MEMBER m_cornerRadius)

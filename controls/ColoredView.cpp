@@ -9,7 +9,9 @@ namespace {
 constexpr double CornerRadius = 6;
 }
 
-ColoredView::ColoredView(QWidget *parent) : QWidget(parent) {}
+ColoredView::ColoredView(QWidget *parent) : QWidget(parent) {
+    setAttribute(Qt::WA_NoSystemBackground);
+}
 
 void ColoredView::setColor(const QColor &color) {
     m_color = color;

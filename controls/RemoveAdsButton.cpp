@@ -7,6 +7,7 @@
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -46,7 +47,9 @@ QPainterPath ellipse(const QRectF &frame) {
 } // namespace
 
 RemoveAdsButton::RemoveAdsButton(QWidget *parent)
-    : QAbstractButton(parent), m_shine(this, [this] { restShine(); }) {
+    : QAbstractButton(parent),
+      m_titleFont(QApplication::font()),
+      m_shine(this, [this] { restShine(); }) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -65,6 +68,11 @@ RemoveAdsButton *RemoveAdsButton::make(QWidget *parent) {
     button->m_stringFont.setPixelSize(24);
     button->m_stringColor = Qt::black;
     return button;
+}
+
+void RemoveAdsButton::setTitleFont(const QFont &font) {
+    m_titleFont = font;
+    update();
 }
 
 void RemoveAdsButton::setFrameSize(QSize size) {
@@ -99,7 +107,7 @@ RemoveAdsButton::Look RemoveAdsButton::look() const {
         .topColor = m_topColor,
         .bottomColor = m_bottomColor,
         .titleColor = titleColor(),
-        .titleFont = titleFont(),
+        .titleFont = drawnFont(),
         .title = text(),
         .iconKey = icon().cacheKey(),
     };
@@ -205,7 +213,9 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
         return;
     const bool beside = m_isImage && !m_isCircle;
     const double width = this->width() - (m_isImage ? 1 : 2) * m_titleLeading;
-    painter.setFont(titleFont());
+    // The reading direction of the title, which may be in another language than the application.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter.setFont(drawnFont());
     painter.setPen(color);
     // The height that the title needs in this width; it may wrap.
     const double titleHeight =
@@ -217,21 +227,21 @@ void RemoveAdsButton::drawTitle(QPainter &painter) const {
                      TitleLayout | Qt::TextDontClip, text());
 }
 
-QFont RemoveAdsButton::titleFont() const {
-    QFont wanted = font();
+QFont RemoveAdsButton::drawnFont() const {
+    QFont wanted = m_titleFont;
     if (m_isCircle)
         wanted.setPixelSize(int(CircleTitlePoints));
     return wanted;
 }
 
 QSizeF RemoveAdsButton::titleSize() const {
-    return QFontMetricsF(titleFont(), this).size(0, text());
+    return QFontMetricsF(drawnFont(), this).size(0, text());
 }
 
 QColor RemoveAdsButton::titleColor() const {
     if (!isEnabled())
         return withAlpha(m_stringColor, 0.8);
-    return isDown() ? withAlpha(palette().color(QPalette::Base), 0.8) : m_stringColor;
+    return isDown() ? withAlpha(Qt::white, 0.8) : m_stringColor;
 }
 
 void RemoveAdsButton::drawPath() {

@@ -45,6 +45,11 @@ public:
     /// A button with the usual values: flat green without border, black title, shining.
     static RemoveAdsButton *make(QWidget *parent = nullptr);
 
+    /// Sets the font of the title; in a circle only its typeface counts. Default: the application's
+    /// font when the button was made. QWidget::setFont() has no effect, because style sheets call
+    /// it, too.
+    void setTitleFont(const QFont &font);
+
     /// Resizes the button. With isAutoWidth the size is ignored: the button becomes as wide as
     /// its title and margins, and keeps its height.
     void setFrameSize(QSize size);
@@ -93,7 +98,7 @@ private:
     void restShine();
     QPainterPath facePath() const;
     QPainterPath outlinePath() const;
-    QFont titleFont() const;
+    QFont drawnFont() const;
     QSizeF titleSize() const;
     QColor titleColor() const;
 
@@ -105,6 +110,7 @@ private:
     bool m_isCircle = false;
     bool m_isAnimation = false;
     bool m_isAutoWidth = false;
+    QFont m_titleFont;
     QColor m_borderColor;
     QColor m_topColor;
     QColor m_bottomColor;

@@ -2,19 +2,29 @@
 #pragma once
 
 #include <QtGui/QColor>
-#include <QtWidgets/QLabel>
+#include <QtGui/QFont>
+#include <QtWidgets/QWidget>
 
 namespace velmora {
 
-/// A text whose font and colour no style sheet of the host changes. Centred; wrapped at words when
-/// wordWrap is set. Main thread only.
-class TextField : public QLabel {
+/// A centred text in the application's typeface, wrapped at words when wordWrap is set. Not a
+/// QLabel, because a host's style sheet often has rules for those. Assistive technology finds a
+/// static text with the same words. Main thread only.
+class TextField : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+    Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap)
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
     Q_PROPERTY(int textWeight MEMBER m_weight)
 
 public:
     explicit TextField(QWidget *parent = nullptr);
+
+    QString text() const { return m_text; }
+    void setText(const QString &text);
+
+    bool wordWrap() const { return m_wordWrap; }
+    void setWordWrap(bool wraps);
 
     QColor textColor() const { return m_color; }
     /// An invalid colour draws nothing.
@@ -23,8 +33,9 @@ public:
     /// Sets the font's size, points; at least 1. Default: 13.
     void setTextSize(double points);
 
-    /// The height that the text needs in a width, points.
-    int heightForWidth(int width) const override;
+    /// The size of the text when it is wrapped to a width, points. It is wider when one word is.
+    QSize sizeForWidth(int width) const;
+    int heightForWidth(int width) const override { return sizeForWidth(width).height(); }
     QSize sizeHint() const override;
 
 protected:
@@ -34,6 +45,8 @@ private:
     QFont textFont() const;
     int layoutFlags() const;
 
+    QString m_text;
+    bool m_wordWrap = false;
     QColor m_color;
     int m_weight = QFont::Normal;
     double m_points = 13;

@@ -23,7 +23,8 @@ Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links,
             name, [this](const velmora::Notification &notification) { record(notification); }));
     setTimes(times);
     Velmora::setSplashScreenIcon(AppIcon::picture(IconSide));
-    SplashLook::day().apply();
+    // No colours, so that the panel can choose a preset for them.
+    Velmora::setSplashScreenBackgroundImageScaling(SplashLook::day().scaling);
 }
 
 const QStringList &Advertising::notifications() {

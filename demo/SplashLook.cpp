@@ -2,7 +2,6 @@
 #include "demo/SplashLook.h"
 
 #include "demo/Scenery.h"
-#include "demo/Theme.h"
 
 #include <Velmora/Velmora.h>
 
@@ -26,13 +25,6 @@ Scenery nightScenery() {
 }
 
 } // namespace
-
-SplashLook SplashLook::day() {
-    SplashLook look;
-    look.track = theme::Line;
-    look.elapsed = theme::Accent;
-    return look;
-}
 
 SplashLook SplashLook::night() {
     SplashLook look;

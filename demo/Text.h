@@ -62,6 +62,10 @@ public:
 
         // Its page Look.
         LookPresets,
+        LookAppearance,
+        LookLight,
+        LookDark,
+        LookFollowsHost,
         LookDay,
         LookNight,
         LookColors,

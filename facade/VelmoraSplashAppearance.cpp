@@ -43,7 +43,7 @@ void setOption(const SplashScreenOption &option, const Value &value) {
     const auto controllers = Velmora::SSPresenter().SSControllers();
     for (const auto &controller : controllers)
         option.set(*controller, exact);
-    Velmora::SSPresenter().splashScreenOptions()[option.keyText()] = exact;
+    Velmora::SSPresenter().storeOption(option, exact);
 }
 
 // The operation of one option. Logs a warning first, see
@@ -55,6 +55,12 @@ void warnAndSetOption(const SplashScreenOption &option, const Value &value) {
 }
 
 } // namespace
+
+void Velmora::setSplashScreenAppearance(Appearance appearance) {
+    isInitializedSplashScreenWithLOG_WARNING();
+    if (!ProcessRoot::hasEnded())
+        SSPresenter().setAppearance(appearance);
+}
 
 void Velmora::setSplashScreenTopInset(double inset) {
     warnAndSetOption(SplashScreenStyle::option("topInset"), inset);

@@ -7,6 +7,7 @@
 #include "SplashScreenInterface.h"
 #include "SplashScreenKeys.h"
 #include "SplashScreenLayout.h"
+#include "StyleShield.h"
 #include "SystemVersion.h"
 #include "Window.h"
 
@@ -87,6 +88,12 @@ void SplashScreenController::viewDidLoad() {
     m_layout = new SplashScreenLayout(view(), m_outlets);
     m_appearance.setElements(view(), m_outlets, m_layout);
     new SplashScreenKeys(view(), m_outlets.closeButton);
+    new StyleShield(view(), [weak = weak_from_this()] {
+        if (const auto self = weak.lock(); self && self->m_layout) {
+            self->m_placement.updateFrame();
+            self->m_layout->apply();
+        }
+    });
 }
 
 void SplashScreenController::initViewState() {

@@ -11,11 +11,8 @@ constexpr const char *ResistanceProperty = "horizontalCompressionResistance";
 constexpr int DefaultResistance = 750;
 
 void setResistance(TextField *field, int priority) {
-    if (!field)
-        return;
-    field->setProperty(ResistanceProperty, priority);
-    // A field of low priority may become narrower than its text.
-    field->setMinimumWidth(priority < DefaultResistance ? 1 : 0);
+    if (field)
+        field->setProperty(ResistanceProperty, priority);
 }
 
 } // namespace

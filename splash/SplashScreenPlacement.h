@@ -38,6 +38,9 @@ public:
     double topInset() const { return m_topInset; }
     void setTopInset(double inset);
 
+    /// Gives the view its place again.
+    void updateFrame() { applyTopInset(); }
+
     /// True while the window has content for the view to lie over.
     bool hasContent() const { return m_overlay && m_overlay->superview(); }
     /// Null before place().

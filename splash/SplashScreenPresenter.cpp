@@ -3,7 +3,6 @@
 
 #include "AdsEventLogger.h"
 #include "MainQueue.h"
-#include "SplashScreenStyle.h"
 #include "Switches.h"
 #include "Window.h"
 #include "Workspace.h"
@@ -28,8 +27,7 @@ constexpr double WindowlessSeconds = 10;
 
 } // namespace
 
-SplashScreenPresenter::SplashScreenPresenter()
-    : m_splashScreenOptions(SplashScreenStyle::standardOptions()) {
+SplashScreenPresenter::SplashScreenPresenter() {
     // The first call loads the events that an earlier run could not deliver.
     AdsEventLogger::sharedInstance();
 }
@@ -49,7 +47,8 @@ void SplashScreenPresenter::connectParts() {
     m_sequence.connectClock(weak_from_this());
     m_windows.setHandlers({whileAlive(&Self::windowBecameActive),
                            whileAlive(&Self::windowBecameDisactive),
-                           whileAlive(&Self::windowWillClose), whileAlive(&Self::windowDestroyed)});
+                           whileAlive(&Self::windowWillClose), whileAlive(&Self::windowDestroyed),
+                           whileAlive(&Self::windowPaletteChanged)});
 }
 
 void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> work) {
@@ -61,7 +60,17 @@ void SplashScreenPresenter::post(std::function<void(SplashScreenPresenter &)> wo
 
 void SplashScreenPresenter::setAllSplashScreenParamsFor(const Controller &controller) const {
     if (controller)
-        SplashScreenStyle::restoreAll(*controller, m_splashScreenOptions);
+        m_options.applyAll(*controller);
+}
+
+void SplashScreenPresenter::setAppearance(Appearance appearance) {
+    m_options.setAppearance(appearance);
+    applyPresetToAll();
+}
+
+void SplashScreenPresenter::applyPresetToAll() {
+    for (const Controller &controller : m_windows.all())
+        m_options.applyPreset(*controller);
 }
 
 // Requests.
@@ -125,6 +134,7 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
         return;
     m_needShow = false;
     m_waiting.setNotOver();
+    applyPresetToAll();
     m_sequence.begin(loadTime);
     notify(VLMsplashScreenDidShow);
     if (m_splashScreenStartCount >= 2)
@@ -277,6 +287,13 @@ void SplashScreenPresenter::windowBecameDisactive() {
         if (!self.m_windows.hasKey)
             self.pauseSplashScreens();
     });
+}
+
+// Between two sequences nobody sees the colours, and the next sequence begins with the right ones.
+void SplashScreenPresenter::windowPaletteChanged(QWidget *window) {
+    const Controller controller = m_windows.find(window);
+    if (isShow() && controller)
+        m_options.applyPreset(*controller);
 }
 
 void SplashScreenPresenter::windowWillClose(QWidget *window) {

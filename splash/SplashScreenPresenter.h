@@ -2,6 +2,7 @@
 #pragma once
 
 #include "SplashScreenControllerProtocolOutput.h"
+#include "SplashScreenOptions.h"
 #include "SplashSequence.h"
 #include "SplashVideo.h"
 #include "SplashWaitingPeriod.h"
@@ -101,8 +102,14 @@ public:
     void setAllSplashScreenParamsFor(const Controller &controller) const;
     /// The options for controllers that are made later, by the keys of SplashScreenStyle. Holds no
     /// invalid values.
-    QVariantMap &splashScreenOptions() { return m_splashScreenOptions; }
-    void setSplashScreenOptions(const QVariantMap &options) { m_splashScreenOptions = options; }
+    QVariantMap &splashScreenOptions() { return m_options.values(); }
+    void setSplashScreenOptions(const QVariantMap &options) { m_options.values() = options; }
+    /// Stores a value that the host has set, for controllers that are made later.
+    void storeOption(const SplashScreenOption &option, const QVariant &value) {
+        m_options.set(option, value);
+    }
+    /// Gives all controllers, present and later, the colours of a preset that the host has not set.
+    void setAppearance(Appearance appearance);
 
     // Video.
     void setDefaultVideoWithURL(const QUrl &video, const QUrl &link) {
@@ -186,6 +193,8 @@ private:
     bool maySequenceStart() const;
     void startSequence(qint64 loadTime);
     void windowDestroyed(QObject *window);
+    void windowPaletteChanged(QWidget *window);
+    void applyPresetToAll();
     void watchForWindows();
     void endWindowlessSequence();
     void forgetGoneControllers();
@@ -195,7 +204,7 @@ private:
     SplashVideo m_video;
     SplashSequence m_sequence{m_windows, m_video};
     SplashWaitingPeriod m_waiting;
-    QVariantMap m_splashScreenOptions;
+    SplashScreenOptions m_options;
 
     qint64 m_splashScreenStartCount = 0;
     bool m_needShow = false;

@@ -26,6 +26,10 @@ double SplashScreenStyle::wholePart(const QVariant &value) {
     return double(int(std::clamp(value.toDouble(), -farthest, farthest)));
 }
 
+std::span<const SplashScreenOption> SplashScreenStyle::options() {
+    return Table::rows;
+}
+
 QVariantMap SplashScreenStyle::standardOptions() {
     QVariantMap options;
     for (const SplashScreenOption &row : Table::rows) {
@@ -42,12 +46,12 @@ void SplashScreenStyle::restoreAll(SplashScreenController &controller, const QVa
 }
 
 QString SplashScreenStyle::documentation() {
-    QString page = QStringLiteral("| Operation of `Velmora` | Key | Default | What it is |\n"
-                                  "| --- | --- | --- | --- |\n");
+    QString page = QStringLiteral("| Operation of `Velmora` | Key | Default | Dark | What it is |\n"
+                                  "| --- | --- | --- | --- | --- |\n");
     for (const SplashScreenOption &row : Table::rows)
-        page += QStringLiteral("| `%1` | `%2` | %3 | %4 |\n")
+        page += QStringLiteral("| `%1` | `%2` | %3 | %4 | %5 |\n")
                     .arg(latin1(row.operation), row.keyText(), shown(row.standardValue()),
-                         latin1(row.meaning));
+                         row.darkValue ? shown(row.darkValue()) : QString(), latin1(row.meaning));
     return page;
 }
 

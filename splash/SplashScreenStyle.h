@@ -6,6 +6,7 @@
 #include <QtCore/QLatin1String>
 #include <QtCore/QVariantMap>
 
+#include <span>
 #include <string_view>
 
 namespace velmora {
@@ -19,6 +20,9 @@ struct SplashScreenOption {
     std::string_view meaning;
     /// The value that a presenter starts with; invalid when there is none.
     QVariant (*standardValue)();
+    /// The colour of the dark preset, in whose light counterpart the standard value is. Null for
+    /// options that belong to no preset.
+    QVariant (*darkValue)() = nullptr;
     /// Gives a splash screen a value that a host has just set.
     void (*set)(SplashScreenController &, const QVariant &);
     /// Gives a splash screen the stored value when it is made later. A missing value counts as
@@ -28,13 +32,15 @@ struct SplashScreenOption {
     QString keyText() const { return QLatin1String(key.data(), qsizetype(key.size())); }
 };
 
-/// The options of the splash screens' appearance. To add an option, add a row to the table and an
+/// The table of the options of the splash screens' appearance. To add an option, add a row and an
 /// operation to the facade. Main thread only.
 class SplashScreenStyle {
 public:
     /// The row of a key; a key without a row does not compile.
     static consteval const SplashScreenOption &option(std::string_view key);
 
+    /// All rows.
+    static std::span<const SplashScreenOption> options();
     /// The options of a new presenter, by key.
     static QVariantMap standardOptions();
     /// Applies all options to one splash screen, in the table's order.
@@ -62,14 +68,24 @@ private:
                                             std::string_view operation, std::string_view meaning) {
         using Value = typename ValueOf<decltype(Setter)>::Type;
         return {
-            key,
-            operation,
-            meaning,
-            standardValue,
-            [](SplashScreenController &to, const QVariant &value) {
-                (to.*Setter)(value.value<Value>());
-            },
-            [](SplashScreenController &to, const QVariant &value) { (to.*Setter)(Read(value)); }};
+            .key = key,
+            .operation = operation,
+            .meaning = meaning,
+            .standardValue = standardValue,
+            .set = [](SplashScreenController &to,
+                      const QVariant &value) { (to.*Setter)(value.value<Value>()); },
+            .restore = [](SplashScreenController &to,
+                          const QVariant &value) { (to.*Setter)(Read(value)); },
+        };
+    }
+    /// A colour with its values in the light and in the dark preset.
+    template<auto Setter>
+    static consteval SplashScreenOption colorRow(std::string_view key, QVariant (*light)(),
+                                                 QVariant (*dark)(), std::string_view operation,
+                                                 std::string_view meaning) {
+        SplashScreenOption made = row<Setter>(key, light, operation, meaning);
+        made.darkValue = dark;
+        return made;
     }
 
     static QVariant none() { return {}; }
@@ -78,6 +94,13 @@ private:
     static QVariant white() { return QColor(Qt::white); }
     static QVariant grey() { return QColor::fromRgbF(0.5f, 0.5f, 0.5f); }
     static QVariant darkGrey() { return QColor::fromRgbF(1 / 3.f, 1 / 3.f, 1 / 3.f); }
+    // Of the dark preset. Each of the last three has a contrast of at least 4.5:1 with the first
+    // two.
+    static QVariant darkBackground() { return QColor(0x17, 0x19, 0x1d); }
+    static QVariant darkDisc() { return QColor(0x21, 0x24, 0x2a); }
+    static QVariant darkText() { return QColor(0xf2, 0xf3, 0xf5); }
+    static QVariant darkTrack() { return QColor(0x8e, 0x95, 0xa1); }
+    static QVariant darkElapsed() { return QColor(0xdd, 0xe1, 0xe8); }
     template<auto Number>
     static QVariant number() {
         return Number;
@@ -97,10 +120,11 @@ struct SplashScreenStyle::Table {
         row<&To::setIcon>("icon", none, "setSplashScreenIcon",
                           "picture on the start and end screens; without one the application's "
                           "icon, else the window's"),
-        row<&To::setTextColor>("textColor", black, "setSplashScreenTextColor",
-                               "colour of the two lines of text"),
-        row<&To::setBackgroundColor>("backgroundColor", white, "setSplashScreenBackgroundColor",
-                                     "colour behind everything"),
+        colorRow<&To::setTextColor>("textColor", black, darkText, "setSplashScreenTextColor",
+                                    "colour of the two lines of text"),
+        colorRow<&To::setBackgroundColor>("backgroundColor", white, darkBackground,
+                                          "setSplashScreenBackgroundColor",
+                                          "colour behind everything"),
         row<&To::setBackgroundImage>("backgroundImage", none, "setSplashScreenBackgroundImage",
                                      "picture behind everything"),
         // The key lacks a letter; it stays as hosts know it.
@@ -114,16 +138,18 @@ struct SplashScreenStyle::Table {
         row<&To::setHiddenButtonBeforeVideo>(
             "hiddenButtonBeforeVideo", off, "setSplashScreenHiddenButtonBeforeVideo",
             "leaves the remove-ads button out of the start screen"),
-        row<&To::setTimerTextColor>("timerTextColor", black, "setSplashScreenTimerTextColor",
-                                    "colour of the seconds inside the rings"),
-        row<&To::setTimerBackgroundColor>("timerBackgroundColor", white,
-                                          "setSplashScreenTimerBackgroundColor",
-                                          "colour of the rings' discs"),
-        row<&To::setTimerBorderColor>("timerBorderColor", grey, "setSplashScreenTimerBorderColor",
-                                      "colour of the rings' tracks"),
-        row<&To::setTimerProgressColor>("timerProgressColor", darkGrey,
-                                        "setSplashScreenTimerBorderColor",
-                                        "colour of the rings' elapsed parts"),
+        colorRow<&To::setTimerTextColor>("timerTextColor", black, darkText,
+                                         "setSplashScreenTimerTextColor",
+                                         "colour of the seconds inside the rings"),
+        colorRow<&To::setTimerBackgroundColor>("timerBackgroundColor", white, darkDisc,
+                                               "setSplashScreenTimerBackgroundColor",
+                                               "colour of the rings' discs"),
+        colorRow<&To::setTimerBorderColor>("timerBorderColor", grey, darkTrack,
+                                           "setSplashScreenTimerBorderColor",
+                                           "colour of the rings' tracks"),
+        colorRow<&To::setTimerProgressColor>("timerProgressColor", darkGrey, darkElapsed,
+                                             "setSplashScreenTimerBorderColor",
+                                             "colour of the rings' elapsed parts"),
         row<&To::setTimerBorderWidth, singlePrecision>("timerBorderWidth", number<2>,
                                                        "setSplashScreenTimerBorderWidth",
                                                        "thickness of the rings' tracks, points"),

@@ -19,19 +19,22 @@ void SplashWindows::observe(QWidget *window) {
     Window::of(window);
     auto &center = NotificationCenter::defaultCenter();
     const auto object = QVariant::fromValue<QObject *>(window);
-    const QPointer<QWidget> observed(window);
-    auto &observations = m_observations[window];
+    const QPointer<QWidget> target(window);
+    Observed &observed = m_observations[window];
+    auto &observations = observed.notifications;
     observations.clear();
     // Copies of the handlers: a handler may destroy this object, with the handlers in it.
     observations.push_back(center.addObserver(
         NSWindowDidBecomeKeyNotification, object,
-        [observed, handler = m_handlers.becameKey](const Notification &) { handler(observed); }));
+        [target, handler = m_handlers.becameKey](const Notification &) { handler(target); }));
     observations.push_back(center.addObserver(
         NSWindowDidResignKeyNotification, object,
         [handler = m_handlers.resignedKey](const Notification &) { handler(); }));
     observations.push_back(center.addObserver(
         NSWindowWillCloseNotification, object,
-        [observed, handler = m_handlers.willClose](const Notification &) { handler(observed); }));
+        [target, handler = m_handlers.willClose](const Notification &) { handler(target); }));
+    observed.palette = std::make_unique<PaletteWatch>(
+        window, [target, handler = m_handlers.paletteChanged] { handler(target); });
     QObject::disconnect(window, nullptr, &m_guard, nullptr);
     QObject::connect(window, &QObject::destroyed, &m_guard, [this](QObject *gone) {
         m_observations.erase(gone);

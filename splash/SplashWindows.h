@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "PaletteWatch.h"
 #include "SplashScreenController.h"
 #include <Velmora/NotificationCenter.h>
 
@@ -26,6 +27,7 @@ public:
         std::function<void(QWidget *)> willClose;
         /// The host destroyed a window that is still registered.
         std::function<void(QObject *)> destroyed;
+        std::function<void(QWidget *)> paletteChanged;
     };
 
     void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
@@ -58,7 +60,11 @@ public:
 private:
     Handlers m_handlers;
     std::vector<Controller> m_controllers;
-    std::unordered_map<QObject *, std::vector<NotificationCenter::Observation>> m_observations;
+    struct Observed {
+        std::vector<NotificationCenter::Observation> notifications;
+        std::unique_ptr<PaletteWatch> palette;
+    };
+    std::unordered_map<QObject *, Observed> m_observations;
     /// Receives QObject::destroyed of the windows; disconnects when this object goes.
     QObject m_guard;
 };

@@ -141,6 +141,8 @@ void TimeProgressView::paintEvent(QPaintEvent *) {
         schedule();
     }
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    // Only a size that lasts until the ring is painted redraws it. A host's style sheet may resize
+    // it for a moment, see StyleShield.
     if (m_needsRedraw || resting || m_picture.size() != pixels)
         redraw();
     QPainter painter(this);
@@ -175,11 +177,6 @@ void TimeProgressView::drawRect(QPainter &painter) {
     fill(painter, elapsed, m_progressColor);
     if (m_val1 == Done)
         stopTicking();
-}
-
-void TimeProgressView::resizeEvent(QResizeEvent *event) {
-    QWidget::resizeEvent(event);
-    m_needsRedraw = true;
 }
 
 void TimeProgressView::showEvent(QShowEvent *event) {

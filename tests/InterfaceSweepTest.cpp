@@ -78,6 +78,7 @@ const Operation operations[] = {
     {OPERATION(Velmora::setSplashScreenWaitingVideoTimeSeconds(a.integer))},
     {OPERATION(Velmora::setSplashScreenLoadTime(a.integer))},
     {OPERATION(Velmora::setSplashScreenDelay(a.number))},
+    {OPERATION(Velmora::setSplashScreenAppearance(Velmora::Appearance(a.integer)))},
     {OPERATION(Velmora::setSplashScreenTopInset(a.number))},
     {OPERATION(Velmora::setSplashScreenTopInset(a.number, a.window))},
     {OPERATION(Velmora::setSplashScreenBackgroundColor(a.color))},

@@ -11,6 +11,7 @@
 
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
+#include <QtWidgets/QApplication>
 
 #include <cmath>
 
@@ -141,7 +142,7 @@ TEST_F(RemoveAdsButtonTest, TheBorderIsARingAroundTheFace) {
 TEST_F(RemoveAdsButtonTest, TheTitleIsCentredAndNotCutOff) {
     QFont font = window.font();
     font.setPixelSize(14);
-    button->setFont(font);
+    button->setTitleFont(font);
     button->setProperty("stringColor", QColor(Qt::white));
     button->setText(QStringLiteral("██"));
     show();
@@ -173,7 +174,7 @@ TEST_F(RemoveAdsButtonTest, ItsWidthFollowsItsTitle) {
     EXPECT_EQ(button->height(), 30);
     EXPECT_EQ(button->width(), button->sizeHint().width());
     EXPECT_NEAR(button->width(),
-                QFontMetricsF(button->font()).horizontalAdvance(button->text()) + 24, 2);
+                QFontMetricsF(QApplication::font()).horizontalAdvance(button->text()) + 24, 2);
     show();
     button->resize(400, 40);
     EXPECT_EQ(button->width(), button->sizeHint().width());

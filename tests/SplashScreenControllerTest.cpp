@@ -11,6 +11,7 @@
 #include <Velmora/StandardNames.h>
 
 #include <QtCore/QDir>
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>
@@ -19,6 +20,7 @@
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolBar>
 
+#include <array>
 #include <thread>
 
 namespace velmora::test {
@@ -39,6 +41,22 @@ protected:
         names.sort();
         return names.join(QLatin1Char(' ')).toStdString();
     }
+};
+
+/// With the application's font at several sizes, points; 0 for the usual one.
+class SplashScreenFitTest : public SplashScreenControllerTest,
+                            public ::testing::WithParamInterface<int> {
+protected:
+    ~SplashScreenFitTest() override { QApplication::setFont(m_usual); }
+
+    void useFontSize(int points) {
+        QFont font = m_usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        handleEvents();
+    }
+
+    const QFont m_usual = QApplication::font();
 };
 
 TEST_F(SplashScreenControllerTest, EachViewStateShowsItsOwnElements) {
@@ -266,10 +284,15 @@ TEST_F(SplashScreenControllerTest, TheFirstTimerConstraintIsLoweredForBoth) {
     SystemVersion::setCurrent({});
 }
 
-TEST_F(SplashScreenControllerTest, EverythingFitsAtEverySizeInEveryLanguage) {
+TEST_P(SplashScreenFitTest, EverythingFitsAtEverySizeInEveryLanguage) {
+    if (GetParam() > 0)
+        useFontSize(GetParam());
     const auto tables =
         QDir(QStringLiteral(":/velmora")).entryList({QStringLiteral("*.lproj")}, QDir::Dirs);
     ASSERT_EQ(tables.size(), 10);
+    QImage icon(64, 64, QImage::Format_RGB32);
+    icon.fill(Qt::red);
+    Velmora::setSplashScreenIcon(icon);
     useUnplayableVideo();
     Velmora::forceShow();
     time.advance(1);
@@ -295,11 +318,16 @@ TEST_F(SplashScreenControllerTest, EverythingFitsAtEverySizeInEveryLanguage) {
             outlets().lablesView->parentWidget()->findChild<SplashScreenLayout *>()->apply();
             const QRect all = splash().view()->rect();
             ASSERT_EQ(all.size(), size);
+            for (const TextField *countdown :
+                 {outlets().timeLabel(), outlets().timeVideoLabel.data()})
+                EXPECT_LT(countdown->sizeHint().height(), countdown->height());
             const QRect labels = outlets().lablesView->geometry();
             EXPECT_EQ(labels.width(), size.width());
             EXPECT_GE(first->height(), first->heightForWidth(first->width()));
             EXPECT_GE(second->height(), second->heightForWidth(second->width()));
             EXPECT_GE(second->y(), first->geometry().bottom());
+            for (const TextField *line : {first, second})
+                EXPECT_LE(line->sizeForWidth(line->width()).width(), line->width());
             EXPECT_LE(outlets().iconImageView->geometry().bottom(), labels.top());
             EXPECT_GE(outlets().iconImageView->width(), 24);
             EXPECT_LE(labels.bottom(), outlets().removeAdsButton->y());
@@ -312,6 +340,44 @@ TEST_F(SplashScreenControllerTest, EverythingFitsAtEverySizeInEveryLanguage) {
             EXPECT_LT(outlets().soundButton->geometry().right(),
                       outlets().removeAdsImageButton->x());
         }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Points, SplashScreenFitTest, ::testing::Values(0, 6, 18));
+
+TEST_F(SplashScreenFitTest, TextsFollowTheFontOfTheApplication) {
+    Velmora::forceShow();
+    time.advance(1);
+    window->resize(900, 700);
+    handleEvents();
+    const auto *line = outlets().lablesView->textCommentFieldSecond();
+    const auto sizes = [&] {
+        handleEvents();
+        return std::array{line->sizeHint().height(), outlets().removeAdsButton->height(),
+                          outlets().timeLabel()->sizeHint().height()};
+    };
+    const auto usual = sizes();
+    useFontSize(18);
+    const auto large = sizes();
+    EXPECT_GT(large[0], 1.4 * usual[0]);
+    EXPECT_GT(large[1], 1.4 * usual[1]);
+    EXPECT_EQ(large[2], usual[2]) << "the ring does not grow";
+    useFontSize(6);
+    EXPECT_LT(sizes()[0], 0.9 * usual[0]);
+    QApplication::setFont(m_usual);
+    EXPECT_EQ(sizes(), usual);
+}
+
+TEST_F(SplashScreenControllerTest, TextsCanBeReadByAssistiveTechnology) {
+    Velmora::forceShow();
+    for (const TextField *field :
+         {outlets().lablesView->textCommentFieldFirst(), outlets().timeLabel()}) {
+        QAccessibleInterface *found =
+            QAccessible::queryAccessibleInterface(const_cast<TextField *>(field));
+        ASSERT_NE(found, nullptr);
+        EXPECT_EQ(found->role(), QAccessible::StaticText);
+        EXPECT_FALSE(field->text().isEmpty());
+        EXPECT_EQ(found->text(QAccessible::Name), field->text());
     }
 }
 

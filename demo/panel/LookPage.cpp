@@ -42,6 +42,11 @@ LookPage::LookPage(QWidget *window) : m_window(window) {
 
 void LookPage::addPresets() {
     addSection(Text::LookPresets);
+    // Has no effect on colours that were chosen before; the two buttons choose all of them.
+    addChoice(
+        Text::LookAppearance,
+        {Text::of(Text::LookLight), Text::of(Text::LookDark), Text::of(Text::LookFollowsHost)},
+        [](int choice) { Velmora::setSplashScreenAppearance(Velmora::Appearance(choice)); });
     addButton(Text::LookDay, QStringLiteral("dayButton"), [this] { apply(SplashLook::day()); });
     addButton(Text::LookNight, QStringLiteral("nightButton"),
               [this] { apply(SplashLook::night()); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <Velmora/Appearance.h>
 #include <Velmora/Export.h>
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
@@ -40,6 +41,7 @@ class VELMORA_EXPORT Velmora {
 public:
     Velmora() = delete;
 
+    using Appearance = velmora::Appearance;
     using BannerList = std::vector<std::shared_ptr<velmora::BannerController>>;
 
     /// @name Switches
@@ -162,6 +164,14 @@ public:
     /// invalid colour, NaN and infinity are refused. Lengths are in device-independent pixels. Main
     /// thread.
     /// @{
+
+    /// Sets the preset for the colours of background, texts and countdown rings. A colour that the
+    /// host has set with one of the functions below, before or after this call, stays as it is; the
+    /// defaults that they name are those of Light. With FollowsHost the palette of each window
+    /// decides, whenever a sequence of splash screens begins, and when it changes while one is
+    /// shown. Images, the widths of the rings, and banners do not depend on the preset. Any other
+    /// value counts as Light. Default: Light.
+    static void setSplashScreenAppearance(Appearance appearance);
 
     /// Sets the height of the strip at the top of the content that splash screens leave uncovered.
     /// Default: 0. Splash screens that are added later get the whole-number part only.

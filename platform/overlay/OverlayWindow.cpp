@@ -2,6 +2,8 @@
 #include "OverlayWindow.h"
 
 #include "MainQueue.h"
+#include "OverlayRoot.h"
+#include "StyleShield.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
@@ -24,18 +26,21 @@ QWidget *topmostChild(const QWidget *superview) {
 
 OverlayWindow::OverlayWindow(QWidget *superview, NativeSiblings::Layer layer,
                              std::function<void()> lost)
-    : m_superview(superview), m_root(new QWidget), m_lost(std::move(lost)) {
+    : m_superview(superview), m_root(new OverlayRoot), m_lost(std::move(lost)) {
     m_root->setWindowFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     m_root->setAttribute(Qt::WA_ShowWithoutActivating);
     m_root->setAttribute(Qt::WA_QuitOnClose, false);
-    // A child of the superview would inherit these; the root widget is a window.
-    m_root->setPalette(superview->palette());
-    m_root->setFont(superview->font());
+    // A child of the superview would inherit it; the root widget is a window.
     m_root->setLayoutDirection(superview->layoutDirection());
     m_root->winId();
     // Qt closes all windows before it quits and gives up at the first that does not close. A native
     // child window never does, but Qt skips a widget that is being closed already.
     qt_qwidget_data(m_root)->is_closing = true;
+    // The root widget is destroyed later than this object.
+    new StyleShield(m_root, [self = QPointer<OverlayWindow>(this)] {
+        if (self)
+            self->place();
+    });
     m_keyProxy = new OverlayKeyProxy(superview);
     m_keyProxy->installEventFilter(this);
     connect(m_keyProxy, &QObject::destroyed, this, &OverlayWindow::reportLostLater);
