@@ -107,6 +107,7 @@ public:
         BannerBottom,
         BannerCentre,
         BannerEveryWindow,
+        BannerReserveSpace,
         BannerThisWindow,
         BannerHide,
         BannerShow,
