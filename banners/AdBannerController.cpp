@@ -360,6 +360,9 @@ bool AdBannerController::isBannerHidden() const {
 }
 
 void AdBannerController::setBannerHidden(bool hidden) {
+    // The host may still hold a banner whose view is fading out for good.
+    if (m_removed)
+        return;
     view();
     setPartsHidden(hidden, &Animator::setHiddenNow);
 }

@@ -18,10 +18,10 @@ namespace velmora {
 class BannerImageView;
 class CloseButtonCell;
 
-/// All banners are of this class. One animated banner at the bottom of one host window or view:
-/// shows the banners that the downloader gives it, or house banners, opens the link of a clicked
-/// one and tells the host of a click on the close button. BannerPlacement keeps it in its place,
-/// BannerRotation says when the next banner is due.
+/// One animated banner at the bottom of one host window or view: shows the banners that the
+/// downloader gives it, or house banners, opens the link of a clicked one and tells the host of a
+/// click on the close button. BannerPlacement keeps it in its place, BannerRotation says when the
+/// next banner is due. Every BannerController that a host sees is of this class.
 ///
 /// Main thread only; the operations that say "any thread" post themselves to the main thread.
 class AdBannerController final : public BannerController,
