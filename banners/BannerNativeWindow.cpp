@@ -6,7 +6,6 @@
 #include <Velmora/Support.h>
 
 #include <QtCore/QEvent>
-#include <QtWidgets/QLayout>
 
 #include <utility>
 
@@ -95,8 +94,7 @@ void BannerNativeWindow::leaveWindow() {
         return;
     if (m_picture) {
         m_picture->setParent(m_place);
-        if (QLayout *layout = m_place->layout())
-            layout->addWidget(m_picture);
+        m_picture->setGeometry(m_place->rect());
         m_picture->show();
     }
     m_window.reset();

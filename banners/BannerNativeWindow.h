@@ -20,7 +20,7 @@ class BannerNativeWindow : public QObject {
 
 public:
     /// @param place   the banner's view in the host's content, which owns this
-    /// @param picture the child that fills the place by its layout
+    /// @param picture the child that fills the place
     BannerNativeWindow(QWidget *place, QWidget *picture);
 
     /// Whether the picture is in a native window now.

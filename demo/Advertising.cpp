@@ -17,10 +17,10 @@ Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links,
                          const SplashTimes &times)
     : m_server(server), m_log(log), m_links(links) {
     Velmora::activateDebugMode();
-    auto &centre = velmora::NotificationCenter::defaultCenter();
-    for (const QString &name : notifications())
-        m_observations.push_back(centre.addObserver(
-            name, [this](const velmora::Notification &notification) { record(notification); }));
+    recordSignals();
+    connect(&VelmoraEvents::instance(), &VelmoraEvents::removeAdsClicked, this,
+            &Advertising::removalWanted);
+    Velmora::setBannersReserveSpace(true);
     setTimes(times);
     Velmora::setSplashScreenIcon(AppIcon::picture(IconSide));
     // No colours, so that the panel can choose a preset for them.
@@ -67,10 +67,25 @@ void Advertising::resetAds() {
     }
 }
 
-void Advertising::record(const velmora::Notification &notification) {
-    m_log.record(notification.name, notification.object.toString());
-    if (notification.name == VLMtryRemoveAds)
-        Q_EMIT removalWanted();
+template<class Signal>
+void Advertising::recordAs(const QString &name, Signal signal) {
+    connect(&VelmoraEvents::instance(), signal, this,
+            [this, name](const auto &...text) { m_log.record(name, text...); });
+}
+
+void Advertising::recordSignals() {
+    recordAs(VLMtryRemoveAds, &VelmoraEvents::removeAdsClicked);
+    recordAs(VLMclickForBanner, &VelmoraEvents::bannerClicked);
+    recordAs(VLMclickForVideo, &VelmoraEvents::videoClicked);
+    recordAs(VLMadsVideoDidStart, &VelmoraEvents::videoStarted);
+    recordAs(VLMadsVideoDidStop, &VelmoraEvents::videoStopped);
+    recordAs(VLMsplashScreenShowMoreOne, &VelmoraEvents::splashScreenShownAgain);
+    recordAs(VLMsplashScreenWillShow, &VelmoraEvents::splashScreenWillShow);
+    recordAs(VLMsplashScreenDidShow, &VelmoraEvents::splashScreenShown);
+    recordAs(VLMsplashScreenDidClose, &VelmoraEvents::splashScreenClosed);
+    connect(
+        &VelmoraEvents::instance(), &VelmoraEvents::refused, this,
+        [this](auto, auto, const QString &text) { m_log.record(QStringLiteral("refused"), text); });
 }
 
 } // namespace demo

@@ -3,13 +3,10 @@
 
 #include "demo/SplashTimes.h"
 
-#include <Velmora/NotificationCenter.h>
-
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
-
-#include <vector>
+#include <QtCore/QString>
 
 class QWidget;
 
@@ -20,7 +17,7 @@ class EventLog;
 class LinkOpener;
 
 /// The journal's use of the framework: adds banners and splash screens to its windows, logs the
-/// notifications, and removes advertising when the reader has paid for that.
+/// framework's signals, and removes advertising when the reader has paid for that.
 class Advertising : public QObject {
     Q_OBJECT
 
@@ -55,14 +52,16 @@ Q_SIGNALS:
     void removalWanted();
 
 private:
-    void record(const velmora::Notification &notification);
+    /// Logs a signal of VelmoraEvents, with its text if it has one, under a name.
+    template<class Signal>
+    void recordAs(const QString &name, Signal signal);
+    void recordSignals();
 
     DemoServer &m_server;
     EventLog &m_log;
     LinkOpener &m_links;
     SplashTimes m_times;
     QList<QPointer<QWidget>> m_windows;
-    std::vector<velmora::NotificationCenter::Observation> m_observations;
 };
 
 } // namespace demo

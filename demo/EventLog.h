@@ -8,7 +8,7 @@
 
 namespace demo {
 
-/// The events of this run, oldest first: the framework's notifications, opened links and actions of
+/// The events of this run, oldest first: the framework's signals, opened links and actions of
 /// the host. TimeRole gives milliseconds since the log was made.
 class EventLog : public QAbstractListModel {
     Q_OBJECT

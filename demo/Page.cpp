@@ -3,7 +3,7 @@
 
 #include "demo/Theme.h"
 
-#include <QtCore/QChildEvent>
+#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QVBoxLayout>
 
@@ -11,57 +11,30 @@ namespace demo {
 
 namespace {
 constexpr int GapAboveBanner = 8;
-const QString BannerName = QStringLiteral("bannerView");
-} // namespace
+}
 
 Page::Page(QWidget *parent) : QWidget(parent), m_column(new QVBoxLayout(this)) {
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
 }
 
-void Page::childEvent(QChildEvent *event) {
-    // The framework names the view before it adds it.
-    if (event->added() && event->child()->objectName() == BannerName) {
-        m_banner = qobject_cast<QWidget *>(event->child());
-        event->child()->installEventFilter(this);
-    } else if (event->removed() && (!m_banner || event->child() == m_banner)) {
-        m_banner = nullptr;
-        makeRoom();
-    }
-    QWidget::childEvent(event);
+QWidget *Page::banner() const {
+    return findChild<QWidget *>(QStringLiteral("bannerView"), Qt::FindDirectChildrenOnly);
 }
 
-bool Page::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == m_banner) {
-        switch (event->type()) {
-        case QEvent::Show:
-        case QEvent::Hide:
-        case QEvent::Move:
-        case QEvent::Resize:
-            makeRoom();
-            break;
-        default:
-            break;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void Page::makeRoom() {
-    const bool there = m_banner && !m_banner->isHidden();
-    const int room = there ? qMax(0, height() - m_banner->y() + GapAboveBanner) : 0;
-    // A short window keeps a third for its text, even if the banner then covers some of it.
-    m_column->setContentsMargins(0, 0, 0, qMin(room, height() * 2 / 3));
-    update();
+bool Page::event(QEvent *event) {
+    if (event->type() == QEvent::ContentsRectChange)
+        m_column->setContentsMargins(0, 0, 0, contentsMargins().bottom() > 0 ? GapAboveBanner : 0);
+    return QWidget::event(event);
 }
 
 void Page::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.fillRect(rect(), theme::Paper);
-    const int room = m_column->contentsMargins().bottom();
+    const int room = contentsMargins().bottom();
     if (room <= 0)
         return;
-    const QRect shelf(0, height() - room, width(), room);
+    const QRect shelf = rect().adjusted(0, height() - room - GapAboveBanner, 0, 0);
     painter.fillRect(shelf, theme::PaperShade);
     painter.fillRect(QRect(shelf.left(), shelf.top(), shelf.width(), 1), theme::Line);
 }

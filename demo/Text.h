@@ -111,6 +111,7 @@ public:
         BannerBottom,
         BannerCentre,
         BannerEveryWindow,
+        BannerReserveSpace,
         BannerThisWindow,
         BannerHide,
         BannerShow,

@@ -4,8 +4,8 @@
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
 
+#include "AdBannerController.h"
 #include "AdsDownloader.h"
-#include "BannerController.h"
 #include "FacadeState.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
@@ -15,6 +15,7 @@
 
 #include <utility>
 
+using velmora::AdBannerController;
 using velmora::AdsDownloader;
 using velmora::FacadeState;
 using velmora::MainQueue;
@@ -33,7 +34,7 @@ void removeBannersAndSplashScreens() {
     // removeAdsNow() again or add a banner.
     const Velmora::BannerList banners = std::exchange(Velmora::BControllers(), {});
     for (const auto &banner : banners)
-        banner->removeADS();
+        AdBannerController::of(*banner).removeADS();
     MainQueue::post(&AdsDownloader::forgetGoneDelegates);
 }
 

@@ -1,33 +1,47 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Velmora/Velmora.h>
 
-#include "BannerController.h"
+#include "AdBannerController.h"
+#include "BannerAreas.h"
 #include "FacadeState.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
+#include "Refusal.h"
 #include "Switches.h"
 
 #include <cmath>
 
+using velmora::AdBannerController;
+using velmora::BannerAreas;
 using velmora::BannerController;
 using velmora::FacadeState;
 using velmora::MainQueue;
 using velmora::ProcessRoot;
+using velmora::Refusal;
 using velmora::Switches;
 using velmora::ViewController;
 
 namespace {
 
+using Reason = Refusal::Reason;
+using Request = Refusal::Request;
 using Setter = void (BannerController::*)(double);
 
-// A refusal is logged, here and in isFinite().
 bool mayAdd() {
-    if (Switches::isADSRemoved())
+    if (Switches::isADSRemoved()) {
+        Refusal::reportAdsRemoved(Request::AddBanner);
         return false;
+    }
     if (ProcessRoot::isUsable())
         return true;
-    LOG(QStringLiteral("banner not added: there is no application object"));
+    Refusal::report(Request::AddBanner, Reason::NoApplication,
+                    QStringLiteral("banner not added: there is no application object"));
     return false;
+}
+
+void refuse(Request request, Reason reason, const QString &text) {
+    Velmora::LOG(QStringLiteral("ERROR"), text);
+    Refusal::signal(request, reason, text);
 }
 
 void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
@@ -41,8 +55,8 @@ void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
 bool isFinite(double value) {
     if (std::isfinite(value))
         return true;
-    Velmora::LOG(QStringLiteral("ERROR"),
-                 QStringLiteral("a banner's place must be a finite number"));
+    refuse(Request::SetOption, Reason::InvalidValue,
+           QStringLiteral("a banner's place must be a finite number"));
     return false;
 }
 
@@ -58,11 +72,25 @@ void setForAll(double FacadeState::*defaultValue, Setter setter, double value) {
         (banner.get()->*setter)(value);
 }
 
+// Velmora::BControllFromWindow() has written the log line.
+void signalNoBanner() {
+    Refusal::signal(Request::SetOption, Reason::NotAdded,
+                    QStringLiteral("the window has no banner"));
+}
+
 void setForWindow(QWidget *window, Setter setter, double value) {
-    if (ProcessRoot::hasEnded() || Velmora::isInitializedBannerLOG_ERROR() || !isFinite(value))
+    if (ProcessRoot::hasEnded())
+        return;
+    if (Velmora::isInitializedBannerLOG_ERROR()) {
+        signalNoBanner();
+        return;
+    }
+    if (!isFinite(value))
         return;
     if (BannerController *banner = Velmora::BControllFromWindow(window))
         (banner->*setter)(value);
+    else
+        signalNoBanner();
 }
 
 // Without a match, a log line: hosts know "Window is Empty!".
@@ -90,18 +118,23 @@ void Velmora::addBannerForWindow(QWidget *window) {
     if (!mayAdd())
         return;
     if (!window) {
-        LOG(QStringLiteral("ERROR"), QStringLiteral("no window was given for a banner"));
+        refuse(Request::AddBanner, Reason::NoWindow,
+               QStringLiteral("no window was given for a banner"));
         return;
     }
-    if (!BControllFromWindow(window))
-        addWithDefaults(BannerController::addBannerToWindow(window));
+    if (BControllFromWindow(window))
+        Refusal::report(Request::AddBanner, Reason::AlreadyAdded,
+                        QStringLiteral("banner not added: the window has one"));
+    else
+        addWithDefaults(AdBannerController::addBannerToWindow(window));
 }
 
 void Velmora::addBannerForViewController(ViewController *controller, QWidget *view) {
     if (!mayAdd())
         return;
     if (!controller) {
-        LOG(QStringLiteral("ERROR"), QStringLiteral("no view controller was given for a banner"));
+        refuse(Request::AddBanner, Reason::NoView,
+               QStringLiteral("no view controller was given for a banner"));
         return;
     }
     if (!MainQueue::isMainThread()) {
@@ -113,7 +146,7 @@ void Velmora::addBannerForViewController(ViewController *controller, QWidget *vi
         return;
     }
     if (!BControllFromViewController(controller))
-        addWithDefaults(BannerController::addBannerToViewController(controller, view));
+        addWithDefaults(AdBannerController::addBannerToViewController(controller, view));
 }
 
 BannerController *Velmora::BControllFromWindow(QWidget *window) {
@@ -133,8 +166,14 @@ Velmora::BannerList &Velmora::BControllers() {
     if (!list)
         list.emplace();
     if (!ProcessRoot::hasEnded())
-        std::erase_if(*list, [](const auto &banner) { return banner->isGone(); });
+        std::erase_if(*list,
+                      [](const auto &banner) { return AdBannerController::of(*banner).isGone(); });
     return *list;
+}
+
+void Velmora::setBannersReserveSpace(bool reserve) {
+    if (!ProcessRoot::hasEnded())
+        BannerAreas::current().setReservesSpace(reserve);
 }
 
 void Velmora::setBannersHeight(double height) {
@@ -185,4 +224,6 @@ void Velmora::setBannerHidden(bool hidden, ViewController *controller) {
         banner = BControllFromWindow(controller->viewWindow());
     if (banner)
         banner->setBannerHidden(hidden);
+    else
+        signalNoBanner();
 }

@@ -2,6 +2,7 @@
 #include <Velmora/Velmora.h>
 
 #include "ProcessRoot.h"
+#include "Refusal.h"
 #include "SplashScreenPresenter.h"
 #include "SplashScreenStyle.h"
 
@@ -11,6 +12,7 @@
 #include <cmath>
 
 using velmora::ProcessRoot;
+using velmora::Refusal;
 using velmora::SplashScreenOption;
 using velmora::SplashScreenStyle;
 
@@ -34,8 +36,9 @@ void setOption(const SplashScreenOption &option, const Value &value) {
     if (ProcessRoot::hasEnded())
         return;
     if (!isUsable(value)) {
-        Velmora::LOG(QStringLiteral("ERROR"),
-                     QStringLiteral("a splash screen's colour, image or length is missing"));
+        const QString text = QStringLiteral("a splash screen's colour, image or length is missing");
+        Velmora::LOG(QStringLiteral("ERROR"), text);
+        Refusal::signal(Refusal::Request::SetOption, Refusal::Reason::InvalidValue, text);
         return;
     }
     const QVariant exact = QVariant::fromValue(value);

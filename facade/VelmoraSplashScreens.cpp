@@ -6,6 +6,7 @@
 #include "FacadeState.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
+#include "Refusal.h"
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
 
@@ -16,6 +17,7 @@ using velmora::Deployment;
 using velmora::FacadeState;
 using velmora::MainQueue;
 using velmora::ProcessRoot;
+using velmora::Refusal;
 using velmora::SplashScreenPresenter;
 using velmora::SplashSequence;
 using velmora::Switches;
@@ -29,30 +31,37 @@ constexpr qint64 LongestLoadTime = 15;
 const QString Warning = QStringLiteral("WARNING");
 const QString Error = QStringLiteral("ERROR");
 
-// A refusal is logged, here and in isOnMainThread().
-bool mayShow() {
-    if (Switches::isADSRemoved())
+using Reason = Refusal::Reason;
+using Request = Refusal::Request;
+
+bool isAllowed(Request request) {
+    if (Switches::isADSRemoved()) {
+        Refusal::reportAdsRemoved(request);
         return false;
+    }
     if (ProcessRoot::isUsable())
         return true;
-    LOG(QStringLiteral("splash screens need an application object"));
+    Refusal::report(request, Reason::NoApplication,
+                    QStringLiteral("splash screens need an application object"));
     return false;
 }
 
 // Runs a request on the main thread, unless ads are removed.
-void request(void (*work)(SplashScreenPresenter &)) {
-    if (!mayShow())
+void run(Request request, void (*work)(SplashScreenPresenter &)) {
+    if (!isAllowed(request))
         return;
-    MainQueue::runOrPost([work] {
-        if (!Switches::isADSRemoved())
-            work(Velmora::SSPresenter());
-    });
+    if (MainQueue::isMainThread())
+        work(Velmora::SSPresenter());
+    else
+        MainQueue::post([request, work] { run(request, work); });
 }
 
-bool isOnMainThread() {
+bool isOnMainThread(Request request) {
     if (MainQueue::isMainThread())
         return true;
-    Velmora::LOG(Error, QStringLiteral("splash screens are set up on the main thread only"));
+    const QString text = QStringLiteral("splash screens are set up on the main thread only");
+    Velmora::LOG(Error, text);
+    Refusal::signal(request, Reason::WrongThread, text);
     return false;
 }
 
@@ -72,7 +81,7 @@ void startUpdateCycle() {
 }
 
 bool addSplashScreen(QWidget *window, bool unity) {
-    if (!mayShow() || !isOnMainThread())
+    if (!isAllowed(Request::AddSplashScreen) || !isOnMainThread(Request::AddSplashScreen))
         return false;
     SplashScreenPresenter &presenter = Velmora::SSPresenter();
     startUpdateCycle();
@@ -106,22 +115,25 @@ SplashScreenPresenter &Velmora::SSPresenter() {
 }
 
 void Velmora::show() {
-    request([](SplashScreenPresenter &presenter) { presenter.showSplashScreens(); });
+    run(Request::ShowSplashScreen,
+        [](SplashScreenPresenter &presenter) { presenter.showSplashScreens(); });
 }
 
 void Velmora::forceShow() {
-    request([](SplashScreenPresenter &presenter) { presenter.needForceShowSplashScreens(); });
+    run(Request::ShowSplashScreen,
+        [](SplashScreenPresenter &presenter) { presenter.needForceShowSplashScreens(); });
 }
 
 void Velmora::showWithouSplash() {
-    request([](SplashScreenPresenter &presenter) {
+    run(Request::ShowSplashScreen, [](SplashScreenPresenter &presenter) {
         presenter.setWithoutSplash(true);
         presenter.needForceShowSplashScreens();
     });
 }
 
 void Velmora::refreshWaitAgain() {
-    request([](SplashScreenPresenter &presenter) { presenter.refreshWaitAgain(); });
+    run(Request::RestartWait,
+        [](SplashScreenPresenter &presenter) { presenter.refreshWaitAgain(); });
 }
 
 bool Velmora::addSplashScreenToWindow(QWidget *window) {
@@ -133,7 +145,9 @@ bool Velmora::addSplashScreenToUnityWindow(QWidget *window) {
 }
 
 void Velmora::removeSplashScreenFromWindow(QWidget *window) {
-    if (SplashScreenPresenter *presenter = isOnMainThread() ? presenterUnlessEnded() : nullptr)
+    if (!isOnMainThread(Request::RemoveSplashScreen))
+        return;
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
         presenter->removeSplashScreenWithWindow(window);
 }
 

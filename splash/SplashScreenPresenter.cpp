@@ -3,6 +3,7 @@
 
 #include "AdsEventLogger.h"
 #include "MainQueue.h"
+#include "Refusal.h"
 #include "Switches.h"
 #include "Window.h"
 #include "Workspace.h"
@@ -13,6 +14,13 @@
 namespace velmora {
 
 namespace {
+
+using Reason = Refusal::Reason;
+
+void refuseToShow(Reason reason, const QString &why) {
+    Refusal::report(Refusal::Request::ShowSplashScreen, reason,
+                    QStringLiteral("splash screen not shown: %1").arg(why));
+}
 
 void notify(const QString &name) {
     NotificationCenter::defaultCenter().post(name);
@@ -76,16 +84,22 @@ void SplashScreenPresenter::applyPresetToAll() {
 // Requests.
 
 void SplashScreenPresenter::showSplashScreens() {
-    if (isShow() || !m_waiting.isOver()) {
-        LOG(isShow() ? QStringLiteral("splash screen not shown: one is on screen")
-                     : QStringLiteral("splash screen not shown: the waiting period is not over"));
+    if (isShow()) {
+        refuseToShow(Reason::AlreadyShown, QStringLiteral("one is on screen"));
+        return;
+    }
+    if (!m_waiting.isOver()) {
+        refuseToShow(Reason::NotReady, QStringLiteral("the waiting period is not over"));
         return;
     }
     // The active controller stays known when its window loses the key status between sequences.
     if (m_windows.active && m_windows.hasKey) {
         forceShowSplashScreens();
     } else {
-        LOG(QStringLiteral("splash screen waits for a registered window to become key"));
+        Refusal::report(
+            Refusal::Request::ShowSplashScreen,
+            m_windows.isEmpty() ? Reason::NoRegisteredWindow : Reason::NoKeyWindow,
+            QStringLiteral("splash screen waits for a registered window to become key"));
         m_needShow = true;
     }
 }
@@ -107,18 +121,17 @@ void SplashScreenPresenter::forceShowVideoWithoutSplash() {
 }
 
 bool SplashScreenPresenter::maySequenceStart() const {
-    QString reason;
     if (Switches::isADSRemoved())
-        return false;
-    if (isShow() || m_isStarting)
-        reason = QStringLiteral("one is on screen");
-    else if (!m_windows.hasKey)
-        reason = QStringLiteral("no registered window is key");
+        Refusal::reportAdsRemoved(Refusal::Request::ShowSplashScreen);
+    else if (isShow() || m_isStarting)
+        refuseToShow(Reason::AlreadyShown, QStringLiteral("one is on screen"));
     else if (m_windows.isEmpty())
-        reason = QStringLiteral("no window is registered");
-    if (!reason.isEmpty())
-        LOG(QStringLiteral("splash screen not shown: %1").arg(reason));
-    return reason.isEmpty();
+        refuseToShow(Reason::NoRegisteredWindow, QStringLiteral("no window is registered"));
+    else if (!m_windows.hasKey)
+        refuseToShow(Reason::NoKeyWindow, QStringLiteral("no registered window is key"));
+    else
+        return true;
+    return false;
 }
 
 void SplashScreenPresenter::startSequence(qint64 loadTime) {
@@ -130,8 +143,14 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
     notify(VLMsplashScreenWillShow);
     m_isStarting = false;
     // The host may have answered by taking its windows out or removing all ads.
-    if (m_windows.isEmpty() || Switches::isADSRemoved())
+    if (Switches::isADSRemoved()) {
+        Refusal::reportAdsRemoved(Refusal::Request::ShowSplashScreen);
         return;
+    }
+    if (m_windows.isEmpty()) {
+        refuseToShow(Reason::NoRegisteredWindow, QStringLiteral("no window is registered"));
+        return;
+    }
     m_needShow = false;
     m_waiting.setNotOver();
     applyPresetToAll();
@@ -164,9 +183,14 @@ SplashScreenPresenter::splashScreenControllerWithWindow(const QWidget *widget) c
 bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *widget, bool unity) {
     forgetGoneControllers();
     QWidget *window = windowOf(widget);
-    if (!window || m_windows.find(window)) {
-        LOG(window ? QStringLiteral("splash screen not added: the window has one")
-                   : QStringLiteral("splash screen not added: no window was given"));
+    if (!window) {
+        Refusal::report(Refusal::Request::AddSplashScreen, Reason::NoWindow,
+                        QStringLiteral("splash screen not added: no window was given"));
+        return false;
+    }
+    if (m_windows.find(window)) {
+        Refusal::report(Refusal::Request::AddSplashScreen, Reason::AlreadyAdded,
+                        QStringLiteral("splash screen not added: the window has one"));
         return false;
     }
     if (m_windows.isEmpty())

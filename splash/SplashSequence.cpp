@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashSequence.h"
 
+#include "Refusal.h"
 #include "Switches.h"
 
 #include <Velmora/NotificationCenter.h>
@@ -95,9 +96,11 @@ void SplashSequence::startVideo() {
     const qint64 total = m_loadTime + SplashClock::VideoSeconds;
     const QUrl video = m_video.urlToPlay();
     if (!controller) {
-        LOG(QStringLiteral("no video is played: its window was taken out"));
+        Refusal::report(Refusal::Request::PlayVideo, Refusal::Reason::NoWindow,
+                        QStringLiteral("no video is played: its window was taken out"));
     } else if (video.isEmpty()) {
-        LOG(QStringLiteral("there is no video to play"));
+        Refusal::report(Refusal::Request::PlayVideo, Refusal::Reason::NoVideo,
+                        QStringLiteral("there is no video to play"));
         controller->startTimerViewFromSec(m_loadTime, total);
     } else {
         controller->setVideoUrl(video);

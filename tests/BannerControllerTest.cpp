@@ -33,7 +33,7 @@ protected:
 TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
     serve({banner("one"), banner("two")});
     EXPECT_TRUE(Animator::isHidden(addBanner()->view()));
-    BannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
+    AdBannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
     EXPECT_FALSE(Animator::isHidden(controller->view()));
     for (int swap = 0; swap < 4; ++swap) {
         const QString before = controller->selectBanner();
@@ -49,7 +49,7 @@ TEST_F(BannerControllerTest, ABannerComesOverHttpsAndSwapsEvery15Seconds) {
 }
 
 TEST_F(BannerControllerTest, ARestingBannerTakesItsTurnWhenItsWindowCanBeSeen) {
-    BannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
+    AdBannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
     struct Way {
         void (QWidget::*away)();
         void (QWidget::*back)();
@@ -103,7 +103,7 @@ TEST_F(BannerControllerTest, AWindowThatIsShownAfterTheAdsCameGetsItsBannerThen)
 }
 
 TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
-    BannerController *controller = showOneOf({QStringLiteral("one")});
+    AdBannerController *controller = showOneOf({QStringLiteral("one")});
     time.advance(1);
     click(controller->bannerImage());
     EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral(
@@ -117,7 +117,7 @@ TEST_F(BannerControllerTest, AClickOpensTheLinkAndTellsTheHost) {
 }
 
 TEST_F(BannerControllerTest, AClickOpensTheAdThatWasOnScreenWhenTheMouseButtonWentDown) {
-    BannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
+    AdBannerController *controller = showOneOf({QStringLiteral("one"), QStringLiteral("two")});
     time.advance(1);
     const auto swap = [&] {
         const QString before = controller->selectBanner();
@@ -146,7 +146,7 @@ TEST_F(BannerControllerTest, ABannerWithoutANameIsCalledWebBanner) {
     ad.remove(kBannerName);
     ad.remove(kBannerURL);
     serve({ad});
-    BannerController *controller = addBanner();
+    AdBannerController *controller = addBanner();
     ASSERT_TRUE(shows("Web Banner"));
     controller->goToBannerURL();
     EXPECT_TRUE(opened.isEmpty());
@@ -155,7 +155,7 @@ TEST_F(BannerControllerTest, ABannerWithoutANameIsCalledWebBanner) {
 
 TEST_F(BannerControllerTest, WithoutAServerAHouseBannerIsShownWithItsOwnLink) {
     server.stop();
-    BannerController *controller = addBanner();
+    AdBannerController *controller = addBanner();
     ASSERT_TRUE(showsHouseBanner());
     const QString shown = controller->selectBanner();
     controller->goToBannerURL();
@@ -228,7 +228,7 @@ TEST_F(BannerControllerTest, AHouseBannerIsShownWhenTheServerHangsForATurn) {
 TEST_F(BannerControllerTest, AHouseBannerStandsInForAnUnusablePicture) {
     serve({banner("broken")});
     server.campaign().setMedia(QStringLiteral("/media/broken.gif"), "<html>busy</html>");
-    BannerController *controller = addBanner();
+    AdBannerController *controller = addBanner();
     ASSERT_TRUE(eventually([&] { return !controller->selectBanner().isEmpty(); }));
     for (int turn = 0; turn < 3; ++turn) {
         EXPECT_TRUE(controller->standardBanners().contains(controller->selectBanner()));
@@ -244,7 +244,7 @@ TEST_F(BannerControllerTest, AHouseBannerStandsInForAPictureThatTurnsOutBroken) 
     QBuffer png;
     QImage(182, 22, QImage::Format_RGB32).save(&png, "png");
     putInCaches("torn.gif", png.data().left(72)); // the header and a little more
-    BannerController *controller = addBanner();
+    AdBannerController *controller = addBanner();
     // It is decoded when it is drawn, after the beginning of its fade.
     EXPECT_TRUE(eventually(
         [&] {
@@ -299,7 +299,7 @@ TEST_F(BannerControllerTest, TheHostMayRemoveAdsOrItsWindowFromInsideANotificati
     remove.reset();
     Velmora::resetAds();
     restartProcess();
-    BannerController *controller = showOneOf({QStringLiteral("one")});
+    AdBannerController *controller = showOneOf({QStringLiteral("one")});
     const auto destroy = NotificationCenter::defaultCenter().addObserver(
         VLMclickForBanner, [this](const Notification &) { window.release()->deleteLater(); });
     controller->goToBannerURL();

@@ -18,7 +18,7 @@ TEST_F(BannerFacadeTest, DefaultsAreRememberedBeforeAndAfterTheFirstBanner) {
     Velmora::setBannersCenterXInset(-3);
     EXPECT_EQ(timesLogged("VELMORA :: ERROR :: Banner controller not initialized!"), 0);
 
-    BannerController *first = addBanner();
+    AdBannerController *first = addBanner();
     EXPECT_EQ(first->height(), 80);
     EXPECT_EQ(first->bottomInset(), 7);
     EXPECT_EQ(first->centerXInset(), -3);
@@ -104,7 +104,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
         Velmora::setBannerHidden(false, host);
         for (const auto &banner : Velmora::BControllers()) {
             Velmora::setBannerHidden(false, banner.get());
-            banner->endDownloadСonfiguration();
+            AdBannerController::of(*banner).endDownloadСonfiguration();
         }
         time.advance(40);
     }
@@ -115,7 +115,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
     // Nor does the banner become a window when the host takes its view out of the window.
     addBanner();
     ASSERT_TRUE(showsHouseBanner());
-    BannerController *removed = current();
+    AdBannerController *removed = current();
     removed->view()->setParent(nullptr);
     Velmora::setBannerHidden(false, removed);
     removed->swapBanners();
@@ -136,7 +136,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
 TEST_F(BannerFacadeTest, ARemovalInAnotherProcessRemovesTheBannerAtItsNextTurn) {
     showOneOf({QStringLiteral("one")});
     VLMSetObjForKey(true, QStringLiteral("adsoff"));
-    time.advance(BannerController::SwapSeconds);
+    time.advance(AdBannerController::SwapSeconds);
     EXPECT_TRUE(Velmora::BControllers().empty());
     Velmora::resetAds();
     Velmora::addBannerForWindow(window.get());

@@ -18,11 +18,11 @@ namespace velmora::test {
 /// Where a banner of a 728x90 picture lies in a window of 1000x600.
 class BannerPlacementTest : public BannerHost {
 protected:
-    BannerController *placed() {
+    AdBannerController *placed() {
         const QJsonObject ad = banner("wide");
         server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
         serve({ad});
-        BannerController *controller = addBanner();
+        AdBannerController *controller = addBanner();
         EXPECT_TRUE(shows("wide"));
         time.advance(1);
         return controller;
@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(BannerPlacementTest, LiesAtTheBottomAtItsHeightAboveItsShadow) {
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     EXPECT_EQ(controller->height(), 100);
     // 728:90 at a height of 100 is 808.9 wide; the shadow is 4 deep.
     EXPECT_EQ(controller->view()->geometry(), QRect(96, 496, 809, 100));
@@ -57,7 +57,7 @@ TEST_F(BannerPlacementTest, LiesAtTheBottomAtItsHeightAboveItsShadow) {
 }
 
 TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     controller->setBottomInset(10);
     controller->setCenterXInset(40);
     EXPECT_EQ(controller->bottomInset(), 10);
@@ -79,7 +79,7 @@ TEST_F(BannerPlacementTest, InsetsReadBackWithoutTheShadowAndMoveTheBanner) {
 }
 
 TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksInProportion) {
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     window->resize(1400, 900);
     handleEvents();
     EXPECT_EQ(controller->view()->geometry(), QRect(296, 796, 809, 100));
@@ -98,7 +98,7 @@ TEST_F(BannerPlacementTest, FollowsItsWindowAndShrinksInProportion) {
 }
 
 TEST_F(BannerPlacementTest, InAFlatWindowItFitsAndCanBeClosed) {
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     const QWidget *close = controller->closeButton();
     for (const double inset : {0.0, 30.0, 500.0}) {
         controller->setBottomInset(inset);
@@ -133,7 +133,7 @@ TEST_F(BannerPlacementTest, StaysAboveWhatTheHostAddsAndTakesNoFocus) {
     field->setGeometry(0, 400, 1000, 200);
     field->show();
     field->setFocus();
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     EXPECT_EQ(pixelAt({500, 540}), QColor(Qt::red));
     auto *late = new QPushButton(QStringLiteral("late"), window.get());
     late->setGeometry(0, 400, 1000, 200);
@@ -179,8 +179,8 @@ TEST_F(BannerPlacementTest, ABannerMovesWithItsPageFromWindowToWindow) {
     Velmora::addBannerForViewController(&host, nullptr);
     Velmora::addBannerForWindow(other);
     const auto banners = Velmora::BControllers();
-    BannerController &first = *banners.at(0);
-    BannerController &second = *banners.at(1);
+    AdBannerController &first = AdBannerController::of(*banners.at(0));
+    AdBannerController &second = AdBannerController::of(*banners.at(1));
 
     QMainWindow main;
     main.resize(1000, 600);
@@ -198,7 +198,7 @@ TEST_F(BannerPlacementTest, ABannerMovesWithItsPageFromWindowToWindow) {
 
     // The page in front gets its banner at once; the one behind gets one banner and then rests.
     main.show();
-    const auto has = [](const BannerController &banner) {
+    const auto has = [](const AdBannerController &banner) {
         return eventually([&] { return !banner.selectBanner().isEmpty(); });
     };
     ASSERT_TRUE(has(first) && has(second));
@@ -233,7 +233,7 @@ TEST_F(BannerPlacementTest, ABannerMovesWithItsPageFromWindowToWindow) {
 }
 
 TEST_F(BannerPlacementTest, ABannerMovedToAnotherSuperviewIsPlacedThereWithItsShadow) {
-    BannerController *controller = placed();
+    AdBannerController *controller = placed();
     QWidget other;
     other.resize(900, 300);
     other.show();
@@ -266,7 +266,7 @@ TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {
     content.setGeometry(0, 0, 1000, 500);
     ViewController host(&content);
     host.setContentOf(window.get());
-    BannerController *controller = addBanner();
+    AdBannerController *controller = addBanner();
     EXPECT_EQ(controller->view()->parentWidget(), &content);
     EXPECT_EQ(controller->parentViewController(), &host);
     ViewController(&content).setContentOf(window.get());
@@ -275,7 +275,7 @@ TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {
 
 TEST_F(BannerPlacementTest, InsetsBeforePlacementAreLostAndTheHeightIsNot) {
     ViewController nowhere(nullptr);
-    const auto controller = BannerController::addBannerToViewController(&nowhere, nullptr);
+    const auto controller = AdBannerController::addBannerToViewController(&nowhere, nullptr);
     controller->setHeight(60);
     controller->setBottomInset(10);
     controller->setCenterXInset(10);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "BannerController.h"
+#include "AdBannerController.h"
 #include "tests/support/ChildTest.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
@@ -103,6 +103,7 @@ const Operation operations[] = {
     {OPERATION(Velmora::BControllFromWindow(a.window))},
     {OPERATION(Velmora::BControllFromViewController(a.controller))},
     {OPERATION(Velmora::BControllers())},
+    {OPERATION(Velmora::setBannersReserveSpace(a.flag))},
     {OPERATION(Velmora::setBannersHeight(a.number))},
     {OPERATION(Velmora::setBannersLargeImage())},
     {OPERATION(Velmora::setBannersSmallImage())},
@@ -120,6 +121,7 @@ const Operation operations[] = {
     {OPERATION(Velmora::isInitializedSplashScreenWithLOG_ERROR())},
     {OPERATION(Velmora::isInitializedBannerLOG_ERROR())},
     {OPERATION(Velmora::LOG(a.text, a.text))},
+    {OPERATION(VelmoraEvents::instance())},
     {OPERATION(VLMUserDefaults()), From::AnyThread},
     {OPERATION(VLMObjForKey(a.text)), From::AnyThread},
     {OPERATION(VLMSetObjForKey(a.number, a.text)), From::AnyThread},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Animator.h"
-#include "BannerController.h"
+#include "AdBannerController.h"
 #include "BannerImageView.h"
 #include "CloseButtonCell.h"
 #include "SplashScreenPresenter.h"
@@ -16,6 +16,7 @@
 
 #include <QtCore/QDir>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QVBoxLayout>
 
 #include <random>
 #include <thread>
@@ -47,11 +48,19 @@ protected:
               VLMsplashScreenDidShow, VLMsplashScreenDidClose})
             observations.push_back(NotificationCenter::defaultCenter().addObserver(
                 name, [this](const Notification &told) { heard(told.name); }));
+        slots = std::make_unique<QObject>();
+        QObject::connect(&VelmoraEvents::instance(), &VelmoraEvents::refused, slots.get(),
+                         [this] { actInHandler(); });
+        QObject::connect(&VelmoraEvents::instance(), &VelmoraEvents::bannerRectChanged, slots.get(),
+                         [this] { actInHandler(); });
     }
 
-    // The host acts inside the handler.
     void heard(const QString &name) {
         EXPECT_FALSE(isRemoved) << "posted after the removal: " << qPrintable(name);
+        actInHandler();
+    }
+
+    void actInHandler() {
         if (isInHandler || pick(6) > 0)
             return;
         isInHandler = true;
@@ -64,6 +73,8 @@ protected:
         if (!chosen) {
             chosen = std::make_unique<QWidget>();
             chosen->resize(200 + pick(800), 100 + pick(600));
+            if (pick(2) == 0)
+                new QVBoxLayout(chosen.get());
             chosen->show();
         }
         return chosen.get();
@@ -172,6 +183,7 @@ protected:
             QDir(cachesFolder()).removeRecursively();
         observe();
         Velmora::setSplashScreenDelay(pick(3));
+        Velmora::setBannersReserveSpace(pick(2) == 0);
         for (int step = 0; step < Steps && !HasFailure(); ++step) {
             act(pick(24));
             handleEvents();
@@ -207,6 +219,7 @@ protected:
     VirtualTime *time = nullptr;
     std::array<std::unique_ptr<QWidget>, Windows> windows;
     std::vector<NotificationCenter::Observation> observations;
+    std::unique_ptr<QObject> slots; // the context of the connections to VelmoraEvents
     bool isInHandler = false;
     bool isRemoved = false;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "BannerController.h"
+#include "AdBannerController.h"
 #include "FacadeState.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/SplashHost.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "BannerController.h"
+#include "AdBannerController.h"
 #include "ColoredView.h"
 #include "SplashScreenLayout.h"
 #include "SplashScreenStyle.h"

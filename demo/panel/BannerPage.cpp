@@ -30,6 +30,8 @@ BannerPage::BannerPage(JournalWindow *window) : m_window(window) {
     m_centre = addSlider(Text::BannerCentre, -200, 200, 0, [this](int) { setInsets(); });
     m_everyWindow =
         addCheckBox(Text::BannerEveryWindow, QStringLiteral("everyBox"), false, [](bool) {});
+    addCheckBox(Text::BannerReserveSpace, QStringLiteral("reserveBox"), true,
+                &Velmora::setBannersReserveSpace);
     addSection(Text::BannerThisWindow);
     addButton(Text::BannerHide, QStringLiteral("hideButton"), [this] { setHidden(true); });
     addButton(Text::BannerShow, QStringLiteral("showButton"), [this] { setHidden(false); });

@@ -11,12 +11,13 @@ int main(int argc, char **argv) {
     window.resize(900, 600);
     window.show();
     Velmora::setSplashScreenDelay(3);
+    Velmora::setBannersReserveSpace(true);
     Velmora::addBannerForWindow(&window);
     Velmora::addSplashScreenToWindow(&window);
     QTimer timer; // a real host calls show() when its user pauses, after saving a file for example
     QObject::connect(&timer, &QTimer::timeout, &Velmora::show);
     timer.start(1000);
-    const auto purchase = velmora::NotificationCenter::defaultCenter().addObserver(
-        VLMtryRemoveAds, [](const velmora::Notification &) { Velmora::removeAdsNow(); });
+    QObject::connect(&VelmoraEvents::instance(), &VelmoraEvents::removeAdsClicked,
+                     &Velmora::removeAdsNow);
     return application.exec();
 }

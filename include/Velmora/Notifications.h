@@ -7,9 +7,9 @@
 
 /// @file
 /// The names of the notifications that the framework posts to
-/// velmora::NotificationCenter::defaultCenter(), always on the main thread. A notification has an
-/// object only where its comment names one. The values are part of the interface, with their
-/// unusual spellings.
+/// velmora::NotificationCenter::defaultCenter(), always on the main thread. VelmoraEvents has a Qt
+/// signal for each of those about advertising. A notification has an object only where its comment
+/// names one. The values are part of the interface, with their unusual spellings.
 
 /// The user clicked a banner's close button or a remove-ads button. Nothing is removed yet: the
 /// host offers its purchase, and after that calls Velmora::removeAdsNow().

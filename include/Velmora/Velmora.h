@@ -2,10 +2,12 @@
 #pragma once
 
 #include <Velmora/Appearance.h>
+#include <Velmora/BannerController.h>
 #include <Velmora/Export.h>
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
+#include <Velmora/VelmoraEvents.h>
 #include <Velmora/ViewController.h>
 
 #include <QtCore/QString>
@@ -22,9 +24,8 @@
 #undef LOG
 
 namespace velmora {
-class BannerController;
 class SplashScreenPresenter;
-} // namespace velmora
+}
 
 /// The class through which a host uses the framework. All functions are static. The state lasts as
 /// long as the application object (QApplication); only the ads-off switch is stored, until
@@ -34,9 +35,9 @@ class SplashScreenPresenter;
 /// called on another thread, which their comments say: they then do their work a little later on
 /// the main thread. Without an application object nothing is added or shown.
 ///
-/// No function throws or blocks. A call that is refused does nothing, and writes the reason to the
-/// log while debug mode is on. The framework never owns the host's windows and views: the host may
-/// destroy them at any time.
+/// No function throws or blocks. A call that is refused does nothing; VelmoraEvents::refused()
+/// tells why, and so does the log while debug mode is on. The framework never owns the host's
+/// windows and views: the host may destroy them at any time.
 class VELMORA_EXPORT Velmora {
 public:
     Velmora() = delete;
@@ -260,7 +261,7 @@ public:
     static void addBannerForViewController(velmora::ViewController *controller, QWidget *view);
 
     /// The banner in a window, of several the one added last; null, and a log line, when there is
-    /// none. Owned by the framework.
+    /// none. Owned by the framework, see BannerController.
     static velmora::BannerController *BControllFromWindow(QWidget *window);
 
     /// The given controller, if it is one of the banners; otherwise null, and a log line.
@@ -270,6 +271,28 @@ public:
     /// All banners that the host has added, except those whose window was destroyed. The reference
     /// is valid as long as the application object exists.
     static BannerList &BControllers();
+
+    /// Sets whether the content of the view that a banner lies in ends above the banner. Default:
+    /// false, the banner covers the content. Applies to all banners, also to later ones, on the
+    /// next turn of the main loop.
+    ///
+    /// While a banner is shown, a bottom margin of the view is increased by the height of the
+    /// banner with its shadow and bottom inset, at most by two thirds of the view's height. When
+    /// the banner goes, the same is subtracted again, so that the view has its own margin and what
+    /// the host has added to it meanwhile. A margin that the host sets below the addition counts as
+    /// its own.
+    ///
+    /// This works for:
+    /// - views with a layout, and QFrame and what is derived from it, such as QLabel: by
+    ///   QWidget::contentsMargins();
+    /// - QAbstractScrollArea, such as QTextEdit, QGraphicsView and QScrollArea: by the viewport
+    ///   margins. The scroll bars keep their places. Views that set these margins themselves, such
+    ///   as QTableView and QTreeView, are left alone;
+    /// - the pages of a QTabWidget whose tabs are not at the bottom.
+    ///
+    /// With any other view nothing is reserved, and VelmoraEvents::refused() is emitted. A window
+    /// that is too low for its layout and the banner grows, as it does with other content.
+    static void setBannersReserveSpace(bool reserve);
 
     /// Sets the height of all banners, also of later ones. A negative height counts as 0.
     /// Default: 100.

@@ -30,12 +30,12 @@ BannerHost::~BannerHost() {
     restartProcess();
 }
 
-BannerController *BannerHost::addBanner() {
+AdBannerController *BannerHost::addBanner() {
     Velmora::addBannerForWindow(window.get());
     return current();
 }
 
-BannerController *BannerHost::showOneOf(const QStringList &names) {
+AdBannerController *BannerHost::showOneOf(const QStringList &names) {
     QJsonArray ads;
     for (const QString &name : names)
         ads.append(banner(name));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "BannerController.h"
+#include "AdBannerController.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/VirtualTime.h"
 
@@ -18,12 +18,15 @@ protected:
     ~BannerHost() override;
 
     /// Adds a banner to the window if it has none. @return the window's banner
-    BannerController *addBanner();
-    BannerController *current() { return Velmora::BControllFromWindow(window.get()); }
+    AdBannerController *addBanner();
+    AdBannerController *current() {
+        BannerController *banner = Velmora::BControllFromWindow(window.get());
+        return banner ? &AdBannerController::of(*banner) : nullptr;
+    }
 
     /// Serves banner ads of these names, adds a banner to the window and waits until it shows one
     /// of them. @return the window's banner
-    BannerController *showOneOf(const QStringList &names);
+    AdBannerController *showOneOf(const QStringList &names);
 
     /// Waits until a banner with this name is shown.
     bool shows(QAnyStringView name);

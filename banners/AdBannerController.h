@@ -6,7 +6,7 @@
 #include "BannerRotation.h"
 #include "DownloadDelegate.h"
 
-#include <Velmora/ViewController.h>
+#include <Velmora/BannerController.h>
 
 #include <QtCore/QMap>
 #include <QtCore/QPointer>
@@ -21,38 +21,42 @@ class CloseButtonCell;
 /// One animated banner at the bottom of one host window or view: shows the banners that the
 /// downloader gives it, or house banners, opens the link of a clicked one and tells the host of a
 /// click on the close button. BannerPlacement keeps it in its place, BannerRotation says when the
-/// next banner is due.
+/// next banner is due. Every BannerController that a host sees is of this class.
 ///
 /// Main thread only; the operations that say "any thread" post themselves to the main thread.
-class BannerController : public ViewController,
-                         public DownloadDelegate,
-                         public std::enable_shared_from_this<BannerController> {
+class AdBannerController final : public BannerController,
+                                 public DownloadDelegate,
+                                 public std::enable_shared_from_this<AdBannerController> {
 public:
     static constexpr double SwapSeconds = BannerRotation::SwapSeconds;
 
     /// Makes a banner and attaches it to a window.
-    static std::shared_ptr<BannerController> addBannerToWindow(QWidget *window);
+    static std::shared_ptr<AdBannerController> addBannerToWindow(QWidget *window);
     /// Makes a banner and attaches it to a host's view; the controller's own when null.
-    static std::shared_ptr<BannerController> addBannerToViewController(ViewController *controller,
-                                                                       QWidget *view);
+    static std::shared_ptr<AdBannerController> addBannerToViewController(ViewController *controller,
+                                                                         QWidget *view);
 
-    ~BannerController() override;
+    ~AdBannerController() override;
 
-    /// The window that the banner lies in; null when in none. A host may move the view that
-    /// holds the banner to another window.
-    QWidget *window() const;
+    /// The class that a host's pointer to a banner really has.
+    static AdBannerController &of(BannerController &banner) {
+        return static_cast<AdBannerController &>(banner);
+    }
+
+    QWidget *window() const override;
+    QRect rectInWindow() const override;
     /// Attaches the banner to the content of a window. Any thread.
     void setWindow(QWidget *window);
     /// Attaches the banner to a host's view; the controller's own when null. Any thread.
     void setViewController(ViewController *controller, QWidget *view);
 
     // Placement; see BannerPlacement.
-    double height() const { return m_placement.height(); }
-    void setHeight(double height);
-    double bottomInset() const { return m_placement.bottomInset(); }
-    void setBottomInset(double inset) { m_placement.setBottomInset(inset); }
-    double centerXInset() const { return m_placement.centerXInset(); }
-    void setCenterXInset(double inset) { m_placement.setCenterXInset(inset); }
+    double height() const override { return m_placement.height(); }
+    void setHeight(double height) override;
+    double bottomInset() const override { return m_placement.bottomInset(); }
+    void setBottomInset(double inset) override { m_placement.setBottomInset(inset); }
+    double centerXInset() const override { return m_placement.centerXInset(); }
+    void setCenterXInset(double inset) override { m_placement.setCenterXInset(inset); }
 
     // Content.
     /// Ad data is ready. Any thread.
@@ -64,9 +68,9 @@ public:
     void displayBanner(const BannerAd &ready);
     void setBannerGifImageWithURL(const BannerAd &ad);
     void setBannerGifImageWithName(const QString &identifier);
-    /// Hides or shows the view without a fade. Without a superview it is never shown: it would
-    /// become a window.
-    void setBannerHidden(bool hidden);
+    bool isBannerHidden() const override;
+    /// Without a superview the view is never shown: it would become a window.
+    void setBannerHidden(bool hidden) override;
     /// Takes the banner away for good, with a fade.
     void removeADS();
 
@@ -75,9 +79,8 @@ public:
     /// The close button was clicked.
     void removeBannerAction();
 
-    /// Name of the banner on screen: the ad's, "Web Banner", or a house banner's identifier.
-    const QString &selectBanner() const { return m_shown.name; }
-    const QUrl &currentURL() const { return m_shown.link; }
+    QString selectBanner() const override { return m_shown.name; }
+    QUrl currentURL() const override { return m_shown.link; }
     const QMap<QString, QString> &standardBanners() const { return m_standardBanners; }
     const TimerPtr &bannerSwapTimer() const { return m_rotation.timer(); }
     BannerImageView *bannerImage() const;
@@ -92,7 +95,7 @@ protected:
     void viewDidLoad() override;
 
 private:
-    BannerController();
+    AdBannerController();
     void initBanners();
     void connectControls();
     /// While ads are removed, hides the view, ends the rotation and returns true.
@@ -103,6 +106,8 @@ private:
     void askForBanner();
     void displayHouseBanner();
     void showImage(const BannerAd &ad, const QString &path);
+    /// Tells the host that the picture of the ad on screen is unusable.
+    void refusePicture() const;
     void open(const BannerAd &ad);
     void setPartsHidden(bool hidden, void (*set)(QWidget *, bool));
     /// The view and its shadow, without nulls.
