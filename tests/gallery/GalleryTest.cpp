@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/gallery/Desktop.h"
+#include "tests/gallery/GalleryAds.h"
+#include "tests/gallery/HostProcess.h"
+#include "tests/gallery/KnownFaults.h"
+#include "tests/gallery/PictureCheck.h"
+#include "tests/support/Printing.h"
+#include "tests/support/Waiting.h"
+
+#include <QtCore/QDir>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <functional>
+
+namespace velmora::test {
+
+namespace {
+
+constexpr int FadeMs = 300;
+
+struct GalleryCase {
+    QString host;
+    double scale;
+
+    QString name() const {
+        QString text = host;
+        if (scale != 1)
+            text += QStringLiteral("_at_%1").arg(qRound(scale * 100));
+        return text;
+    }
+    // For the message of a failed test.
+    friend void PrintTo(const GalleryCase &tested, std::ostream *out) {
+        *out << tested.name().toStdString();
+    }
+};
+
+// The hosts that the program was built with.
+std::vector<GalleryCase> allCases() {
+    std::vector<GalleryCase> cases;
+    std::FILE *list = popen(VELMORA_TEST_GALLERY " --list", "r");
+    char line[100];
+    while (list && std::fgets(line, sizeof line, list))
+        cases.push_back({QString::fromLatin1(line).trimmed(), 1});
+    if (list)
+        pclose(list);
+    for (const double scale : {1.25, 1.5, 2.})
+        cases.push_back({QStringLiteral("Plain"), scale});
+    return cases;
+}
+
+QString pictureFolder() {
+    const QString folder = qEnvironmentVariable("VELMORA_GALLERY_OUT", QStringLiteral("gallery"));
+    QDir().mkpath(folder);
+    return folder;
+}
+
+} // namespace
+
+/// A host of some kind, with a splash screen and a banner, as seen and clicked on a real display.
+class GalleryTest : public ::testing::TestWithParam<GalleryCase> {
+protected:
+    using Check = std::function<QString(const QImage &picture)>;
+
+    QProcessEnvironment environment() const {
+        QProcessEnvironment values = Desktop::current().environment();
+        m_ads.addTo(values);
+        if (GetParam().scale != 1)
+            values.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(GetParam().scale));
+        return values;
+    }
+
+    QString fileName(const QString &rest) const {
+        return m_folder + QLatin1Char('/') + GetParam().name() + rest;
+    }
+
+    /// Waits until the screen is as it must be, and saves a picture of it. What is still wrong then
+    /// fails the test, unless it is known.
+    void expect(const QString &stage, const Check &faultsIn) {
+        QImage picture;
+        eventually(
+            [&] {
+                picture = Desktop::current().picture();
+                return faultsIn(picture).isEmpty();
+            },
+            1000);
+        quietly(FadeMs);
+        picture = Desktop::current().picture();
+        const QString fault = faultsIn(picture);
+        picture.copy(host.report().area())
+            .save(fileName(QStringLiteral(".%1-%2.png").arg(++m_pictures).arg(stage)));
+        judge(stage, fault);
+    }
+
+    void judge(const QString &stage, const QString &fault) {
+        const QString known = knownFault(GetParam().name(), stage);
+        if (!known.isEmpty())
+            m_known.append(stage + QStringLiteral(": ") + known);
+        else if (!fault.isEmpty())
+            ADD_FAILURE() << qPrintable(stage) << '\n' << qPrintable(fault);
+    }
+
+    /// Clicks on elements of the host. @return how many clicks have reached the host
+    qsizetype clickOnHost() {
+        host.forget();
+        for (const QPoint &point : host.report().active().targets())
+            Desktop::current().click(point);
+        quietly(100);
+        return host.count(QStringLiteral("click"));
+    }
+
+    void click(const QString &element) {
+        const auto area = host.report().active().element(element);
+        if (area)
+            Desktop::current().click(area->center());
+    }
+
+    bool clickIsTold(const QString &element, const QString &notification) {
+        host.forget();
+        click(element);
+        return host.waitFor(QStringLiteral("notification ") + notification, 3000);
+    }
+
+    void splashScreen();
+    void banner();
+
+private:
+    GalleryAds m_ads;
+    QString m_folder = pictureFolder();
+    int m_pictures = 0;
+
+protected:
+    HostProcess host{GetParam().host, environment(), fileName(QStringLiteral(".log"))};
+    QStringList m_known;
+};
+
+void GalleryTest::splashScreen() {
+    const HostReport before = host.report();
+    const QList<double> visible = PictureCheck(Desktop::current().picture(), before).visibleParts();
+    const auto check = [this](QString (PictureCheck::*faults)()) {
+        return [this, faults](const QImage &picture) {
+            const HostReport report = host.report();
+            PictureCheck seen(picture, report);
+            return (seen.*faults)();
+        };
+    };
+    host.tell("splash");
+    ASSERT_TRUE(host.waitFor(QStringLiteral("notification splashcreendidshow")));
+    expect(QStringLiteral("start"), check(&PictureCheck::faultsOfStartScreen));
+    judge(QStringLiteral("start"),
+          clickOnHost() == 0 ? QString() : QStringLiteral("clicks have reached the host"));
+
+    ASSERT_TRUE(host.waitFor(QStringLiteral("notification videostart")));
+    expect(QStringLiteral("video"), check(&PictureCheck::faultsOfVideo));
+    ASSERT_TRUE(eventually([this] {
+        quietly(50);
+        return host.report().active().element(QStringLiteral("splash/closeButton")).has_value();
+    }));
+    expect(QStringLiteral("end"), check(&PictureCheck::faultsOfEndScreen));
+    ASSERT_TRUE(
+        clickIsTold(QStringLiteral("splash/closeButton"), QStringLiteral("splashscreendidclose")));
+
+    QString fault;
+    eventually(
+        [&] {
+            const HostReport report = host.report();
+            fault = PictureCheck(Desktop::current().picture(), report).faultsOfHost(visible);
+            return fault.isEmpty();
+        },
+        2000);
+    judge(QStringLiteral("after"), fault);
+    const qsizetype targets = host.report().active().targets().size();
+    const qsizetype reached = clickOnHost();
+    if (reached != targets)
+        judge(QStringLiteral("after"),
+              QStringLiteral("%1 of %2 clicks have reached the host").arg(reached).arg(targets));
+}
+
+void GalleryTest::banner() {
+    host.tell("banner");
+    expect(QStringLiteral("banner"), [this](const QImage &picture) {
+        const HostReport report = host.report();
+        return PictureCheck(picture, report).faultsOfBanner();
+    });
+    if (!knownFault(GetParam().name(), QStringLiteral("banner")).isEmpty())
+        return;
+    EXPECT_TRUE(clickIsTold(QStringLiteral("banner/bannerImage"),
+                            QStringLiteral("clickforbanner Colours")));
+    EXPECT_EQ(host.count(QStringLiteral("opened ")), 1);
+    EXPECT_TRUE(clickIsTold(QStringLiteral("banner/closeButton"), QStringLiteral("tryremoveads")));
+}
+
+TEST_P(GalleryTest, ShowsAdsAndIsClicked) {
+    ASSERT_TRUE(host.waitFor(QStringLiteral("ready")));
+    splashScreen();
+    if (!HasFatalFailure())
+        banner();
+    EXPECT_TRUE(host.end());
+    if (!m_known.isEmpty() && !HasFailure())
+        GTEST_SKIP() << qPrintable(m_known.join(QLatin1Char('\n')));
+}
+
+INSTANTIATE_TEST_SUITE_P(Hosts, GalleryTest, ::testing::ValuesIn(allCases()),
+                         [](const auto &tested) { return tested.param.name().toStdString(); });
+
+} // namespace velmora::test
