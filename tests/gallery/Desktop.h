@@ -18,7 +18,7 @@ public:
 
     /// Starts a desktop and points the environment of this process to it. To be called before the
     /// application object is made.
-    /// @param name a window manager of OwnDisplay, or "sway" or "weston"
+    /// @param name a window manager of OwnDisplay, or "sway"
     static std::unique_ptr<Desktop> start(const QString &name);
     /// The one that was started.
     static Desktop &current();

@@ -113,9 +113,14 @@ QString PictureCheck::faultsOfStartScreen() {
 }
 
 QString PictureCheck::faultsOfVideo() {
+    constexpr double LeastOfFilm = 0.2;
     m_faults.clear();
     for (const Window &window : m_report.windows())
         expectCovered(window);
+    const Window &active = m_report.active();
+    const double film = part(active.content, [](QColor seen) { return !isDark(seen); });
+    if (film < LeastOfFilm)
+        add(active, QStringLiteral("the film fills ") + percent(film));
     return m_faults;
 }
 
@@ -166,7 +171,7 @@ QPoint PictureCheck::bannerIn(const Window &window) const {
 }
 
 QString PictureCheck::faultsOfBanner() {
-    constexpr double LeastVisible = 0.85;
+    constexpr double LeastVisible = 0.95;
     constexpr double RatioTolerance = 0.1;
     constexpr int LeastHeight = 15;
     m_faults.clear();

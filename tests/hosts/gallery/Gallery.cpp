@@ -19,7 +19,7 @@ namespace gallery {
 
 namespace {
 
-constexpr int StartScreenSeconds = 2;
+constexpr int StartScreenSeconds = 1;
 // "macappstores" is the scheme of the store's own application.
 const QStringList Schemes{QStringLiteral("http"), QStringLiteral("https"),
                           QStringLiteral("macappstores")};

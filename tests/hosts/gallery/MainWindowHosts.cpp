@@ -43,7 +43,7 @@ void openDocksAndMdi(Gallery &gallery) {
     documents->addSubWindow(new Filled<QWidget>)->resize(300, 320);
     window->statusBar()->showMessage(QStringLiteral("A message of the host"));
     window->show();
-    documents->cascadeSubWindows();
+    documents->tileSubWindows();
 }
 
 void openWithoutCentralWidget(Gallery &gallery) {

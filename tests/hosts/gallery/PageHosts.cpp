@@ -2,6 +2,8 @@
 #include "Elements.h"
 #include "Hosts.h"
 
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QTabWidget>
@@ -43,12 +45,43 @@ void openSplitterWindow(Gallery &gallery) {
     panes->show();
 }
 
+// Splitters and scroll areas are also what a main window has in its middle.
+void openInMainWindow(Gallery &gallery, QWidget *central) {
+    auto *window = marked(new QMainWindow);
+    window->menuBar()->setNativeMenuBar(false);
+    window->menuBar()->addMenu(QStringLiteral("File"));
+    window->setCentralWidget(central);
+    gallery.add(window);
+    window->show();
+}
+
+void openCentralSplitter(Gallery &gallery) {
+    auto *panes = new QSplitter;
+    panes->addWidget(makeForm());
+    panes->addWidget(makeScrollArea());
+    openInMainWindow(gallery, panes);
+}
+
+void openCentralScrollArea(Gallery &gallery) {
+    openInMainWindow(gallery, makeScrollArea());
+}
+
+void openCentralTabs(Gallery &gallery) {
+    auto *tabs = new QTabWidget;
+    tabs->setTabPosition(QTabWidget::South);
+    tabs->addTab(makeForm(), QStringLiteral("Form"));
+    openInMainWindow(gallery, tabs);
+}
+
 } // namespace
 
 Hosts pageHosts() {
     return {{"Tabs", openTabs},
             {"ScrollAreaWindow", openScrollAreaWindow},
-            {"SplitterWindow", openSplitterWindow}};
+            {"SplitterWindow", openSplitterWindow},
+            {"CentralSplitter", openCentralSplitter},
+            {"CentralScrollArea", openCentralScrollArea},
+            {"CentralTabs", openCentralTabs}};
 }
 
 } // namespace gallery

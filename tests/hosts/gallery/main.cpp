@@ -5,6 +5,8 @@
 
 #include <Velmora/Velmora.h>
 
+#include <QtGui/QIcon>
+#include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -24,6 +26,17 @@ gallery::Hosts allHosts() {
           gallery::lookHosts(), gallery::severalWindowsHosts()})
         all.insert(all.end(), hosts.begin(), hosts.end());
     return all;
+}
+
+// The icon that splash screens show.
+QIcon icon() {
+    QPixmap picture(256, 256);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::darkCyan);
+    painter.drawEllipse(picture.rect().adjusted(8, 8, -8, -8));
+    return picture;
 }
 
 } // namespace
@@ -46,6 +59,7 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Velmora Tests"));
     QApplication::setApplicationName(QStringLiteral("gallery"));
+    QApplication::setWindowIcon(icon());
     QApplication::setQuitOnLastWindowClosed(false);
     Velmora::activateDebugMode();
     gallery::Gallery gallery;
