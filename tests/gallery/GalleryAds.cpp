@@ -23,7 +23,7 @@ QByteArray still() {
 }
 
 QByteArray video() {
-    QFile file(QStringLiteral(VELMORA_TEST_CLIPS "/short.mp4"));
+    QFile file(QStringLiteral(VELMORA_TEST_CLIPS "/longer.mp4"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return file.readAll();
 }

@@ -9,6 +9,9 @@ namespace velmora::test {
 
 namespace {
 
+// What a window manager may draw around a window.
+constexpr QMargins Frame(10, 40, 10, 10);
+
 // The rectangle in the last four parts of a line.
 QRect rectangle(const QStringList &parts) {
     const auto number = [&parts](qsizetype fromEnd) {
@@ -44,7 +47,6 @@ const HostReport::Window &HostReport::active() const {
 }
 
 QRect HostReport::area() const {
-    constexpr QMargins Frame(10, 40, 10, 10);
     QRect all;
     for (const Window &window : m_windows)
         all |= window.content + Frame;
@@ -53,7 +55,7 @@ QRect HostReport::area() const {
 
 bool HostReport::isShared(const Window &window, const QRect &area) const {
     return std::any_of(m_windows.begin(), m_windows.end(), [&](const Window &other) {
-        return &other != &window && other.content.intersects(area);
+        return &other != &window && (other.content + Frame).intersects(area);
     });
 }
 

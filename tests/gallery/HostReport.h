@@ -35,9 +35,9 @@ public:
     const QList<Window> &windows() const { return m_windows; }
     /// The active window; the first one when none is active.
     const Window &active() const;
-    /// All windows with their frames, so far as the frames are known.
+    /// All windows with their frames.
     QRect area() const;
-    /// Whether another window lies over an area of a window, or under it.
+    /// Whether another window or its frame lies over an area of a window, or under it.
     bool isShared(const Window &window, const QRect &area) const;
 
 private:

@@ -25,7 +25,8 @@ struct WindowManager {
 
 const WindowManager WindowManagers[] = {
     {"openbox", {"openbox", "--sm-disable"}, "_NET_CLIENT_LIST"},
-    {"xfwm4", {"xfwm4", "--compositor=off"}, "_NET_CLIENT_LIST"},
+    // Its settings come over D-Bus.
+    {"xfwm4", {"dbus-run-session", "--", "xfwm4", "--compositor=off"}, "_NET_SUPPORTING_WM_CHECK"},
     {"kwin", {"kwin_x11"}, "_NET_SUPPORTING_WM_CHECK"},
     // Without a configuration, i3 would open a dialog that asks for one.
     {"i3", {"i3", "-c", "/dev/null"}, "_NET_SUPPORTING_WM_CHECK"},
