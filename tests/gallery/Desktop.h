@@ -27,6 +27,8 @@ public:
     virtual QString error() const = 0;
     /// The environment for hosts.
     virtual QProcessEnvironment environment() const = 0;
+    /// How long start screens are shown: long enough for several pictures.
+    virtual int startScreenSeconds() const { return 2; }
     /// What the screen shows.
     virtual QImage picture() = 0;
     /// Clicks on a point of the screen.

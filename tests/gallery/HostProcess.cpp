@@ -7,11 +7,12 @@
 
 namespace velmora::test {
 
-HostProcess::HostProcess(const QString &name, const QProcessEnvironment &environment,
-                         const QString &logFile) {
+HostProcess::HostProcess(const QString &name, int startScreenSeconds,
+                         const QProcessEnvironment &environment, const QString &logFile) {
     m_process.setProcessEnvironment(environment);
     m_process.setStandardErrorFile(logFile);
-    m_process.start(QStringLiteral(VELMORA_TEST_GALLERY), {name});
+    m_process.start(QStringLiteral(VELMORA_TEST_GALLERY),
+                    {name, QString::number(startScreenSeconds)});
 }
 
 HostProcess::~HostProcess() {

@@ -12,7 +12,7 @@ namespace velmora::test {
 class HostProcess {
 public:
     /// @param logFile gets what the host writes to standard error
-    HostProcess(const QString &name, const QProcessEnvironment &environment,
+    HostProcess(const QString &name, int startScreenSeconds, const QProcessEnvironment &environment,
                 const QString &logFile);
     ~HostProcess();
 

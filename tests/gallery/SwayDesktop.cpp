@@ -15,7 +15,7 @@ namespace {
 
 constexpr int StartMs = 15000;
 constexpr const char *Display = "wayland-1"; // the first that sway tries
-constexpr const char *Configuration = "output * resolution 1600x1100\n"
+constexpr const char *Configuration = "output * resolution 1280x900\n"
                                       "default_border none\n"
                                       "default_floating_border none\n"
                                       "xwayland disable\n";

@@ -17,6 +17,7 @@ public:
 
     QString error() const override { return m_error; }
     QProcessEnvironment environment() const override;
+    int startScreenSeconds() const override { return 5; } // each picture takes a process
     QImage picture() override;
     void click(QPoint point) override;
     std::optional<QPoint> positionOf(const QString &title) override;

@@ -19,7 +19,6 @@ namespace gallery {
 
 namespace {
 
-constexpr int StartScreenSeconds = 1;
 // "macappstores" is the scheme of the store's own application.
 const QStringList Schemes{QStringLiteral("http"), QStringLiteral("https"),
                           QStringLiteral("macappstores")};
@@ -61,8 +60,8 @@ void print(const QString &line) {
     std::fflush(stdout);
 }
 
-Gallery::Gallery() : m_commands(STDIN_FILENO, QSocketNotifier::Read) {
-    Velmora::setSplashScreenLoadTime(StartScreenSeconds);
+Gallery::Gallery(int startScreenSeconds) : m_commands(STDIN_FILENO, QSocketNotifier::Read) {
+    Velmora::setSplashScreenLoadTime(startScreenSeconds);
     for (const QString &scheme : Schemes)
         QDesktopServices::setUrlHandler(scheme, this, "openLink");
     for (const QString &name :

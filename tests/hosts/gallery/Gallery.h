@@ -46,7 +46,8 @@ class Gallery : public QObject {
     Q_OBJECT
 
 public:
-    Gallery();
+    /// @param startScreenSeconds how long splash screens show their start screen
+    explicit Gallery(int startScreenSeconds);
     ~Gallery() override;
 
     /// Registers a window for splash screens and takes ownership of it. The host shows it.

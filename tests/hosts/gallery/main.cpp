@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Small hosts of many kinds. Usage: velmora-host-gallery NAME | --list
+// Small hosts of many kinds. Usage: velmora-host-gallery NAME [START-SCREEN-SECONDS] | --list
 #include "Gallery.h"
 #include "Hosts.h"
 
@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -42,7 +43,7 @@ QIcon icon() {
 } // namespace
 
 int main(int argc, char **argv) {
-    const char *wanted = argc == 2 ? argv[1] : "";
+    const char *wanted = argc >= 2 ? argv[1] : "";
     const gallery::Hosts hosts = allHosts();
     if (std::strcmp(wanted, "--list") == 0) {
         for (const gallery::Host &host : hosts)
@@ -53,7 +54,7 @@ int main(int argc, char **argv) {
         return std::strcmp(each.name, wanted) == 0;
     });
     if (host == hosts.end()) {
-        std::fprintf(stderr, "Usage: velmora-host-gallery NAME | --list\n");
+        std::fprintf(stderr, "Usage: velmora-host-gallery NAME [START-SCREEN-SECONDS] | --list\n");
         return 2;
     }
     QApplication application(argc, argv);
@@ -62,7 +63,7 @@ int main(int argc, char **argv) {
     QApplication::setWindowIcon(icon());
     QApplication::setQuitOnLastWindowClosed(false);
     Velmora::activateDebugMode();
-    gallery::Gallery gallery;
+    gallery::Gallery gallery(argc == 3 ? std::atoi(argv[2]) : 5);
     host->open(gallery);
     return QApplication::exec();
 }
