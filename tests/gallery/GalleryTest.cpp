@@ -93,7 +93,7 @@ protected:
         eventually([&] { return isKnown(stage) || look(); }, timeoutMs);
         const QImage first = picture;
         const bool wasRight = fault.isEmpty();
-        quietly(FadeMs);
+        quietly(isKnown(stage) ? 2 * FadeMs : FadeMs);
         if (!look() && wasRight && !isKnown(stage)) { // the stage is over
             picture = first;
             fault.clear();

@@ -114,6 +114,7 @@ QString PictureCheck::faultsOfStartScreen() {
 
 QString PictureCheck::faultsOfVideo() {
     constexpr double LeastOfFilm = 0.2;
+    constexpr double MostOfWhite = 0.5;
     m_faults.clear();
     for (const Window &window : m_report.windows())
         expectCovered(window);
@@ -121,6 +122,8 @@ QString PictureCheck::faultsOfVideo() {
     const double film = part(active.content, [](QColor seen) { return !isDark(seen); });
     if (film < LeastOfFilm)
         add(active, QStringLiteral("the film fills ") + percent(film));
+    if (part(active.content, like(Qt::white)) > MostOfWhite)
+        add(active, QStringLiteral("the start screen is still visible"));
     return m_faults;
 }
 

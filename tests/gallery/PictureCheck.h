@@ -23,7 +23,7 @@ public:
 
     /// The start screen: white in all corners, with black texts, and nothing of the host.
     QString faultsOfStartScreen();
-    /// The video in the active window: no black frame, and nothing of the host.
+    /// The video in the active window: not black, no start screen, and nothing of the host.
     QString faultsOfVideo();
     /// The end screen: the still and a close button, and nothing of the host.
     QString faultsOfEndScreen();
