@@ -14,6 +14,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <utility>
 
 namespace velmora::test {
 
@@ -150,8 +151,18 @@ protected:
 };
 
 void GalleryTest::splashScreen() {
-    const HostReport before = host.report();
-    const QList<double> visible = PictureCheck(Desktop::current().picture(), before).visibleParts();
+    // Until the host has drawn all of its windows.
+    QList<double> visible;
+    const auto hasSettled = [&] {
+        const HostReport report = host.report();
+        const QList<double> earlier = std::exchange(
+            visible, PictureCheck(Desktop::current().picture(), report).visibleParts());
+        return visible == earlier && !visible.contains(0.);
+    };
+    eventually([&] {
+        quietly(FadeMs / 2);
+        return hasSettled();
+    });
     const auto check = [this](QString (PictureCheck::*faults)()) {
         return [this, faults](const QImage &picture) {
             const HostReport report = host.report();

@@ -101,7 +101,8 @@ QString PictureCheck::faultsOfStartScreen() {
     m_faults.clear();
     for (const Window &window : m_report.windows()) {
         expectCovered(window);
-        const QRect corners = window.content.adjusted(Margin, Margin, -Margin, -Margin);
+        const QRect corners =
+            (window.content & m_picture.rect()).adjusted(Margin, Margin, -Margin, -Margin);
         for (const QPoint &corner :
              {corners.topLeft(), corners.topRight(), corners.bottomLeft(), corners.bottomRight()}) {
             const QColor seen = m_picture.pixelColor(corner);
@@ -115,29 +116,34 @@ QString PictureCheck::faultsOfStartScreen() {
 }
 
 QString PictureCheck::faultsOfVideo() {
-    constexpr double LeastOfFilm = 0.2;
+    constexpr double LeastOfFilm = 0.5;
     constexpr double MostOfWhite = 0.5;
     m_faults.clear();
     for (const Window &window : m_report.windows())
         expectCovered(window);
     const Window &active = m_report.active();
-    const double film = part(active.content, [](QColor seen) { return !isDark(seen); });
+    const QRect row(active.content.left(), active.content.center().y(), active.content.width(), 1);
+    const double film = part(row, [](QColor seen) { return !isDark(seen); });
     if (film < LeastOfFilm)
-        add(active, QStringLiteral("the film fills ") + percent(film));
+        add(active, QStringLiteral("the film reaches over ") + percent(film));
     if (part(active.content, like(Qt::white)) > MostOfWhite)
         add(active, QStringLiteral("the start screen is still visible"));
     return m_faults;
 }
 
 QString PictureCheck::faultsOfEndScreen() {
-    constexpr double LeastOfStill = 0.3;
+    constexpr double LeastOfStill = 0.5;
     constexpr double LeastOfButton = 0.05;
     m_faults.clear();
     for (const Window &window : m_report.windows()) {
         expectCovered(window);
-        const double still = part(window.content, like(Still));
+        // It is as wide or as high as the window.
+        const QPoint middle = window.content.center();
+        const double still = std::max(
+            part({window.content.left(), middle.y(), window.content.width(), 1}, like(Still)),
+            part({middle.x(), window.content.top(), 1, window.content.height()}, like(Still)));
         if (still < LeastOfStill)
-            add(window, QStringLiteral("the still fills ") + percent(still));
+            add(window, QStringLiteral("the still reaches over ") + percent(still));
         const auto button = window.element(QStringLiteral("splash/closeButton"));
         if (!button) {
             add(window, QStringLiteral("the close button is missing"));
@@ -170,11 +176,6 @@ QString PictureCheck::faultsOfHost(const QList<double> &visibleBefore) {
     return m_faults;
 }
 
-QPoint PictureCheck::bannerIn(const Window &window) const {
-    const QRect left = bounds(window.content, BannerLeft);
-    return left.isNull() ? QPoint() : left.center();
-}
-
 QString PictureCheck::faultsOfBanner() {
     constexpr double LeastVisible = 0.95;
     constexpr double RatioTolerance = 0.1;
@@ -188,8 +189,8 @@ QString PictureCheck::faultsOfBanner() {
         }
         if (m_report.isShared(window, *element))
             continue;
-        const QRect left = bounds(m_picture.rect() & *element, BannerLeft);
-        const QRect right = bounds(m_picture.rect() & *element, BannerRight);
+        const QRect left = bounds(*element, BannerLeft);
+        const QRect right = bounds(*element, BannerRight);
         const QRect banner = left | right;
         const double ratio = banner.height() ? double(banner.width()) / banner.height() : 0;
         const double visible = part(banner, [](QColor seen) {

@@ -28,15 +28,13 @@ public:
     /// The end screen: the still and a close button, and nothing of the host.
     QString faultsOfEndScreen();
     /// No splash screen: the host's colour is visible as often as before.
-    /// @param visibleBefore what visiblePart() has given for each window
+    /// @param visibleBefore what visibleParts() has given before
     QString faultsOfHost(const QList<double> &visibleBefore);
     /// The banner in each window.
     QString faultsOfBanner();
 
     /// How much of each window has the host's colour, as a part of 1.
     QList<double> visibleParts() const;
-    /// A point on the left half of the banner in a window; null when it is not visible.
-    QPoint bannerIn(const HostReport::Window &window) const;
 
 private:
     using Window = HostReport::Window;

@@ -3,7 +3,6 @@
 
 #include "tests/gallery/Desktop.h"
 
-#include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
