@@ -8,6 +8,8 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QThread>
 
+#include <csignal>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace velmora::test {
@@ -94,16 +96,18 @@ bool SwayDesktop::startCompositor() {
     values.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
     m_compositor.setProcessEnvironment(values);
     m_compositor.setStandardErrorFile(QProcess::nullDevice());
-    if (::getuid() == 0) {
+    const bool isRoot = ::getuid() == 0;
+    if (isRoot) {
         for (const QString &file : {m_folder.path(), path}) {
             if (::chown(qPrintable(file), Nobody, Nobody) != 0)
                 return false;
         }
-        m_compositor.setChildProcessModifier([] {
-            if (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)
-                ::_exit(1);
-        });
     }
+    m_compositor.setChildProcessModifier([isRoot] {
+        if (isRoot && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0))
+            ::_exit(1);
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM); // ends it with this process, even if that crashes
+    });
     m_compositor.start(QStringLiteral("sway"), {QStringLiteral("-c"), path});
     return waitForFile(m_folder.filePath(QLatin1String(Display))) &&
            waitForFile(m_folder.filePath(QStringLiteral("ipc")));

@@ -77,8 +77,10 @@ void OwnDisplay::startWindowManager(const QString &name) {
 }
 
 OwnDisplay::~OwnDisplay() {
-    for (QProcess *process : {&m_windowManager, &m_server}) {
-        process->terminate();
+    // The window manager ends with its display, and a session bus that was started for it then ends
+    // too.
+    m_server.terminate();
+    for (QProcess *process : {&m_server, &m_windowManager}) {
         if (!process->waitForFinished(5000))
             process->kill();
         process->waitForFinished(5000);
