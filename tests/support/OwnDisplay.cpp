@@ -5,6 +5,7 @@
 #include <QtCore/QThread>
 #include <QtGui/QScreen>
 
+#include <algorithm>
 #include <csignal>
 #ifdef __linux__
 #include <sys/prctl.h>
@@ -12,11 +13,33 @@
 
 namespace velmora::test {
 
-OwnDisplay::OwnDisplay() {
+namespace {
+
+struct WindowManager {
+    const char *name;
+    QStringList command;
+    /// A property of the root window that it sets late in its start. An application that starts
+    /// before does not learn what the window manager supports.
+    const char *lastProperty;
+};
+
+const WindowManager WindowManagers[] = {
+    {"openbox", {"openbox", "--sm-disable"}, "_NET_CLIENT_LIST"},
+    // Its settings come over D-Bus.
+    {"xfwm4", {"dbus-run-session", "--", "xfwm4", "--compositor=off"}, "_NET_SUPPORTING_WM_CHECK"},
+    {"kwin", {"kwin_x11"}, "_NET_SUPPORTING_WM_CHECK"},
+    // Without a configuration, i3 would open a dialog that asks for one.
+    {"i3", {"i3", "-c", "/dev/null"}, "_NET_SUPPORTING_WM_CHECK"},
+};
+
+} // namespace
+
+OwnDisplay::OwnDisplay(const QString &windowManager, QSize size) {
     if (!start(m_server, QStringLiteral("Xvfb"),
                {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                QStringLiteral("0"), QStringLiteral("1024x768x24"), QStringLiteral("-nolisten"),
-                QStringLiteral("tcp"), QStringLiteral("-noreset")}))
+                QStringLiteral("0"),
+                QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height()),
+                QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")}))
         return;
     while (!m_server.canReadLine()) {
         if (!m_server.waitForReadyRead(20000)) {
@@ -28,16 +51,25 @@ OwnDisplay::OwnDisplay() {
     qputenv("QT_QPA_PLATFORM", "xcb");
     for (const char *variable : {"WAYLAND_DISPLAY", "XAUTHORITY", "QT_SCALE_FACTOR"})
         qunsetenv(variable);
-    if (!start(m_windowManager, QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}))
+    startWindowManager(windowManager);
+}
+
+void OwnDisplay::startWindowManager(const QString &name) {
+    const auto *manager =
+        std::find_if(std::begin(WindowManagers), std::end(WindowManagers),
+                     [&name](const auto &known) { return name == QLatin1String(known.name); });
+    if (manager == std::end(WindowManagers)) {
+        m_error = QStringLiteral("unknown window manager: ") + name;
         return;
-    // openbox sets this property late in its start. An application that starts before does not
-    // learn what the window manager supports.
+    }
+    if (!start(m_windowManager, manager->command.first(), manager->command.mid(1)))
+        return;
     const QDeadlineTimer deadline(20000);
     while (!runOnDisplay(QStringLiteral("xprop"),
-                         {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")})
+                         {QStringLiteral("-root"), QLatin1String(manager->lastProperty)})
                 .contains(QLatin1String("(WINDOW)"))) {
         if (deadline.hasExpired()) {
-            m_error = QStringLiteral("openbox did not start");
+            m_error = name + QStringLiteral(" did not start");
             return;
         }
         QThread::msleep(20);
@@ -45,8 +77,10 @@ OwnDisplay::OwnDisplay() {
 }
 
 OwnDisplay::~OwnDisplay() {
-    for (QProcess *process : {&m_windowManager, &m_server}) {
-        process->terminate();
+    // The window manager ends with its display, and a session bus that was started for it then ends
+    // too.
+    m_server.terminate();
+    for (QProcess *process : {&m_server, &m_windowManager}) {
         if (!process->waitForFinished(5000))
             process->kill();
         process->waitForFinished(5000);

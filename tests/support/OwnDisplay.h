@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QProcess>
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtGui/QColor>
 #include <QtWidgets/QWidget>
@@ -12,7 +13,9 @@ namespace velmora::test {
 /// and ends both on destruction.
 class OwnDisplay {
 public:
-    OwnDisplay();
+    /// @param windowManager "openbox", "xfwm4", "kwin" or "i3"
+    explicit OwnDisplay(const QString &windowManager = QStringLiteral("openbox"),
+                        QSize size = {1024, 768});
     ~OwnDisplay();
 
     /// Why the display is not available; empty when it is.
@@ -20,6 +23,7 @@ public:
 
 private:
     bool start(QProcess &process, const QString &program, const QStringList &arguments);
+    void startWindowManager(const QString &name);
 
     QProcess m_server;
     QProcess m_windowManager;

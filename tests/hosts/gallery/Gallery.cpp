@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Gallery.h"
+
+#include <Velmora/Notifications.h>
+#include <Velmora/Velmora.h>
+
+#include <QtGui/QDesktopServices>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMainWindow>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <unistd.h>
+
+namespace gallery {
+
+namespace {
+
+// "macappstores" is the scheme of the store's own application.
+const QStringList Schemes{QStringLiteral("http"), QStringLiteral("https"),
+                          QStringLiteral("macappstores")};
+
+// A rectangle in a window, in pixels.
+QString pixels(const QRect &area, double ratio) {
+    const auto scaled = [ratio](int length) {
+        return QString::number(std::lround(length * ratio));
+    };
+    return QStringList{scaled(area.x()), scaled(area.y()), scaled(area.width()),
+                       scaled(area.height())}
+        .join(QLatin1Char(' '));
+}
+
+// What a splash screen covers: in a main window all below the menu bar.
+QRect content(const QWidget *window) {
+    QRect area = window->rect();
+    const auto *main = qobject_cast<const QMainWindow *>(window);
+    if (main && main->menuWidget() && main->menuWidget()->isVisible())
+        area.setTop(main->menuWidget()->geometry().bottom() + 1);
+    return area;
+}
+
+// An element of the framework is named after what it belongs to: "splash/closeButton".
+QString fullName(const QWidget *widget) {
+    for (const QWidget *parent = widget; parent; parent = parent->parentWidget()) {
+        if (parent->objectName() == QLatin1String("bannerView"))
+            return QStringLiteral("banner/") + widget->objectName();
+        if (parent->objectName() == QLatin1String("splashScreenView"))
+            return QStringLiteral("splash/") + widget->objectName();
+    }
+    return widget->objectName();
+}
+
+} // namespace
+
+void print(const QString &line) {
+    std::puts(qUtf8Printable(line));
+    std::fflush(stdout);
+}
+
+Gallery::Gallery(int startScreenSeconds) : m_commands(STDIN_FILENO, QSocketNotifier::Read) {
+    Velmora::setSplashScreenLoadTime(startScreenSeconds);
+    for (const QString &scheme : Schemes)
+        QDesktopServices::setUrlHandler(scheme, this, "openLink");
+    for (const QString &name :
+         {VLMtryRemoveAds, VLMclickForBanner, VLMclickForVideo, VLMadsVideoDidStart,
+          VLMadsVideoDidStop, VLMsplashScreenDidShow, VLMsplashScreenDidClose}) {
+        m_observations.push_back(velmora::NotificationCenter::defaultCenter().addObserver(
+            name, [](const velmora::Notification &posted) {
+                print(QStringLiteral("notification %1 %2")
+                          .arg(posted.name.section(QLatin1Char('.'), -1), posted.object.toString())
+                          .trimmed());
+            }));
+    }
+    connect(&m_commands, &QSocketNotifier::activated, this, &Gallery::obey);
+    connect(&m_readiness, &QTimer::timeout, this, &Gallery::sayWhenReady);
+    m_readiness.start(20);
+}
+
+Gallery::~Gallery() {
+    for (const QString &scheme : Schemes)
+        QDesktopServices::unsetUrlHandler(scheme);
+    // A dialog before the window that it belongs to.
+    for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window)
+        delete *window;
+}
+
+void Gallery::takeOwnership(QWidget *window) {
+    window->setWindowTitle(QStringLiteral("gallery %1").arg(m_windows.size()));
+    m_windows.push_back(window);
+}
+
+void Gallery::add(QWidget *window) {
+    takeOwnership(window);
+    Velmora::addSplashScreenToWindow(window);
+}
+
+void Gallery::addGameEngine(QWidget *window) {
+    takeOwnership(window);
+    Velmora::addSplashScreenToUnityWindow(window);
+}
+
+void Gallery::openLink(const QUrl &link) {
+    print(QStringLiteral("opened ") + link.toString());
+}
+
+void Gallery::sayWhenReady() {
+    const bool areExposed = std::all_of(m_windows.begin(), m_windows.end(), [](QWidget *window) {
+        return window->windowHandle() && window->windowHandle()->isExposed();
+    });
+    const bool isActive = std::any_of(m_windows.begin(), m_windows.end(),
+                                      [](QWidget *window) { return window->isActiveWindow(); });
+    if (areExposed && isActive) {
+        m_readiness.stop();
+        print(QStringLiteral("ready"));
+    }
+}
+
+void Gallery::obey() {
+    std::array<char, 256> bytes{};
+    const ssize_t length = ::read(STDIN_FILENO, bytes.data(), bytes.size());
+    if (length <= 0) { // the test has ended
+        QCoreApplication::quit();
+        return;
+    }
+    for (const QByteArray &command : QByteArray(bytes.data(), length).split('\n')) {
+        if (command == "splash")
+            Velmora::forceShow();
+        else if (command == "banner")
+            addBanners();
+        else if (command == "report")
+            report();
+        else if (command == "quit")
+            QCoreApplication::quit();
+    }
+}
+
+void Gallery::addBanners() {
+    for (QWidget *window : m_windows)
+        Velmora::addBannerForWindow(window);
+}
+
+qsizetype Gallery::indexOfWindow(const QWidget *widget) const {
+    // A window that is embedded in another one is an ancestor as a QWindow only.
+    for (const QWindow *native = widget->window()->windowHandle(); native;
+         native = native->parent()) {
+        for (std::size_t i = 0; i < m_windows.size(); ++i) {
+            if (m_windows[i]->windowHandle() == native)
+                return qsizetype(i);
+        }
+    }
+    return -1;
+}
+
+void Gallery::report() const {
+    for (const QWidget *window : m_windows) {
+        const double ratio = window->devicePixelRatioF();
+        const QPointF corner = QPointF(window->mapToGlobal(QPoint())) * ratio;
+        print(QStringLiteral("window %1 %2 %3 %4")
+                  .arg(int(window->isActiveWindow()))
+                  .arg(std::lround(corner.x()))
+                  .arg(std::lround(corner.y()))
+                  .arg(pixels(content(window), ratio)));
+    }
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget *widget : widgets) {
+        const qsizetype index =
+            widget->isVisible() && !widget->objectName().isEmpty() ? indexOfWindow(widget) : -1;
+        if (index < 0 || widget->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        const QPoint corner =
+            widget->mapToGlobal(QPoint()) - m_windows[index]->mapToGlobal(QPoint());
+        print(QStringLiteral("widget %1 %2 %3")
+                  .arg(index)
+                  .arg(fullName(widget),
+                       pixels(QRect(corner, widget->size()), widget->devicePixelRatioF())));
+    }
+    print(QStringLiteral("reported"));
+}
+
+} // namespace gallery
