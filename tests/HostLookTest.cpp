@@ -121,7 +121,7 @@ TEST_F(BannerHostLookTest, ReachesNothingOfABanner) {
     const HostLook look;
     server.campaign().setMedia(QStringLiteral("/media/wide.gif"),
                                stillGif(Qt::red, Qt::blue, {728, 90}));
-    BannerController *shown = showOneOf({QStringLiteral("wide")});
+    AdBannerController *shown = showOneOf({QStringLiteral("wide")});
     time.advance(1);
     ASSERT_TRUE(eventually([&] {
         shown->view()->grab();

@@ -246,8 +246,8 @@ public:
 
     /// Adds a banner at the bottom of a window's content. Ignored when the window has one already.
     /// The banner is destroyed together with the widget that it is in, so a host that replaces a
-    /// QMainWindow's central widget has to add the banner again. Native child windows, such as a
-    /// game engine's view, would hide the banner. Any thread.
+    /// QMainWindow's central widget has to add the banner again. Over native child windows, such as
+    /// a game engine's view, the banner gets a native window of its own. Any thread.
     /// @param window a top-level widget, or any widget in it; in a QMainWindow the banner is in the
     ///               central widget
     static void addBannerForWindow(QWidget *window);

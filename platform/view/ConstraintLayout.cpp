@@ -4,6 +4,8 @@
 #include "MainQueue.h"
 
 #include <QtCore/QEvent>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 
@@ -25,12 +27,19 @@ ConstraintLayout::ConstraintLayout(QWidget *view) : QObject(view), m_view(view) 
 }
 
 void ConstraintLayout::followSuperview() {
-    if (m_superview)
-        m_superview->removeEventFilter(this);
+    for (const QPointer<QWidget> &old : {m_superview, m_viewport}) {
+        if (old)
+            old->removeEventFilter(this);
+    }
     m_superview = m_view->parentWidget();
+    m_viewport = nullptr;
     if (!m_superview)
         return;
     m_superview->installEventFilter(this);
+    if (const auto *scrollArea = qobject_cast<QAbstractScrollArea *>(m_superview)) {
+        m_viewport = scrollArea->viewport();
+        m_viewport->installEventFilter(this);
+    }
     m_view->raise();
     apply();
 }
@@ -93,10 +102,22 @@ QRectF ConstraintLayout::solve(const std::vector<LayoutConstraintPtr> &constrain
     return {x, superview.height() - bottom - height, width, height};
 }
 
+QRect ConstraintLayout::area() const {
+    const auto *scrollArea = qobject_cast<const QAbstractScrollArea *>(m_superview);
+    if (!scrollArea)
+        return m_superview->rect();
+    const QScrollBar *bar = scrollArea->horizontalScrollBar();
+    const QRect columns = scrollArea->viewport()->geometry();
+    // The whole height, also where the viewport ends above the view to make room for it.
+    const int height = scrollArea->height() - (bar->isVisible() ? bar->height() : 0);
+    return {columns.left(), 0, columns.width(), height};
+}
+
 void ConstraintLayout::apply() {
     if (!m_superview)
         return;
-    const QRect frame = solve(m_constraints, m_superview->size()).toRect();
+    const QRect area = this->area();
+    const QRect frame = solve(m_constraints, area.size()).toRect().translated(area.topLeft());
     m_view->setGeometry(frame);
     if (m_placed)
         m_placed(frame);
@@ -105,10 +126,10 @@ void ConstraintLayout::apply() {
 bool ConstraintLayout::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_view && event->type() == QEvent::ParentChange)
         followSuperview();
+    if ((watched == m_superview || watched == m_viewport) && event->type() == QEvent::Resize)
+        apply();
     if (watched != m_superview)
         return false;
-    if (event->type() == QEvent::Resize)
-        apply();
     if (event->type() == QEvent::ChildAdded && !m_raisePosted) {
         // Later, because the new child is not a widget yet: its constructor is still running.
         m_raisePosted = true;

@@ -17,9 +17,9 @@ namespace velmora {
 /// again when a constraint changes, when the superview is resized or gets a new child, and when the
 /// view gets another superview. Main thread only.
 ///
-/// A view that would not fit is scaled down with its aspect ratio kept. The distance from the
-/// bottom is reduced when it would leave the view less than its height and less than half of the
-/// superview's.
+/// In a QAbstractScrollArea the view lies beside the scroll bars. A view that would not fit is
+/// scaled down with its aspect ratio kept. The distance from the bottom is reduced when it would
+/// leave the view less than its height and less than half of the superview's.
 class ConstraintLayout : public QObject {
     Q_OBJECT
 
@@ -45,9 +45,12 @@ public:
 
 private:
     void followSuperview();
+    QRect area() const;
 
     QWidget *m_view;
     QPointer<QWidget> m_superview;
+    // Of a scroll area: resized when its scroll bars come and go.
+    QPointer<QWidget> m_viewport;
     std::vector<LayoutConstraintPtr> m_constraints;
     std::function<void(const QRect &)> m_placed;
     bool m_raisePosted = false;

@@ -12,18 +12,13 @@ struct KnownFault {
 };
 
 constexpr const char *Splitter = "a window that is a QSplitter takes the view as one of its panes";
-constexpr const char *Native = "a native child window hides the banner";
-constexpr const char *ScrollBars = "the scroll bars of a QScrollArea lie over the banner";
-constexpr const char *StyleSheet = "the host's style sheet reaches the texts";
 
 // Delete a row when its fault is mended.
 const KnownFault KnownFaults[] = {
-    {"SplitterWindow", "start", Splitter},       {"SplitterWindow", "video", Splitter},
-    {"SplitterWindow", "end", Splitter},         {"SplitterWindow", "banner", Splitter},
-    {"ScrollAreaWindow", "banner", ScrollBars},  {"CentralScrollArea", "banner", ScrollBars},
-    {"RasterWindowContainer", "banner", Native}, {"OpenGLWindowContainer", "banner", Native},
-    {"GameEngineRaster", "banner", Native},      {"GameEngineOpenGL", "banner", Native},
-    {"QuickViewContainer", "banner", Native},    {"StyleSheet", "start", StyleSheet},
+    {"SplitterWindow", "start", Splitter},
+    {"SplitterWindow", "video", Splitter},
+    {"SplitterWindow", "end", Splitter},
+    {"SplitterWindow", "banner", Splitter},
 };
 
 } // namespace

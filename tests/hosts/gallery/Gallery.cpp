@@ -45,7 +45,9 @@ QRect content(const QWidget *window) {
 // An element of the framework is named after what it belongs to: "splash/closeButton".
 QString fullName(const QWidget *widget) {
     for (const QWidget *parent = widget; parent; parent = parent->parentWidget()) {
-        if (parent->objectName() == QLatin1String("bannerView"))
+        // Over native windows the picture is not in the banner's view.
+        if (parent->objectName() == QLatin1String("bannerView") ||
+            parent->objectName() == QLatin1String("bannerImage"))
             return QStringLiteral("banner/") + widget->objectName();
         if (parent->objectName() == QLatin1String("splashScreenView"))
             return QStringLiteral("splash/") + widget->objectName();
