@@ -3,6 +3,7 @@
 #include "CloseButtonCell.h"
 #include "ColoredButtonCell.h"
 #include "InterfaceLoader.h"
+#include "PlainView.h"
 #include "SystemVersion.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TestGif.h"
@@ -233,6 +234,7 @@ TEST_F(ButtonsTest, AnElementMissingInAnInterfaceResourceIsLogged) {
     EXPECT_EQ(InterfaceLoader::load(QStringLiteral("None")), nullptr);
     EXPECT_TRUE(hasLogged("interface resource None is missing"));
     const QStringList paths = QCoreApplication::libraryPaths();
+    InterfaceLoader::registerClass<PlainView>(QStringLiteral("PlainView"));
     InterfaceLoader::registerClass<BannerImageView>(QStringLiteral("BannerImageView"));
     InterfaceLoader::registerClass<CloseButtonCell>(QStringLiteral("CloseButtonCell"));
     const std::unique_ptr<QWidget> root(InterfaceLoader::load(QStringLiteral("BannerController")));
