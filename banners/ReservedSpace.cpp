@@ -6,6 +6,7 @@
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QLayout>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QTabWidget>
 
@@ -23,6 +24,13 @@ struct ViewportMargins : QAbstractScrollArea {
     static constexpr void (QAbstractScrollArea::*set)(const QMargins &) =
         &ViewportMargins::setViewportMargins;
 };
+
+// The banner lies above it, and the viewport ends above both.
+int scrollBarHeight(const QWidget *holder) {
+    const auto *area = qobject_cast<const QAbstractScrollArea *>(holder);
+    const QScrollBar *bar = area ? area->horizontalScrollBar() : nullptr;
+    return bar && bar->isVisible() ? bar->height() : 0;
+}
 
 QMargins marginsOf(const QWidget *holder) {
     if (const auto *area = qobject_cast<const QAbstractScrollArea *>(holder))
@@ -58,7 +66,8 @@ void ReservedSpace::setHeight(int height) {
         m_added = 0;
     }
     if (m_holder)
-        setBottomMargin(std::clamp(height, 0, m_superview->height() * 2 / 3));
+        setBottomMargin(
+            std::clamp(height - scrollBarHeight(m_holder), 0, m_superview->height() * 2 / 3));
     // A view that places headers, such as a table, sets its margins back at once.
     const bool isReserved = m_holder && marginsOf(m_holder).bottom() >= m_added;
     if (height > 0 && !isReserved)
