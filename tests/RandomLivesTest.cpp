@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Animator.h"
 #include "AdBannerController.h"
+#include "Animator.h"
 #include "BannerImageView.h"
 #include "CloseButtonCell.h"
 #include "SplashScreenPresenter.h"
