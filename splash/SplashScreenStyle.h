@@ -64,7 +64,7 @@ private:
     static double singlePrecision(const QVariant &value) { return double(value.toFloat()); }
 
     template<auto Setter, auto Read = asStored<typename ValueOf<decltype(Setter)>::Type>>
-    static consteval SplashScreenOption row(std::string_view key, QVariant (*standardValue)(),
+    static constexpr SplashScreenOption row(std::string_view key, QVariant (*standardValue)(),
                                             std::string_view operation, std::string_view meaning) {
         using Value = typename ValueOf<decltype(Setter)>::Type;
         return {
@@ -80,7 +80,7 @@ private:
     }
     /// A colour with its values in the light and in the dark preset.
     template<auto Setter>
-    static consteval SplashScreenOption colorRow(std::string_view key, QVariant (*light)(),
+    static constexpr SplashScreenOption colorRow(std::string_view key, QVariant (*light)(),
                                                  QVariant (*dark)(), std::string_view operation,
                                                  std::string_view meaning) {
         SplashScreenOption made = row<Setter>(key, light, operation, meaning);
