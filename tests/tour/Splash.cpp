@@ -11,7 +11,7 @@
 
 #include <Velmora/Notifications.h>
 
-#include <QtWidgets/QLabel>
+#include <QtWidgets/QWidget>
 
 #include <algorithm>
 
@@ -112,7 +112,7 @@ bool Splash::isSettled() const {
 QString Splash::countdown() const {
     for (const char *name : {"timeLabel", "timeVideoLabel"}) {
         if (isShown(name))
-            return qobject_cast<QLabel *>(element(name))->text();
+            return element(name)->property("text").toString();
     }
     return {};
 }
