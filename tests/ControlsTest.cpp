@@ -152,8 +152,11 @@ TEST_F(BannerImageViewTest, APictureOfOneFrameIsSharpAtEverySizeAfterAnyOther) {
         QPainter(&halves).fillRect(x, 0, 6, 180, x < 728 ? Qt::white : Qt::black);
     setPicture(pngOf(halves));
     drawnAt({728, 90});
-    for (const int brightness : drawnAt({91, 11}))
-        EXPECT_NEAR(brightness, 128, 70);
+    drawnAt({91, 11});
+    EXPECT_TRUE(eventually([&] {
+        const auto row = middleRow(*view);
+        return std::all_of(row.begin(), row.end(), [](int c) { return std::abs(c - 128) <= 70; });
+    }));
 }
 
 TEST_F(BannerImageViewTest, AnAnimationThatHasEndedIsSharpAtItsNewSize) {
