@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Archive.h"
+#include "BackgroundThread.h"
 #include "SerialQueue.h"
 #include "tests/support/FreshProcess.h"
 
@@ -45,6 +46,7 @@ TEST(SerialQueueTest, RunsAllWorkInOrderBeforeItIsDestroyed) {
         EXPECT_EQ(done.size(), 100u);
         queue.run([&done] { done.push_back(100); });
     }
+    waitForBackgroundThreads();
     ASSERT_EQ(done.size(), 101u);
     EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
 }

@@ -193,9 +193,10 @@ TEST_F(ProcessEndTest, AHostMayEndDuringASplashScreen) {
     endIn({QStringLiteral("splash"), QStringLiteral("close-button"), QStringLiteral("handler")});
 }
 
-// The main thread goes on to draw while the worker is in exit().
+// The main thread goes on to draw while the worker is in exit(). Late enough that nothing is
+// appearing for the first time, which Qt does not survive.
 TEST_F(ProcessEndTest, AWorkerOfTheHostMayExit) {
-    endIn({"worker"}, {QStringLiteral("400"), QStringLiteral("running-splash")});
+    endIn({"worker"}, {QStringLiteral("1000"), QStringLiteral("running-splash")});
 }
 
 TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
