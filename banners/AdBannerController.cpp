@@ -17,8 +17,10 @@
 #include "PlainView.h"
 #include "RandomSource.h"
 #include "Refusal.h"
+#include "SplitterGuard.h"
 #include "Switches.h"
 #include "Window.h"
+#include "WindowProxy.h"
 #include "Workspace.h"
 
 #include <Velmora/NotificationCenter.h>
@@ -28,7 +30,6 @@
 
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QMainWindow>
-#include <QtWidgets/QSplitter>
 
 #include <utility>
 
@@ -185,9 +186,6 @@ void AdBannerController::setViewController(ViewController *controller, QWidget *
 }
 
 void AdBannerController::attachTo(QWidget *superview) {
-    // A splitter would make the banner one of its panes.
-    while (qobject_cast<QSplitter *>(superview))
-        superview = superview->parentWidget();
     if (!superview) {
         Refusal::report(Refusal::Request::AddBanner, Refusal::Reason::NoView,
                         QStringLiteral("a banner is never shown: no view was given for it"));
@@ -196,6 +194,7 @@ void AdBannerController::attachTo(QWidget *superview) {
     QWidget *own = view();
     if (!own)
         return;
+    SplitterGuard::keepOut(own, superview);
     own->setParent(superview);
     setBannerConstraints();
     BannerAreas::current().add(weak_from_this());
@@ -205,6 +204,15 @@ void AdBannerController::attachTo(QWidget *superview) {
 }
 
 QWidget *AdBannerController::window() const {
+    QWidget *host = hostWindow();
+    return WindowProxy::hostOf(host) ? nullptr : host;
+}
+
+QWindow *AdBannerController::windowHandle() const {
+    return WindowProxy::nativeWindowOf(hostWindow());
+}
+
+QWidget *AdBannerController::hostWindow() const {
     if (!m_placement.isPlaced())
         return m_window;
     const QWidget *superview = viewIfLoaded() ? viewIfLoaded()->parentWidget() : nullptr;

@@ -44,6 +44,9 @@ public:
     }
 
     QWidget *window() const override;
+    QWindow *windowHandle() const override;
+    /// The widget that is, or stands for, the window that the banner lies in; null when in none.
+    QWidget *hostWindow() const;
     QRect rectInWindow() const override;
     /// Attaches the banner to the content of a window. Any thread.
     void setWindow(QWidget *window);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BannerAreas.h"
 
+#include "AdBannerController.h"
 #include "EventSource.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
+#include "WindowProxy.h"
 
 #include <QtCore/QHash>
 
@@ -18,7 +20,7 @@ QRect rectOfBannerIn(const QWidget *window,
                      const std::vector<std::shared_ptr<BannerController>> &banners) {
     QRect last;
     for (const auto &banner : banners) {
-        if (banner->window() != window)
+        if (AdBannerController::of(*banner).hostWindow() != window)
             continue;
         const QRect rect = banner->rectInWindow();
         if (!rect.isEmpty())
@@ -96,7 +98,8 @@ void BannerAreas::tellHost(const Banners &banners) {
     for (const Told &told : m_told)
         windows.append(told.window);
     for (const auto &banner : banners) {
-        if (QWidget *window = banner->window(); window && !windows.contains(window))
+        QWidget *window = AdBannerController::of(*banner).hostWindow();
+        if (window && !windows.contains(window))
             windows.append(window);
     }
     // A slot may destroy windows and banners. What the next window is told is read after that.
@@ -104,7 +107,11 @@ void BannerAreas::tellHost(const Banners &banners) {
         if (!window)
             continue;
         const QRect rect = rectOfBannerIn(window, banners);
-        if (std::exchange(toldAbout(window).rect, rect) != rect)
+        if (std::exchange(toldAbout(window).rect, rect) == rect)
+            continue;
+        if (QWindow *host = WindowProxy::hostOf(window))
+            Q_EMIT events->windowBannerRectChanged(host, rect);
+        else
             Q_EMIT events->bannerRectChanged(window, rect);
     }
 }

@@ -14,10 +14,10 @@
 namespace velmora {
 
 /// The parts of the host's windows that banners cover. Tells the host when one changes
-/// (VelmoraEvents::bannerRectChanged()), and keeps the host's content out of them if the host wants
-/// that. Does both on a later turn of the main loop, once for all changes of a turn: a change comes
-/// in the middle of a layout or of a host's call, when no code of the host may run. One per
-/// process. Main thread only.
+/// (VelmoraEvents::bannerRectChanged(), windowBannerRectChanged()), and keeps the host's content
+/// out of them if the host wants that. Does both on a later turn of the main loop, once for all
+/// changes of a turn: a change comes in the middle of a layout or of a host's call, when no code of
+/// the host may run. One per process. Main thread only.
 class BannerAreas {
 public:
     static BannerAreas &current();

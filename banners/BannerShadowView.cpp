@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BannerShadowView.h"
 
+#include "SplitterGuard.h"
+
 #include <QtGui/QPainter>
 
 namespace velmora {
@@ -10,8 +12,8 @@ constexpr int DarkestAlpha = 60; // of 255, next to the banner
 constexpr int SideInset = 3;     // points
 } // namespace
 
-BannerShadowView::BannerShadowView(QWidget *banner)
-    : QWidget(banner->parentWidget()), m_banner(banner) {
+BannerShadowView::BannerShadowView(QWidget *banner) : m_banner(banner) {
+    enterSuperview();
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
@@ -19,10 +21,15 @@ BannerShadowView::BannerShadowView(QWidget *banner)
     hide();
 }
 
+void BannerShadowView::enterSuperview() {
+    SplitterGuard::keepOut(this, m_banner->parentWidget());
+    setParent(m_banner->parentWidget());
+}
+
 void BannerShadowView::follow(const QRect &banner, int depth) {
     if (m_banner && parentWidget() != m_banner->parentWidget()) {
         const bool wasHidden = isHidden();
-        setParent(m_banner->parentWidget());
+        enterSuperview();
         setVisible(!wasHidden);
     }
     setGeometry(banner.x(), banner.y() + banner.height(), banner.width(), depth);

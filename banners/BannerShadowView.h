@@ -24,6 +24,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void enterSuperview();
+
     QPointer<QWidget> m_banner;
 };
 

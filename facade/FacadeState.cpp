@@ -3,10 +3,16 @@
 
 #include "ProcessRoot.h"
 
+#include <QtWidgets/QApplication>
+
 namespace velmora {
 
 FacadeState &FacadeState::current() {
     return ProcessRoot::get<FacadeState>();
+}
+
+bool FacadeState::hasApplication() {
+    return ProcessRoot::isUsable() && qobject_cast<QApplication *>(QCoreApplication::instance());
 }
 
 } // namespace velmora

@@ -29,6 +29,10 @@ struct FacadeState {
     double bannerCenterXInset = 0;
 
     static FacadeState &current();
+
+    /// Whether there is what everything that is shown needs: a QApplication, and not a
+    /// QGuiApplication only, as many Qt Quick hosts have. Any thread.
+    static bool hasApplication();
 };
 
 } // namespace velmora

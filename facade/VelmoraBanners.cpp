@@ -8,6 +8,7 @@
 #include "ProcessRoot.h"
 #include "Refusal.h"
 #include "Switches.h"
+#include "WindowProxy.h"
 
 #include <cmath>
 
@@ -20,6 +21,7 @@ using velmora::ProcessRoot;
 using velmora::Refusal;
 using velmora::Switches;
 using velmora::ViewController;
+using velmora::WindowProxy;
 
 namespace {
 
@@ -32,10 +34,10 @@ bool mayAdd() {
         Refusal::reportAdsRemoved(Request::AddBanner);
         return false;
     }
-    if (ProcessRoot::isUsable())
+    if (FacadeState::hasApplication())
         return true;
     Refusal::report(Request::AddBanner, Reason::NoApplication,
-                    QStringLiteral("banner not added: there is no application object"));
+                    QStringLiteral("banner not added: there is no QApplication"));
     return false;
 }
 
@@ -78,7 +80,9 @@ void signalNoBanner() {
                     QStringLiteral("the window has no banner"));
 }
 
-void setForWindow(QWidget *window, Setter setter, double value) {
+// Window is a QWidget or a QWindow.
+template<class Window>
+void setForWindow(Window *window, Setter setter, double value) {
     if (ProcessRoot::hasEnded())
         return;
     if (Velmora::isInitializedBannerLOG_ERROR()) {
@@ -129,6 +133,13 @@ void Velmora::addBannerForWindow(QWidget *window) {
         addWithDefaults(AdBannerController::addBannerToWindow(window));
 }
 
+void Velmora::addBannerForWindow(QWindow *window) {
+    if (!MainQueue::isMainThread())
+        MainQueue::post([target = QPointer<QWindow>(window)] { addBannerForWindow(target); });
+    else if (mayAdd())
+        addBannerForWindow(WindowProxy::widgetFor(window));
+}
+
 void Velmora::addBannerForViewController(ViewController *controller, QWidget *view) {
     if (!mayAdd())
         return;
@@ -151,8 +162,14 @@ void Velmora::addBannerForViewController(ViewController *controller, QWidget *vi
 
 BannerController *Velmora::BControllFromWindow(QWidget *window) {
     const QWidget *whole = window ? window->window() : nullptr;
-    return lastMatch(
-        [whole](const BannerController &banner) { return whole && banner.window() == whole; });
+    return lastMatch([whole](BannerController &banner) {
+        return whole && AdBannerController::of(banner).hostWindow() == whole;
+    });
+}
+
+BannerController *Velmora::BControllFromWindow(QWindow *window) {
+    return ProcessRoot::hasEnded() ? nullptr
+                                   : BControllFromWindow(WindowProxy::existingWidgetFor(window));
 }
 
 BannerController *Velmora::BControllFromViewController(ViewController *controller) {
@@ -213,6 +230,26 @@ void Velmora::setBannerBottomInset(double inset, QWidget *window) {
 }
 
 void Velmora::setBannerCenterXInset(double inset, QWidget *window) {
+    setForWindow(window, &BannerController::setCenterXInset, inset);
+}
+
+void Velmora::setBannerHeight(double height, QWindow *window) {
+    setForWindow(window, &BannerController::setHeight, height);
+}
+
+void Velmora::setBannerLargeImageToWindow(QWindow *window) {
+    setBannerHeight(FacadeState::LargeBannerHeight, window);
+}
+
+void Velmora::setBannerSmallImageToWindow(QWindow *window) {
+    setBannerHeight(FacadeState::SmallBannerHeight, window);
+}
+
+void Velmora::setBannerBottomInset(double inset, QWindow *window) {
+    setForWindow(window, &BannerController::setBottomInset, inset);
+}
+
+void Velmora::setBannerCenterXInset(double inset, QWindow *window) {
     setForWindow(window, &BannerController::setCenterXInset, inset);
 }
 

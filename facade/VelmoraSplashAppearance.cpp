@@ -5,6 +5,7 @@
 #include "Refusal.h"
 #include "SplashScreenPresenter.h"
 #include "SplashScreenStyle.h"
+#include "WindowProxy.h"
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
@@ -15,6 +16,7 @@ using velmora::ProcessRoot;
 using velmora::Refusal;
 using velmora::SplashScreenOption;
 using velmora::SplashScreenStyle;
+using velmora::WindowProxy;
 
 namespace {
 
@@ -73,8 +75,19 @@ void Velmora::setSplashScreenTopInset(double inset, QWidget *window) {
     if (ProcessRoot::hasEnded())
         return;
     const auto controller = SSPresenter().splashScreenControllerWithWindow(window);
-    if (controller && std::isfinite(inset))
+    if (!controller)
+        Refusal::report(Refusal::Request::SetOption, Refusal::Reason::NotAdded,
+                        QStringLiteral("top inset not set: the window has no splash screen"));
+    else if (!std::isfinite(inset))
+        Refusal::report(Refusal::Request::SetOption, Refusal::Reason::InvalidValue,
+                        QStringLiteral("a top inset must be a finite number"));
+    else
         controller->setTopInset(inset);
+}
+
+void Velmora::setSplashScreenTopInset(double inset, QWindow *window) {
+    if (!ProcessRoot::hasEnded())
+        setSplashScreenTopInset(inset, WindowProxy::existingWidgetFor(window));
 }
 
 void Velmora::setSplashScreenBackgroundColor(const QColor &color) {

@@ -9,6 +9,7 @@
 #include "Refusal.h"
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
+#include "WindowProxy.h"
 
 #include <algorithm>
 
@@ -21,6 +22,7 @@ using velmora::Refusal;
 using velmora::SplashScreenPresenter;
 using velmora::SplashSequence;
 using velmora::Switches;
+using velmora::WindowProxy;
 
 namespace {
 
@@ -39,10 +41,10 @@ bool isAllowed(Request request) {
         Refusal::reportAdsRemoved(request);
         return false;
     }
-    if (ProcessRoot::isUsable())
+    if (FacadeState::hasApplication())
         return true;
     Refusal::report(request, Reason::NoApplication,
-                    QStringLiteral("splash screens need an application object"));
+                    QStringLiteral("splash screens need a QApplication"));
     return false;
 }
 
@@ -80,12 +82,20 @@ void startUpdateCycle() {
     });
 }
 
+bool mayAddSplashScreen() {
+    return isAllowed(Request::AddSplashScreen) && isOnMainThread(Request::AddSplashScreen);
+}
+
 bool addSplashScreen(QWidget *window, bool unity) {
-    if (!isAllowed(Request::AddSplashScreen) || !isOnMainThread(Request::AddSplashScreen))
+    if (!mayAddSplashScreen())
         return false;
     SplashScreenPresenter &presenter = Velmora::SSPresenter();
     startUpdateCycle();
     return presenter.addSplashScreenForWindow(window, unity);
+}
+
+bool addSplashScreen(QWindow *window, bool unity) {
+    return mayAddSplashScreen() && addSplashScreen(WindowProxy::widgetFor(window), unity);
 }
 
 // Null once exit() has begun, when a static object of the host may still call the facade.
@@ -144,6 +154,14 @@ bool Velmora::addSplashScreenToUnityWindow(QWidget *window) {
     return addSplashScreen(window, true);
 }
 
+bool Velmora::addSplashScreenToWindow(QWindow *window) {
+    return addSplashScreen(window, false);
+}
+
+bool Velmora::addSplashScreenToUnityWindow(QWindow *window) {
+    return addSplashScreen(window, true);
+}
+
 void Velmora::removeSplashScreenFromWindow(QWidget *window) {
     if (!isOnMainThread(Request::RemoveSplashScreen))
         return;
@@ -151,7 +169,14 @@ void Velmora::removeSplashScreenFromWindow(QWidget *window) {
         presenter->removeSplashScreenWithWindow(window);
 }
 
+void Velmora::removeSplashScreenFromWindow(QWindow *window) {
+    if (isOnMainThread(Request::RemoveSplashScreen))
+        removeSplashScreenFromWindow(WindowProxy::existingWidgetFor(window));
+}
+
 void Velmora::removeADSFromWindow(QWidget *) {}
+
+void Velmora::removeADSFromWindow(QWindow *) {}
 
 bool Velmora::isShowSplashScreen() {
     const SplashScreenPresenter *presenter = presenterUnlessEnded();

@@ -60,7 +60,7 @@ TEST_F(BannerFacadeTest, AWindowGetsOneBannerAndAViewControllerOneForEachCall) {
     EXPECT_EQ(Velmora::BControllFromViewController(&host), nullptr);
     EXPECT_EQ(Velmora::BControllFromViewController(Velmora::BControllers().front().get()),
               Velmora::BControllers().front().get());
-    EXPECT_EQ(Velmora::BControllFromWindow(nullptr), nullptr);
+    EXPECT_EQ(Velmora::BControllFromWindow(static_cast<QWidget *>(nullptr)), nullptr);
 }
 
 TEST_F(BannerFacadeTest, ABannerIsHiddenThroughAnyControllerInItsWindow) {
@@ -109,7 +109,7 @@ TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {
         time.advance(40);
     }
     EXPECT_TRUE(hasLogged("never shown: no view was given"));
-    EXPECT_EQ(Velmora::BControllFromWindow(nullptr), nullptr);
+    EXPECT_EQ(Velmora::BControllFromWindow(static_cast<QWidget *>(nullptr)), nullptr);
     EXPECT_EQ(time.timerCount(), 0u);
 
     // Nor does the banner become a window when the host takes its view out of the window.

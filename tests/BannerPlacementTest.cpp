@@ -253,12 +253,16 @@ TEST_F(BannerPlacementTest, ABannerMovedToAnotherSuperviewIsPlacedThereWithItsSh
 }
 
 TEST_F(BannerPlacementTest, ASplitterDoesNotGetTheBannerAsAPane) {
-    QSplitter splitter(window.get());
+    QSplitter splitter;
     splitter.addWidget(new QWidget);
-    ViewController host(&splitter);
-    Velmora::addBannerForViewController(&host, nullptr);
+    splitter.show();
+    Velmora::addBannerForWindow(&splitter);
+    Velmora::addSplashScreenToUnityWindow(&splitter);
+    handleEvents();
+    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), &splitter);
     EXPECT_EQ(splitter.count(), 1);
-    EXPECT_EQ(Velmora::BControllers().back()->view()->parentWidget(), window.get());
+    splitter.addWidget(new QWidget);
+    EXPECT_EQ(splitter.count(), 2);
 }
 
 TEST_F(BannerPlacementTest, ContentViewControllersGetTheBannerAsAChild) {

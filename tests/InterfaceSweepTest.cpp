@@ -33,6 +33,8 @@ struct Arguments {
     QColor color;
     QImage image;
     TimerPtr timer;
+
+    QWindow *nativeWindow() const { return window ? window->windowHandle() : nullptr; }
 };
 
 enum class From { MainThread, AnyThread };
@@ -62,7 +64,9 @@ const Operation operations[] = {
     {OPERATION(Velmora::removeAdsNow()), From::AnyThread},
     {OPERATION(Velmora::resetAds())},
     {OPERATION(Velmora::addSplashScreenToWindow(a.window))},
+    {OPERATION(Velmora::addSplashScreenToWindow(a.nativeWindow()))},
     {OPERATION(Velmora::addSplashScreenToUnityWindow(a.window))},
+    {OPERATION(Velmora::addSplashScreenToUnityWindow(a.nativeWindow()))},
     {OPERATION(Velmora::show()), From::AnyThread},
     {OPERATION(Velmora::forceShow()), From::AnyThread},
     {OPERATION(Velmora::showWithouSplash()), From::AnyThread},
@@ -81,6 +85,7 @@ const Operation operations[] = {
     {OPERATION(Velmora::setSplashScreenAppearance(Velmora::Appearance(a.integer)))},
     {OPERATION(Velmora::setSplashScreenTopInset(a.number))},
     {OPERATION(Velmora::setSplashScreenTopInset(a.number, a.window))},
+    {OPERATION(Velmora::setSplashScreenTopInset(a.number, a.nativeWindow()))},
     {OPERATION(Velmora::setSplashScreenBackgroundColor(a.color))},
     {OPERATION(Velmora::setSplashScreenBackgroundImage(a.image))},
     {OPERATION(Velmora::setSplashScreenBackgroundImageScaling(unsigned(a.integer)))},
@@ -99,8 +104,10 @@ const Operation operations[] = {
     {OPERATION(Velmora::setSplashScreenHiddenBackgroundImageAfterVideo(a.flag))},
     {OPERATION(Velmora::setSplashScreenHiddenBackgroundImageBeforeVideo(a.flag))},
     {OPERATION(Velmora::addBannerForWindow(a.window)), From::AnyThread},
+    {OPERATION(Velmora::addBannerForWindow(a.nativeWindow())), From::AnyThread},
     {OPERATION(Velmora::addBannerForViewController(a.controller, a.window)), From::AnyThread},
     {OPERATION(Velmora::BControllFromWindow(a.window))},
+    {OPERATION(Velmora::BControllFromWindow(a.nativeWindow()))},
     {OPERATION(Velmora::BControllFromViewController(a.controller))},
     {OPERATION(Velmora::BControllers())},
     {OPERATION(Velmora::setBannersReserveSpace(a.flag))},
@@ -110,13 +117,20 @@ const Operation operations[] = {
     {OPERATION(Velmora::setBannersBottomInset(a.number))},
     {OPERATION(Velmora::setBannersCenterXInset(a.number))},
     {OPERATION(Velmora::setBannerHeight(a.number, a.window))},
+    {OPERATION(Velmora::setBannerHeight(a.number, a.nativeWindow()))},
     {OPERATION(Velmora::setBannerLargeImageToWindow(a.window))},
+    {OPERATION(Velmora::setBannerLargeImageToWindow(a.nativeWindow()))},
     {OPERATION(Velmora::setBannerSmallImageToWindow(a.window))},
+    {OPERATION(Velmora::setBannerSmallImageToWindow(a.nativeWindow()))},
     {OPERATION(Velmora::setBannerBottomInset(a.number, a.window))},
+    {OPERATION(Velmora::setBannerBottomInset(a.number, a.nativeWindow()))},
     {OPERATION(Velmora::setBannerCenterXInset(a.number, a.window))},
+    {OPERATION(Velmora::setBannerCenterXInset(a.number, a.nativeWindow()))},
     {OPERATION(Velmora::setBannerHidden(a.flag, a.controller))},
     {OPERATION(Velmora::removeSplashScreenFromWindow(a.window))},
+    {OPERATION(Velmora::removeSplashScreenFromWindow(a.nativeWindow()))},
     {OPERATION(Velmora::removeADSFromWindow(a.window))},
+    {OPERATION(Velmora::removeADSFromWindow(a.nativeWindow()))},
     {OPERATION(Velmora::isInitializedSplashScreenWithLOG_WARNING())},
     {OPERATION(Velmora::isInitializedSplashScreenWithLOG_ERROR())},
     {OPERATION(Velmora::isInitializedBannerLOG_ERROR())},

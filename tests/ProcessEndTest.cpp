@@ -32,9 +32,9 @@ struct LateCaller {
             return;
         Velmora::isADSRemoved();
         Velmora::removeAdsNow();
-        Velmora::addBannerForWindow(nullptr);
+        Velmora::addBannerForWindow(static_cast<QWidget *>(nullptr));
         Velmora::setBannersHeight(50);
-        Velmora::BControllFromWindow(nullptr);
+        Velmora::BControllFromWindow(static_cast<QWidget *>(nullptr));
         Velmora::show();
         Velmora::isShowSplashScreen();
         Velmora::setSplashScreenLoadTime(3);

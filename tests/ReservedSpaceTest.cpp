@@ -101,8 +101,14 @@ TEST_F(ReservedSpaceTest, TheContentEndsAboveTheBannerAndGetsItsPlaceBack) {
              openMainWindow(tabs);
              return areaOf(page);
          }},
-        // The banner lies in the main window, below the status bar.
-        {"splitter", [&] { return areaOf(openMainWindow(new QSplitter)->statusBar()); }},
+        {"splitter",
+         [&] {
+             auto *splitter = new QSplitter;
+             auto *pane = new QWidget;
+             splitter->addWidget(pane);
+             openMainWindow(splitter);
+             return areaOf(pane);
+         }},
     };
     const std::pair<const char *, std::function<void()>> ends[] = {
         {"hidden", [&] { current()->setBannerHidden(true); }},

@@ -164,7 +164,7 @@ TEST_F(SplashScreenSequenceTest, AWindowThatJoinsGetsTheViewOfThePhase) {
     EXPECT_TRUE(isShown(controller(last).outlets().closeButton));
     EXPECT_FALSE(controller(last).overlay()->isHidden());
     EXPECT_FALSE(Velmora::addSplashScreenToWindow(last)) << "registered already";
-    EXPECT_FALSE(Velmora::addSplashScreenToWindow(nullptr));
+    EXPECT_FALSE(Velmora::addSplashScreenToWindow(static_cast<QWidget *>(nullptr)));
     EXPECT_EQ(presenter().SSControllers().size(), 5u);
 }
 

@@ -74,7 +74,7 @@ TEST_F(VelmoraEventsTest, WhatIsRefusedTellsWhy) {
     expect("ShowSplashScreen NoKeyWindow");
     Velmora::addSplashScreenToWindow(window);
     expect("AddSplashScreen AlreadyAdded");
-    Velmora::addSplashScreenToUnityWindow(nullptr);
+    Velmora::addSplashScreenToUnityWindow(static_cast<QWidget *>(nullptr));
     expect("AddSplashScreen NoWindow");
     std::thread([other] { Velmora::addSplashScreenToWindow(other); }).join();
     expect("AddSplashScreen WrongThread");
@@ -93,7 +93,7 @@ TEST_F(VelmoraEventsTest, WhatIsRefusedTellsWhy) {
 
     Velmora::setBannerHeight(60, window);
     expect("SetOption NotAdded");
-    Velmora::addBannerForWindow(nullptr);
+    Velmora::addBannerForWindow(static_cast<QWidget *>(nullptr));
     expect("AddBanner NoWindow");
     Velmora::addBannerForViewController(nullptr, window);
     expect("AddBanner NoView");
@@ -132,7 +132,7 @@ TEST_F(VelmoraEventsTest, ASlotMayDoAnythingAndIsNeverCalledInsideACallOfTheHost
         Velmora::addSplashScreenToWindow(openWindow("another"));
     });
     Velmora::show();
-    Velmora::addBannerForWindow(nullptr);
+    Velmora::addBannerForWindow(static_cast<QWidget *>(nullptr));
     isInCall = false;
     for (int turn = 0; turn < 5; ++turn)
         time.advance(1);

@@ -8,7 +8,6 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
-#include <QtWidgets/QSplitter>
 
 namespace velmora::test {
 
@@ -91,14 +90,12 @@ TEST_F(WindowTest, ARefusedCloseIsNotPosted) {
     EXPECT_FALSE(heard.contains(QStringLiteral("close w")));
 }
 
-TEST_F(WindowTest, TheContentViewIsAWidgetThatAcceptsAnotherChild) {
+TEST_F(WindowTest, TheContentViewIsTheCentralWidget) {
     QMainWindow window;
     EXPECT_EQ(Window::of(&window)->contentView(), &window);
     auto *page = new QWidget;
     window.setCentralWidget(page);
     EXPECT_EQ(Window::of(page)->contentView(), page);
-    window.setCentralWidget(new QSplitter);
-    EXPECT_EQ(Window::of(&window)->contentView(), &window);
     EXPECT_EQ(Window::of(nullptr), nullptr);
 }
 

@@ -7,6 +7,7 @@
 #include <QtCore/QRect>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
+#include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -24,13 +25,16 @@ class VELMORA_EXPORT BannerController : public ViewController {
 public:
     ~BannerController() override;
 
-    /// The window that the banner lies in; null when in none. A host may move the view that holds
-    /// the banner to another window.
+    /// The window that the banner lies in; null when in none, and for a QWindow that is not a
+    /// widget's. A host may move the view that holds the banner to another window.
     virtual QWidget *window() const = 0;
+    /// The native window that the banner lies in: that of window(), or the QWindow that was given
+    /// to Velmora::addBannerForWindow(). Null when in none, and while window() has none.
+    virtual QWindow *windowHandle() const = 0;
 
     /// The part of the window that the banner covers, with its shadow, in the window's coordinates;
     /// empty while the banner is hidden or lies on a page behind another one.
-    /// VelmoraEvents::bannerRectChanged() tells when this changes.
+    /// VelmoraEvents::bannerRectChanged() and windowBannerRectChanged() tell when this changes.
     virtual QRect rectInWindow() const = 0;
 
     /// True before the first picture, while the host has hidden the banner, and after the banner

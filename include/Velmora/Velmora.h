@@ -14,6 +14,7 @@
 #include <QtCore/QUrl>
 #include <QtGui/QColor>
 #include <QtGui/QImage>
+#include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 
 #include <memory>
@@ -31,9 +32,16 @@ class SplashScreenPresenter;
 /// long as the application object (QApplication); only the ads-off switch is stored, until
 /// resetAds().
 ///
-/// Call the functions on the main thread, after the application object was made. Some may also be
-/// called on another thread, which their comments say: they then do their work a little later on
-/// the main thread. Without an application object nothing is added or shown.
+/// Call the functions on the main thread, after the application object was made, which has to be a
+/// QApplication, in a Qt Quick host, too. Some may also be called on another thread, which their
+/// comments say: they then do their work a little later on the main thread. Without a QApplication
+/// nothing is added or shown.
+///
+/// Functions that take a window take a widget of Qt Widgets, which may be any widget in the window,
+/// or a QWindow: a QQuickView or another QQuickWindow, a QWindow of the host's own, or one that was
+/// made from a native id (QWindow::fromWinId(); under X11 only). What is shown over a QWindow is a
+/// native child window of it. The key events that come to the QWindow go to the splash screen while
+/// that covers it; a window of another toolkit keeps its keys.
 ///
 /// No function throws or blocks. A call that is refused does nothing; VelmoraEvents::refused()
 /// tells why, and so does the log while debug mode is on. The framework never owns the host's
@@ -84,9 +92,9 @@ public:
     /// not registered is key, the sequence is paused.
     ///
     /// The first call of any of these functions but urlFromAppID() asks the ad server for ads:
-    /// banners and splash screens share one request in a process. Functions that take a window also
-    /// take any widget in it. While ads are removed, nothing is shown or registered. Main thread,
-    /// except for show(), forceShow(), showWithouSplash() and refreshWaitAgain(): any thread.
+    /// banners and splash screens share one request in a process. While ads are removed, nothing is
+    /// shown or registered. Main thread, except for show(), forceShow(), showWithouSplash() and
+    /// refreshWaitAgain(): any thread.
     /// @{
 
     /// Registers a window. In a QMainWindow the splash screen covers everything below the menu bar;
@@ -96,15 +104,19 @@ public:
     /// @return false when nothing was registered: the window is registered already or null, ads are
     ///         removed, or there is no application object
     static bool addSplashScreenToWindow(QWidget *window);
+    static bool addSplashScreenToWindow(QWindow *window);
     /// The same for a window with a game engine's view. The splash screen is a native window of its
     /// own there, above all other native windows.
     static bool addSplashScreenToUnityWindow(QWidget *window);
+    static bool addSplashScreenToUnityWindow(QWindow *window);
     /// Unregisters a window and removes its splash screen. A running sequence goes on in the other
     /// windows; when there has been no window for ten seconds, it ends as if closed by the user.
     /// Works also while ads are removed.
     static void removeSplashScreenFromWindow(QWidget *window);
+    static void removeSplashScreenFromWindow(QWindow *window);
     /// Does nothing. Exists only for hosts that call it.
     static void removeADSFromWindow(QWidget *window);
+    static void removeADSFromWindow(QWindow *window);
 
     /// Shows the splash screens if isADSReady(). Ignored otherwise, and while they are shown. When
     /// no registered window is key, they are shown as soon as one becomes key. Any thread.
@@ -180,6 +192,7 @@ public:
     /// The same for one window; ignored when that has no splash screen. It does not apply to a
     /// splash screen that the window gets later.
     static void setSplashScreenTopInset(double inset, QWidget *window);
+    static void setSplashScreenTopInset(double inset, QWindow *window);
 
     /// Sets the background colour. Default: white.
     static void setSplashScreenBackgroundColor(const QColor &color);
@@ -238,7 +251,7 @@ public:
     /// has the aspect ratio of its picture. It is scaled down where its place is too narrow or too
     /// low, and a bottom inset that would leave it less than half of a low place is reduced.
     ///
-    /// Functions that take a window also take any widget in it. A banner's window is the one that
+    /// A banner's window is the one that
     /// it is in now: a host may add a banner to a page that has no window yet, and may move the
     /// page to another window. While ads are removed, no banner is added. Main thread, except for
     /// the two functions that add a banner: any thread.
@@ -251,6 +264,7 @@ public:
     /// @param window a top-level widget, or any widget in it; in a QMainWindow the banner is in the
     ///               central widget
     static void addBannerForWindow(QWidget *window);
+    static void addBannerForWindow(QWindow *window);
 
     /// Adds a banner at the bottom of a view. Every call adds another banner. Any thread; the host
     /// may destroy the controller or the view before the main thread does the work, and nothing is
@@ -263,6 +277,7 @@ public:
     /// The banner in a window, of several the one added last; null, and a log line, when there is
     /// none. Owned by the framework, see BannerController.
     static velmora::BannerController *BControllFromWindow(QWidget *window);
+    static velmora::BannerController *BControllFromWindow(QWindow *window);
 
     /// The given controller, if it is one of the banners; otherwise null, and a log line.
     static velmora::BannerController *
@@ -310,14 +325,19 @@ public:
 
     /// Sets the height of one window's banner.
     static void setBannerHeight(double height, QWidget *window);
+    static void setBannerHeight(double height, QWindow *window);
     /// Sets the height of one window's banner to 100.
     static void setBannerLargeImageToWindow(QWidget *window);
+    static void setBannerLargeImageToWindow(QWindow *window);
     /// Sets the height of one window's banner to 60.
     static void setBannerSmallImageToWindow(QWidget *window);
+    static void setBannerSmallImageToWindow(QWindow *window);
     /// Sets the distance of one window's banner from the bottom, see setBannersBottomInset().
     static void setBannerBottomInset(double inset, QWidget *window);
+    static void setBannerBottomInset(double inset, QWindow *window);
     /// Sets the distance of one window's banner from the centre, see setBannersCenterXInset().
     static void setBannerCenterXInset(double inset, QWidget *window);
+    static void setBannerCenterXInset(double inset, QWindow *window);
 
     /// Hides or shows a banner at once. A hidden banner is shown again with its next picture.
     /// @param controller a banner, or the controller of a host's view; that means the banner in the

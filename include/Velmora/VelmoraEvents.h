@@ -7,6 +7,7 @@
 #include <QtCore/QRect>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
+#include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -25,9 +26,9 @@ struct EventSource;
 ///
 /// The first group of signals has a signal for each notification of Notifications.h that concerns
 /// advertising. NotificationCenter::post() emits it after it has called the handlers, before it
-/// returns, so both arrive in the same order. The other signals, bannerRectChanged() and refused(),
-/// are emitted on a later turn of the main loop, never from inside a call of the host. Nothing is
-/// computed for them before the first call of instance().
+/// returns, so both arrive in the same order. The other signals, those of a banner's rectangle and
+/// refused(), are emitted on a later turn of the main loop, never from inside a call of the host.
+/// Nothing is computed for them before the first call of instance().
 class VELMORA_EXPORT VelmoraEvents : public QObject {
     Q_OBJECT
 
@@ -49,7 +50,7 @@ public:
     /// Why it does not happen. Later releases may add values.
     enum class Reason {
         AdsRemoved,         ///< ads are removed, see Velmora::removeAdsNow()
-        NoApplication,      ///< there is no application object
+        NoApplication,      ///< there is no QApplication
         WrongThread,        ///< the function was not called on the main thread
         NoWindow,           ///< null was given, or the window has been destroyed
         NoView,             ///< neither the controller nor the call has a view for the banner
@@ -121,6 +122,9 @@ Q_SIGNALS:
     ///               pixels; empty when no banner is shown. Of several visible banners in a window,
     ///               the one that was added last
     void bannerRectChanged(QWidget *window, const QRect &rect);
+
+    /// bannerRectChanged() for a QWindow that is not a widget's, such as a QQuickView.
+    void windowBannerRectChanged(QWindow *window, const QRect &rect);
 
     /// Something that the host asked for does not happen, or something that it may rely on. The
     /// host goes on without it; nothing has to be undone.

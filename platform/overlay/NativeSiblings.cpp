@@ -2,6 +2,7 @@
 #include "NativeSiblings.h"
 
 #include "MainQueue.h"
+#include "WindowProxy.h"
 
 #include <QtCore/QEvent>
 
@@ -21,7 +22,7 @@ NativeSiblings::Layer layerOf(const QWindow &window) {
 } // namespace
 
 QWidget *nativeWidgetOf(QWidget *superview) {
-    return superview->windowHandle() ? superview : superview->nativeParentWidget();
+    return WindowProxy::nativeWindowOf(superview) ? superview : superview->nativeParentWidget();
 }
 
 NativeSiblings::NativeSiblings(QWidget *superview, std::function<void()> changed)
@@ -44,9 +45,11 @@ bool NativeSiblings::isOverlayVisible() const {
 
 bool NativeSiblings::areVisible(Layer layer, const QRect &frame) const {
     const QWidget *native = nativeWidgetOf(m_superview);
-    const QWindow *root = native ? native->windowHandle() : nullptr;
+    const QWindow *root = WindowProxy::nativeWindowOf(native);
     if (!root)
         return false;
+    if (WindowProxy::hostOf(native))
+        return true;
     const QRect covered(m_superview->mapTo(native, frame.topLeft()), frame.size());
     for (const QObject *object : root->children()) {
         const auto *child = qobject_cast<const QWindow *>(object);
@@ -58,8 +61,7 @@ bool NativeSiblings::areVisible(Layer layer, const QRect &frame) const {
 }
 
 bool NativeSiblings::follow() {
-    QWidget *native = nativeWidgetOf(m_superview);
-    QWindow *root = native ? native->windowHandle() : nullptr;
+    QWindow *root = WindowProxy::nativeWindowOf(nativeWidgetOf(m_superview));
     if (root == m_root)
         return false;
     if (m_root) {

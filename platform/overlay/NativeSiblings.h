@@ -11,7 +11,7 @@
 namespace velmora {
 
 /// The widget with the native window that a superview lies in: itself or the nearest ancestor that
-/// has one; null while there is none.
+/// has one; null while there is none. See WindowProxy::nativeWindowOf().
 QWidget *nativeWidgetOf(QWidget *superview);
 
 /// Watches the native child windows that would hide a superview's plain children: window
@@ -31,7 +31,8 @@ public:
     ///                native window may have been added, removed, moved, resized, shown or hidden
     NativeSiblings(QWidget *superview, std::function<void()> changed);
 
-    /// Whether a visible native window of a layer below intersects a rectangle.
+    /// Whether a visible native window of a layer below intersects a rectangle. Always in a
+    /// WindowProxy, which shows nothing itself.
     /// @param layer that of the asking object
     /// @param frame in the superview's coordinates
     bool areVisible(Layer layer, const QRect &frame) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "OverlayExposure.h"
 
+#include "WindowProxy.h"
+
 #include <QtCore/QEvent>
 
 #include <algorithm>
@@ -26,7 +28,7 @@ void OverlayExposure::begin(QWidget *view, QWidget *superview, QWindow *own) {
     end();
     m_view = view;
     m_own = own;
-    m_host = superview->window()->windowHandle();
+    m_host = WindowProxy::nativeWindowOf(superview->window());
     if (m_own)
         m_own->installEventFilter(this);
     if (m_host)

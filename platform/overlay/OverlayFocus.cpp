@@ -2,6 +2,7 @@
 #include "OverlayFocus.h"
 
 #include "MainQueue.h"
+#include "WindowProxy.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
@@ -94,7 +95,7 @@ bool OverlayFocus::isInView() const {
 bool OverlayFocus::shouldTakeFocus() const {
     const QWidget *window = m_superview->window();
     const QWidget *now = window->focusWidget();
-    return now ? isCovered(now) : window->isActiveWindow();
+    return now ? isCovered(now) : WindowProxy::isActive(window);
 }
 
 bool OverlayFocus::belongsToView(const QWidget *widget) const {

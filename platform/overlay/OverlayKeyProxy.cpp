@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "OverlayKeyProxy.h"
 
+#include "SplitterGuard.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 
 namespace velmora {
 
-OverlayKeyProxy::OverlayKeyProxy(QWidget *superview) : QWidget(superview) {
+OverlayKeyProxy::OverlayKeyProxy(QWidget *superview) {
+    SplitterGuard::keepOut(this, superview);
+    setParent(superview);
     // Not hidden, because a hidden widget can't have the focus. One pixel that paints nothing.
     setGeometry(0, 0, 1, 1);
     setFocusPolicy(Qt::ClickFocus);

@@ -2,6 +2,7 @@
 #include "OverlayMount.h"
 
 #include "Animator.h"
+#include "SplitterGuard.h"
 
 #include <utility>
 
@@ -17,6 +18,7 @@ OverlayMount::OverlayMount(QWidget *view, QWidget *superview, OverlayFocus &focu
 void OverlayMount::becomeChild() {
     // Qt looks for the widget that Tab leads to within the nearest window or sub-window, so a
     // sub-window keeps Tab inside the view.
+    SplitterGuard::keepOut(m_view, m_superview);
     constexpr auto Type = Qt::WindowFlags(Qt::WindowType_Mask);
     m_view->setParent(m_superview, (m_view->windowFlags() & ~Type) | Qt::SubWindow);
 }

@@ -4,6 +4,7 @@
 #include "MainQueue.h"
 #include "OverlayRoot.h"
 #include "StyleShield.h"
+#include "WindowProxy.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPlatformSurfaceEvent>
@@ -140,7 +141,7 @@ void OverlayWindow::place() {
     if (m_view)
         m_view->resize(m_frame.size());
     QWidget *native = nativeWidgetOf(m_superview);
-    QWindow *host = native ? native->windowHandle() : nullptr;
+    QWindow *host = WindowProxy::nativeWindowOf(native);
     if (!m_isVisible || !m_keyProxy->isVisible() || m_frame.isEmpty() || !host) {
         m_root->hide();
         return;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ResizeLock.h"
 
+#include "WindowProxy.h"
+
 #include <QtCore/QEvent>
 #include <QtGui/QWindow>
 
@@ -48,22 +50,28 @@ bool ResizeLock::eventFilter(QObject *watched, QEvent *event) {
 }
 
 bool ResizeLock::isNormal() const {
-    return !(m_window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+    const QWindow *host = WindowProxy::hostOf(m_window);
+    const Qt::WindowStates states = host ? host->windowStates() : m_window->windowState();
+    return !(states & (Qt::WindowMaximized | Qt::WindowFullScreen));
 }
 
 void ResizeLock::lock() {
+    const QWindow *host = WindowProxy::hostOf(m_window);
+    if (host && !m_size)
+        m_limitsBefore = {host->minimumSize(), host->maximumSize()};
     m_size = m_window->size();
-    setLimits(*m_size, *m_size);
+    setLimits({*m_size, *m_size});
 }
 
 void ResizeLock::unlock() {
     if (!std::exchange(m_size, std::nullopt))
         return;
-    setLimits(m_window->minimumSize(), m_window->maximumSize());
+    setLimits(m_limitsBefore.value_or(Limits{m_window->minimumSize(), m_window->maximumSize()}));
 }
 
-void ResizeLock::setLimits(const QSize &minimum, const QSize &maximum) {
-    QWindow *native = m_window->windowHandle();
+void ResizeLock::setLimits(const Limits &limits) {
+    const auto &[minimum, maximum] = limits;
+    QWindow *native = WindowProxy::nativeWindowOf(m_window);
     if (!native || (native->minimumSize() == minimum && native->maximumSize() == maximum))
         return;
     // In this order the minimum never exceeds the maximum, which would resize the native window.

@@ -16,6 +16,9 @@ namespace velmora {
 /// resize(); the new size is then fixed. QWidget::setFixedSize() would prevent all of that. While
 /// the window is maximised or full screen no limits are set: it has no edge to drag, and window
 /// managers leave such a state when a window gets a fixed size.
+///
+/// A QWindow that is not a widget's (WindowProxy) gets back the limits that it had when it was
+/// locked.
 class ResizeLock : public QObject {
     Q_OBJECT
 
@@ -26,14 +29,21 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct Limits {
+        QSize minimum;
+        QSize maximum;
+    };
+
     bool isNormal() const;
     void lock();
     void unlock();
-    void setLimits(const QSize &minimum, const QSize &maximum);
+    void setLimits(const Limits &limits);
 
     QWidget *m_window;
     // The fixed size; unset while the user may resize the window.
     std::optional<QSize> m_size;
+    // Of a QWindow that is not a widget's.
+    std::optional<Limits> m_limitsBefore;
 };
 
 } // namespace velmora

@@ -4,6 +4,7 @@
 #include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "ResizeLock.h"
+#include "WindowProxy.h"
 
 #include <Velmora/NotificationCenter.h>
 
@@ -11,7 +12,6 @@
 #include <QtCore/QPointer>
 #include <QtCore/QVariant>
 #include <QtWidgets/QMainWindow>
-#include <QtWidgets/QSplitter>
 
 #include <utility>
 
@@ -50,7 +50,7 @@ Window *Window::of(QWidget *widget) {
 
 Window::Window(QWidget *window) : QObject(window), m_window(window), m_wasVisible(isVisible()) {
     window->installEventFilter(this);
-    if (window->isActiveWindow() && isVisible())
+    if (WindowProxy::isActive(window) && isVisible())
         setKeyWindow(this);
 }
 
@@ -67,14 +67,16 @@ bool Window::isKeyWindow() const {
 QWidget *Window::contentView() const {
     const auto *mainWindow = qobject_cast<const QMainWindow *>(m_window);
     QWidget *central = mainWindow ? mainWindow->centralWidget() : nullptr;
-    // QSplitter makes every child widget one of its panes.
-    return central && !qobject_cast<QSplitter *>(central) ? central : m_window;
+    return central ? central : m_window;
 }
 
 quint64 Window::styleMask() const {
-    const bool fixed = m_resizeLock || m_window->minimumSize() == m_window->maximumSize() ||
-                       m_window->windowFlags().testFlag(Qt::MSWindowsFixedSizeDialogHint);
-    return fixed ? 0 : Resizable;
+    const QWindow *host = WindowProxy::hostOf(m_window);
+    const bool isFixed = host ? host->minimumSize() == host->maximumSize()
+                              : m_window->minimumSize() == m_window->maximumSize();
+    const Qt::WindowFlags flags = host ? host->flags() : m_window->windowFlags();
+    return m_resizeLock || isFixed || flags.testFlag(Qt::MSWindowsFixedSizeDialogHint) ? 0
+                                                                                       : Resizable;
 }
 
 void Window::setStyleMask(quint64 mask) {

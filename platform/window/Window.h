@@ -37,8 +37,8 @@ public:
     bool isVisible() const;
     bool isKeyWindow() const;
 
-    /// The widget that holds the window's content: the central widget of a QMainWindow, unless that
-    /// is a QSplitter; otherwise the window itself.
+    /// The widget that holds the window's content: the central widget of a QMainWindow, otherwise
+    /// the window itself.
     QWidget *contentView() const;
 
     /// A bit of the style mask, and two of the collection behaviour.

@@ -2,13 +2,11 @@
 #include "tests/gallery/Desktop.h"
 #include "tests/gallery/GalleryAds.h"
 #include "tests/gallery/HostProcess.h"
-#include "tests/gallery/KnownFaults.h"
 #include "tests/gallery/PictureCheck.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QMap>
 
 #include <gtest/gtest.h>
 
@@ -82,7 +80,7 @@ protected:
     }
 
     /// Waits until the screen is as it must be, and saves a picture of it. What is still wrong then
-    /// fails the test, unless it is known.
+    /// fails the test.
     void expect(const QString &stage, const Check &faultsIn, int timeoutMs) {
         QImage picture;
         QString fault;
@@ -91,11 +89,11 @@ protected:
             fault = faultsIn(picture);
             return fault.isEmpty();
         };
-        eventually([&] { return isKnown(stage) || look(); }, timeoutMs);
+        eventually(look, timeoutMs);
         const QImage first = picture;
         const bool wasRight = fault.isEmpty();
-        quietly(isKnown(stage) ? 2 * FadeMs : FadeMs);
-        if (!look() && wasRight && !isKnown(stage)) { // the stage is over
+        quietly(FadeMs);
+        if (!look() && wasRight) { // the stage is over
             picture = first;
             fault.clear();
         }
@@ -104,14 +102,8 @@ protected:
         judge(stage, fault);
     }
 
-    bool isKnown(const QString &stage) const {
-        return !knownFault(GetParam().name(), stage).isEmpty();
-    }
-
-    void judge(const QString &stage, const QString &fault) {
-        if (isKnown(stage))
-            m_known[stage] = knownFault(GetParam().name(), stage);
-        else if (!fault.isEmpty())
+    static void judge(const QString &stage, const QString &fault) {
+        if (!fault.isEmpty())
             ADD_FAILURE() << qPrintable(stage) << '\n' << qPrintable(fault);
     }
 
@@ -147,7 +139,6 @@ private:
 protected:
     HostProcess host{GetParam().host, Desktop::current().startScreenSeconds(), environment(),
                      fileName(QStringLiteral(".log"))};
-    QMap<QString, QString> m_known;
 };
 
 void GalleryTest::splashScreen() {
@@ -214,8 +205,6 @@ void GalleryTest::banner() {
             return PictureCheck(picture, report).faultsOfBanner();
         },
         EndMs);
-    if (isKnown(QStringLiteral("banner")))
-        return;
     EXPECT_TRUE(clickIsTold(QStringLiteral("banner/bannerImage"),
                             QStringLiteral("clickforbanner Colours")));
     EXPECT_EQ(host.count(QStringLiteral("opened ")), 1);
@@ -228,8 +217,6 @@ TEST_P(GalleryTest, ShowsAdsAndIsClicked) {
     if (!HasFatalFailure())
         banner();
     EXPECT_TRUE(host.end());
-    if (!m_known.isEmpty() && !HasFailure())
-        GTEST_SKIP() << qPrintable(m_known.values().join(QLatin1Char('\n')));
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, GalleryTest, ::testing::ValuesIn(allCases()),

@@ -5,9 +5,7 @@
 #include <Velmora/Velmora.h>
 
 #include <QtGui/QDesktopServices>
-#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QMainWindow>
 
 #include <algorithm>
 #include <array>
@@ -31,15 +29,6 @@ QString pixels(const QRect &area, double ratio) {
     return QStringList{scaled(area.x()), scaled(area.y()), scaled(area.width()),
                        scaled(area.height())}
         .join(QLatin1Char(' '));
-}
-
-// What a splash screen covers: in a main window all below the menu bar.
-QRect content(const QWidget *window) {
-    QRect area = window->rect();
-    const auto *main = qobject_cast<const QMainWindow *>(window);
-    if (main && main->menuWidget() && main->menuWidget()->isVisible())
-        area.setTop(main->menuWidget()->geometry().bottom() + 1);
-    return area;
 }
 
 // An element of the framework is named after what it belongs to: "splash/closeButton".
@@ -85,23 +74,26 @@ Gallery::~Gallery() {
     for (const QString &scheme : Schemes)
         QDesktopServices::unsetUrlHandler(scheme);
     // A dialog before the window that it belongs to.
-    for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window)
-        delete *window;
+    while (!m_windows.empty())
+        m_windows.pop_back();
 }
 
-void Gallery::takeOwnership(QWidget *window) {
-    window->setWindowTitle(QStringLiteral("gallery %1").arg(m_windows.size()));
-    m_windows.push_back(window);
+void Gallery::add(std::unique_ptr<HostWindow> window, bool isGameEngine) {
+    window->setTitle(QStringLiteral("gallery %1").arg(m_windows.size()));
+    window->addSplashScreen(isGameEngine);
+    m_windows.push_back(std::move(window));
 }
 
 void Gallery::add(QWidget *window) {
-    takeOwnership(window);
-    Velmora::addSplashScreenToWindow(window);
+    add(std::make_unique<WidgetHostWindow>(window));
+}
+
+void Gallery::add(QWindow *window) {
+    add(std::make_unique<NativeHostWindow>(window));
 }
 
 void Gallery::addGameEngine(QWidget *window) {
-    takeOwnership(window);
-    Velmora::addSplashScreenToUnityWindow(window);
+    add(std::make_unique<WidgetHostWindow>(window), true);
 }
 
 void Gallery::openLink(const QUrl &link) {
@@ -109,11 +101,10 @@ void Gallery::openLink(const QUrl &link) {
 }
 
 void Gallery::sayWhenReady() {
-    const bool areExposed = std::all_of(m_windows.begin(), m_windows.end(), [](QWidget *window) {
-        return window->windowHandle() && window->windowHandle()->isExposed();
-    });
+    const bool areExposed = std::all_of(m_windows.begin(), m_windows.end(),
+                                        [](const auto &window) { return window->isExposed(); });
     const bool isActive = std::any_of(m_windows.begin(), m_windows.end(),
-                                      [](QWidget *window) { return window->isActiveWindow(); });
+                                      [](const auto &window) { return window->isActive(); });
     if (areExposed && isActive) {
         m_readiness.stop();
         print(QStringLiteral("ready"));
@@ -140,8 +131,8 @@ void Gallery::obey() {
 }
 
 void Gallery::addBanners() {
-    for (QWidget *window : m_windows)
-        Velmora::addBannerForWindow(window);
+    for (const auto &window : m_windows)
+        window->addBanner();
 }
 
 qsizetype Gallery::indexOfWindow(const QWidget *widget) const {
@@ -149,7 +140,7 @@ qsizetype Gallery::indexOfWindow(const QWidget *widget) const {
     for (const QWindow *native = widget->window()->windowHandle(); native;
          native = native->parent()) {
         for (std::size_t i = 0; i < m_windows.size(); ++i) {
-            if (m_windows[i]->windowHandle() == native)
+            if (m_windows[i]->native() == native)
                 return qsizetype(i);
         }
     }
@@ -157,14 +148,21 @@ qsizetype Gallery::indexOfWindow(const QWidget *widget) const {
 }
 
 void Gallery::report() const {
-    for (const QWidget *window : m_windows) {
-        const double ratio = window->devicePixelRatioF();
-        const QPointF corner = QPointF(window->mapToGlobal(QPoint())) * ratio;
+    for (const auto &window : m_windows) {
+        const double ratio = window->native()->devicePixelRatio();
+        const QPointF corner = QPointF(window->corner()) * ratio;
         print(QStringLiteral("window %1 %2 %3 %4")
-                  .arg(int(window->isActiveWindow()))
+                  .arg(int(window->isActive()))
                   .arg(std::lround(corner.x()))
                   .arg(std::lround(corner.y()))
-                  .arg(pixels(content(window), ratio)));
+                  .arg(pixels(window->content(), ratio)));
+    }
+    for (std::size_t i = 0; i < m_windows.size(); ++i) {
+        if (m_windows[i]->printsClicks())
+            print(QStringLiteral("widget %1 target %2")
+                      .arg(i)
+                      .arg(pixels(m_windows[i]->content(),
+                                  m_windows[i]->native()->devicePixelRatio())));
     }
     const QWidgetList widgets = QApplication::allWidgets();
     for (const QWidget *widget : widgets) {
@@ -172,8 +170,7 @@ void Gallery::report() const {
             widget->isVisible() && !widget->objectName().isEmpty() ? indexOfWindow(widget) : -1;
         if (index < 0 || widget->objectName().startsWith(QLatin1String("qt_")))
             continue;
-        const QPoint corner =
-            widget->mapToGlobal(QPoint()) - m_windows[index]->mapToGlobal(QPoint());
+        const QPoint corner = widget->mapToGlobal(QPoint()) - m_windows[index]->corner();
         print(QStringLiteral("widget %1 %2 %3")
                   .arg(index)
                   .arg(fullName(widget),

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "HostWindow.h"
+
 #include <Velmora/NotificationCenter.h>
 
 #include <QtCore/QObject>
@@ -9,8 +11,8 @@
 #include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QColor>
-#include <QtWidgets/QWidget>
 
+#include <memory>
 #include <vector>
 
 namespace gallery {
@@ -52,6 +54,8 @@ public:
 
     /// Registers a window for splash screens and takes ownership of it. The host shows it.
     void add(QWidget *window);
+    void add(QWindow *window);
+    void add(std::unique_ptr<HostWindow> window, bool isGameEngine = false);
     /// Like add(), for a window with a game engine's view.
     void addGameEngine(QWidget *window);
 
@@ -59,7 +63,6 @@ public Q_SLOTS:
     void openLink(const QUrl &link);
 
 private:
-    void takeOwnership(QWidget *window);
     void sayWhenReady();
     void obey();
     void addBanners();
@@ -67,7 +70,7 @@ private:
     /// The index of the window that a widget is in; -1 for none.
     qsizetype indexOfWindow(const QWidget *widget) const;
 
-    std::vector<QWidget *> m_windows;
+    std::vector<std::unique_ptr<HostWindow>> m_windows;
     QTimer m_readiness;
     QSocketNotifier m_commands;
     std::vector<velmora::NotificationCenter::Observation> m_observations;

@@ -22,6 +22,8 @@ Hosts pageHosts();
 Hosts nativeHosts();
 Hosts lookHosts();
 Hosts severalWindowsHosts();
+/// Only under X11.
+Hosts foreignHosts();
 /// Only where Qt Quick is installed.
 Hosts quickHosts();
 

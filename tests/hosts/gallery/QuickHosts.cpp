@@ -2,6 +2,8 @@
 #include "Elements.h"
 #include "Hosts.h"
 
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickView>
 #include <QtQuickWidgets/QQuickWidget>
 
@@ -35,10 +37,31 @@ void openQuickViewContainer(Gallery &gallery) {
     open(gallery, QWidget::createWindowContainer(view));
 }
 
+void openQuickView(Gallery &gallery) {
+    auto *view = new QQuickView;
+    view->setResizeMode(QQuickView::SizeRootObjectToView);
+    view->setSource(page());
+    view->resize(720, 540);
+    gallery.add(view);
+    view->show();
+}
+
+// A window that the host's QML code makes.
+void openQuickWindow(Gallery &gallery) {
+    static QQmlEngine engine;
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Window.qml")));
+    auto *window = qobject_cast<QQuickWindow *>(component.create());
+    gallery.add(window);
+    window->show();
+}
+
 } // namespace
 
 Hosts quickHosts() {
-    return {{"QuickWidget", openQuickWidget}, {"QuickViewContainer", openQuickViewContainer}};
+    return {{"QuickWidget", openQuickWidget},
+            {"QuickViewContainer", openQuickViewContainer},
+            {"QuickView", openQuickView},
+            {"QuickWindow", openQuickWindow}};
 }
 
 } // namespace gallery

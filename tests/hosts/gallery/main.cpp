@@ -21,6 +21,9 @@ gallery::Hosts allHosts() {
     for (const auto &hosts :
          {gallery::mainWindowHosts(), gallery::dialogHosts(), gallery::windowStateHosts(),
           gallery::pageHosts(), gallery::nativeHosts(),
+#ifdef GALLERY_X11
+          gallery::foreignHosts(),
+#endif
 #ifdef GALLERY_QUICK
           gallery::quickHosts(),
 #endif

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "WindowProxy.h"
+
+#include "ForeignWindow.h"
+#include "MainQueue.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QWindowStateChangeEvent>
+#include <QtWidgets/QApplication>
+
+#include <utility>
+
+namespace velmora {
+
+// A widget can't be the child of a QWindow. This object can, and destroys the widget.
+class WindowProxy::Owner : public QObject {
+public:
+    explicit Owner(QWindow *host) : QObject(host), proxy(new WindowProxy(host)) {}
+
+    static const Owner *of(const QWindow *window) {
+        for (const QObject *child : window->children()) {
+            if (const auto *owner = dynamic_cast<const Owner *>(child))
+                return owner;
+        }
+        return nullptr;
+    }
+
+    const std::unique_ptr<WindowProxy> proxy;
+};
+
+namespace {
+
+QWindow *topmostParentOf(QWindow *window) {
+    while (window && window->parent())
+        window = window->parent();
+    return window;
+}
+
+QWidget *widgetWithNativeWindow(const QWindow *window) {
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->windowHandle() == window)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QWidget *WindowProxy::widgetFor(QWindow *window) {
+    if (QWidget *existing = existingWidgetFor(window))
+        return existing;
+    QWindow *host = topmostParentOf(window);
+    return host ? (new Owner(host))->proxy.get() : nullptr;
+}
+
+QWidget *WindowProxy::existingWidgetFor(QWindow *window) {
+    const QWindow *host = topmostParentOf(window);
+    if (!host)
+        return nullptr;
+    if (const Owner *owner = Owner::of(host))
+        return owner->proxy.get();
+    return widgetWithNativeWindow(host);
+}
+
+QWindow *WindowProxy::hostOf(const QWidget *widget) {
+    const auto *proxy = qobject_cast<const WindowProxy *>(widget);
+    return proxy ? proxy->m_host : nullptr;
+}
+
+QWindow *WindowProxy::nativeWindowOf(const QWidget *widget) {
+    QWindow *host = hostOf(widget);
+    return host || !widget ? host : widget->windowHandle();
+}
+
+bool WindowProxy::isActive(const QWidget *window) {
+    const auto *proxy = qobject_cast<const WindowProxy *>(window);
+    return proxy ? proxy->isHostActive() : window->isActiveWindow();
+}
+
+WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
+    setAttribute(Qt::WA_DontShowOnScreen);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    // What is put into the proxy is shown by other native windows, so painting it here is wasted.
+    setUpdatesEnabled(false);
+    setWindowIcon(host->icon());
+    host->installEventFilter(this);
+    for (const auto signal :
+         {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
+        connect(host, signal, this, &WindowProxy::follow);
+    connect(host, &QWindow::visibleChanged, this, &WindowProxy::followVisibility);
+    connect(host, &QWindow::windowStateChanged, this, &WindowProxy::followVisibility);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &WindowProxy::followActivation);
+    m_foreign = ForeignWindow::watch(host);
+    if (m_foreign) {
+        connect(m_foreign.get(), &ForeignWindow::changed, this, &WindowProxy::followVisibility);
+        connect(m_foreign.get(), &ForeignWindow::closed, this, &WindowProxy::forwardClose);
+    }
+    m_isActive = isHostActive();
+    follow();
+}
+
+WindowProxy::~WindowProxy() = default;
+
+bool WindowProxy::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_host)
+        return false;
+    switch (event->type()) {
+    case QEvent::Close: {
+        QCloseEvent copy;
+        QCoreApplication::sendEvent(this, &copy);
+        break;
+    }
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        return takesKey(event);
+    default:
+        break;
+    }
+    return false;
+}
+
+// A widget in the proxy has the focus only while an overlay covers the host's content. The keys
+// are then the overlay's.
+bool WindowProxy::takesKey(QEvent *event) {
+    QWidget *focus = focusWidget();
+    if (!focus)
+        return false;
+    QCoreApplication::sendEvent(focus, event);
+    event->accept();
+    return true;
+}
+
+void WindowProxy::follow() {
+    const QRect geometry = m_foreign ? m_foreign->geometry() : m_host->geometry();
+    if (!geometry.isEmpty())
+        setGeometry(geometry);
+    // Shown a little later: while a QWindow emits visibleChanged(), its native window may not
+    // exist yet, and native windows in it could not be placed.
+    if (!isHostVisible())
+        hide();
+    else if (isHidden())
+        followLater();
+}
+
+void WindowProxy::followLater() {
+    MainQueue::post(this, [this] {
+        setVisible(isHostVisible());
+        followActivation();
+    });
+}
+
+void WindowProxy::followVisibility() {
+    const QPointer<WindowProxy> self(this);
+    follow();
+    if (!self)
+        return;
+    QWindowStateChangeEvent change(Qt::WindowNoState);
+    QCoreApplication::sendEvent(this, &change);
+    if (self)
+        followActivation();
+}
+
+void WindowProxy::followActivation() {
+    const bool isActiveNow = isVisible() && isHostActive();
+    if (std::exchange(m_isActive, isActiveNow) == isActiveNow)
+        return;
+    QEvent event(isActiveNow ? QEvent::WindowActivate : QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(this, &event);
+}
+
+void WindowProxy::forwardClose() {
+    QCloseEvent close;
+    const QPointer<WindowProxy> self(this);
+    QCoreApplication::sendEvent(this, &close);
+    if (self)
+        hide();
+}
+
+bool WindowProxy::isHostVisible() const {
+    if (m_foreign)
+        return m_foreign->isVisible();
+    return m_host->isVisible() && !m_host->windowStates().testFlag(Qt::WindowMinimized);
+}
+
+bool WindowProxy::isHostActive() const {
+    if (m_foreign)
+        return m_foreign->isActive();
+    const QWindow *focus = QGuiApplication::focusWindow();
+    return focus && (focus == m_host || m_host->isAncestorOf(focus, QWindow::ExcludeTransients));
+}
+
+} // namespace velmora
