@@ -6,7 +6,9 @@
 namespace velmora {
 
 void OverlayRoot::paintEvent(QPaintEvent *) {
-    QPainter(this).fillRect(rect(), Qt::black);
+    const auto *view = findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    const QVariant color = view ? view->property("color") : QVariant();
+    QPainter(this).fillRect(rect(), color.isValid() ? color.value<QColor>() : QColor(Qt::black));
 }
 
 } // namespace velmora

@@ -5,8 +5,9 @@
 
 namespace velmora {
 
-/// The widget whose native window an OverlayWindow shows. It is black where its view draws
-/// nothing, whatever the host's palette and style sheet are: a native window can't be transparent.
+/// The widget whose native window an OverlayWindow shows. A native window can't be transparent:
+/// where its view draws nothing, such as in rounded corners, it has the colour of the view's
+/// property "color", or is black, whatever the host's palette and style sheet are.
 /// Main thread only.
 class OverlayRoot : public QWidget {
     Q_OBJECT

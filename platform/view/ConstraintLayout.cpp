@@ -5,7 +5,9 @@
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QMainWindow>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStatusBar>
 
 #include <algorithm>
 
@@ -27,19 +29,21 @@ ConstraintLayout::ConstraintLayout(QWidget *view) : QObject(view), m_view(view) 
 }
 
 void ConstraintLayout::followSuperview() {
-    for (const QPointer<QWidget> &old : {m_superview, m_viewport}) {
+    for (const QPointer<QWidget> &old : {m_superview, m_neighbour}) {
         if (old)
             old->removeEventFilter(this);
     }
     m_superview = m_view->parentWidget();
-    m_viewport = nullptr;
+    m_neighbour = nullptr;
     if (!m_superview)
         return;
     m_superview->installEventFilter(this);
-    if (const auto *scrollArea = qobject_cast<QAbstractScrollArea *>(m_superview)) {
-        m_viewport = scrollArea->viewport();
-        m_viewport->installEventFilter(this);
-    }
+    if (const auto *scrollArea = qobject_cast<QAbstractScrollArea *>(m_superview))
+        m_neighbour = scrollArea->viewport();
+    else if (qobject_cast<QMainWindow *>(m_superview)) // one without a central widget
+        m_neighbour = m_superview->findChild<QStatusBar *>(QString(), Qt::FindDirectChildrenOnly);
+    if (m_neighbour)
+        m_neighbour->installEventFilter(this);
     m_view->raise();
     apply();
 }
@@ -103,6 +107,10 @@ QRectF ConstraintLayout::solve(const std::vector<LayoutConstraintPtr> &constrain
 }
 
 QRect ConstraintLayout::area() const {
+    if (const auto *statusBar = qobject_cast<const QStatusBar *>(m_neighbour)) {
+        const int height = statusBar->isVisibleTo(m_superview) ? statusBar->height() : 0;
+        return m_superview->rect().adjusted(0, 0, 0, -height);
+    }
     const auto *scrollArea = qobject_cast<const QAbstractScrollArea *>(m_superview);
     if (!scrollArea)
         return m_superview->rect();
@@ -126,7 +134,11 @@ void ConstraintLayout::apply() {
 bool ConstraintLayout::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_view && event->type() == QEvent::ParentChange)
         followSuperview();
-    if ((watched == m_superview || watched == m_viewport) && event->type() == QEvent::Resize)
+    const bool isResized = event->type() == QEvent::Resize;
+    const bool isShownOrHidden =
+        event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+    if ((watched == m_superview && isResized) ||
+        (watched == m_neighbour && (isResized || isShownOrHidden)))
         apply();
     if (watched != m_superview)
         return false;

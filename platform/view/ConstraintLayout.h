@@ -17,7 +17,8 @@ namespace velmora {
 /// again when a constraint changes, when the superview is resized or gets a new child, and when the
 /// view gets another superview. Main thread only.
 ///
-/// In a QAbstractScrollArea the view lies beside the scroll bars. A view that would not fit is
+/// In a QAbstractScrollArea the view lies beside the scroll bars, in a QMainWindow above the status
+/// bar. A view that would not fit is
 /// scaled down with its aspect ratio kept. The distance from the bottom is reduced when it would
 /// leave the view less than its height and less than half of the superview's.
 class ConstraintLayout : public QObject {
@@ -49,8 +50,9 @@ private:
 
     QWidget *m_view;
     QPointer<QWidget> m_superview;
-    // Of a scroll area: resized when its scroll bars come and go.
-    QPointer<QWidget> m_viewport;
+    // What the view keeps clear of: a scroll area's scroll bars, around this viewport, or the
+    // status bar of a main window without a central widget.
+    QPointer<QWidget> m_neighbour;
     std::vector<LayoutConstraintPtr> m_constraints;
     std::function<void(const QRect &)> m_placed;
     bool m_raisePosted = false;
