@@ -126,7 +126,9 @@ void BannerItem::followVisibility() {
     if (!isComponentComplete())
         return;
     const bool isSeen = canBeSeen();
-    if (isSeen && !m_banner) {
+    const bool hasAppeared = isSeen && !m_isSeen;
+    m_isSeen = isSeen;
+    if (hasAppeared && !m_banner) {
         addBanner();
         updateImplicitSize();
     }

@@ -103,6 +103,7 @@ private:
     /// The host has set the height of this banner.
     bool m_hasOwnHeight = false;
     bool m_isHidden = false;
+    bool m_isSeen = false;
 
     // What updatePaintNode() shows.
     QImage m_picture;

@@ -16,7 +16,7 @@ Window {
     }
     Banner {
         anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
-        onAdNameChanged: console.log("banner:", adName, rect)
+        onShownChanged: console.log(shown ? "banner shown: " + adName : "no banner shown")
     }
     Timer { // a real host calls show() when its user pauses, after saving a file for example
         interval: 1000
