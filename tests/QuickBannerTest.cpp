@@ -94,9 +94,11 @@ bool isAnyBannerLeft() {
 class QuickBannerTest : public LocalAdServer {
 protected:
     QuickBannerTest() {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        if (!qApp)
-            return;
+        // Can be set only before the first window of the process.
+        [[maybe_unused]] static const bool isSet = [] {
+            QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+            return true;
+        }();
         Workspace::setOpener([this](const QUrl &link) {
             opened.append(link);
             return true;
@@ -112,6 +114,7 @@ protected:
     void open() {
         host = std::make_unique<QuickHost>();
         ASSERT_TRUE(eventually([this] { return host->banner()->isShown(); }));
+        time.advance(1); // the banner fades in
         const QPoint middle = host->banner()->rect().center().toPoint();
         ASSERT_TRUE(
             eventually([&] { return host->window->grabWindow().pixel(middle) != HostColor; }));
@@ -214,7 +217,6 @@ TEST_F(QuickBannerTest, NothingIsDrawnWhileTheItemCannotBeSeen) {
 TEST_F(QuickBannerTest, AClickMayDestroyTheItemItsWindowAndTheEngine) {
     server.stop();
     const std::function<void()> ways[] = {[this] { host->window->setProperty("hasBanner", false); },
-                                          [this] { delete host->banner(); },
                                           [this] { host->window.reset(); },
                                           [this] { host.reset(); },
                                           [this] { // a dialog, during which the window is closed
@@ -228,7 +230,6 @@ TEST_F(QuickBannerTest, AClickMayDestroyTheItemItsWindowAndTheEngine) {
                          way);
         click(closeButton());
         EXPECT_TRUE(eventually([] { return !isAnyBannerLeft(); }));
-        EXPECT_TRUE(Velmora::BControllFromWindow(nullptr) == nullptr);
         host.reset();
     }
 }
