@@ -4,7 +4,6 @@
 #include "WidgetApplication.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtQuick/QQuickRenderControl>
 #include <QtQuick/QQuickWindow>
 #include <QtQuick/QSGImageNode>
 
@@ -25,19 +24,16 @@ constexpr QPointF Outside(-1e4, -1e4);
 
 } // namespace
 
-BannerItem::BannerItem(QQuickItem *parent) : QQuickItem(parent) {
+BannerItem::BannerItem(QQuickItem *parent) : QQuickItem(parent), m_exposure(this) {
     setFlag(ItemHasContents);
     // Touches arrive as mouse events, which Qt Quick makes of them.
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptHoverEvents(true);
     updateImplicitSize();
+    connect(&m_exposure, &ItemExposure::changed, this, &BannerItem::followVisibility);
     // Widgets can't outlive the QApplication, an item can.
     if (auto *application = QCoreApplication::instance())
         connect(application, &QCoreApplication::aboutToQuit, this, [this] { m_banner.reset(); });
-}
-
-BannerItem::~BannerItem() {
-    watchWindow(nullptr);
 }
 
 // Properties.
@@ -66,16 +62,20 @@ void BannerItem::setHidden(bool hidden) {
     Q_EMIT hiddenChanged();
 }
 
-void BannerItem::setState(const QString &adName, bool isShown, const QRectF &rect) {
+void BannerItem::setState(const QString &adName, bool isShown, const QRectF &rect, double height) {
     const bool isOtherName = std::exchange(m_adName, adName) != adName;
     const bool isOtherRect = std::exchange(m_rect, rect) != rect;
     const bool isOtherState = std::exchange(m_isShown, isShown) != isShown;
+    const bool isOtherHeight = std::exchange(m_bannerHeight, height) != height;
+    updateImplicitSize();
     if (isOtherName)
         Q_EMIT adNameChanged();
     if (isOtherRect)
         Q_EMIT rectChanged();
     if (isOtherState)
         Q_EMIT shownChanged();
+    if (isOtherHeight)
+        Q_EMIT bannerHeightChanged();
 }
 
 void BannerItem::updateImplicitSize() {
@@ -100,32 +100,28 @@ void BannerItem::addBanner() {
     m_banner->setSize(size().toSize());
     if (m_hasOwnHeight)
         controller->setHeight(m_bannerHeight);
-    if (window())
-        m_banner->setScreen(window()->screen());
+    followScreen();
 }
 
 void BannerItem::followBanner() {
+    polish();
     const auto controller = m_banner ? m_banner->controller() : nullptr;
     if (controller) {
-        if (std::exchange(m_bannerHeight, controller->height()) != controller->height())
-            Q_EMIT bannerHeightChanged();
         const bool isShown = !m_isHidden && !controller->isBannerHidden();
         setState(controller->selectBanner(), isShown,
-                 isShown ? QRectF(controller->rectInWindow()) : QRectF());
-    } else {
-        // A removed banner fades out first.
-        if (m_banner && m_banner->paintedArea().isEmpty())
-            m_banner.reset();
-        setState(QString(), false, QRectF());
+                 isShown ? QRectF(controller->rectInWindow()) : QRectF(), controller->height());
+        return;
     }
-    updateImplicitSize();
-    polish();
+    // A removed banner fades out first.
+    if (m_banner && m_banner->paintedArea().isEmpty())
+        m_banner.reset();
+    setState(QString(), false, QRectF(), m_bannerHeight);
 }
 
 void BannerItem::followVisibility() {
     if (!isComponentComplete())
         return;
-    const bool isSeen = canBeSeen();
+    const bool isSeen = m_exposure.isExposed() && !m_isHidden;
     const bool hasAppeared = isSeen && !m_isSeen;
     m_isSeen = isSeen;
     if (hasAppeared && !m_banner) {
@@ -136,26 +132,9 @@ void BannerItem::followVisibility() {
         m_banner->setVisible(isSeen);
 }
 
-bool BannerItem::canBeSeen() const {
-    return isVisible() && !m_isHidden && m_nativeWindow && m_nativeWindow->isExposed() &&
-           !(m_nativeWindow->windowStates() & Qt::WindowMinimized);
-}
-
-void BannerItem::watchWindow(QQuickWindow *window) {
-    if (m_nativeWindow)
-        m_nativeWindow->removeEventFilter(this);
-    QWindow *onScreen = window ? QQuickRenderControl::renderWindowFor(window) : nullptr;
-    m_nativeWindow = onScreen ? onScreen : window;
-    if (m_nativeWindow)
-        m_nativeWindow->installEventFilter(this);
-    if (m_banner && window)
-        m_banner->setScreen(window->screen());
-}
-
-bool BannerItem::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange)
-        followVisibility();
-    return QQuickItem::eventFilter(watched, event);
+void BannerItem::followScreen() {
+    if (m_banner && window())
+        m_banner->setScreen(window()->screen());
 }
 
 void BannerItem::componentComplete() {
@@ -167,19 +146,9 @@ void BannerItem::componentComplete() {
 
 void BannerItem::itemChange(ItemChange change, const ItemChangeData &data) {
     QQuickItem::itemChange(change, data);
-    switch (change) {
-    case ItemSceneChange:
-        watchWindow(data.window);
-        followVisibility();
-        break;
-    case ItemVisibleHasChanged:
-        followVisibility();
-        break;
-    case ItemDevicePixelRatioHasChanged:
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged) {
+        followScreen();
         polish();
-        break;
-    default:
-        break;
     }
 }
 

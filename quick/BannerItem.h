@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ItemExposure.h"
 #include "OffscreenBanner.h"
 
-#include <QtCore/QPointer>
-#include <QtGui/QWindow>
 #include <QtQml/qqmlregistration.h>
 #include <QtQuick/QQuickItem>
 
@@ -44,7 +43,6 @@ class BannerItem : public QQuickItem {
 
 public:
     explicit BannerItem(QQuickItem *parent = nullptr);
-    ~BannerItem() override;
 
     QString adName() const { return m_adName; }
     bool isShown() const { return m_isShown; }
@@ -76,26 +74,21 @@ protected:
     void hoverMoveEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
 
-    /// Notices when the window is exposed or minimised.
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
-    void watchWindow(QQuickWindow *window);
-    bool canBeSeen() const;
     /// Shows the banner to the framework as visible or not, and makes it if there is none.
     void followVisibility();
     void addBanner();
+    void followScreen();
     /// Takes over what the banner has become, and redraws it.
     void followBanner();
-    void setState(const QString &adName, bool isShown, const QRectF &rect);
+    void setState(const QString &adName, bool isShown, const QRectF &rect, double height);
     void updateImplicitSize();
     void postMouse(QEvent::Type type, const QSinglePointEvent &cause);
     /// Posts an event at a position outside the banner.
     void postOutside(QEvent::Type type, Qt::MouseButton button);
 
     std::unique_ptr<OffscreenBanner, OffscreenBanner::Deleter> m_banner;
-    /// The window on the screen. It is another one than window() in a QQuickWidget.
-    QPointer<QWindow> m_nativeWindow;
+    ItemExposure m_exposure;
     QString m_adName;
     bool m_isShown = false;
     QRectF m_rect;
