@@ -18,8 +18,9 @@ namespace velmora {
 ///
 /// The picture rotates, and is drawn, only while the item is visible in a window that is exposed
 /// and not minimised. When ads are removed the item is empty and has no implicit size. After
-/// Velmora.resetAds() it gets a banner again when it next becomes visible. Without a QApplication
-/// it stays empty.
+/// Velmora.resetAds() it gets a banner again when it next becomes visible. It stays empty without a
+/// QApplication. It also does in a QQuickWidget: there a host adds the banner to the widget's
+/// window with Velmora::addBannerForWindow().
 ///
 /// Lengths are device-independent pixels.
 class BannerItem : public QQuickItem {

@@ -2,8 +2,6 @@
 #include "ItemExposure.h"
 
 #include <QtCore/QEvent>
-#include <QtQuick/QQuickRenderControl>
-#include <QtQuick/QQuickWindow>
 
 namespace velmora {
 
@@ -14,27 +12,16 @@ ItemExposure::ItemExposure(QQuickItem *item) : m_item(item) {
 }
 
 bool ItemExposure::isExposed() const {
-    return m_item->isVisible() && m_nativeWindow && m_nativeWindow->isExposed() &&
-           !(m_nativeWindow->windowStates() & Qt::WindowMinimized);
+    return m_item->isVisible() && m_window && m_window->isExposed() &&
+           !(m_window->windowStates() & Qt::WindowMinimized);
 }
 
 void ItemExposure::enterWindow(QQuickWindow *window) {
-    disconnect(m_windowShown);
-    watchNativeWindow(window);
-    // A QQuickWidget has its native window only when it is shown.
-    if (window) {
-        m_windowShown = connect(window, &QWindow::visibleChanged, this,
-                                [this, window] { watchNativeWindow(window); });
-    }
-}
-
-void ItemExposure::watchNativeWindow(QQuickWindow *window) {
-    if (m_nativeWindow)
-        m_nativeWindow->removeEventFilter(this);
-    QWindow *onScreen = window ? QQuickRenderControl::renderWindowFor(window) : nullptr;
-    m_nativeWindow = onScreen ? onScreen : window;
-    if (m_nativeWindow)
-        m_nativeWindow->installEventFilter(this);
+    if (m_window)
+        m_window->removeEventFilter(this);
+    m_window = window;
+    if (m_window)
+        m_window->installEventFilter(this);
     Q_EMIT changed();
 }
 

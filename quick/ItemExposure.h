@@ -3,13 +3,14 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
-#include <QtGui/QWindow>
 #include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
 
 namespace velmora {
 
 /// Tells whether an item can be seen: it is visible, and its window is exposed and not minimised.
-/// Whether it lies behind other items or outside the window does not count. Main thread only.
+/// Whether it lies behind other items or outside the window does not count. The window of a
+/// QQuickWidget is never exposed. Main thread only.
 class ItemExposure : public QObject {
     Q_OBJECT
 
@@ -28,12 +29,9 @@ protected:
 
 private:
     void enterWindow(QQuickWindow *window);
-    void watchNativeWindow(QQuickWindow *window);
 
     const QQuickItem *m_item;
-    /// The window on the screen. In a QQuickWidget it is another one than the item's window.
-    QPointer<QWindow> m_nativeWindow;
-    QMetaObject::Connection m_windowShown;
+    QPointer<QQuickWindow> m_window;
 };
 
 } // namespace velmora
