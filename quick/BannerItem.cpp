@@ -15,8 +15,8 @@ namespace velmora {
 
 namespace {
 
-// The implicit size: the usual width of a banner, and room for the shadow below it.
-constexpr double UsualWidth = 728;
+// The implicit size: the usual shape of a banner, and room for the shadow below it.
+constexpr double UsualAspectRatio = 728.0 / 90;
 constexpr double ShadowHeight = 4;
 
 // A position outside every banner.
@@ -80,7 +80,7 @@ void BannerItem::setState(const QString &adName, bool isShown, const QRectF &rec
 
 void BannerItem::updateImplicitSize() {
     if (m_banner || !isComponentComplete())
-        setImplicitSize(UsualWidth, m_bannerHeight + ShadowHeight);
+        setImplicitSize(m_bannerHeight * UsualAspectRatio, m_bannerHeight + ShadowHeight);
     else
         setImplicitSize(0, 0);
 }
