@@ -36,6 +36,7 @@ bool BannerNativeWindow::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::Hide:
     case QEvent::Move:
     case QEvent::Resize:
+    case QEvent::ZOrderChange: // a place with a native window of its own comes to lie over this one
         // At once, so that the picture moves together with the host's content.
         if (m_window)
             update();

@@ -2,6 +2,7 @@
 #include "ReservedSpace.h"
 
 #include "Refusal.h"
+#include "WindowProxy.h"
 
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QFrame>
@@ -88,10 +89,13 @@ void ReservedSpace::setBottomMargin(int added) {
 void ReservedSpace::refuse() {
     if (std::exchange(m_isRefused, true))
         return;
+    const QObject *content = WindowProxy::hostOf(m_superview);
+    if (!content)
+        content = m_superview;
     Refusal::report(Refusal::Request::ReserveSpace, Refusal::Reason::NoLayout,
                     QStringLiteral("no space is reserved for a banner: the content of a %1 does "
                                    "not follow its margins")
-                        .arg(QLatin1String(m_superview->metaObject()->className())));
+                        .arg(QLatin1String(content->metaObject()->className())));
 }
 
 } // namespace velmora

@@ -157,7 +157,7 @@ void SplashScreenController::attach() {
     const auto missing = [weak = weak_from_this()] {
         LOG(QStringLiteral("splash screen closed: it does not appear in its window"));
         if (const auto self = weak.lock())
-            self->closeSplashScreen();
+            self->didNotAppear();
     };
     m_placement.place(own, m_window,
                       m_isUnityWindow ? Overlay::Kind::Native : Overlay::Kind::Automatic,
@@ -325,6 +325,12 @@ void SplashScreenController::closeSplashScreen() {
     m_withouSplash = false;
     if (const auto output = m_output.lock())
         output->didClickClose();
+}
+
+void SplashScreenController::didNotAppear() {
+    m_withouSplash = false;
+    if (const auto output = m_output.lock())
+        output->didNotAppear();
 }
 
 void SplashScreenController::removeAdsAction() {

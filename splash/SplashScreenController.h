@@ -65,6 +65,8 @@ public:
     void showEndScreen();
     void didVideoEnded();
     void didVideoFail();
+    /// The view was shown and is not on the screen.
+    void didNotAppear();
     /// Ends the video and hides the splash screen.
     void hide();
     /// Takes the view out of the window for good.

@@ -13,6 +13,8 @@ public:
     virtual void didClickRemoveAds() = 0;
     virtual void didClickClose() = 0;
     virtual void didVideoEnded() = 0;
+    /// The splash screen was shown and does not appear on the screen. It is hidden already.
+    virtual void didNotAppear() = 0;
 
 protected:
     ~SplashScreenControllerProtocolOutput() = default;

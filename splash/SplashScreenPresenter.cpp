@@ -285,6 +285,12 @@ void SplashScreenPresenter::watchForWindows() {
 
 void SplashScreenPresenter::endWindowlessSequence() {
     LOG(QStringLiteral("the splash screen ends: it has had no window for a while"));
+    endAsIfClosed();
+}
+
+// Also before the close button is due, when the user could not have closed it.
+void SplashScreenPresenter::endAsIfClosed() {
+    m_sequence.clock().stopPhaseTimer();
     didClickClose();
 }
 
@@ -346,6 +352,10 @@ void SplashScreenPresenter::didClickClose() {
     m_sequence.setClosed();
     hideSplashScreens();
     notify(VLMsplashScreenDidClose);
+}
+
+void SplashScreenPresenter::didNotAppear() {
+    endAsIfClosed();
 }
 
 void SplashScreenPresenter::setMuted(bool muted) {

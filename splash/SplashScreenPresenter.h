@@ -96,6 +96,7 @@ public:
     void didClickRemoveAds() override;
     void didClickClose() override;
     void didVideoEnded() override { m_sequence.videoEnded(); }
+    void didNotAppear() override;
 
     // Options.
     /// Applies all options to one controller; null is ignored.
@@ -197,6 +198,7 @@ private:
     void applyPresetToAll();
     void watchForWindows();
     void endWindowlessSequence();
+    void endAsIfClosed();
     void forgetGoneControllers();
     void detach(const Controller &controller);
 

@@ -7,6 +7,7 @@
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
 
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QRasterWindow>
 
@@ -36,8 +37,13 @@ public:
     }
 
     int keys = 0;
+    int inputs = 0;
 
 protected:
+    bool event(QEvent *event) override {
+        inputs += event->type() == QEvent::InputMethod;
+        return QRasterWindow::event(event);
+    }
     void keyPressEvent(QKeyEvent *) override { ++keys; }
 };
 
@@ -55,6 +61,12 @@ class WindowProxyTest : public SplashHost {
 protected:
     std::unique_ptr<HostQWindow> host = std::make_unique<HostQWindow>();
     QWidget *proxy() const { return WindowProxy::existingWidgetFor(host.get()); }
+
+    bool isDelivered(QInputMethodEvent &event) {
+        const int before = host->inputs;
+        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+        return host->inputs > before;
+    }
 
     void show() {
         ASSERT_TRUE(Velmora::addSplashScreenToWindow(host.get()));
@@ -80,6 +92,9 @@ TEST_F(WindowProxyTest, ASplashScreenCoversIt) {
 
     type(host.get(), Qt::Key_A);
     EXPECT_EQ(host->keys, 0) << "the keys are the splash screen's";
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("é"));
+    EXPECT_FALSE(isDelivered(composed)) << "input methods write to the focus object";
     time.advance(5);
     handleEvents();
     EXPECT_EQ(heard(), QStringList{VideoStart});
@@ -88,9 +103,26 @@ TEST_F(WindowProxyTest, ASplashScreenCoversIt) {
     handleEvents();
     EXPECT_EQ(heard().last(), DidClose);
     EXPECT_FALSE(host->cover());
-    EXPECT_NE(host->minimumSize(), host->maximumSize());
     type(host.get(), Qt::Key_A);
     EXPECT_EQ(host->keys, 1);
+    EXPECT_TRUE(isDelivered(composed));
+}
+
+TEST_F(WindowProxyTest, TheHostsSizeLimitsComeBack) {
+    host->setMinimumSize({300, 200});
+    qApp->setStyleSheet(QStringLiteral("QWidget { max-width: 200px; min-height: 900px }"));
+    show();
+    EXPECT_EQ(host->size(), QSize(640, 480));
+    EXPECT_EQ(host->minimumSize(), host->size());
+    EXPECT_EQ(host->cover()->geometry(), QRect(0, 0, 640, 480));
+    host->setMinimumSize({400, 350});
+    EXPECT_EQ(host->minimumSize(), host->size());
+    host->resize(500, 400);
+    EXPECT_EQ(host->maximumSize(), QSize(500, 400));
+    Velmora::removeSplashScreenFromWindow(host.get());
+    EXPECT_EQ(host->minimumSize(), QSize(400, 350));
+    EXPECT_GT(host->maximumSize().width(), 10'000);
+    qApp->setStyleSheet({});
 }
 
 TEST_F(WindowProxyTest, ItsKeyStatusPausesAndResumes) {
@@ -181,6 +213,16 @@ TEST_F(WindowProxyTest, TheQWindowOfAWidgetMeansTheWidget) {
     QWidget *widget = openWindow("widget");
     EXPECT_TRUE(Velmora::addSplashScreenToWindow(widget->windowHandle()));
     EXPECT_EQ(&controller(widget), &controller(WindowProxy::widgetFor(widget->windowHandle())));
+    // In another window now, it keeps its splash screen.
+    ASSERT_TRUE(Velmora::addSplashScreenToWindow(host.get()));
+    QWidget *own = proxy();
+    host->setParent(widget->windowHandle());
+    EXPECT_EQ(proxy(), own);
+    EXPECT_FALSE(Velmora::addSplashScreenToWindow(host.get()));
+    host->setParent(nullptr);
+    auto *contained = new QRasterWindow;
+    QWidget::createWindowContainer(contained, widget);
+    EXPECT_FALSE(Velmora::addSplashScreenToWindow(contained)) << "the container was not shown yet";
     QWindow child(widget->windowHandle());
     EXPECT_EQ(WindowProxy::widgetFor(&child), widget);
     EXPECT_FALSE(Velmora::addSplashScreenToWindow(&child));

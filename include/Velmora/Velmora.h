@@ -305,8 +305,9 @@ public:
     ///   as QTableView and QTreeView, are left alone;
     /// - the pages of a QTabWidget whose tabs are not at the bottom.
     ///
-    /// With any other view nothing is reserved, and VelmoraEvents::refused() is emitted. A window
-    /// that is too low for its layout and the banner grows, as it does with other content.
+    /// With any other view, and in a QWindow that is not a widget's, nothing is reserved, and
+    /// VelmoraEvents::refused() is emitted. A window that is too low for its layout and the banner
+    /// grows, as it does with other content.
     static void setBannersReserveSpace(bool reserve);
 
     /// Sets the height of all banners, also of later ones. A negative height counts as 0.

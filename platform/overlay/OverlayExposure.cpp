@@ -12,6 +12,9 @@ namespace velmora {
 namespace {
 
 constexpr double LongestWaitSeconds = 2;
+// The last part of the wait. While a busy main thread delays the first part, Expose events wait in
+// the queue; they are handled in this part.
+constexpr double SecondWaitSeconds = 0.5;
 
 // A widget's visible region leaves out what its opaque children cover.
 bool hasVisiblePart(const QWidget *widget) {
@@ -34,7 +37,15 @@ void OverlayExposure::begin(QWidget *view, QWidget *superview, QWindow *own) {
     if (m_host)
         m_host->installEventFilter(this);
     if (m_host && m_host->isExposed())
-        m_timer = Timer::scheduled(LongestWaitSeconds, Timer::Kind::OneShot, [this] { check(); });
+        startWait();
+}
+
+void OverlayExposure::startWait() {
+    m_timer =
+        Timer::scheduled(LongestWaitSeconds - SecondWaitSeconds, Timer::Kind::OneShot, [this] {
+            m_timer =
+                Timer::scheduled(SecondWaitSeconds, Timer::Kind::OneShot, [this] { check(); });
+        });
 }
 
 void OverlayExposure::end() {
@@ -54,7 +65,7 @@ bool OverlayExposure::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_own && m_own->isExposed())
         end(); // it may be covered by another application's window later
     else if (watched == m_host && m_host->isExposed() && !m_timer)
-        m_timer = Timer::scheduled(LongestWaitSeconds, Timer::Kind::OneShot, [this] { check(); });
+        startWait();
     return false;
 }
 

@@ -31,6 +31,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void startWait();
     void check();
     bool isExposed() const;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <Velmora/Timer.h>
+
 #include <QtCore/QObject>
 #include <QtCore/QSize>
 #include <QtWidgets/QWidget>
@@ -17,8 +19,8 @@ namespace velmora {
 /// the window is maximised or full screen no limits are set: it has no edge to drag, and window
 /// managers leave such a state when a window gets a fixed size.
 ///
-/// A QWindow that is not a widget's (WindowProxy) gets back the limits that it had when it was
-/// locked.
+/// A QWindow that is not a widget's (WindowProxy) gets back the limits that it had before, or that
+/// its host has set meanwhile.
 class ResizeLock : public QObject {
     Q_OBJECT
 
@@ -38,12 +40,19 @@ private:
     void lock();
     void unlock();
     void setLimits(const Limits &limits);
+    void hostLimitsChanged();
+    QSize windowSize() const;
+    Qt::WindowStates states() const;
+    void stateSettled(const QSize &sizeBefore);
 
     QWidget *m_window;
     // The fixed size; unset while the user may resize the window.
     std::optional<QSize> m_size;
     // Of a QWindow that is not a widget's.
-    std::optional<Limits> m_limitsBefore;
+    std::optional<Limits> m_hostLimits;
+    bool m_isSettingLimits = false;
+    TimerPtr m_settling;
+    bool m_hasAskedAgain = false;
 };
 
 } // namespace velmora

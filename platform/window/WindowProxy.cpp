@@ -2,11 +2,15 @@
 #include "WindowProxy.h"
 
 #include "ForeignWindow.h"
+#include "Log.h"
 #include "MainQueue.h"
+#include "StyleShield.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QWindowStateChangeEvent>
 #include <QtWidgets/QApplication>
 
@@ -38,6 +42,12 @@ QWindow *topmostParentOf(QWindow *window) {
     return window;
 }
 
+// Until a QWidget::createWindowContainer() is shown for the first time, its window is the child of
+// a QWindow that is never shown.
+bool isInUnshownContainer(const QWindow *topmost) {
+    return topmost->objectName().endsWith(QLatin1String("ContainerFakeParent"));
+}
+
 QWidget *widgetWithNativeWindow(const QWindow *window) {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     for (QWidget *widget : widgets) {
@@ -53,16 +63,21 @@ QWidget *WindowProxy::widgetFor(QWindow *window) {
     if (QWidget *existing = existingWidgetFor(window))
         return existing;
     QWindow *host = topmostParentOf(window);
+    if (host && isInUnshownContainer(host)) {
+        Log::write(QStringLiteral("a QWindow is in a window container that was not shown yet: give "
+                                  "the container instead"));
+        return nullptr;
+    }
     return host ? (new Owner(host))->proxy.get() : nullptr;
 }
 
 QWidget *WindowProxy::existingWidgetFor(QWindow *window) {
-    const QWindow *host = topmostParentOf(window);
-    if (!host)
-        return nullptr;
-    if (const Owner *owner = Owner::of(host))
-        return owner->proxy.get();
-    return widgetWithNativeWindow(host);
+    // The window may have been put into another one since it got its proxy.
+    for (const QWindow *each = window; each; each = each->parent()) {
+        if (const Owner *owner = Owner::of(each))
+            return owner->proxy.get();
+    }
+    return window ? widgetWithNativeWindow(topmostParentOf(window)) : nullptr;
 }
 
 QWindow *WindowProxy::hostOf(const QWidget *widget) {
@@ -87,13 +102,16 @@ WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
     // What is put into the proxy is shown by other native windows, so painting it here is wasted.
     setUpdatesEnabled(false);
     setWindowIcon(host->icon());
+    // Otherwise sizes in the application's style sheet would apply to the proxy.
+    new StyleShield(this, [this] { follow(); });
     host->installEventFilter(this);
     for (const auto signal :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
         connect(host, signal, this, &WindowProxy::follow);
     connect(host, &QWindow::visibleChanged, this, &WindowProxy::followVisibility);
-    connect(host, &QWindow::windowStateChanged, this, &WindowProxy::followVisibility);
+    connect(host, &QWindow::windowStateChanged, this, &WindowProxy::followState);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &WindowProxy::followActivation);
+    connect(qApp, &QGuiApplication::focusObjectChanged, this, &WindowProxy::followFocusObject);
     m_foreign = ForeignWindow::watch(host);
     if (m_foreign) {
         connect(m_foreign.get(), &ForeignWindow::changed, this, &WindowProxy::followVisibility);
@@ -101,6 +119,7 @@ WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
     }
     follow();
     m_isActive = isVisible() && isHostActive();
+    followFocusObject(QGuiApplication::focusObject());
 }
 
 WindowProxy::~WindowProxy() {
@@ -110,6 +129,8 @@ WindowProxy::~WindowProxy() {
 }
 
 bool WindowProxy::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_focusObject && takesInput(event))
+        return true;
     if (watched != m_host)
         return false;
     switch (event->type()) {
@@ -131,12 +152,37 @@ bool WindowProxy::eventFilter(QObject *watched, QEvent *event) {
 // A widget in the proxy has the focus only while an overlay covers the host's content. The keys
 // are then the overlay's.
 bool WindowProxy::takesKey(QEvent *event) {
-    QWidget *focus = focusWidget();
-    if (!focus)
+    // The input method learns only now, because the focus of a window that is not active changes
+    // without an event.
+    if (std::exchange(m_isInputOff, isCovered()) != isCovered()) {
+        QGuiApplication::inputMethod()->reset();
+        QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    }
+    if (!isCovered())
         return false;
-    QCoreApplication::sendEvent(focus, event);
+    QCoreApplication::sendEvent(focusWidget(), event);
     event->accept();
     return true;
+}
+
+// Dead keys, the compose key and input methods write to the focus object and not to the window.
+bool WindowProxy::takesInput(QEvent *event) {
+    if (!isCovered())
+        return false;
+    if (event->type() == QEvent::InputMethodQuery) {
+        static_cast<QInputMethodQueryEvent *>(event)->setValue(Qt::ImEnabled, false);
+        event->accept();
+        return true;
+    }
+    return event->type() == QEvent::InputMethod;
+}
+
+void WindowProxy::followFocusObject(QObject *object) {
+    if (m_focusObject && m_focusObject != m_host)
+        m_focusObject->removeEventFilter(this);
+    m_focusObject = isHostActive() ? object : nullptr;
+    if (m_focusObject && m_focusObject != m_host)
+        m_focusObject->installEventFilter(this);
 }
 
 void WindowProxy::follow() {
@@ -165,12 +211,17 @@ void WindowProxy::showLater() {
 void WindowProxy::followVisibility() {
     const QPointer<WindowProxy> self(this);
     follow();
+    if (self)
+        followActivation();
+}
+
+void WindowProxy::followState() {
+    const QPointer<WindowProxy> self(this);
+    followVisibility();
     if (!self)
         return;
     QWindowStateChangeEvent change(Qt::WindowNoState);
     QCoreApplication::sendEvent(this, &change);
-    if (self)
-        followActivation();
 }
 
 void WindowProxy::followActivation() {

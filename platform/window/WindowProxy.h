@@ -25,8 +25,8 @@ class WindowProxy : public QWidget {
 
 public:
     /// The widget for a window: that whose native window it is or lies in, otherwise the proxy of
-    /// the window's topmost parent, which the first call makes. Null for null. Needs a
-    /// QApplication.
+    /// the window's topmost parent, which the first call makes. Null for null, and with a log line
+    /// for a window that can't have one. Needs a QApplication.
     static QWidget *widgetFor(QWindow *window);
     /// As widgetFor(), without making a proxy: null when there is none.
     static QWidget *existingWidgetFor(QWindow *window);
@@ -50,9 +50,14 @@ private:
     void follow();
     void showLater();
     void followVisibility();
+    void followState();
     void followActivation();
     void forwardClose();
+
+    bool isCovered() const { return focusWidget() != nullptr; }
     bool takesKey(QEvent *event);
+    bool takesInput(QEvent *event);
+    void followFocusObject(QObject *object);
 
     bool isHostVisible() const;
     bool isHostActive() const;
@@ -62,6 +67,9 @@ private:
     // Null for a window of this process.
     std::unique_ptr<ForeignWindow> m_foreign;
     bool m_isActive = false;
+    // What has the focus in the host's QWindow, and whether it was told that it takes no input.
+    QPointer<QObject> m_focusObject;
+    bool m_isInputOff = false;
 };
 
 } // namespace velmora
