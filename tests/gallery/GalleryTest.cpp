@@ -18,6 +18,8 @@ namespace velmora::test {
 
 namespace {
 
+// Long enough for several pictures.
+constexpr int StartScreenSeconds = 2;
 // How long the film may take to appear.
 constexpr int VideoMs = 5000;
 // How long what then stays may take to appear.
@@ -76,7 +78,8 @@ protected:
     }
 
     QString fileName(const QString &rest) const {
-        return m_folder + QLatin1Char('/') + GetParam().name() + rest;
+        return m_folder + QLatin1Char('/') + Desktop::name() + QLatin1Char('-') +
+               GetParam().name() + rest;
     }
 
     /// Waits until the screen is as it must be, and saves a picture of it. What is still wrong then
@@ -137,7 +140,7 @@ private:
     int m_pictures = 0;
 
 protected:
-    HostProcess host{GetParam().host, Desktop::current().startScreenSeconds(), environment(),
+    HostProcess host{GetParam().host, StartScreenSeconds, environment(),
                      fileName(QStringLiteral(".log"))};
 };
 
@@ -164,7 +167,7 @@ void GalleryTest::splashScreen() {
     host.tell("splash");
     ASSERT_TRUE(host.waitFor(QStringLiteral("notification splashcreendidshow")));
     expect(QStringLiteral("start"), check(&PictureCheck::faultsOfStartScreen),
-           Desktop::current().startScreenSeconds() * 1000 - FadeMs);
+           StartScreenSeconds * 1000 - FadeMs);
     judge(QStringLiteral("start"),
           clickOnHost() == 0 ? QString() : QStringLiteral("clicks have reached the host"));
 
