@@ -83,7 +83,17 @@ bool WaylandDesktop::start() {
         if (deadline.hasExpired() || m_process.waitForFinished(50))
             return false;
     }
+    matchPointer();
     return true;
+}
+
+// weston moves its pointer by as much as the one of the X display moves, and does not always begin
+// at the same point. In a corner both are stopped.
+void WaylandDesktop::matchPointer() {
+    runOnDisplay(QStringLiteral("xdotool"),
+                 {QStringLiteral("mousemove"), QStringLiteral("0"), QStringLiteral("0"),
+                  QStringLiteral("mousemove"), QString::number(Size.width() - 1),
+                  QString::number(Size.height() - 1)});
 }
 
 QByteArray WaylandDesktop::queryWindows() const {

@@ -22,6 +22,7 @@ public:
 
 private:
     bool start();
+    static void matchPointer();
     QByteArray queryWindows() const;
 
     const WaylandCompositor &m_compositor;
