@@ -8,7 +8,7 @@
 namespace velmora {
 
 BannerWatch::BannerWatch(QWidget *view) : QObject(view), m_view(view) {
-    followParents();
+    m_ancestors.followToWindow(view);
 }
 
 BannerWatch::~BannerWatch() {
@@ -18,7 +18,7 @@ BannerWatch::~BannerWatch() {
 bool BannerWatch::eventFilter(QObject *, QEvent *event) {
     switch (event->type()) {
     case QEvent::ParentChange:
-        followParents();
+        m_ancestors.followToWindow(m_view);
         [[fallthrough]];
     case QEvent::Move:
     case QEvent::Resize:
@@ -31,26 +31,6 @@ bool BannerWatch::eventFilter(QObject *, QEvent *event) {
         break;
     }
     return false;
-}
-
-void BannerWatch::followParents() {
-    QList<QPointer<QWidget>> chain;
-    for (QWidget *widget = m_view; widget; widget = widget->parentWidget()) {
-        chain.append(widget);
-        if (widget->isWindow())
-            break;
-    }
-    // Filters that stay are not installed again: that would change the list of event filters, which
-    // Qt may be iterating over.
-    for (QWidget *widget : std::as_const(m_watched)) {
-        if (widget && !chain.contains(widget))
-            widget->removeEventFilter(this);
-    }
-    for (QWidget *widget : std::as_const(chain)) {
-        if (!m_watched.contains(widget))
-            widget->installEventFilter(this);
-    }
-    m_watched = chain;
 }
 
 } // namespace velmora

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QList>
+#include "AncestorFilter.h"
+
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -21,11 +21,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void followParents();
-
     QWidget *m_view;
-    // The view and all its parents up to the window.
-    QList<QPointer<QWidget>> m_watched;
+    AncestorFilter m_ancestors{this};
 };
 
 } // namespace velmora

@@ -21,8 +21,13 @@ install(DIRECTORY include/Velmora DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
 install(EXPORT VelmoraTargets NAMESPACE Velmora:: DESTINATION ${package_dir}
     COMPONENT Velmora_Development)
 
+set(has_qml_module OFF)
+if(TARGET velmora_quick)
+    set(has_qml_module ON)
+endif()
 configure_package_config_file(cmake/VelmoraConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/VelmoraConfig.cmake INSTALL_DESTINATION ${package_dir})
+    ${PROJECT_BINARY_DIR}/VelmoraConfig.cmake INSTALL_DESTINATION ${package_dir}
+    PATH_VARS VELMORA_INSTALL_QMLDIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VelmoraConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/VelmoraConfig.cmake

@@ -26,6 +26,16 @@ endif()
 set(VELMORA_BUILD_TESTS ${build_tests} CACHE STRING "Build the tests: ON, OFF or AUTO")
 set_property(CACHE VELMORA_BUILD_TESTS PROPERTY STRINGS AUTO ON OFF)
 
+# AUTO builds the QML module where Qt Quick is installed and the library is shared.
+set(build_qml AUTO)
+if(NOT PROJECT_IS_TOP_LEVEL)
+    set(build_qml OFF)
+endif()
+set(VELMORA_BUILD_QML ${build_qml} CACHE STRING "Build the QML module: ON, OFF or AUTO")
+set_property(CACHE VELMORA_BUILD_QML PROPERTY STRINGS AUTO ON OFF)
+set(VELMORA_INSTALL_QMLDIR ${CMAKE_INSTALL_LIBDIR}/qt6/qml CACHE STRING
+    "Folder of QML modules that the module Velmora is installed into")
+
 set(VELMORA_AD_SERVER_URL "https://ads.velmora.example" CACHE STRING
     "Base URL of the ad server, https, without a trailing slash")
 set(VELMORA_STORE_HOST "apps.velmora-store.example" CACHE STRING

@@ -15,6 +15,7 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QDir>
+#include <QtGui/QRasterWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QVBoxLayout>
 
@@ -53,6 +54,8 @@ protected:
                          [this] { actInHandler(); });
         QObject::connect(&VelmoraEvents::instance(), &VelmoraEvents::bannerRectChanged, slots.get(),
                          [this] { actInHandler(); });
+        QObject::connect(&VelmoraEvents::instance(), &VelmoraEvents::windowBannerRectChanged,
+                         slots.get(), [this] { actInHandler(); });
     }
 
     void heard(const QString &name) {
@@ -64,7 +67,7 @@ protected:
         if (isInHandler || pick(6) > 0)
             return;
         isInHandler = true;
-        act(pick(8));
+        act(pick(16) == 0 ? 15 : pick(8));
         isInHandler = false;
     }
 
@@ -140,8 +143,46 @@ protected:
         case 14:
             quietly(pick(15)); // lets the server answer
             break;
+        case 15:
+        case 16:
+            actOnNativeWindow(pick(8));
+            break;
         default:
             time->advance(pick(5) == 0 ? pick(700) : pick(60) / 10.0);
+        }
+    }
+
+    // A host's window that is not a widget's.
+    void actOnNativeWindow(int what) {
+        if (!native) {
+            native = std::make_unique<QRasterWindow>();
+            native->resize(200 + pick(800), 100 + pick(600));
+            native->show();
+        }
+        switch (what) {
+        case 0:
+            native.reset();
+            break;
+        case 1:
+            native->destroy();
+            break;
+        case 2:
+            native->setVisible(pick(2) == 0);
+            break;
+        case 3:
+            native->close();
+            break;
+        case 4:
+            native->requestActivate();
+            break;
+        case 5:
+            Velmora::addBannerForWindow(native.get());
+            break;
+        case 6:
+            Velmora::removeSplashScreenFromWindow(native.get());
+            break;
+        default:
+            Velmora::addSplashScreenToWindow(native.get());
         }
     }
 
@@ -205,10 +246,13 @@ protected:
         isRemoved = false;
         Velmora::resetAds();
         const bool areWindowsFirst = pick(2) == 0;
-        if (areWindowsFirst)
+        if (areWindowsFirst) {
             windows = {};
+            native.reset();
+        }
         restartProcess();
         windows = {};
+        native.reset();
         handleEvents();
         server.log().clear();
     }
@@ -218,6 +262,7 @@ protected:
     std::mt19937 random;
     VirtualTime *time = nullptr;
     std::array<std::unique_ptr<QWidget>, Windows> windows;
+    std::unique_ptr<QRasterWindow> native;
     std::vector<NotificationCenter::Observation> observations;
     std::unique_ptr<QObject> slots; // the context of the connections to VelmoraEvents
     bool isInHandler = false;

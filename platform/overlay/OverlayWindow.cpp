@@ -129,10 +129,7 @@ void OverlayWindow::reportLostLater() {
 }
 
 void OverlayWindow::leaveHost() {
-    for (const QPointer<QWidget> &ancestor : std::exchange(m_ancestors, {})) {
-        if (ancestor)
-            ancestor->removeEventFilter(this);
-    }
+    m_ancestors.clear();
     // Hidden first: a visible window without a parent appears as a top-level window.
     m_root->hide();
     followHost(nullptr);
@@ -174,7 +171,8 @@ void OverlayWindow::place() {
         m_root->hide();
         return;
     }
-    followAncestors(native);
+    // The native window is placed again when one of them moves.
+    m_ancestors.follow(m_superview, native);
     followHost(host);
     // Not move(), which adds the margins of the host's window frame under X11.
     m_root->setGeometry({m_superview->mapTo(native, m_frame.topLeft()), m_frame.size()});
@@ -182,23 +180,6 @@ void OverlayWindow::place() {
         m_root->show();
         nativeWindow()->raise();
     }
-}
-
-void OverlayWindow::followAncestors(const QWidget *native) {
-    QList<QPointer<QWidget>> ancestors;
-    for (QWidget *widget = m_superview; widget && widget != native; widget = widget->parentWidget())
-        ancestors.append(widget);
-    if (ancestors == m_ancestors)
-        return;
-    for (const QPointer<QWidget> &old : std::as_const(m_ancestors)) {
-        if (old && !ancestors.contains(old))
-            old->removeEventFilter(this);
-    }
-    for (const QPointer<QWidget> &ancestor : std::as_const(ancestors)) {
-        if (!m_ancestors.contains(ancestor))
-            ancestor->installEventFilter(this);
-    }
-    m_ancestors = ancestors;
 }
 
 } // namespace velmora

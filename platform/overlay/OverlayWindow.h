@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AncestorFilter.h"
 #include "NativeSiblings.h"
 #include "OverlayKeyProxy.h"
 
-#include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QRect>
@@ -61,15 +61,13 @@ private:
     void place();
     void followHost(QWindow *host);
     void exposeWithHost();
-    void followAncestors(const QWidget *native);
 
     QPointer<QWidget> m_superview;
     QWidget *m_root;
     QPointer<QWidget> m_view;
     QPointer<OverlayKeyProxy> m_keyProxy;
-    // From the superview up to the widget with the host's native window: the native window is
-    // placed again when one of them moves.
-    QList<QPointer<QWidget>> m_ancestors;
+    // From the superview up to the widget with the host's native window.
+    AncestorFilter m_ancestors{this};
     QRect m_frame;
     bool m_isVisible = false;
     bool m_isLost = false;

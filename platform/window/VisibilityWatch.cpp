@@ -31,23 +31,7 @@ bool VisibilityWatch::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void VisibilityWatch::follow() {
-    QList<QPointer<QWidget>> chain;
-    for (QWidget *widget = m_view; widget; widget = widget->parentWidget()) {
-        chain.append(widget);
-        if (widget->isWindow())
-            break;
-    }
-    // Filters that stay are not installed again: that would change the list of event filters, which
-    // Qt may be iterating over.
-    for (QWidget *widget : std::as_const(m_watched)) {
-        if (widget && !chain.contains(widget))
-            widget->removeEventFilter(this);
-    }
-    for (QWidget *widget : std::as_const(chain)) {
-        if (!m_watched.contains(widget))
-            widget->installEventFilter(this);
-    }
-    m_watched = chain;
+    m_ancestors.followToWindow(m_view);
     disconnect(m_windowShown);
     if (Window *window = Window::of(m_view->parentWidget()))
         m_windowShown = connect(window, &Window::becameVisible, this, &VisibilityWatch::changed);

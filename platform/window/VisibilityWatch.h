@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtCore/QList>
+#include "AncestorFilter.h"
+
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -34,8 +34,7 @@ private:
     void follow();
 
     QWidget *m_view;
-    // The view and all its parents up to the window.
-    QList<QPointer<QWidget>> m_watched;
+    AncestorFilter m_ancestors{this};
     QMetaObject::Connection m_windowShown;
 };
 

@@ -67,7 +67,7 @@ QWidget *WindowProxy::existingWidgetFor(QWindow *window) {
 
 QWindow *WindowProxy::hostOf(const QWidget *widget) {
     const auto *proxy = qobject_cast<const WindowProxy *>(widget);
-    return proxy ? proxy->m_host : nullptr;
+    return proxy ? proxy->m_host.data() : nullptr;
 }
 
 QWindow *WindowProxy::nativeWindowOf(const QWidget *widget) {
@@ -99,11 +99,15 @@ WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
         connect(m_foreign.get(), &ForeignWindow::changed, this, &WindowProxy::followVisibility);
         connect(m_foreign.get(), &ForeignWindow::closed, this, &WindowProxy::forwardClose);
     }
-    m_isActive = isHostActive();
     follow();
+    m_isActive = isVisible() && isHostActive();
 }
 
-WindowProxy::~WindowProxy() = default;
+WindowProxy::~WindowProxy() {
+    // Not by ~QWidget(): what is in the proxy then moves out of native windows that are gone, and
+    // needs a parent that is whole.
+    hide();
+}
 
 bool WindowProxy::eventFilter(QObject *watched, QEvent *event) {
     if (watched != m_host)
@@ -136,18 +140,22 @@ bool WindowProxy::takesKey(QEvent *event) {
 }
 
 void WindowProxy::follow() {
+    if (!m_host)
+        return;
     const QRect geometry = m_foreign ? m_foreign->geometry() : m_host->geometry();
     if (!geometry.isEmpty())
         setGeometry(geometry);
-    // Shown a little later: while a QWindow emits visibleChanged(), its native window may not
-    // exist yet, and native windows in it could not be placed.
     if (!isHostVisible())
         hide();
-    else if (isHidden())
-        followLater();
+    else if (m_host->handle())
+        show();
+    else
+        showLater();
 }
 
-void WindowProxy::followLater() {
+// A QWindow that is shown for the first time emits visibleChanged() before it has a native window,
+// and so before native windows can be placed in it.
+void WindowProxy::showLater() {
     MainQueue::post(this, [this] {
         setVisible(isHostVisible());
         followActivation();
@@ -182,6 +190,8 @@ void WindowProxy::forwardClose() {
 }
 
 bool WindowProxy::isHostVisible() const {
+    if (!m_host)
+        return false;
     if (m_foreign)
         return m_foreign->isVisible();
     return m_host->isVisible() && !m_host->windowStates().testFlag(Qt::WindowMinimized);
@@ -191,7 +201,8 @@ bool WindowProxy::isHostActive() const {
     if (m_foreign)
         return m_foreign->isActive();
     const QWindow *focus = QGuiApplication::focusWindow();
-    return focus && (focus == m_host || m_host->isAncestorOf(focus, QWindow::ExcludeTransients));
+    return m_host && focus &&
+           (focus == m_host || m_host->isAncestorOf(focus, QWindow::ExcludeTransients));
 }
 
 } // namespace velmora

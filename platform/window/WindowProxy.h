@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 
@@ -47,7 +48,7 @@ private:
     explicit WindowProxy(QWindow *host);
 
     void follow();
-    void followLater();
+    void showLater();
     void followVisibility();
     void followActivation();
     void forwardClose();
@@ -56,7 +57,8 @@ private:
     bool isHostVisible() const;
     bool isHostActive() const;
 
-    QWindow *m_host;
+    // Null while the host's QWindow destroys its children, this one among them.
+    QPointer<QWindow> m_host;
     // Null for a window of this process.
     std::unique_ptr<ForeignWindow> m_foreign;
     bool m_isActive = false;

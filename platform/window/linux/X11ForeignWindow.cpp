@@ -33,13 +33,23 @@ bool movesFocus(const xcb_focus_in_event_t &event) {
 
 X11ForeignWindow::X11ForeignWindow(QWindow *window, xcb_connection_t *connection)
     : m_window(window), m_connection(connection), m_id(xcb_window_t(window->winId())) {
-    readState();
+    selectEvents();
+    readState(); // after that, so that no change in between is missed
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
 X11ForeignWindow::~X11ForeignWindow() {
     if (QCoreApplication *application = QCoreApplication::instance())
         application->removeNativeEventFilter(this);
+}
+
+void X11ForeignWindow::selectEvents() {
+    const auto attributes = owned(xcb_get_window_attributes_reply(
+        m_connection, xcb_get_window_attributes(m_connection, m_id), nullptr));
+    // Qt may have selected events of its own for the window, which this must not replace.
+    const uint32_t events = (attributes ? attributes->your_event_mask : 0) |
+                            XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(m_connection, m_id, XCB_CW_EVENT_MASK, &events);
 }
 
 void X11ForeignWindow::readState() {
@@ -49,11 +59,6 @@ void X11ForeignWindow::readState() {
         owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_id), nullptr));
     if (!attributes || !geometry)
         return;
-    // Qt may have selected events of its own for the window, which this must not replace.
-    const uint32_t events =
-        attributes->your_event_mask | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
-    xcb_change_window_attributes(m_connection, m_id, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(m_connection);
     m_pixels = {geometry->width, geometry->height};
     m_isMapped = attributes->map_state != XCB_MAP_STATE_UNMAPPED;
     m_isActive = isFocusInside();

@@ -23,6 +23,7 @@ public:
 
 private:
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
+    void selectEvents();
     void readState();
     bool isFocusInside() const;
     void setActive(bool active);
