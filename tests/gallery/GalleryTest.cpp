@@ -20,11 +20,11 @@ namespace velmora::test {
 namespace {
 
 // Long enough for several pictures.
-constexpr int StartScreenSeconds = 2;
+constexpr int StartScreenSeconds = 3;
 // How long the film may take to appear.
 constexpr int VideoMs = 5000;
 // How long what then stays may take to appear.
-constexpr int EndMs = 3000;
+constexpr int EndMs = 10000;
 constexpr int FadeMs = 250;
 
 struct GalleryCase {
