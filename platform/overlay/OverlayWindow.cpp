@@ -104,6 +104,10 @@ bool OverlayWindow::eventFilter(QObject *watched, QEvent *event) {
         if (watched != m_keyProxy)
             place();
         break;
+    case QEvent::Expose:
+        if (watched == nativeWindow()->parent())
+            exposeWithHost();
+        break;
     case QEvent::PlatformSurface:
         if (watched == nativeWindow() &&
             static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() ==
@@ -128,7 +132,31 @@ void OverlayWindow::leaveHost() {
     m_ancestors.clear();
     // Hidden first: a visible window without a parent appears as a top-level window.
     m_root->hide();
-    nativeWindow()->setParent(nullptr);
+    followHost(nullptr);
+}
+
+void OverlayWindow::followHost(QWindow *host) {
+    QWindow *old = nativeWindow()->parent();
+    if (old == host)
+        return;
+    if (old)
+        old->removeEventFilter(this);
+    nativeWindow()->setParent(host);
+    if (host)
+        host->installEventFilter(this);
+}
+
+// Under Wayland a window is not exposed while the compositor takes longer than 100 ms for a frame,
+// and neither are its child windows. Qt 6.4 sends an expose event to the window afterwards, but not
+// to a child whose own frame came earlier: that would never be painted again. Qt checks it at a
+// change of geometry.
+void OverlayWindow::exposeWithHost() {
+    QWindow *native = nativeWindow();
+    if (!native->isVisible() || native->isExposed() || !native->parent()->isExposed())
+        return;
+    const QRect frame = native->geometry();
+    native->setGeometry(frame.translated(0, 1));
+    native->setGeometry(frame);
 }
 
 void OverlayWindow::place() {
@@ -145,8 +173,7 @@ void OverlayWindow::place() {
     }
     // The native window is placed again when one of them moves.
     m_ancestors.follow(m_superview, native);
-    if (nativeWindow()->parent() != host)
-        nativeWindow()->setParent(host);
+    followHost(host);
     // Not move(), which adds the margins of the host's window frame under X11.
     m_root->setGeometry({m_superview->mapTo(native, m_frame.topLeft()), m_frame.size()});
     if (m_root->isHidden()) {

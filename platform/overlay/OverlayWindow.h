@@ -59,6 +59,8 @@ private:
     void reportLostLater();
     void leaveHost();
     void place();
+    void followHost(QWindow *host);
+    void exposeWithHost();
 
     QPointer<QWidget> m_superview;
     QWidget *m_root;

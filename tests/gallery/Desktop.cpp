@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/gallery/Desktop.h"
 
-#include "tests/gallery/SwayDesktop.h"
-#include "tests/gallery/X11Desktop.h"
+#include "tests/gallery/WaylandDesktop.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 
 namespace velmora::test {
 
@@ -12,18 +14,38 @@ Desktop *s_current = nullptr;
 
 } // namespace
 
-std::unique_ptr<Desktop> Desktop::start(const QString &name) {
+QString Desktop::name() {
+    return qEnvironmentVariable("VELMORA_GALLERY_DESKTOP", QStringLiteral("openbox"));
+}
+
+std::unique_ptr<Desktop> Desktop::start() {
     std::unique_ptr<Desktop> desktop;
-    if (name == QLatin1String("sway"))
-        desktop = std::make_unique<SwayDesktop>();
+    if (const WaylandCompositor *compositor = WaylandCompositor::find(name()))
+        desktop = std::make_unique<WaylandDesktop>(*compositor);
     else
-        desktop = std::make_unique<X11Desktop>(name);
+        desktop = std::make_unique<Desktop>(name());
     s_current = desktop.get();
     return desktop;
 }
 
 Desktop &Desktop::current() {
     return *s_current;
+}
+
+Desktop::Desktop(const QString &windowManager) : m_display(windowManager, Size) {}
+
+QProcessEnvironment Desktop::environment() const {
+    return QProcessEnvironment::systemEnvironment();
+}
+
+QImage Desktop::picture() const {
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+}
+
+void Desktop::click(QPoint point) const {
+    runOnDisplay(QStringLiteral("xdotool"),
+                 {QStringLiteral("mousemove"), QString::number(point.x()),
+                  QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
 }
 
 } // namespace velmora::test

@@ -1,40 +1,51 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/support/OwnDisplay.h"
+
+#include <QtCore/QHash>
 #include <QtCore/QPoint>
 #include <QtCore/QProcessEnvironment>
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
 #include <memory>
-#include <optional>
 
 namespace velmora::test {
 
-/// A desktop of its own, on which the hosts are started. It ends with the object.
+/// The desktop on which the hosts are started: a virtual X display with a window manager. It ends
+/// with the object.
 class Desktop {
 public:
-    virtual ~Desktop() = default;
+    static constexpr QSize Size{1600, 1100};
 
-    /// Starts a desktop and points the environment of this process to it. To be called before the
-    /// application object is made.
-    /// @param name a window manager of OwnDisplay, or "sway"
-    static std::unique_ptr<Desktop> start(const QString &name);
+    /// The window manager or Wayland compositor that VELMORA_GALLERY_DESKTOP names, or openbox.
+    static QString name();
+    /// Starts the desktop and points the environment of this process to its X display. To be called
+    /// before the application object is made.
+    static std::unique_ptr<Desktop> start();
     /// The one that was started.
     static Desktop &current();
 
+    explicit Desktop(const QString &windowManager);
+    virtual ~Desktop() = default;
+
     /// Why the desktop is not available; empty when it is.
-    virtual QString error() const = 0;
+    virtual QString error() const { return m_display.error(); }
     /// The environment for hosts.
-    virtual QProcessEnvironment environment() const = 0;
-    /// How long start screens are shown: long enough for several pictures.
-    virtual int startScreenSeconds() const { return 2; }
+    virtual QProcessEnvironment environment() const;
+    /// Where windows and the frames that hosts draw around them begin on the screen, by title.
+    /// Empty where the hosts know it themselves.
+    virtual QHash<QString, QPoint> windowCorners() const { return {}; }
+
     /// What the screen shows.
-    virtual QImage picture() = 0;
+    QImage picture() const;
     /// Clicks on a point of the screen.
-    virtual void click(QPoint point) = 0;
-    /// Where the window with a title is on the screen; nothing where the host itself knows it.
-    virtual std::optional<QPoint> positionOf(const QString &title) = 0;
+    void click(QPoint point) const;
+
+private:
+    OwnDisplay m_display;
 };
 
 } // namespace velmora::test

@@ -23,13 +23,13 @@ QRect rectangle(const QStringList &parts) {
 } // namespace
 
 HostReport::HostReport(const QStringList &lines) {
+    const QHash<QString, QPoint> origins = Desktop::current().windowCorners();
     QList<QPoint> corners;
     for (const QString &line : lines) {
         const QStringList parts = line.split(QLatin1Char(' '));
         if (parts[0] == QLatin1String("window")) {
             const QString title = QStringLiteral("gallery %1").arg(m_windows.size());
-            corners.append(Desktop::current().positionOf(title).value_or(
-                QPoint(parts[2].toInt(), parts[3].toInt())));
+            corners.append(origins.value(title) + QPoint(parts[2].toInt(), parts[3].toInt()));
             m_windows.append(
                 {parts[1] == QLatin1String("1"), rectangle(parts).translated(corners.last()), {}});
         } else if (parts[0] == QLatin1String("widget")) {

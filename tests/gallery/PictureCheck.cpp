@@ -25,6 +25,10 @@ std::function<bool(QColor)> like(QColor wanted) {
     return [wanted](QColor seen) { return isLike(seen, wanted); };
 }
 
+bool isGrey(QColor seen) {
+    return isLike(seen, QColor(seen.green(), seen.green(), seen.green()));
+}
+
 bool isDark(QColor seen) {
     return std::max({seen.red(), seen.green(), seen.blue()}) < 100;
 }
@@ -117,7 +121,7 @@ QString PictureCheck::faultsOfStartScreen() {
 
 QString PictureCheck::faultsOfVideo() {
     constexpr double LeastOfFilm = 0.5;
-    constexpr double MostOfWhite = 0.5;
+    constexpr double MostOfGrey = 0.7;
     m_faults.clear();
     for (const Window &window : m_report.windows())
         expectCovered(window);
@@ -126,7 +130,8 @@ QString PictureCheck::faultsOfVideo() {
     const double film = part(row, [](QColor seen) { return !isDark(seen); });
     if (film < LeastOfFilm)
         add(active, QStringLiteral("the film reaches over ") + percent(film));
-    if (part(active.content, like(Qt::white)) > MostOfWhite)
+    // It is grey while it fades.
+    if (part(row, isGrey) > MostOfGrey)
         add(active, QStringLiteral("the start screen is still visible"));
     return m_faults;
 }
@@ -139,10 +144,10 @@ QString PictureCheck::faultsOfEndScreen() {
         expectCovered(window);
         // It is as wide or as high as the window.
         const QPoint middle = window.content.center();
-        const double still = std::max(
-            part({window.content.left(), middle.y(), window.content.width(), 1}, like(Still)),
-            part({middle.x(), window.content.top(), 1, window.content.height()}, like(Still)));
-        if (still < LeastOfStill)
+        const QRect row(window.content.left(), middle.y(), window.content.width(), 1);
+        const QRect column(middle.x(), window.content.top(), 1, window.content.height());
+        const double still = std::max(part(row, like(Still)), part(column, like(Still)));
+        if (still < LeastOfStill && !m_report.isShared(window, row | column))
             add(window, QStringLiteral("the still reaches over ") + percent(still));
         const auto button = window.element(QStringLiteral("splash/closeButton"));
         if (!button) {

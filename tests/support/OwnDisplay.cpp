@@ -51,7 +51,8 @@ OwnDisplay::OwnDisplay(const QString &windowManager, QSize size) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     for (const char *variable : {"WAYLAND_DISPLAY", "XAUTHORITY", "QT_SCALE_FACTOR"})
         qunsetenv(variable);
-    startWindowManager(windowManager);
+    if (!windowManager.isEmpty())
+        startWindowManager(windowManager);
 }
 
 void OwnDisplay::startWindowManager(const QString &name) {

@@ -13,7 +13,7 @@ namespace velmora::test {
 /// and ends both on destruction.
 class OwnDisplay {
 public:
-    /// @param windowManager "openbox", "xfwm4", "kwin" or "i3"
+    /// @param windowManager "openbox", "xfwm4", "kwin" or "i3"; empty for none
     explicit OwnDisplay(const QString &windowManager = QStringLiteral("openbox"),
                         QSize size = {1024, 768});
     ~OwnDisplay();

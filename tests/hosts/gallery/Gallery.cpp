@@ -150,7 +150,7 @@ qsizetype Gallery::indexOfWindow(const QWidget *widget) const {
 void Gallery::report() const {
     for (const auto &window : m_windows) {
         const double ratio = window->native()->devicePixelRatio();
-        const QPointF corner = QPointF(window->corner()) * ratio;
+        const QPointF corner = QPointF(window->knownCorner()) * ratio;
         print(QStringLiteral("window %1 %2 %3 %4")
                   .arg(int(window->isActive()))
                   .arg(std::lround(corner.x()))

@@ -40,10 +40,10 @@ void print(const QString &line);
 /// | `notification NAME [OBJECT]` | the framework has posted a notification |
 /// | `opened URL`                 | the framework has asked the desktop to open a link |
 ///
-/// A report has a line `window ACTIVE LEFT TOP X Y W H` for each window: its position on the
-/// screen, and its content below the menu bar. `widget INDEX NAME X Y W H` follows for each visible
-/// widget that has a name, with the index of its window. Lengths are in pixels of the screen, x and
-/// y from the window's corner.
+/// A report has a line `window ACTIVE LEFT TOP X Y W H` for each window: its position
+/// (HostWindow::knownCorner()), and its content below the menu bar. `widget INDEX NAME X Y W H`
+/// follows for each visible widget that has a name, with the index of its window. Lengths are in
+/// pixels of the screen, x and y from the window's corner.
 class Gallery : public QObject {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QEvent>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QMainWindow>
 
 namespace gallery {
@@ -28,6 +29,13 @@ bool HostWindow::isExposed() const {
 
 QPoint HostWindow::corner() const {
     return native()->mapToGlobal(QPoint());
+}
+
+QPoint HostWindow::knownCorner() const {
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        return corner();
+    const QMargins frame = native()->frameMargins();
+    return {frame.left(), frame.top()};
 }
 
 void WidgetHostWindow::addSplashScreen(bool isGameEngine) {

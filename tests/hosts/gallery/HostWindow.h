@@ -26,6 +26,9 @@ public:
     virtual bool isActive() const = 0;
     /// The window's corner on the screen.
     virtual QPoint corner() const;
+    /// The same under X11. Wayland tells no client where its windows are: there it is the corner
+    /// within the frame that Qt draws around the window.
+    QPoint knownCorner() const;
     /// What a splash screen covers, in the window's coordinates.
     virtual QRect content() const = 0;
     /// Whether the window prints the clicks on it itself, and no widget in it does.
