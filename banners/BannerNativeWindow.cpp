@@ -13,12 +13,12 @@ namespace velmora {
 
 BannerNativeWindow::BannerNativeWindow(QWidget *place, QWidget *picture)
     : QObject(place), m_place(place), m_picture(picture) {
-    place->installEventFilter(this);
     followSuperview();
 }
 
 void BannerNativeWindow::followSuperview() {
     leaveWindow();
+    m_ancestors.followToWindow(m_place);
     QWidget *superview = m_place->parentWidget();
     m_siblings =
         superview ? std::make_unique<NativeSiblings>(superview, [this] { update(); }) : nullptr;
@@ -26,8 +26,15 @@ void BannerNativeWindow::followSuperview() {
 }
 
 bool BannerNativeWindow::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != m_place)
+    if (watched != m_place) {
+        // When Qt creates the host's native window again, the native windows in it are gone,
+        // without an event for their owners.
+        if (event->type() == QEvent::WinIdChange) {
+            m_isWindowLost = true;
+            updateLater();
+        }
         return false;
+    }
     switch (event->type()) {
     case QEvent::ParentChange:
         followSuperview();
@@ -63,8 +70,9 @@ void BannerNativeWindow::update() {
     if (!superview || !m_siblings || !m_picture)
         return;
     // The host's native window may have been created again, and this one destroyed with it.
-    if (m_siblings->follow() || (m_window && !m_window->isWhole()))
+    if (m_siblings->follow() || m_isWindowLost || (m_window && !m_window->isWhole()))
         leaveWindow();
+    m_isWindowLost = false;
     // Plain widgets get native windows of their own when Qt gives them to their siblings.
     NativeSiblings::setLayer(m_place->windowHandle(), NativeSiblings::Layer::Banner);
     const bool isCovered =

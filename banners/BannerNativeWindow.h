@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AncestorFilter.h"
 #include "NativeSiblings.h"
 #include "OverlayWindow.h"
 
@@ -37,9 +38,11 @@ private:
 
     QWidget *m_place;
     QPointer<QWidget> m_picture;
+    AncestorFilter m_ancestors{this};
     std::unique_ptr<NativeSiblings> m_siblings;
     std::unique_ptr<OverlayWindow> m_window;
     bool m_updatePosted = false;
+    bool m_isWindowLost = false;
 };
 
 } // namespace velmora

@@ -63,8 +63,12 @@ protected:
     QWidget *proxy() const { return WindowProxy::existingWidgetFor(host.get()); }
 
     bool isDelivered(QInputMethodEvent &event) {
+        // The platform "offscreen" makes every window that is shown the focus window.
+        host->requestActivate();
+        handleEvents();
+        EXPECT_EQ(QGuiApplication::focusObject(), host.get());
         const int before = host->inputs;
-        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+        QCoreApplication::sendEvent(host.get(), &event);
         return host->inputs > before;
     }
 
@@ -118,6 +122,7 @@ TEST_F(WindowProxyTest, TheHostsSizeLimitsComeBack) {
     host->setMinimumSize({400, 350});
     EXPECT_EQ(host->minimumSize(), host->size());
     host->resize(500, 400);
+    handleEvents();
     EXPECT_EQ(host->maximumSize(), QSize(500, 400));
     Velmora::removeSplashScreenFromWindow(host.get());
     EXPECT_EQ(host->minimumSize(), QSize(400, 350));

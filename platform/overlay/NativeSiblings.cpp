@@ -2,6 +2,7 @@
 #include "NativeSiblings.h"
 
 #include "MainQueue.h"
+#include "OverlayKeyProxy.h"
 #include "WindowProxy.h"
 
 #include <QtCore/QEvent>
@@ -78,9 +79,17 @@ bool NativeSiblings::follow() {
 }
 
 bool NativeSiblings::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == m_root && event->type() == QEvent::ChildAdded)
+    const bool isAdded = watched == m_root && event->type() == QEvent::ChildAdded;
+    if (isAdded || event->type() == QEvent::ZOrderChange)
         reportLater();
     return false;
+}
+
+// A QWindow does not tell that it was raised. A widget of the host does.
+void NativeSiblings::watchOrder(QWindow &child) {
+    QWidget *widget = child.handle() ? QWidget::find(child.winId()) : nullptr;
+    if (widget && layerOf(child) == Layer::Host && !qobject_cast<OverlayKeyProxy *>(widget))
+        widget->installEventFilter(this);
 }
 
 void NativeSiblings::watchChildren() {
@@ -89,6 +98,7 @@ void NativeSiblings::watchChildren() {
         if (!child)
             continue;
         child->disconnect(this);
+        watchOrder(*child);
         connect(child, &QWindow::visibleChanged, this, &NativeSiblings::reportLater);
         connect(child, &QWindow::xChanged, this, &NativeSiblings::reportLater);
         connect(child, &QWindow::yChanged, this, &NativeSiblings::reportLater);

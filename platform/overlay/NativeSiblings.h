@@ -28,7 +28,8 @@ public:
     static void setLayer(QWindow *window, Layer layer);
 
     /// @param changed called on a later turn of the main loop, once for several changes, when a
-    ///                native window may have been added, removed, moved, resized, shown or hidden
+    ///                native window may have been added, removed, moved, resized, shown, hidden or,
+    ///                if it is a widget's, raised
     NativeSiblings(QWidget *superview, std::function<void()> changed);
 
     /// Whether a visible native window of a layer below intersects a rectangle. Always in a
@@ -47,6 +48,7 @@ public:
 
 private:
     void watchChildren();
+    void watchOrder(QWindow &child);
     void reportLater();
 
     QWidget *m_superview;

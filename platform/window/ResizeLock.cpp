@@ -50,7 +50,7 @@ bool ResizeLock::eventFilter(QObject *watched, QEvent *event) {
             unlock();
         Timer::cancel(m_settling);
         m_settling = Timer::scheduled(SettlingSeconds, Timer::Kind::OneShot,
-                                      [this, size = windowSize()] { stateSettled(size); });
+                                      [this, size = m_window->size()] { stateSettled(size); });
         break;
     case QEvent::LayoutRequest:
     case QEvent::UpdateRequest:
@@ -86,20 +86,15 @@ void ResizeLock::stateSettled(const QSize &sizeBefore) {
     if (isNormal()) {
         m_hasAskedAgain = false;
         lock();
-    } else if (windowSize() == sizeBefore && !std::exchange(m_hasAskedAgain, true)) {
+    } else if (m_window->size() == sizeBefore && !std::exchange(m_hasAskedAgain, true)) {
         const Qt::WindowStates wanted = states();
         native->setWindowStates(wanted & ~(Qt::WindowMaximized | Qt::WindowFullScreen));
         native->setWindowStates(wanted);
     }
 }
 
-QSize ResizeLock::windowSize() const {
-    const QWindow *host = WindowProxy::hostOf(m_window);
-    return host ? host->size() : m_window->size();
-}
-
 void ResizeLock::lock() {
-    m_size = windowSize();
+    m_size = m_window->size();
     setLimits({*m_size, *m_size});
 }
 

@@ -41,7 +41,6 @@ private:
     void unlock();
     void setLimits(const Limits &limits);
     void hostLimitsChanged();
-    QSize windowSize() const;
     Qt::WindowStates states() const;
     void stateSettled(const QSize &sizeBefore);
 

@@ -80,9 +80,12 @@ quint64 Window::styleMask() const {
 }
 
 void Window::setStyleMask(quint64 mask) {
+    // The limits of another toolkit's window are not Qt's to set.
+    const QWindow *host = WindowProxy::hostOf(m_window);
+    const bool isForeign = host && host->type() == Qt::ForeignWindow;
     if (mask & Resizable)
         m_resizeLock.reset();
-    else if (!m_resizeLock)
+    else if (!m_resizeLock && !isForeign)
         m_resizeLock = std::make_unique<ResizeLock>(m_window);
 }
 

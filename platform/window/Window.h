@@ -51,7 +51,8 @@ public:
 
     /// Without Resizable, the user can't resize the window (see ResizeLock); its size does not
     /// change. With it, the user can again, within the limits that the host has set; a window whose
-    /// minimum is its maximum stays not resizable. Other bits are ignored.
+    /// minimum is its maximum stays not resizable. Other bits are ignored. Has no effect on a
+    /// window of another toolkit.
     void setStyleMask(quint64 mask);
     bool isResizable() const { return styleMask() & Resizable; }
 
