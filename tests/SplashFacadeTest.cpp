@@ -105,6 +105,7 @@ TEST_F(SplashOnlyHostTest, ABannerAddedInTheSameTurnSharesItsRequestAndFindsTheS
     Velmora::addBannerForWindow(&window);
     ASSERT_TRUE(eventually([&] { return shown() && hasVideo(); }));
     EXPECT_EQ(requests(), 1);
+    waitForDisk(); // the table is being stored
     restartProcess();
 
     server.stop();
