@@ -10,6 +10,7 @@
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QRasterWindow>
+#include <QtWidgets/QApplication>
 
 namespace velmora::test {
 

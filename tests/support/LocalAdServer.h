@@ -29,8 +29,10 @@ protected:
     adserver::AdServer server;
     QString baseUrl;
 
-private:
+    /// Waits until what is being read from the disk or written to it is done.
     static void waitForDisk();
+
+private:
     /// The deployment values that lead to the server.
     Deployment deployment() const;
 };
