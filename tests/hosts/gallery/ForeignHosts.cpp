@@ -56,7 +56,14 @@ public:
         std::free(place);
         return corner;
     }
-    QRect content() const override { return {QPoint(), Size}; }
+    // A tiling window manager gives the window another size.
+    QRect content() const override {
+        auto *size =
+            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_id), nullptr);
+        const QRect content = size ? QRect(0, 0, size->width, size->height) : QRect();
+        std::free(size);
+        return content;
+    }
     bool printsClicks() const override { return true; }
 
 private:
