@@ -203,8 +203,10 @@ void WindowProxy::follow() {
 // and so before native windows can be placed in it.
 void WindowProxy::showLater() {
     MainQueue::post(this, [this] {
+        const QPointer<WindowProxy> self(this);
         setVisible(isHostVisible());
-        followActivation();
+        if (self)
+            followActivation();
     });
 }
 
