@@ -5,16 +5,12 @@
 #include "AdsEventLogger.h"
 #include "Animator.h"
 #include "BannerAreas.h"
-#include "BannerImageView.h"
 #include "BannerNativeWindow.h"
 #include "BannerShadowView.h"
 #include "BannerWatch.h"
-#include "CloseButtonCell.h"
-#include "InterfaceImage.h"
-#include "InterfaceLoader.h"
+#include "ClickGuard.h"
 #include "Log.h"
 #include "MainQueue.h"
-#include "PlainView.h"
 #include "RandomSource.h"
 #include "Refusal.h"
 #include "SplitterGuard.h"
@@ -29,6 +25,7 @@
 #include <Velmora/Support.h>
 
 #include <QtCore/QFileInfo>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>
 
 #include <utility>
@@ -51,15 +48,10 @@ AdBannerController::~AdBannerController() {
 // Loading.
 
 QWidget *AdBannerController::loadView() {
-    InterfaceLoader::registerClass<PlainView>(QStringLiteral("PlainView"));
-    InterfaceLoader::registerClass<BannerImageView>(QStringLiteral("BannerImageView"));
-    InterfaceLoader::registerClass<CloseButtonCell>(QStringLiteral("CloseButtonCell"));
-    QWidget *root = InterfaceLoader::load(QStringLiteral("BannerController"));
+    QWidget *root = m_interface.load();
     if (!root)
         return nullptr;
     m_viewWasLoaded = true;
-    m_bannerImage = InterfaceLoader::outlet<BannerImageView>(root, QStringLiteral("bannerImage"));
-    m_closeButton = InterfaceLoader::outlet<CloseButtonCell>(root, QStringLiteral("closeButton"));
     m_placement.loadConstraints(root);
     return root;
 }
@@ -83,6 +75,7 @@ void AdBannerController::initBanners() {
         endDownloadСonfiguration();
     // The first call loads the events that an earlier run could not deliver.
     AdsEventLogger::sharedInstance();
+    m_interface.prepare(view());
     connectControls();
     m_standardBanners = StandardNames::standardBanners();
     // A host never advertises itself.
@@ -92,12 +85,12 @@ void AdBannerController::initBanners() {
 
 void AdBannerController::connectControls() {
     const auto weak = weak_from_this();
-    if (m_bannerImage) {
-        QObject::connect(m_bannerImage, &BannerImageView::wentDown, m_bannerImage, [weak] {
+    if (BannerImageView *image = bannerImage()) {
+        QObject::connect(image, &BannerImageView::wentDown, image, [weak] {
             if (const auto self = weak.lock())
                 self->m_pressed = self->m_shown;
         });
-        QObject::connect(m_bannerImage, &BannerImageView::failed, m_bannerImage, [weak] {
+        QObject::connect(image, &BannerImageView::failed, image, [weak] {
             const auto self = weak.lock();
             if (!self || self->m_shown.file.isEmpty())
                 return;
@@ -105,17 +98,15 @@ void AdBannerController::connectControls() {
             self->refusePicture();
             self->displayHouseBanner();
         });
-        QObject::connect(m_bannerImage, &QAbstractButton::clicked, m_bannerImage, [weak] {
+        QObject::connect(image, &QAbstractButton::clicked, image, [weak] {
             if (const auto self = weak.lock())
                 self->open(self->m_pressed);
         });
     }
-    if (m_closeButton) {
-        m_closeButton->setIcon(InterfaceImage::named(QStringLiteral("ads_close_button")));
-        m_closeButton->setAccessibleName(VLMStringFromKey(QStringLiteral("RemoveAdsText")));
-        QObject::connect(m_closeButton, &QAbstractButton::clicked, m_closeButton, [weak] {
+    if (CloseButtonCell *button = closeButton()) {
+        QObject::connect(button, &QAbstractButton::clicked, button, [weak] {
             if (const auto self = weak.lock())
-                self->removeBannerAction();
+                self->closeClicked();
         });
     }
 }
@@ -242,21 +233,26 @@ void AdBannerController::setBannerConstraints() {
         return;
     m_rotation.watch(own);
     new BannerWatch(own);
-    m_placement.place(own, m_bannerImage, m_closeButton);
-    if (m_bannerImage)
-        new BannerNativeWindow(own, m_bannerImage);
+    m_placement.place(own, bannerImage(), closeButton(), m_interface.adMark());
+    if (BannerImageView *image = bannerImage())
+        new BannerNativeWindow(own, image);
 }
 
 void AdBannerController::updateBannerConstraint() {
-    if (m_bannerImage && m_bannerImage->hasImage())
-        m_placement.setImageSize(m_bannerImage->imageSize());
+    if (bannerImage() && bannerImage()->hasImage())
+        m_placement.setImageSize(bannerImage()->imageSize());
 }
 
 void AdBannerController::setHeight(double height) {
     view();
-    if (m_bannerImage)
-        m_bannerImage->setNominalHeight(height);
+    if (bannerImage())
+        bannerImage()->setNominalHeight(height);
     m_placement.setHeight(height);
+}
+
+void AdBannerController::setInTabOrder(bool isInTabOrder) {
+    view();
+    m_interface.setInTabOrder(isInTabOrder);
 }
 
 // Content.
@@ -325,7 +321,7 @@ void AdBannerController::setBannerGifImageWithURL(const BannerAd &ad) {
     if (named.name.isEmpty())
         named.name = QStringLiteral("Web Banner");
     showImage(named, ad.file.toLocalFile());
-    if (m_bannerImage && !m_bannerImage->hasImage())
+    if (bannerImage() && !bannerImage()->hasImage())
         displayHouseBanner();
 }
 
@@ -335,15 +331,15 @@ void AdBannerController::setBannerGifImageWithName(const QString &identifier) {
 }
 
 void AdBannerController::showImage(const BannerAd &ad, const QString &path) {
-    if (!m_bannerImage)
+    if (!bannerImage())
         return;
     m_shown = ad;
     m_rotation.setHasShownBanner();
-    m_bannerImage->setImage(path);
-    m_bannerImage->setAccessibleName(ad.name);
+    bannerImage()->setImage(path);
+    bannerImage()->setAccessibleDescription(ad.name);
     updateBannerConstraint();
-    setPartsHidden(!m_bannerImage->hasImage(), &Animator::setHidden);
-    if (!m_bannerImage->hasImage())
+    setPartsHidden(!bannerImage()->hasImage(), &Animator::setHidden);
+    if (!bannerImage()->hasImage())
         refusePicture();
     LOG(QStringLiteral("banner shown: %1").arg(ad.name));
 }
@@ -361,6 +357,14 @@ void AdBannerController::goToBannerURL() {
 void AdBannerController::open(const BannerAd &ad) {
     Workspace::openURL(ad.link);
     NotificationCenter::defaultCenter().post(VLMclickForBanner, ad.name);
+}
+
+void AdBannerController::closeClicked() {
+    // A host that removes the banner at once has something else in its place at the second click.
+    QWidget *own = viewIfLoaded();
+    if (QWidget *superview = own ? own->parentWidget() : nullptr)
+        ClickGuard::begin(superview, own->geometry(), QApplication::doubleClickInterval() / 1000.0);
+    removeBannerAction();
 }
 
 void AdBannerController::removeBannerAction() {
@@ -408,7 +412,7 @@ QList<QWidget *> AdBannerController::parts() const {
 }
 
 bool AdBannerController::isGone() const {
-    return m_removed || (m_viewWasLoaded && !m_bannerImage) || isContentReplaced();
+    return m_removed || (m_viewWasLoaded && !bannerImage()) || isContentReplaced();
 }
 
 bool AdBannerController::isContentReplaced() const {
@@ -416,14 +420,6 @@ bool AdBannerController::isContentReplaced() const {
     const auto *window =
         qobject_cast<QMainWindow *>(superview ? superview->parentWidget() : nullptr);
     return m_isInCentralWidget && window && window->centralWidget() != superview;
-}
-
-BannerImageView *AdBannerController::bannerImage() const {
-    return m_bannerImage;
-}
-
-CloseButtonCell *AdBannerController::closeButton() const {
-    return m_closeButton;
 }
 
 } // namespace velmora

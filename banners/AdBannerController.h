@@ -2,6 +2,7 @@
 #pragma once
 
 #include "AdsDownloader.h"
+#include "BannerInterface.h"
 #include "BannerPlacement.h"
 #include "BannerRotation.h"
 #include "DownloadDelegate.h"
@@ -14,9 +15,6 @@
 #include <memory>
 
 namespace velmora {
-
-class BannerImageView;
-class CloseButtonCell;
 
 /// One animated banner at the bottom of one host window or view: shows the banners that the
 /// downloader gives it, or house banners, opens the link of a clicked one and tells the host of a
@@ -61,6 +59,9 @@ public:
     double centerXInset() const override { return m_placement.centerXInset(); }
     void setCenterXInset(double inset) override { m_placement.setCenterXInset(inset); }
 
+    /// Sets whether Tab reaches the close button and the ad. Default: true.
+    void setInTabOrder(bool isInTabOrder);
+
     // Content.
     /// Ad data is ready. Any thread.
     void endDownloadСonfiguration() override;
@@ -81,13 +82,14 @@ public:
     void goToBannerURL();
     /// The close button was clicked.
     void removeBannerAction();
+    void closeClicked();
 
     QString selectBanner() const override { return m_shown.name; }
     QUrl currentURL() const override { return m_shown.link; }
     const QMap<QString, QString> &standardBanners() const { return m_standardBanners; }
     const TimerPtr &bannerSwapTimer() const { return m_rotation.timer(); }
-    BannerImageView *bannerImage() const;
-    CloseButtonCell *closeButton() const;
+    BannerImageView *bannerImage() const { return m_interface.image(); }
+    CloseButtonCell *closeButton() const { return m_interface.closeButton(); }
 
     /// True once the banner was removed, its view was destroyed with the host's window, or the host
     /// has replaced the central widget that it lies in.
@@ -120,8 +122,7 @@ private:
     bool isContentReplaced() const;
 
     QPointer<QWidget> m_window;
-    QPointer<BannerImageView> m_bannerImage;
-    QPointer<CloseButtonCell> m_closeButton;
+    BannerInterface m_interface;
     BannerPlacement m_placement;
     BannerRotation m_rotation;
 

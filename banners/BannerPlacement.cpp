@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BannerPlacement.h"
 
+#include "AdMark.h"
 #include "BannerImageView.h"
 #include "BannerShadowView.h"
 #include "CloseButtonCell.h"
@@ -21,6 +22,11 @@ constexpr double CircleShare = 0.26;
 constexpr double SmallestCircle = 15;
 constexpr double LargestCircle = 22;
 constexpr int CloseMargin = 3;
+// Size of the ad mark's text: as a part of the banner's height, and in points.
+constexpr double MarkShare = 0.12;
+constexpr double SmallestMark = 10;
+constexpr double LargestMark = 13;
+constexpr double LargestMarkShare = 0.5;
 
 // Places the close button in the banner's right corner, also in an application that is read from
 // right to left: the picture and its text are not mirrored, so the button would come to lie on
@@ -37,6 +43,20 @@ void placeCloseButton(CloseButtonCell &close, const QSize &banner) {
         std::clamp(banner.height() * CircleShare, SmallestCircle, LargestCircle));
 }
 
+// Places the ad mark beside the close button: users look for it there, and a click that misses the
+// button on that side does not open the ad.
+void placeMark(AdMark &mark, const CloseButtonCell *close, const QSize &banner) {
+    if (banner.isEmpty()) // before the first picture; to measure a text would load the fonts
+        return;
+    mark.setTextSize(std::min(std::clamp(banner.height() * MarkShare, SmallestMark, LargestMark),
+                              banner.height() * LargestMarkShare));
+    const QSize size = mark.sizeHint();
+    const int right = close ? close->x() : banner.width() - CloseMargin;
+    const int top = std::min(CloseMargin, (banner.height() - size.height()) / 2);
+    const bool fits = size.width() <= right && top >= 0;
+    mark.setGeometry(fits ? QRect({right - size.width(), top}, size) : QRect());
+}
+
 } // namespace
 
 void BannerPlacement::loadConstraints(QWidget *root) {
@@ -46,14 +66,15 @@ void BannerPlacement::loadConstraints(QWidget *root) {
         InterfaceLoader::constraint(root, QStringLiteral("shadowBotOfset"), Relation::Spacing);
 }
 
-void BannerPlacement::place(QWidget *view, BannerImageView *image, CloseButtonCell *close) {
+void BannerPlacement::place(QWidget *view, BannerImageView *image, CloseButtonCell *close,
+                            AdMark *mark) {
     m_centerXConstraint = std::make_shared<LayoutConstraint>(Relation::CenterX, 1, 0);
     m_bottomConstraint =
         std::make_shared<LayoutConstraint>(Relation::Bottom, 1, m_shadowBotOfset->constant());
     m_layout = new ConstraintLayout(view);
     m_shadow = new BannerShadowView(view);
     m_layout->setPlacedHandler([shadow = m_shadow, picture = QPointer(image),
-                                button = QPointer(close),
+                                button = QPointer(close), badge = QPointer(mark),
                                 depth = m_shadowBotOfset](const QRect &frame) {
         if (shadow)
             shadow->follow(frame, qRound(depth->constant()));
@@ -61,6 +82,8 @@ void BannerPlacement::place(QWidget *view, BannerImageView *image, CloseButtonCe
             picture->setGeometry({QPoint(), frame.size()});
         if (button)
             placeCloseButton(*button, frame.size());
+        if (badge)
+            placeMark(*badge, button, frame.size());
     });
     for (QWidget *root : std::initializer_list<QWidget *>{view, m_shadow})
         new StyleShield(root, [layout = m_layout] {

@@ -9,21 +9,22 @@
 
 namespace velmora {
 
+class AdMark;
 class BannerImageView;
 class BannerShadowView;
 class CloseButtonCell;
 
 /// Places a banner's view: at the bottom of its superview, in the middle, as high as the host wants
 /// and as wide as the picture then is. Keeps the shadow below the view, and the close
-/// button at a size that suits the banner. Lengths are points. Main thread only.
+/// button and the ad mark at a size that suits the banner. Lengths are points. Main thread only.
 class BannerPlacement {
 public:
     /// Reads the constraints of the interface resource from a loaded view.
     void loadConstraints(QWidget *root);
 
     /// Keeps a view in its place in its superview from now on, and makes its shadow. Null is
-    /// allowed for the two controls.
-    void place(QWidget *view, BannerImageView *image, CloseButtonCell *close);
+    /// allowed for the controls.
+    void place(QWidget *view, BannerImageView *image, CloseButtonCell *close, AdMark *mark);
     bool isPlaced() const { return m_layout != nullptr; }
 
     /// Makes the width follow the shape of a picture of this size.

@@ -3,6 +3,8 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QHash>
+#include <QtCore/QSet>
 
 #include <time.h>
 
@@ -39,11 +41,27 @@ ProcessFigures ProcessFigures::of(qint64 processId) {
 }
 
 ProcessFigures ProcessFigures::ofAllWith(const QByteArray &entry) {
+    QHash<qint64, qint64> parents;
+    QSet<qint64> members;
+    for (const QString &name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const qint64 id = name.toLongLong();
+        // The parent's identifier comes after the state, which comes after the program's name.
+        const QByteArray status = contents(id, "stat");
+        parents[id] = status.mid(status.lastIndexOf(')') + 2).split(' ').value(1).toLongLong();
+        if (contents(id, "environ").split('\0').contains(entry))
+            members.insert(id);
+    }
+    const auto isMember = [&](qint64 id) {
+        while (id > 1 && !members.contains(id))
+            id = parents.value(id);
+        return id > 1;
+    };
+
     ProcessFigures sum;
-    for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        if (!contents(id.toLongLong(), "environ").split('\0').contains(entry))
+    for (const qint64 id : parents.keys()) {
+        if (!isMember(id))
             continue;
-        const ProcessFigures figures = of(id.toLongLong());
+        const ProcessFigures figures = of(id);
         sum.cpuSeconds += figures.cpuSeconds;
         sum.privateMegabytes += figures.privateMegabytes;
     }

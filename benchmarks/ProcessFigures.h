@@ -16,7 +16,8 @@ struct ProcessFigures {
 
     static ProcessFigures of(qint64 processId);
 
-    /// The sum of all processes that have an entry, NAME=VALUE, in their environment.
+    /// The sum of all processes that have an entry, NAME=VALUE, in their environment, and of their
+    /// children, which may have overwritten it.
     static ProcessFigures ofAllWith(const QByteArray &entry);
 };
 

@@ -1,187 +1,168 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compares the CPU time of the framework's video player with that of Qt's video widget and of
-// decoding alone, each in a process of its own and over the same part of the clip. Then measures
-// splash screens, how soon the player shows a frame, and whether it survives a blocked main thread.
+// Measures the rows "film" and "first-picture": what playing a clip costs, compared with decoding
+// it into a plain X window and with Qt's video widget, and how soon its first frame is painted.
 
-#include "benchmarks/ProcessFigures.h"
-#include "benchmarks/SplashSubject.h"
+#include "benchmarks/Figure.h"
+#include "benchmarks/VideoRun.h"
 #include "benchmarks/VideoSubject.h"
-#include "benchmarks/VideoTrials.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtCore/QProcess>
-#include <QtCore/QThread>
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
-#include <optional>
 
-using velmora::bench::ProcessFigures;
-using velmora::bench::SplashSubject;
-using velmora::bench::VideoSubject;
-using velmora::bench::VideoTrials;
+using namespace velmora::bench;
 
 namespace {
 
-// The clip lasts eight seconds.
-constexpr int SkippedMs = 1000;
-constexpr int MeasuredMs = 6000;
-constexpr int UsualStalls = 100;
+using Kind = VideoSubject::Kind;
 
-struct Cost {
-    double cpuPercent = 0;
-    double megabytes = 0;
+const QString FilmRow = QStringLiteral("film");
+const QString FirstPictureRow = QStringLiteral("first-picture");
+constexpr QSize LargeWindow(2560, 1600);
+
+struct Extent {
+    int rounds = 3;
+    bool isSmoke = false;
 };
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
+QList<VideoClip> clips() {
+    return {{QStringLiteral(VELMORA_SAMPLE_VIDEO), {960, 540}},
+            {QStringLiteral(VELMORA_LARGE_VIDEO), {1920, 1080}}};
 }
 
-// Returns nothing if the clip was not played; Qt's player sometimes does not start.
-std::optional<Cost> costOf(const QString &subject) {
-    QStringList arguments = SplashSubject::has(subject)
-                                ? QStringList{QCoreApplication::applicationFilePath(),
-                                              QStringLiteral("--subject"), subject}
-                                : VideoSubject::command(subject);
-    const QString program = arguments.takeFirst();
-    QProcess child;
-    // The video helper is no child process, but inherits this.
-    static int s_run = 0;
-    const QString mark =
-        QStringLiteral("%1-%2").arg(QCoreApplication::applicationPid()).arg(++s_run);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VELMORA_BENCH_RUN"), mark);
-    child.setProcessEnvironment(environment);
-    const QByteArray entry = "VELMORA_BENCH_RUN=" + mark.toLatin1();
-    child.setStandardErrorFile(QProcess::nullDevice());
-    child.start(program, arguments);
-    bool isPlaying = false;
-    while (!isPlaying && child.waitForReadyRead(10'000))
-        isPlaying = child.readAll().contains("PLAYING");
-    if (!isPlaying) {
-        child.kill();
-        child.waitForFinished();
-        return {};
-    }
-    QThread::msleep(SkippedMs);
-    const ProcessFigures before = ProcessFigures::ofAllWith(entry);
-    QThread::msleep(MeasuredMs);
-    const ProcessFigures after = ProcessFigures::ofAllWith(entry);
-    const bool isAlive = child.state() == QProcess::Running;
-    child.kill();
-    child.waitForFinished();
-    if (!isAlive)
-        return {};
-    return Cost{(after.cpuSeconds - before.cpuSeconds) / (MeasuredMs / 1000.0) * 100,
-                after.privateMegabytes};
+QString text(QSize size) {
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
 }
 
-Cost costOfPlaying(const QString &subject) {
-    for (int attempt = 0; attempt < 5; ++attempt) {
-        if (const auto cost = costOf(subject))
-            return *cost;
-        std::fprintf(stderr, "%s did not play; trying again\n", qPrintable(subject));
-    }
-    qFatal("%s does not play", qPrintable(subject));
+QString clipMissing(const VideoClip &clip) {
+    return QFileInfo::exists(clip.file) ? QString()
+                                        : QStringLiteral("ffmpeg was not found at build time");
 }
 
-void printCosts(int rounds) {
-    // The subjects take turns, so that other load of the machine affects all of them alike.
-    std::map<QString, std::vector<double>> cpu;
-    std::map<QString, std::vector<double>> memory;
-    for (int round = 0; round < rounds; ++round) {
-        for (const QString &subject : VideoSubject::names()) {
-            const Cost cost = costOfPlaying(subject);
-            cpu[subject].push_back(cost.cpuPercent);
-            memory[subject].push_back(cost.megabytes);
+/// The player and what it is compared with, which take turns, so that other load of the machine
+/// affects all of them alike.
+void measureWindow(const VideoClip &clip, QSize window, const Extent &extent) {
+    const bool isOwnSize = window == clip.size;
+    const QString name =
+        isOwnSize ? text(clip.size) : QStringLiteral("%1 in %2").arg(text(clip.size), text(window));
+    struct Peer {
+        Kind kind;
+        Figure figure;
+        QString missing;
+        std::vector<double> cpu = {};
+    };
+    std::vector<Peer> peers{
+        {Kind::Widget,
+         {FilmRow, name, QStringLiteral("Qt's video widget"), QStringLiteral("% CPU"),
+          QStringLiteral("ratio"), isOwnSize ? 0.25 : 0.33},
+         VideoSubject::missing(Kind::Widget)}};
+    if (isOwnSize)
+        peers.push_back({Kind::ImageSink,
+                         {FilmRow, name, QStringLiteral("plain X image sink"),
+                          QStringLiteral("% CPU"), QStringLiteral("ratio"), 1.2},
+                         VideoSubject::missing(Kind::ImageSink)});
+    const Figure dropped{FilmRow,
+                         name + QStringLiteral(", frames dropped"),
+                         {},
+                         QStringLiteral("frames"),
+                         QStringLiteral("exact"),
+                         0};
+    const Figure slice{FilmRow,
+                       name + QStringLiteral(", longest main-thread slice"),
+                       {},
+                       QStringLiteral("ms"),
+                       QStringLiteral("max"),
+                       16};
+    std::vector<double> cpu;
+    std::vector<double> missed;
+    std::vector<double> slices;
+    const QString fault = clipMissing(clip);
+    for (int round = 0; round < extent.rounds && fault.isEmpty(); ++round) {
+        std::fprintf(stderr, "film %s, %d of %d\n", qPrintable(name), round + 1, extent.rounds);
+        const VideoRun run = VideoRun::of({Kind::Player, clip, window}, !extent.isSmoke);
+        cpu.push_back(run.cpuPercent);
+        // The first frame is painted once or twice: before and when the clip starts to play.
+        missed.push_back(std::max(0, VideoClip::Frames - run.painted));
+        slices.push_back(run.longestSliceMs);
+        for (Peer &peer : peers) {
+            if (peer.missing.isEmpty())
+                peer.cpu.push_back(
+                    VideoRun::of({peer.kind, clip, window}, !extent.isSmoke).cpuPercent);
         }
     }
-    for (const QString &subject : VideoSubject::names()) {
-        const auto [least, most] = std::minmax_element(cpu[subject].begin(), cpu[subject].end());
-        std::printf("%-10s CPU %.1f %% of one core (%.1f to %.1f), private memory %.0f MB\n",
-                    qPrintable(subject), median(cpu[subject]), *least, *most,
-                    median(memory[subject]));
-    }
-    for (const QString &peer : VideoSubject::names().mid(1))
-        std::printf("player : %-10s CPU %.2f\n", qPrintable(peer),
-                    median(cpu[QStringLiteral("player")]) / median(cpu[peer]));
+    const auto print = [](const Figure &figure, const QString &why,
+                          const std::vector<double> &values, const std::vector<double> &reference) {
+        why.isEmpty() ? figure.print(values, reference) : figure.printMissing(why);
+    };
+    for (const Peer &peer : peers)
+        print(peer.figure, fault.isEmpty() ? peer.missing : fault, cpu, peer.cpu);
+    const QString shortened =
+        extent.isSmoke ? QStringLiteral("a smoke run does not play to the end") : fault;
+    print(dropped, shortened, missed, {});
+    if (window == LargeWindow)
+        print(slice, shortened, slices, {});
 }
 
-void printSplashScreens(int rounds) {
-    for (const char *subject : {"start screens", "splash video"}) {
-        std::vector<double> cpu;
-        for (int round = 0; round < rounds; ++round)
-            cpu.push_back(costOfPlaying(QLatin1String(subject)).cpuPercent);
-        std::printf("%-13s CPU %.1f %% of one core (at most %.1f)\n", subject, median(cpu),
-                    *std::max_element(cpu.begin(), cpu.end()));
+void measureFilm(const Extent &extent) {
+    for (const VideoClip &clip : clips()) {
+        measureWindow(clip, clip.size, extent);
+        if (extent.isSmoke)
+            continue;
+        for (const QSize window : {QSize(640, 360), QSize(1200, 700), LargeWindow})
+            measureWindow(clip, window, extent);
     }
+    if (extent.isSmoke)
+        measureWindow(clips().constLast(), LargeWindow, extent);
 }
 
-void printStarts(const char *title, bool isPrepared) {
-    std::vector<double> paints;
-    std::vector<double> destroys;
-    const std::vector<VideoTrials::Start> starts = VideoTrials::starts(21, isPrepared);
-    for (const VideoTrials::Start &start : starts) {
-        paints.push_back(start.firstPaintMs);
-        destroys.push_back(start.destroyMs);
+void measureFirstPicture(const Extent &extent) {
+    const VideoClip clip = clips().constFirst();
+    std::vector<double> cold;
+    std::vector<double> warm;
+    for (int round = 0; round < extent.rounds; ++round) {
+        std::fprintf(stderr, "first picture, %d of %d\n", round + 1, extent.rounds);
+        const std::vector<double> times =
+            VideoRun::firstFrames({Kind::FirstFrame, clip, clip.size});
+        cold.push_back(times.front());
+        warm.insert(warm.end(), times.begin() + 1, times.end());
     }
-    const double first = paints.front();
-    paints.erase(paints.begin());
-    destroys.erase(destroys.begin());
-    std::printf("%s: first picture painted after %.0f ms; after that, median of 20: %.0f ms "
-                "(%.0f to %.0f); destroyed while playing in at most %.2f ms\n",
-                title, first, median(paints), *std::min_element(paints.begin(), paints.end()),
-                *std::max_element(paints.begin(), paints.end()),
-                *std::max_element(destroys.begin(), destroys.end()));
-}
-
-int printStalls(int count) {
-    constexpr int AtOnce = 5;
-    VideoTrials::Stalls all;
-    while (all.started < count) {
-        const auto some = VideoTrials::stalls(std::min(AtOnce, count - all.started));
-        all.started += some.started;
-        all.good += some.good;
-    }
-    std::printf("main thread stopped for 2 s in mid-play: %d of %d played on to the end\n",
-                all.good, all.started);
-    return all.good == all.started ? 0 : 1;
+    const auto print = [](const char *name, double goal, const std::vector<double> &times) {
+        const Figure figure{FirstPictureRow,      QLatin1String(name),        {},
+                            QStringLiteral("ms"), QStringLiteral("absolute"), goal};
+        figure.print(times);
+    };
+    print("after a start screen", 50, warm);
+    print("in a new process", 150, cold);
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
-    for (int i = 1; i + 1 < argc; ++i) {
-        if (qstrcmp(argv[i], "--subject") != 0)
-            continue;
-        const QString subject = QString::fromLocal8Bit(argv[i + 1]);
-        return SplashSubject::has(subject) ? SplashSubject::run(subject, argc, argv)
-                                           : VideoSubject::run(subject, argc, argv);
-    }
-    const QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
+    if (VideoSubject::isSubject(argc, argv))
+        return VideoSubject::run(argc, argv);
+    const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    const QCommandLineOption roundsOption(QStringLiteral("rounds"),
-                                          QStringLiteral("measurements of each subject"),
-                                          QStringLiteral("n"), QStringLiteral("3"));
-    const QCommandLineOption stallsOption(
-        QStringLiteral("stalls"),
-        QStringLiteral("only play so many clips with a stopped main thread"), QStringLiteral("n"),
-        QStringLiteral("0"));
-    parser.addOptions({roundsOption, stallsOption});
+    const QCommandLineOption rounds(QStringLiteral("rounds"),
+                                    QStringLiteral("Measurements of each figure."),
+                                    QStringLiteral("n"), QStringLiteral("3"));
+    const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("Measure only this row."),
+                                  QStringLiteral("row"));
+    const QCommandLineOption smoke(QStringLiteral("smoke"),
+                                   QStringLiteral("One short measurement of some figures."));
+    parser.addOptions({rounds, only, smoke});
     parser.process(application);
-    if (const int stalls = parser.value(stallsOption).toInt(); stalls > 0)
-        return printStalls(stalls);
-    printCosts(std::max(1, parser.value(roundsOption).toInt()));
-    printSplashScreens(std::max(1, parser.value(roundsOption).toInt()));
-    printStarts("player, prepared", true);
-    printStarts("player, not prepared", false);
-    const int result = printStalls(UsualStalls);
-    VideoTrials::doWithoutHelper();
-    printStarts("in process", false);
-    return result;
+    Extent extent;
+    extent.rounds = std::max(1, parser.value(rounds).toInt());
+    if (parser.isSet(smoke))
+        extent = {1, true};
+    const QString row = parser.value(only);
+    if (row.isEmpty() || row == FilmRow)
+        measureFilm(extent);
+    if (row.isEmpty() || row == FirstPictureRow)
+        measureFirstPicture(extent);
+    return 0;
 }

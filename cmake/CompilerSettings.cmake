@@ -27,6 +27,40 @@ target_compile_options(velmora_settings INTERFACE
     $<$<BOOL:${VELMORA_WARNINGS_AS_ERRORS}>:-Werror>
     $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 
+# Compile settings of the library itself. A host is better served by a small library: what has to be
+# fast is done by Qt, or is compiled with velmora_optimise_for_speed(). Not where faults are looked for:
+# with a section for each function the thread sanitizer does not find the names of inlined ones.
+add_library(velmora_library_settings INTERFACE)
+target_compile_options(velmora_library_settings INTERFACE
+    "$<$<NOT:$<CONFIG:Debug>>:-Os;-ffunction-sections;-fdata-sections>")
+# "Fat" objects have machine code as well, which the tests link.
+set(velmora_link_time "")
+if(VELMORA_LINK_TIME_OPTIMISATION)
+    set(velmora_link_time -flto=auto)
+    target_compile_options(velmora_library_settings INTERFACE -flto=auto -ffat-lto-objects)
+endif()
+
+# Relative relocations in their packed form take a tenth of the space. The C library must know it.
+set(velmora_packed_relocations "")
+if(NOT APPLE)
+    include(CheckCXXSourceCompiles)
+    set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings)
+    check_cxx_source_compiles("#include <features.h>
+        static_assert(__GLIBC_PREREQ(2, 36));
+        int main() {}" VELMORA_HAS_PACKED_RELOCATIONS)
+    unset(CMAKE_REQUIRED_LINK_OPTIONS)
+    if(VELMORA_HAS_PACKED_RELOCATIONS)
+        set(velmora_packed_relocations LINKER:-z,pack-relative-relocs)
+    endif()
+endif()
+
+# velmora_optimise_for_speed(source...): for the few sources whose own loops take a host's time. They
+# cannot use a precompiled header that was compiled for size.
+function(velmora_optimise_for_speed)
+    set_source_files_properties(${ARGN} PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON COMPILE_OPTIONS $<$<NOT:$<CONFIG:Debug>>:-O2>)
+endfunction()
+
 # For targets outside the library, such as tests and demo: the public headers, and includes that
 # start at the project's root.
 add_library(velmora_project_includes INTERFACE)
@@ -42,7 +76,8 @@ target_include_directories(velmora_project_includes INTERFACE
 function(velmora_add_objects name)
     cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;HEADERS;LINK" ${ARGN})
     add_library(${name} OBJECT ${ARG_SOURCES})
-    target_link_libraries(${name} PUBLIC velmora_settings ${ARG_LINK})
+    target_link_libraries(${name} PUBLIC velmora_settings ${ARG_LINK}
+        PRIVATE velmora_library_settings)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     if(ARG_HEADERS)
         set(public_headers ${CMAKE_CURRENT_BINARY_DIR}/public)

@@ -15,6 +15,13 @@ option(VELMORA_BUILD_FUZZERS "Link the fuzz targets with libFuzzer; clang only" 
 # Off by default, so that only the presets make a library that trusts its environment.
 option(VELMORA_DEVELOPER_BUILD
     "Let the environment replace deployment values, authorities and the video module" OFF)
+# Makes the shared library a tenth smaller, and compiling and linking it slower. Not for the build types
+# that developers use, and off where a project embeds Velmora, which decides about its own build.
+set(optimise_at_link OFF)
+if(PROJECT_IS_TOP_LEVEL AND BUILD_SHARED_LIBS AND CMAKE_BUILD_TYPE MATCHES "^(Release|MinSizeRel)$")
+    set(optimise_at_link ON)
+endif()
+option(VELMORA_LINK_TIME_OPTIMISATION "Optimise the shared library as a whole" ${optimise_at_link})
 option(VELMORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 
 # AUTO builds the tests where everything that they need is installed; ON, which ./test sets, fails

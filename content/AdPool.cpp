@@ -63,25 +63,10 @@ void AdPool::remove(const QJsonObject &ad) {
 }
 
 std::optional<QJsonObject> AdPool::draw(const QJsonObject &excluded) const {
-    const std::vector<size_t> removed =
+    const std::vector<size_t> leftOut =
         m_ads.size() > 1 ? positionsOf(excluded) : std::vector<size_t>();
-    if (removed.empty()) {
-        const auto drawn = WeightedSelection::draw(m_weights);
-        return drawn ? std::optional(m_ads[*drawn].object) : std::nullopt;
-    }
-    WeightedSelection::Weights weights;
-    weights.reserve(m_weights.size());
-    for (size_t i = 0; i < m_weights.size(); ++i) {
-        if (!std::ranges::binary_search(removed, i))
-            weights.push_back(m_weights[i]);
-    }
-    const auto drawn = WeightedSelection::draw(weights);
-    if (!drawn)
-        return {};
-    size_t position = *drawn;
-    for (const size_t earlier : removed)
-        position += earlier <= position ? 1 : 0;
-    return m_ads[position].object;
+    const auto drawn = WeightedSelection::draw(m_weights, leftOut);
+    return drawn ? std::optional(m_ads[*drawn].object) : std::nullopt;
 }
 
 } // namespace velmora

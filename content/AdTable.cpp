@@ -54,10 +54,7 @@ void AdTable::load(const Completion &completion) {
         LOG(QStringLiteral("the ad server has answered already in this run"));
         return;
     }
-    if (!m_hasLookedForIdentifier && !hostIdentifier().isValid())
-        LOG(QStringLiteral("the host has no Info.plist with the key %1: the ad server is told %2")
-                .arg(MetrivoAppId, DefaultAppId));
-    m_hasLookedForIdentifier = true;
+    warnIfNoIdentifier();
     m_usesCache = true;
     const bool isOnline = AdsMacHelper::isInternetConnection();
     m_cacheStorage.whenLoaded([weak = weak_from_this(), isOnline, completion] {
@@ -68,6 +65,15 @@ void AdTable::load(const Completion &completion) {
         request(completion);
     else
         LOG(QStringLiteral("offline: the ad server is not asked"));
+}
+
+// Also without debug mode: the developer of a host would otherwise notice only when the ads do not
+// pay.
+void AdTable::warnIfNoIdentifier() {
+    if (std::exchange(m_hasLookedForIdentifier, true) || hostIdentifier().isValid())
+        return;
+    qCWarning(velmoraLog, "the host has no Info.plist with the key %ls: the ad server is told %ls",
+              qUtf16Printable(MetrivoAppId), qUtf16Printable(DefaultAppId));
 }
 
 void AdTable::decideOnCache(bool isOnline, const Completion &completion) {
@@ -109,10 +115,13 @@ void AdTable::parse(const UrlResponse &response, const Completion &completion) {
             const auto self = weak.lock();
             if (!self)
                 return;
-            // A reply that is faster than the disk waits for decideOnCache().
+            // A reply that is faster than the disk waits for decideOnCache(), and for the draws
+            // from the cache that this has posted.
             self->m_cacheStorage.whenLoaded([weak, reply, completion] {
-                if (const auto same = weak.lock())
-                    same->takeReply(std::move(*reply), completion);
+                MainQueue::post([weak, reply, completion] {
+                    if (const auto same = weak.lock())
+                        same->takeReply(std::move(*reply), completion);
+                });
             });
         });
     };
@@ -143,20 +152,30 @@ std::optional<QJsonObject> AdTable::current() {
     return usesCache() ? m_cacheStorage.infoDictionary() : m_reply.table;
 }
 
-void AdTable::whenReady(const Completion &callback) {
-    if (usesCache())
-        m_cacheStorage.whenLoaded(callback);
-    else
-        callback();
+const DrawableAds &AdTable::drawable() {
+    return usesCache() ? m_cacheStorage.drawable() : m_reply.ads;
+}
+
+// Looks for a connection once, which reads the system's routes.
+void AdTable::whenReady(const Drawing &callback) {
+    const bool isOffline = !m_usesCache && usesCache();
+    if (!m_usesCache && !isOffline) {
+        callback(m_reply.ads);
+        return;
+    }
+    m_cacheStorage.whenLoaded([weak = weak_from_this(), isOffline, callback] {
+        // Unless offline, the reply may be there by now.
+        if (const auto self = weak.lock())
+            callback(isOffline ? self->m_cacheStorage.drawable() : self->drawable());
+    });
 }
 
 std::optional<QJsonObject> AdTable::draw(const QString &placementKey, const QJsonObject &excluded) {
-    const DrawableAds &ads = usesCache() ? m_cacheStorage.drawable() : m_reply.ads;
-    return ads.draw(placementKey, excluded);
+    return drawable().draw(placementKey, excluded);
 }
 
 void AdTable::rest(const QJsonObject &ad) {
-    m_resting.append(ad);
+    m_resting.insert(ad);
     m_reply.ads.remove(ad);
     m_cacheStorage.rest(ad);
 }

@@ -3,9 +3,10 @@
 
 #include "AdReply.h"
 #include "AdsCacheInfoStorage.h"
+#include "DrawableAds.h"
 
 #include <QtCore/QJsonObject>
-#include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QString>
 
 #include <functional>
@@ -22,6 +23,7 @@ struct UrlResponse;
 class AdTable : public std::enable_shared_from_this<AdTable> {
 public:
     using Completion = std::function<void()>;
+    using Drawing = std::function<void(const DrawableAds &)>;
 
     /// The ad request's body: JSON on one line, with the host's ad identifier, which is not
     /// escaped.
@@ -39,11 +41,11 @@ public:
     /// Replaces the reply.
     void setReply(AdReply reply);
 
-    /// Calls back when the ads that are drawn from now are loaded; inside this call unless these
-    /// are the cached ads and their file is still being read. Before, a draw may find nothing.
-    void whenReady(const Completion &callback);
+    /// Calls back with the ads to draw from, which are valid during the callback. Inside this call,
+    /// unless these are the cached ads and their file is still being read.
+    void whenReady(const Drawing &callback);
 
-    /// Draws one usable ad of a placement by weight.
+    /// Draws one usable ad of a placement by weight. Finds nothing while the cached ads are read.
     /// @param excluded an ad that is drawn only when the placement has no other; may be empty
     std::optional<QJsonObject> draw(const QString &placementKey, const QJsonObject &excluded = {});
     /// An ad whose media cannot be used is not drawn any more in this run.
@@ -58,15 +60,17 @@ public:
     AdsCacheInfoStorage &cacheStorage() { return m_cacheStorage; }
 
 private:
+    void warnIfNoIdentifier();
     void request(const Completion &completion);
     void parse(const UrlResponse &response, const Completion &completion);
     void decideOnCache(bool isOnline, const Completion &completion);
     void takeReply(AdReply reply, const Completion &completion);
     bool usesCache() const;
+    const DrawableAds &drawable();
 
     AdsCacheInfoStorage m_cacheStorage;
     AdReply m_reply;
-    QList<QJsonObject> m_resting;
+    QSet<QJsonObject> m_resting;
     bool m_hasLookedForIdentifier = false;
     /// Until the reply is there, ads are drawn from the cached ones.
     bool m_usesCache = false;

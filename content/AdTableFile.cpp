@@ -12,6 +12,23 @@
 
 namespace velmora {
 
+namespace {
+
+constexpr qsizetype SizeOfWrite = 64 * 1024;
+
+bool appendLines(QFile &file, const QByteArray &lines) {
+    const qint64 before = file.size();
+    const qint64 written = file.write(lines);
+    if (written == lines.size())
+        return true;
+    // Unless another process has written after it.
+    if (written > 0 && file.size() == before + written)
+        file.resize(before);
+    return false;
+}
+
+} // namespace
+
 std::optional<AdCollection> AdTableFile::read(const QString &path,
                                               const std::function<bool()> &isWanted) {
     QFile file(path);
@@ -38,26 +55,28 @@ std::optional<AdCollection> AdTableFile::read(const QString &path,
     return isUsable ? std::optional(std::move(table)) : std::nullopt;
 }
 
-bool AdTableFile::append(const QString &path, const QJsonObject &part) {
+size_t AdTableFile::append(const QString &path, const std::vector<QJsonObject> &parts) {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     // Opening a pipe would wait for its reader.
     if (file.exists() && !QFileInfo(path).isFile())
-        return false;
-    // Unbuffered, so that the line is written at once and is not mixed with another process's.
-    if (!file.open(QIODevice::Append | QIODevice::Unbuffered))
-        return false;
-    const qint64 before = file.size();
-    if (before > LargestSize)
-        return false;
-    // Begins with the end of the line before, which may have been cut off.
-    const QByteArray line = '\n' + QJsonDocument(part).toJson(QJsonDocument::Compact);
-    const qint64 written = file.write(line);
-    if (written == line.size())
-        return true;
-    if (written > 0 && file.size() == before + written)
-        file.resize(before);
-    return false;
+        return 0;
+    // Unbuffered, so that lines are written at once and are not mixed with another process's.
+    if (!file.open(QIODevice::Append | QIODevice::Unbuffered) || file.size() > LargestSize)
+        return 0;
+    size_t written = 0;
+    QByteArray lines;
+    for (size_t i = 0; i < parts.size(); ++i) {
+        // Begins with the end of the line before, which may have been cut off.
+        lines += '\n' + QJsonDocument(parts[i]).toJson(QJsonDocument::Compact);
+        if (lines.size() < SizeOfWrite && i + 1 < parts.size())
+            continue;
+        if (!appendLines(file, lines))
+            break;
+        lines.clear();
+        written = i + 1;
+    }
+    return written;
 }
 
 } // namespace velmora

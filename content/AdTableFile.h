@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace velmora {
 
@@ -26,9 +27,9 @@ public:
     static std::optional<AdCollection> read(
         const QString &path, const std::function<bool()> &isWanted = [] { return true; });
 
-    /// Appends a part of the table; makes the file and its folder if they are missing.
-    /// @return false when it could not be written, or only in part
-    static bool append(const QString &path, const QJsonObject &part);
+    /// Appends parts of the table, a line each; makes the file and its folder if they are missing.
+    /// @return how many were written: the first ones, and no others
+    static size_t append(const QString &path, const std::vector<QJsonObject> &parts);
 };
 
 } // namespace velmora

@@ -3,6 +3,7 @@
 
 #include "AdKeys.h"
 #include "AdTableFile.h"
+#include "AdTableWriter.h"
 #include "CachesFolder.h"
 #include "CachesMigration.h"
 #include "Deployment.h"
@@ -12,19 +13,11 @@
 
 #include <Velmora/Support.h>
 
-#include <QtCore/QFileInfo>
-
-#include <atomic>
 #include <utility>
 
 namespace velmora {
 
-struct AdsCacheInfoStorage::Writes {
-    std::atomic<int> pending = 0;
-    std::atomic<bool> hasFailed = false;
-};
-
-AdsCacheInfoStorage::AdsCacheInfoStorage() : m_writes(std::make_shared<Writes>()) {
+AdsCacheInfoStorage::AdsCacheInfoStorage() {
     // Made while the downloader is being made, so that it is destroyed after it: until then the
     // table may be saved.
     ProcessRoot::get<DiskQueue>();
@@ -67,6 +60,7 @@ void AdsCacheInfoStorage::followFolder() {
         return;
     stopLoading();
     m_folder = folder;
+    m_writer = folder.isEmpty() ? nullptr : std::make_shared<AdTableWriter>(tablePath());
     m_ads = {};
     if (folder.isEmpty())
         takeLoaded({});
@@ -120,8 +114,8 @@ void AdsCacheInfoStorage::stopLoading() {
     if (!m_loading)
         return;
     m_loading.reset();
-    if (const QJsonObject added = m_ads.all.toJson(); !added.isEmpty())
-        write(added);
+    if (const QJsonObject added = m_ads.all.toJson(); !added.isEmpty() && m_writer)
+        m_writer->write(added);
 }
 
 void AdsCacheInfoStorage::addBannerInfo(const QJsonObject &ad) {
@@ -142,31 +136,18 @@ void AdsCacheInfoStorage::addInfo(const QJsonObject &ad, const QString &placemen
         m_ads.drawable.add(placementKey, ad);
     if (m_loading)
         return;
-    // A file that somebody has deleted, or that lacks an ad, is written whole.
-    const bool isIncomplete =
-        m_writes->hasFailed || (m_writes->pending == 0 && !QFileInfo::exists(tablePath()));
-    write(isIncomplete ? m_ads.all.toJson() : QJsonObject{{placementKey, QJsonArray{ad}}});
+    if (!m_writer)
+        LOG(QStringLiteral("the ad table is not written: the application has no name yet"));
+    else if (m_writer->isFileMissing()) // somebody may have deleted it
+        m_writer->writeAll(m_ads.all.toJson());
+    else
+        m_writer->write({{placementKey, QJsonArray{ad}}});
 }
 
 void AdsCacheInfoStorage::save() {
     followFolder();
-    write(m_ads.all.toJson());
-}
-
-void AdsCacheInfoStorage::write(const QJsonObject &part) {
-    if (m_folder.isEmpty()) {
-        LOG(QStringLiteral("the ad table is not written: the application has no name yet"));
-        return;
-    }
-    ++m_writes->pending;
-    m_writes->hasFailed = false;
-    ProcessRoot::get<DiskQueue>().run([path = tablePath(), part, writes = m_writes] {
-        if (!AdTableFile::append(path, part)) {
-            LOG(QStringLiteral("the ad table could not be written to %1").arg(path));
-            writes->hasFailed = true;
-        }
-        --writes->pending;
-    });
+    if (m_writer)
+        m_writer->write(m_ads.all.toJson());
 }
 
 // The file in the folder that was current when the ads were added.
@@ -180,7 +161,7 @@ const DrawableAds &AdsCacheInfoStorage::drawable() {
 }
 
 void AdsCacheInfoStorage::rest(const QJsonObject &ad) {
-    m_resting.append(ad);
+    m_resting.insert(ad);
     m_ads.drawable.remove(ad);
 }
 

@@ -4,7 +4,7 @@
 #include "StoredAds.h"
 
 #include <QtCore/QJsonObject>
-#include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
@@ -14,6 +14,8 @@
 #include <vector>
 
 namespace velmora {
+
+class AdTableWriter;
 
 /// The persisted ad table: every ad whose media was cached, in this run or an earlier one. Ads are
 /// drawn from it while the machine is offline. The file (AdTableFile) is read, and new ads are
@@ -61,7 +63,6 @@ public:
     static QUrl storageURL();
 
 private:
-    struct Writes;
     /// A load that is under way; it is given up when this is destroyed.
     struct Loading {};
 
@@ -69,15 +70,14 @@ private:
     void followFolder();
     void startLoading();
     void takeLoaded(StoredAds ads);
-    void write(const QJsonObject &part);
     QString tablePath() const;
 
     QString m_folder;
     StoredAds m_ads;
     std::shared_ptr<Loading> m_loading; // null once m_ads is what the file has
     std::vector<std::function<void()>> m_waiting;
-    QList<QJsonObject> m_resting;
-    std::shared_ptr<Writes> m_writes; // shared with the disk queue's thread
+    QSet<QJsonObject> m_resting;
+    std::shared_ptr<AdTableWriter> m_writer; // null while there is no caches folder
 };
 
 } // namespace velmora

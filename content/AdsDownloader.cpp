@@ -123,6 +123,10 @@ VideoAd AdsDownloader::readyVideo() {
     return m_videos->videoToPlay();
 }
 
+bool AdsDownloader::hasReadyVideo() const {
+    return m_videos->hasVideoToPlay();
+}
+
 QUrl AdsDownloader::interstitialVideoURL() const {
     return m_videos->still();
 }

@@ -78,6 +78,8 @@ public:
     void downloadVideo();
     /// The video to play now. Every call also loads the next one.
     VideoAd readyVideo();
+    /// Whether readyVideo() would return a video. Loads nothing.
+    bool hasReadyVideo() const;
     /// The file of readyVideo(). Every call also loads the next one.
     QUrl videoURL() { return readyVideo().file; }
     QUrl interstitialVideoURL() const;

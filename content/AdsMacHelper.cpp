@@ -9,7 +9,7 @@ namespace velmora {
 
 bool AdsMacHelper::isInternetConnection() {
     const ReachabilityFlags flags =
-        RouteMonitor::query(QHostAddress(Deployment::current().reachabilityProbe));
+        RouteMonitor::query(IpAddress(Deployment::current().reachabilityProbe));
     return flags & ReachabilityFlagReachable && !(flags & ReachabilityFlagConnectionRequired);
 }
 

@@ -19,20 +19,20 @@ constexpr std::chrono::seconds Patience{15};
 } // namespace
 
 void BannerLoader::loadNext(const BannerCompletion &completion) {
-    m_table->whenReady([weak = weak_from_this(), completion] {
+    m_table->whenReady([weak = weak_from_this(), completion](const DrawableAds &ads) {
         if (const auto self = weak.lock())
-            self->drawAndLoad(completion);
+            self->drawAndLoad(ads, completion);
     });
 }
 
-void BannerLoader::drawAndLoad(const BannerCompletion &completion) {
+void BannerLoader::drawAndLoad(const DrawableAds &ads, const BannerCompletion &completion) {
     const auto now = TimeSource::current().now();
     if (!m_loads.empty() && now - m_loads.back().since < Patience) {
         LOG(QStringLiteral("a banner is loading already and serves this call too"));
         m_loads.back().completions.push_back(completion);
         return;
     }
-    const auto drawn = m_table->draw(kMainBannerKey, m_drawnAd);
+    const auto drawn = ads.draw(kMainBannerKey, m_drawnAd);
     if (!drawn) {
         LOG(QStringLiteral("there is no banner to draw"));
         if (completion)

@@ -14,6 +14,7 @@
 namespace velmora {
 
 class AdTable;
+class DrawableAds;
 
 /// Draws banner ads and downloads their pictures. Main thread only.
 class BannerLoader : public std::enable_shared_from_this<BannerLoader> {
@@ -42,7 +43,7 @@ private:
         std::vector<BannerCompletion> completions;
     };
 
-    void drawAndLoad(const BannerCompletion &completion);
+    void drawAndLoad(const DrawableAds &ads, const BannerCompletion &completion);
     void pictureLoaded(const QJsonObject &ad, const MediaCache::Result &picture);
 
     const std::shared_ptr<AdTable> m_table;

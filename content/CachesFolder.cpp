@@ -2,7 +2,6 @@
 #include "CachesFolder.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 
 namespace velmora {
@@ -12,9 +11,7 @@ const QString CachesFolder::TableName = QStringLiteral("savedAds");
 QString CachesFolder::path() {
     if (QCoreApplication::applicationName().isEmpty())
         return {};
-    const QString path = formerPath() + QStringLiteral("/Velmora");
-    QDir().mkpath(path);
-    return path;
+    return formerPath() + QStringLiteral("/Velmora");
 }
 
 QString CachesFolder::formerPath() {

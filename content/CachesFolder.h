@@ -10,7 +10,7 @@ namespace velmora {
 /// change at any time.
 class CachesFolder {
 public:
-    /// The folder's path; the folder is created if it is missing. Empty while the application has
+    /// The folder's path; whoever writes a file creates the folder. Empty while the application has
     /// no name, because Qt then gives a folder that all programs share.
     static QString path();
     /// The host's caches folder, in which earlier versions put their files.

@@ -51,6 +51,7 @@ void CachesMigration::moveFormerFiles(const QString &former, const QString &fold
     const auto table = formerTable(formerFile);
     if (!table)
         return;
+    QDir().mkpath(folder);
     for (const QString &placement : {kMainBannerKey, kMainVideoKey}) {
         const QJsonArray ads = table->value(placement).toArray();
         for (const QJsonValue &ad : ads) {
@@ -59,7 +60,7 @@ void CachesMigration::moveFormerFiles(const QString &former, const QString &fold
         }
     }
     // The former table goes last, so that a migration that was interrupted is finished later.
-    if (AdTableFile::append(folder + u'/' + CachesFolder::TableName, *table))
+    if (AdTableFile::append(folder + u'/' + CachesFolder::TableName, {*table}) == 1)
         QFile::remove(formerFile);
     LOG(QStringLiteral("the ad table and its media were moved to %1").arg(folder));
 }

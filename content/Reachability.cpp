@@ -52,7 +52,7 @@ std::shared_ptr<Reachability> Reachability::reachabilityWithHostName(const QStri
 
 std::shared_ptr<Reachability> Reachability::reachabilityWithAddress(const QString &address,
                                                                     quint16 port) {
-    return make({QHostAddress(address), port, {}});
+    return make({IpAddress(address), port, {}});
 }
 
 std::shared_ptr<Reachability> Reachability::reachabilityForInternetConnection() {
@@ -206,7 +206,7 @@ QString Reachability::description() const {
 
 QString Reachability::targetHost() const {
     const RouteTarget &target = m_reachabilityRef->target();
-    return target.hostName.isEmpty() ? target.address.toString() : target.hostName;
+    return target.hostName.isEmpty() ? target.address.text() : target.hostName;
 }
 
 quint16 Reachability::targetPort() const {

@@ -13,16 +13,16 @@
 namespace velmora {
 
 void VideoLoader::loadNext() {
-    m_table->whenReady([weak = weak_from_this()] {
+    m_table->whenReady([weak = weak_from_this()](const DrawableAds &ads) {
         if (const auto self = weak.lock())
-            self->drawAndLoad();
+            self->drawAndLoad(ads);
     });
 }
 
-void VideoLoader::drawAndLoad() {
+void VideoLoader::drawAndLoad(const DrawableAds &ads) {
     if (m_isLoadingFilm)
         return;
-    const auto drawn = m_table->draw(kMainVideoKey);
+    const auto drawn = ads.draw(kMainVideoKey, {});
     if (!drawn) {
         LOG(QStringLiteral("there is no video to draw"));
         return;
@@ -65,13 +65,16 @@ void VideoLoader::stillLoaded(const QJsonObject &ad, const QUrl &film,
 
 VideoAd VideoLoader::videoToPlay() {
     loadNext();
-    const QString file = m_ready.file.toLocalFile();
-    if (!file.isEmpty() && !QFileInfo::exists(file)) {
+    if (!m_ready.file.isEmpty() && !hasVideoToPlay()) {
         LOG(QStringLiteral("the video that was ready is gone from the caches folder: %1")
-                .arg(file));
+                .arg(m_ready.file.toLocalFile()));
         m_ready = {};
     }
     return m_ready;
+}
+
+bool VideoLoader::hasVideoToPlay() const {
+    return QFileInfo::exists(m_ready.file.toLocalFile());
 }
 
 } // namespace velmora

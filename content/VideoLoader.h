@@ -12,6 +12,7 @@
 namespace velmora {
 
 class AdTable;
+class DrawableAds;
 
 /// Draws video ads and downloads each one's video and still image. An ad with an unusable file is
 /// not drawn again in this run. Main thread only.
@@ -26,6 +27,8 @@ public:
     /// Calls loadNext(), then returns the ad that is ready: empty before the first, and when the
     /// video file has been deleted since.
     VideoAd videoToPlay();
+    /// Whether there is a video that is ready and its file still exists.
+    bool hasVideoToPlay() const;
 
     /// The ad that is ready, whether or not its file still exists.
     const VideoAd &ready() const { return m_ready; }
@@ -36,7 +39,7 @@ public:
     const QJsonObject &drawnAd() const { return m_drawnAd; }
 
 private:
-    void drawAndLoad();
+    void drawAndLoad(const DrawableAds &ads);
     void videoLoaded(const QJsonObject &ad, const MediaCache::Result &film);
     void stillLoaded(const QJsonObject &ad, const QUrl &film, const MediaCache::Result &still);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BannerImageView.h"
 
+#include "FocusRing.h"
 #include "PictureFile.h"
 #include "PicturePlayer.h"
 
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmora {
 
@@ -24,7 +26,7 @@ QSize withinLimits(const QSize &size) {
 
 } // namespace
 
-BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
+BannerImageView::BannerImageView(QWidget *parent) : AdArea(parent) {
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
     // Also emitted when the pointer comes back into the view; wentDown() is not.
@@ -34,22 +36,44 @@ BannerImageView::BannerImageView(QWidget *parent) : QAbstractButton(parent) {
     });
 }
 
-BannerImageView::~BannerImageView() = default;
+BannerImageView::~BannerImageView() {
+    Timer::cancel(m_hiddenTimer);
+}
 
 void BannerImageView::setImage(const QString &path) {
     if (hasImage() && m_path == path)
         return;
     m_path = path;
-    const PictureFile file(path);
+    reload();
+}
+
+void BannerImageView::rewind() {
+    if (m_isAnimation)
+        reload();
+}
+
+void BannerImageView::reload() {
+    const PictureFile file(m_path);
     m_imageSize = file.size();
     m_isAnimation = file.isAnimation();
     m_player.reset();
     if (hasImage()) {
         m_player = std::make_unique<PicturePlayer>(std::make_shared<FrameDecoder>(file),
                                                    [this] { pictureChanged(); });
-    } else if (!path.isEmpty()) {
-        LOG(QStringLiteral("banner picture %1 refused: %2").arg(path, file.refusal()));
+        m_player->setPlaying(m_isPlaying);
+        m_isAwaited = true;
+        ignorePresses();
+    } else if (!m_path.isEmpty()) {
+        LOG(QStringLiteral("banner picture %1 refused: %2").arg(m_path, file.refusal()));
     }
+    Q_EMIT imageChanged();
+    update();
+}
+
+void BannerImageView::setPlaying(bool playing) {
+    m_isPlaying = playing;
+    if (m_player)
+        m_player->setPlaying(playing);
     update();
 }
 
@@ -62,6 +86,10 @@ double BannerImageView::cornerRadius(double height) {
 }
 
 void BannerImageView::pictureChanged() {
+    if (std::exchange(m_isAwaited, false)) {
+        m_crossFade.start(m_frame);
+        ignorePressesFor(SettlingSeconds);
+    }
     m_frame = m_player->frame();
     if (m_player->hasFailed()) {
         m_imageSize = {};
@@ -93,16 +121,55 @@ void BannerImageView::paintEvent(QPaintEvent *) {
     if (m_frame.isNull())
         return;
     QPainter painter(this);
-    drawFrame(painter, m_frame);
+    if (m_crossFade.isRunning())
+        drawCrossFade(painter);
+    else
+        drawFrame(painter, m_frame, rect());
+    painter.setOpacity(1);
+    FocusRing::draw(*this, painter, cornerRadius(height()));
+}
+
+// The picture before is opaque until the end, so that what is behind the banner does not shine
+// through.
+void BannerImageView::drawCrossFade(QPainter &painter) const {
+    // The new picture may have another shape, which the view has already.
+    const QPixmap &before = m_crossFade.from();
+    QRectF place({}, QSizeF(before.size()).scaled(size(), Qt::KeepAspectRatioByExpanding));
+    place.moveCenter(QRectF(rect()).center());
+    drawFrame(painter, before, place);
+    painter.setOpacity(m_crossFade.progress());
+    drawFrame(painter, m_frame, rect());
+}
+
+void BannerImageView::showEvent(QShowEvent *event) {
+    AdArea::showEvent(event);
+    Timer::cancel(m_hiddenTimer);
+}
+
+void BannerImageView::hideEvent(QHideEvent *event) {
+    AdArea::hideEvent(event);
+    Timer::cancel(m_hiddenTimer);
+    if (hasImage())
+        m_hiddenTimer =
+            Timer::scheduled(HiddenSeconds, Timer::Kind::OneShot, [this] { dropFrames(); });
+}
+
+void BannerImageView::dropFrames() {
+    m_hiddenTimer.reset();
+    m_crossFade.stop();
+    m_frame = {};
+    if (m_player)
+        m_player->dropFrames();
 }
 
 void BannerImageView::mouseMoveEvent(QMouseEvent *event) {
     m_isDragged = true;
-    QAbstractButton::mouseMoveEvent(event);
+    AdArea::mouseMoveEvent(event);
     m_isDragged = false;
 }
 
-void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {
+void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame,
+                                const QRectF &place) const {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const double radius = cornerRadius(height());
     const int corner = int(std::ceil(radius));
@@ -110,15 +177,17 @@ void BannerImageView::drawFrame(QPainter &painter, const QPixmap &frame) const {
     const QRegion straight = QRegion(inner) + rect().adjusted(0, corner, 0, -corner);
 
     // Only the corners are drawn with antialiasing, which is slow; the rest is copied.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setClipRegion(straight);
-    painter.drawPixmap(rect(), frame);
+    painter.drawPixmap(place, frame, QRectF(frame.rect()));
 
     painter.setClipRegion(QRegion(rect()) - straight);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     QBrush picture(frame);
     picture.setTransform(
-        QTransform::fromScale(double(width()) / frame.width(), double(height()) / frame.height()));
+        QTransform::fromTranslate(place.x(), place.y())
+            .scale(place.width() / frame.width(), place.height() / frame.height()));
     painter.setBrush(picture);
     painter.drawRoundedRect(rect(), radius, radius);
 }

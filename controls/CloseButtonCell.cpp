@@ -4,6 +4,7 @@
 #include "FocusRing.h"
 #include "SystemVersion.h"
 
+#include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
@@ -51,14 +52,21 @@ void CloseButtonCell::paintEvent(QPaintEvent *) {
 }
 
 void CloseButtonCell::drawImage(const QRectF &frame, QPainter &painter) const {
-    const QRectF place = imageFrame(frame);
+    const QRectF wanted = imageFrame(frame);
+    // On whole pixels, and scaled by averaging: QPainter's own scaling drops pixels when an image
+    // becomes much smaller, which leaves circles ragged.
+    const double density = painter.device()->devicePixelRatioF();
+    const QSize pixels = (wanted.size() * density).toSize();
+    const QPointF corner = (wanted.topLeft() * density).toPoint();
+    const QRectF place(corner / density, QSizeF(pixels) / density);
+    // The largest image that the icon has.
+    QImage image = icon().pixmap(QSize(256, 256)).toImage();
+    image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     QPainterPath circle;
     circle.addEllipse(place.adjusted(0.5, 0.5, -0.5, -0.5));
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipPath(circle);
-    // The largest image that the icon has: it is made smaller, never larger.
-    const QPixmap image = icon().pixmap(QSize(256, 256));
-    painter.drawPixmap(place, image, QRectF(image.rect()));
+    painter.drawImage(place, image);
 }
 
 void CloseButtonCell::enterEvent(QEnterEvent *event) {

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ColoredView.h"
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
 namespace velmora {
 
 namespace {
-constexpr double CornerRadius = 6;
+constexpr int CornerRadius = 6;
 }
 
 ColoredView::ColoredView(QWidget *parent) : QWidget(parent) {
@@ -18,10 +19,16 @@ void ColoredView::setColor(const QColor &color) {
     update();
 }
 
-void ColoredView::paintEvent(QPaintEvent *) {
+void ColoredView::paintEvent(QPaintEvent *event) {
     if (!m_color.isValid())
         return;
     QPainter painter(this);
+    // Mostly a control in the middle is drawn, for which the outline of the whole view is not
+    // needed.
+    if (event->rect().bottom() < height() - CornerRadius) {
+        painter.fillRect(event->rect(), m_color);
+        return;
+    }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_color);

@@ -10,8 +10,11 @@ namespace velmora {
 /// seen over any picture.
 class FocusRing {
 public:
-    /// Draws the ring when the control has focus.
+    /// Draws the ring when the control gets the keys, see KeyFocus.
     static void draw(const QWidget &control, QPainter &painter, double cornerRadius);
+    /// The same around a part of the control.
+    static void draw(const QWidget &control, const QRectF &edge, QPainter &painter,
+                     double cornerRadius);
 };
 
 } // namespace velmora

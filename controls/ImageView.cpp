@@ -6,6 +6,7 @@
 
 #include <Velmora/Support.h>
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
 #include <utility>
@@ -82,7 +83,9 @@ QPixmap ImageView::scaledTo(const QSize &pixels) {
     return m_scaled;
 }
 
-void ImageView::paintEvent(QPaintEvent *) {
+void ImageView::paintEvent(QPaintEvent *event) {
+    if (m_letterboxColor.isValid())
+        QPainter(this).fillRect(event->rect(), m_letterboxColor);
     const QRectF place = imageRect();
     if (place.isEmpty())
         return;

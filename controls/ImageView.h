@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QtGui/QColor>
 #include <QtGui/QImage>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
@@ -12,10 +13,12 @@ namespace velmora {
 class FrameDecoder;
 class PicturePlayer;
 
-/// Shows one image in the middle of its rectangle. Takes no clicks. Main thread only.
+/// Shows one image in the middle of its rectangle, and around it nothing or a colour
+/// (letterboxColor; invalid by default). Takes no clicks. Main thread only.
 class ImageView : public QWidget {
     Q_OBJECT
     Q_PROPERTY(unsigned imageScaling READ imageScaling WRITE setImageScaling)
+    Q_PROPERTY(QColor letterboxColor MEMBER m_letterboxColor)
 
 public:
     /// How the image is fitted to the view. Any other number counts as the first.
@@ -56,6 +59,7 @@ private:
     QImage m_image;     // null for a file
     QSizeF m_imageSize; // in device-independent pixels
     unsigned m_scaling = ScaleProportionallyDown;
+    QColor m_letterboxColor;
     QPixmap m_scaled; // of m_image
     std::unique_ptr<PicturePlayer> m_player;
 };

@@ -3,7 +3,10 @@
 
 #include "FocusRing.h"
 
+#include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
+
+#include <utility>
 
 namespace velmora {
 
@@ -11,20 +14,50 @@ namespace {
 constexpr double CornerRadius = 4;
 }
 
-LinkArea::LinkArea(QWidget *parent) : QAbstractButton(parent) {
+LinkArea::LinkArea(QWidget *parent) : AdArea(parent) {
+    setMouseTracking(true);
     setLinkEnabled(false);
 }
 
 void LinkArea::setLinkEnabled(bool enabled) {
+    m_isLinkEnabled = enabled;
     setFocusPolicy(enabled ? Qt::TabFocus : Qt::NoFocus);
     if (!enabled)
         clearFocus();
-    setCursor(enabled ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    updateCursor();
+}
+
+void LinkArea::setAdRect(std::function<QRect()> rect) {
+    m_adRect = std::move(rect);
+}
+
+QRect LinkArea::adRect() const {
+    return m_adRect ? m_adRect() : rect();
+}
+
+void LinkArea::updateCursor() {
+    updateCursor(mapFromGlobal(QCursor::pos()));
+}
+
+void LinkArea::updateCursor(const QPoint &pointer) {
+    const bool isLink = m_isLinkEnabled && adRect().contains(pointer);
+    setCursor(isLink ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void LinkArea::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    FocusRing::draw(*this, painter, CornerRadius);
+    const QRect ad = adRect();
+    FocusRing::draw(*this, ad.isEmpty() ? rect() : ad, painter, CornerRadius);
+}
+
+void LinkArea::enterEvent(QEnterEvent *event) {
+    updateCursor(event->position().toPoint());
+    AdArea::enterEvent(event);
+}
+
+void LinkArea::mouseMoveEvent(QMouseEvent *event) {
+    updateCursor(event->position().toPoint());
+    AdArea::mouseMoveEvent(event);
 }
 
 } // namespace velmora

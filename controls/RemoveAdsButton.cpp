@@ -3,6 +3,7 @@
 
 #include "FlippedCoordinates.h"
 #include "FocusRing.h"
+#include "ReducedMotion.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
@@ -51,6 +52,10 @@ RemoveAdsButton::RemoveAdsButton(QWidget *parent)
       m_titleFont(QApplication::font()),
       m_shine(this, [this] { restShine(); }) {
     setFocusPolicy(Qt::StrongFocus);
+    connect(&ReducedMotion::current(), &ReducedMotion::changed, this, [this] {
+        restShine();
+        update();
+    });
 }
 
 RemoveAdsButton::~RemoveAdsButton() {
@@ -119,9 +124,14 @@ void RemoveAdsButton::paintEvent(QPaintEvent *) {
         m_drawn = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
         m_drawn.setDevicePixelRatio(devicePixelRatioF());
         m_drawn.fill(Qt::transparent);
+        m_drawnTitle = m_drawn;
         QPainter drawing(&m_drawn);
         drawing.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
         drawRect(drawing);
+        QPainter title(&m_drawnTitle);
+        title.setRenderHint(QPainter::Antialiasing);
+        title.setClipPath(facePath());
+        drawTitle(title);
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -134,6 +144,8 @@ void RemoveAdsButton::paintEvent(QPaintEvent *) {
     painter.setClipPath(outlinePath());
     m_shine.draw(painter);
     painter.restore();
+    // Over the shine, which is nearly as bright as white.
+    painter.drawPixmap(0, 0, m_drawnTitle);
     FocusRing::draw(*this, painter, m_isCircle ? width() / 2.0 : m_cornerRadius);
 }
 
@@ -178,7 +190,6 @@ void RemoveAdsButton::drawRect(QPainter &painter) {
     if (m_isImage)
         drawImage(painter,
                   FlippedCoordinates(height()).rect(4 * m_border, 2, height() - 2, height() - 2));
-    drawTitle(painter);
     painter.restore();
 }
 
@@ -239,15 +250,19 @@ QSizeF RemoveAdsButton::titleSize() const {
 }
 
 QColor RemoveAdsButton::titleColor() const {
-    if (!isEnabled())
-        return withAlpha(m_stringColor, 0.8);
-    return isDown() ? withAlpha(Qt::white, 0.8) : m_stringColor;
+    // White on the green of a pressed face would not be readable.
+    return isEnabled() ? m_stringColor : withAlpha(m_stringColor, 0.8);
+}
+
+bool RemoveAdsButton::mayShine() const {
+    return m_isAnimation && !ReducedMotion::current().isOn() &&
+           ShineAnimation::isReadableOnIt(titleColor());
 }
 
 void RemoveAdsButton::drawPath() {
     if (m_animationTimer)
         m_animationTimer->invalidate();
-    if (!m_isAnimation)
+    if (!mayShine())
         return;
     m_shine.start();
     m_animationTimer =

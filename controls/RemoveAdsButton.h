@@ -16,8 +16,9 @@
 namespace velmora {
 
 /// The button that offers to remove the ads: a green face, a gradient, an ellipse or an image, a
-/// title, a border, and a shine that sweeps across it every five seconds while it can be seen.
-/// Main thread only.
+/// title, a border, and a shine that sweeps across the face, below the title, every five seconds
+/// while it can be seen. There is no shine where motion is reduced, nor below a title that would
+/// not be readable on it. Main thread only.
 ///
 /// In a button of an interface resource, properties that the resource does not set are false, 0
 /// or an invalid colour; make() sets the usual values. An invalid colour draws nothing. Lengths
@@ -96,6 +97,7 @@ private:
     /// Starts a sweep of the shine, and the timer of the next one.
     void drawPath();
     void restShine();
+    bool mayShine() const;
     QPainterPath facePath() const;
     QPainterPath outlinePath() const;
     QFont drawnFont() const;
@@ -120,7 +122,8 @@ private:
     // The button as it was drawn last, used again until its look changes: during a sweep, and over
     // a video, it is redrawn many times a second.
     std::optional<Look> m_look;
-    QPixmap m_drawn;
+    QPixmap m_drawn; // without the title
+    QPixmap m_drawnTitle;
 
     ShineAnimation m_shine;
     TimerPtr m_animationTimer;

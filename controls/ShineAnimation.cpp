@@ -2,11 +2,13 @@
 #include "ShineAnimation.h"
 
 #include "FlippedCoordinates.h"
+#include "KeyFocus.h"
 #include "NSBezierPath+Extension.h"
 
 #include <QtCore/QEasingCurve>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace velmora {
@@ -14,12 +16,25 @@ namespace velmora {
 namespace {
 
 // Half the frames of a usual screen halve the cost, and a stripe that crosses the view within two
-// seconds looks no different.
+// seconds looks no different. In a window without the user's attention a quarter does.
 constexpr double FrameSeconds = 1.0 / 30;
+constexpr double FrameSecondsNotKey = 1.0 / 15;
 
 // Seconds after which a view that has asked for a redraw and got none counts as hidden or covered.
 // Long enough for a main thread that is busy for a moment.
 constexpr double UnseenAfter = 0.25;
+
+// Of text to what is behind it.
+constexpr double LeastContrast = 4.5;
+
+// As WCAG 2.2 defines it.
+double relativeLuminance(const QColor &color) {
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
 
 // Never destroyed: the main thread may still be drawing when another is in exit().
 const QEasingCurve &easeOut() {
@@ -52,6 +67,11 @@ double ShineAnimation::offset(double seconds, double viewWidth) {
     return from + (to - from) * progress - viewWidth / 2;
 }
 
+bool ShineAnimation::isReadableOnIt(const QColor &text) {
+    return (relativeLuminance(Qt::white) + 0.05) / (relativeLuminance(text) + 0.05) >=
+           LeastContrast;
+}
+
 ShineAnimation::ShineAnimation(QWidget *view, std::function<void()> unseen)
     : m_view(view), m_unseen(std::move(unseen)) {}
 
@@ -62,7 +82,8 @@ ShineAnimation::~ShineAnimation() {
 void ShineAnimation::start() {
     stop();
     m_start = m_lastDrawn = TimeSource::current().now();
-    m_frames = Timer::scheduled(FrameSeconds, Timer::Kind::Repeating, [this] { frame(); });
+    const double interval = KeyFocus::isInKeyWindow(*m_view) ? FrameSeconds : FrameSecondsNotKey;
+    m_frames = Timer::scheduled(interval, Timer::Kind::Repeating, [this] { frame(); });
 }
 
 void ShineAnimation::stop() {

@@ -29,6 +29,10 @@ public:
     /// @param seconds since the sweep began
     static double offset(double seconds, double viewWidth);
 
+    /// Whether a text of a colour has a contrast of at least 4.5:1 to the stripes where they are
+    /// brightest (WCAG 2.2, 1.4.3).
+    static bool isReadableOnIt(const QColor &text);
+
     /// @param unseen called when a sweep was stopped because the view is not redrawn
     ShineAnimation(QWidget *view, std::function<void()> unseen);
     ~ShineAnimation();
@@ -36,7 +40,7 @@ public:
     ShineAnimation &operator=(const ShineAnimation &) = delete;
 
     /// Starts a sweep from the left edge, in place of a running one. The view is updated 30 times
-    /// a second until it is over.
+    /// a second until it is over, or 15 times where its window was not key at the start.
     void start();
     void stop();
 

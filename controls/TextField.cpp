@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TextField.h"
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAccessibleWidget>
 #include <QtWidgets/QApplication>
@@ -29,12 +30,12 @@ void TextField::setText(const QString &text) {
         return;
     m_text = text;
     setAccessibleName(text);
-    update();
+    changed();
 }
 
 void TextField::setWordWrap(bool wraps) {
     m_wordWrap = wraps;
-    update();
+    changed();
 }
 
 void TextField::setTextColor(const QColor &color) {
@@ -44,7 +45,12 @@ void TextField::setTextColor(const QColor &color) {
 
 void TextField::setTextSize(double points) {
     m_points = std::max(points, 1.0);
-    update();
+    changed();
+}
+
+void TextField::setTextWeight(int weight) {
+    m_weight = weight;
+    changed();
 }
 
 // Not the widget's font, which a style sheet may have changed.
@@ -52,6 +58,8 @@ QFont TextField::textFont() const {
     QFont font = QApplication::font();
     font.setPixelSize(int(std::lround(m_points)));
     font.setWeight(QFont::Weight(std::clamp(m_weight, 1, 1000)));
+    // Else a painter would take italics, for example, from the widget's font.
+    font.setResolveMask(QFont::AllPropertiesResolved);
     return font;
 }
 
@@ -66,19 +74,43 @@ QSize TextField::sizeForWidth(int width) const {
 }
 
 QSize TextField::sizeHint() const {
-    const QFontMetricsF metrics(textFont(), this);
-    return metrics.size(0, m_text).toSize() + QSize(1, 1);
+    return sizeOf(m_text);
 }
 
-void TextField::paintEvent(QPaintEvent *) {
-    if (!m_color.isValid())
+QSize TextField::sizeOf(const QString &text) const {
+    const QFontMetricsF metrics(textFont(), this);
+    return metrics.size(0, text).toSize() + QSize(1, 1);
+}
+
+void TextField::changed() {
+    m_drawnFrame = {};
+    update();
+}
+
+void TextField::changeEvent(QEvent *event) {
+    QWidget::changeEvent(event);
+    m_drawnFrame = {};
+}
+
+void TextField::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    m_drawnFrame = {};
+}
+
+void TextField::paintEvent(QPaintEvent *event) {
+    // The ring around the digits is drawn up to sixty times a second, and text takes long.
+    const bool isBeside = m_drawnFrame.isValid() && !event->region().intersects(m_drawnFrame);
+    if (!m_color.isValid() || isBeside)
         return;
     QPainter painter(this);
     // The reading direction of the text, which may be in another language than the application.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.setFont(textFont());
     painter.setPen(m_color);
-    painter.drawText(QRectF(rect()), layoutFlags() | Qt::TextDontClip, m_text);
+    QRectF frame;
+    painter.drawText(QRectF(rect()), layoutFlags() | Qt::TextDontClip, m_text, &frame);
+    // Letters may reach beyond their frame.
+    m_drawnFrame = frame.toAlignedRect().marginsAdded(QMargins(1, 1, 1, 1) * (m_points / 4));
 }
 
 } // namespace velmora

@@ -30,8 +30,11 @@ public:
     /// An invalid colour draws nothing.
     void setTextColor(const QColor &color);
 
-    /// Sets the font's size, points; at least 1. Default: 13.
+    /// The font's size, points; at least 1. Default: 13.
+    double textSize() const { return m_points; }
     void setTextSize(double points);
+    /// The font's weight, a QFont::Weight. Default: QFont::Normal.
+    void setTextWeight(int weight);
 
     /// The size of the text when it is wrapped to a width, points. It is wider when one word is.
     QSize sizeForWidth(int width) const;
@@ -39,9 +42,14 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// The size of another text in this field's font, on one line, points.
+    QSize sizeOf(const QString &text) const;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void changed();
     QFont textFont() const;
     int layoutFlags() const;
 
@@ -50,6 +58,8 @@ private:
     QColor m_color;
     int m_weight = QFont::Normal;
     double m_points = 13;
+    /// Where the text was drawn last; invalid when it has to be drawn again.
+    QRect m_drawnFrame;
 };
 
 } // namespace velmora

@@ -13,14 +13,15 @@ namespace {
 constexpr int IconSide = 512;
 }
 
-Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links,
+Advertising::Advertising(DemoServer &server, EventLog &log, LinkOpener &links, Reader &reader,
                          const SplashTimes &times)
-    : m_server(server), m_log(log), m_links(links) {
+    : m_server(server), m_log(log), m_links(links), m_reader(reader) {
     Velmora::activateDebugMode();
     recordSignals();
     connect(&VelmoraEvents::instance(), &VelmoraEvents::removeAdsClicked, this,
             &Advertising::removalWanted);
     Velmora::setBannersReserveSpace(true);
+    Velmora::setSplashScreenSkippedWhenEmpty(true);
     setTimes(times);
     Velmora::setSplashScreenIcon(AppIcon::picture(IconSide));
     // No colours, so that the panel can choose a preset for them.

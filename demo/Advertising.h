@@ -15,6 +15,7 @@ namespace demo {
 class DemoServer;
 class EventLog;
 class LinkOpener;
+class Reader;
 
 /// The journal's use of the framework: adds banners and splash screens to its windows, logs the
 /// framework's signals, and removes advertising when the reader has paid for that.
@@ -22,7 +23,8 @@ class Advertising : public QObject {
     Q_OBJECT
 
 public:
-    Advertising(DemoServer &server, EventLog &log, LinkOpener &links, const SplashTimes &times);
+    Advertising(DemoServer &server, EventLog &log, LinkOpener &links, Reader &reader,
+                const SplashTimes &times);
 
     /// Names of all notifications that the framework posts about advertising.
     static const QStringList &notifications();
@@ -46,6 +48,7 @@ public:
     DemoServer &server() { return m_server; }
     EventLog &log() { return m_log; }
     LinkOpener &links() { return m_links; }
+    Reader &reader() { return m_reader; }
 
 Q_SIGNALS:
     /// The reader has clicked a button that asks for the removal of advertising.
@@ -60,6 +63,7 @@ private:
     DemoServer &m_server;
     EventLog &m_log;
     LinkOpener &m_links;
+    Reader &m_reader;
     SplashTimes m_times;
     QList<QPointer<QWidget>> m_windows;
 };

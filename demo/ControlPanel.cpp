@@ -10,6 +10,7 @@
 #include "demo/panel/BannerPage.h"
 #include "demo/panel/HostPage.h"
 #include "demo/panel/LookPage.h"
+#include "demo/panel/ReaderPage.h"
 #include "demo/panel/ShowPage.h"
 #include "demo/panel/StatePage.h"
 
@@ -33,9 +34,10 @@ QString tabLook() {
                           "#tabs QToolButton { border: 1px solid transparent; border-radius: 6px;"
                           " padding: 4px 0px; color: %2; }"
                           "#tabs QToolButton:hover { color: %3; }"
-                          "#tabs QToolButton:checked { background: white; color: %3; }"
+                          "#tabs QToolButton:checked { background: %5; color: %3; }"
                           "#tabs QToolButton:focus { border-color: %4; }")
-        .arg(theme::Line.name(), theme::InkSoft.name(), theme::Ink.name(), theme::Accent.name());
+        .arg(theme::Line.name(), theme::InkSoft.name(), theme::Ink.name(), theme::Accent.name(),
+             theme::Surface.name());
 }
 
 } // namespace
@@ -61,6 +63,8 @@ ControlPanel::ControlPanel(Advertising &advertising, JournalWindow *window)
     addPage(new LookPage(window), Text::PanelLookTab, QStringLiteral("lookTab"));
     addPage(new BannerPage(window), Text::PanelBannerTab, QStringLiteral("bannerTab"));
     addPage(host, Text::PanelHostTab, QStringLiteral("hostTab"));
+    addPage(new ReaderPage(advertising.reader()), Text::PanelReaderTab,
+            QStringLiteral("readerTab"));
     addPage(new StatePage, Text::PanelStateTab, QStringLiteral("stateTab"));
     m_tabs->button(0)->setChecked(true);
     connect(m_tabs, &QButtonGroup::idClicked, m_pages, &QStackedWidget::setCurrentIndex);

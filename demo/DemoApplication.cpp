@@ -3,10 +3,12 @@
 
 #include "demo/AppIcon.h"
 #include "demo/JournalWindow.h"
+#include "demo/Options.h"
 #include "demo/PurchaseSheet.h"
 #include "demo/Text.h"
 #include "demo/Theme.h"
 
+#include <QtCore/QProcess>
 #include <QtWidgets/QApplication>
 
 namespace demo {
@@ -32,9 +34,29 @@ bool DemoApplication::startServer(const QString &campaignFolder) {
     return m_server.start(campaignFolder);
 }
 
+void DemoApplication::setOptions(const Options &options) {
+    setTimes(options.times);
+    m_campaign = options.campaign;
+    m_reader.startWith(options.surroundings);
+    connect(&m_reader, &Reader::restartWanted, this, &DemoApplication::restart);
+}
+
+void DemoApplication::restart() {
+    Options options;
+    options.campaign = m_campaign;
+    options.times = m_advertising->times();
+    options.surroundings = m_reader.surroundings();
+    QProcess next;
+    next.setProcessEnvironment(Surroundings::environmentBeforeStart());
+    next.setProgram(QApplication::applicationFilePath());
+    next.setArguments(options.arguments());
+    if (next.startDetached())
+        QApplication::quit();
+}
+
 JournalWindow *DemoApplication::openWindow() {
     if (!m_advertising) {
-        m_advertising = std::make_unique<Advertising>(m_server, m_log, m_links, m_times);
+        m_advertising = std::make_unique<Advertising>(m_server, m_log, m_links, m_reader, m_times);
         connect(m_advertising.get(), &Advertising::removalWanted, this,
                 &DemoApplication::offerPurchase);
         connect(&m_log, &EventLog::recorded, this, &DemoApplication::showInStatusLine);
@@ -61,9 +83,10 @@ void DemoApplication::offerPurchase() {
 }
 
 void DemoApplication::showInStatusLine(const QString &name, const QString &object) {
+    const QString words = EventLog::inWords(name);
     for (const auto &window : std::as_const(m_windows)) {
         if (window)
-            window->showMessage(object.isEmpty() ? name : name + QStringLiteral(":  ") + object);
+            window->showMessage(object.isEmpty() ? words : words + QStringLiteral(":  ") + object);
     }
 }
 

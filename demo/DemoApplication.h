@@ -5,6 +5,7 @@
 #include "demo/DemoServer.h"
 #include "demo/EventLog.h"
 #include "demo/LinkOpener.h"
+#include "demo/Reader.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
@@ -16,6 +17,7 @@ class QApplication;
 namespace demo {
 
 class JournalWindow;
+struct Options;
 
 /// The demo: its ad server, its advertising and its windows.
 class DemoApplication : public QObject {
@@ -33,6 +35,9 @@ public:
 
     /// Sets the times of the splash screens. To be called before the first openWindow().
     void setTimes(const SplashTimes &times) { m_times = times; }
+    /// Sets all options that the demo was started with; they are given again when the reader
+    /// restarts it. To be called between startServer() and the first openWindow().
+    void setOptions(const Options &options);
 
     /// Opens a window of the journal, with a banner and a splash screen. It is deleted on close.
     JournalWindow *openWindow();
@@ -45,11 +50,14 @@ public:
 
 private:
     void offerPurchase();
+    void restart();
     void showInStatusLine(const QString &name, const QString &object);
 
     DemoServer m_server;
     EventLog m_log;
     LinkOpener m_links{m_log};
+    Reader m_reader;
+    QString m_campaign;
     SplashTimes m_times;
     std::unique_ptr<Advertising> m_advertising;
     QList<QPointer<JournalWindow>> m_windows;

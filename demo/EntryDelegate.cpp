@@ -18,6 +18,7 @@ void EntryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    painter->setLayoutDirection(Qt::LeftToRight); // as the texts are
     painter->setPen(Qt::NoPen);
     if (selected || hovered) {
         QColor background = theme::DeepRaised;

@@ -27,10 +27,10 @@ void EventDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                           QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
     };
     painter->save();
+    painter->setLayoutDirection(Qt::LeftToRight); // as the texts are
     const QString time = Text::of(Text::Seconds)
                              .arg(index.data(EventLog::TimeRole).toLongLong() / 1000.0, 0, 'f', 1);
-    line(0, theme::text(12, QFont::DemiBold), theme::Ink, 52,
-         index.data(EventLog::NameRole).toString());
+    line(0, theme::text(12, QFont::DemiBold), theme::Ink, 52, index.data().toString());
     painter->setFont(theme::text(11));
     painter->setPen(theme::InkSoft);
     painter->drawText(QRect(row.left(), row.top(), row.width(), LineHeight),

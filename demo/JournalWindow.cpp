@@ -5,6 +5,7 @@
 #include "demo/ArticleView.h"
 #include "demo/ControlPanel.h"
 #include "demo/JournalEntry.h"
+#include "demo/NoteEditor.h"
 #include "demo/Page.h"
 #include "demo/Sidebar.h"
 #include "demo/Text.h"
@@ -15,6 +16,7 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolButton>
 
@@ -26,7 +28,7 @@ constexpr int LeastWidthWithSidebar = 720;
 constexpr int PanelHeight = 620;
 constexpr int MessageMs = 6000;
 
-QLabel *newNote() {
+QLabel *newStatusLabel() {
     auto *note = new QLabel;
     note->setFont(theme::text(13));
     QPalette palette = note->palette();
@@ -45,7 +47,7 @@ QString look() {
                " padding: 4px 10px; color: %2; }"
                "#header QToolButton:hover { background: %1; }"
                "#header QToolButton:disabled { color: %3; }"
-               "#header QToolButton:checked { background: %5; color: white; }"
+               "#header QToolButton:checked { background: %5; color: %7; }"
                "#header QToolButton:focus { border-color: %5; }"
                "QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }"
                "QScrollBar::handle:vertical { background: %6; border-radius: 3px;"
@@ -53,7 +55,8 @@ QString look() {
                "QScrollBar::add-line, QScrollBar::sub-line { height: 0px; }"
                "QScrollBar::add-page, QScrollBar::sub-page { background: none; }")
         .arg(theme::PaperShade.name(), theme::InkSoft.name(), theme::Line.name(),
-             theme::Paper.name(), theme::Accent.name(), theme::Line.darker(108).name());
+             theme::Paper.name(), theme::Accent.name(), theme::LineStrong.name(),
+             theme::OnAccent.name());
 }
 
 } // namespace
@@ -63,22 +66,27 @@ JournalWindow::JournalWindow(Advertising &advertising)
       m_page(new Page),
       m_sidebar(new Sidebar),
       m_panel(new ControlPanel(advertising, this)),
-      m_article(new ArticleView) {
+      m_article(new ArticleView),
+      m_note(new NoteEditor),
+      m_content(new QStackedWidget) {
     setWindowTitle(Text::of(Text::ApplicationName));
     setStyleSheet(look());
     m_page->column()->addWidget(newHeader());
-    m_page->column()->addWidget(m_article, 1);
+    m_content->addWidget(m_article);
+    m_content->addWidget(m_note);
+    m_page->column()->addWidget(m_content, 1);
     setCentralWidget(m_page);
     m_sidebarDock = newSide(m_sidebar, Qt::LeftDockWidgetArea);
     m_panelDock = newSide(m_panel, Qt::RightDockWidgetArea);
     m_panelDock->hide();
 
-    m_words = newNote();
+    m_words = newStatusLabel();
     m_words->setContentsMargins(8, 0, 12, 0);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addPermanentWidget(m_words);
 
     connect(m_sidebar, &Sidebar::entryChosen, this, &JournalWindow::turnTo);
+    connect(m_note, &NoteEditor::wordsChanged, this, &JournalWindow::showWords);
     connect(m_panel, &ControlPanel::secondWindowWanted, this, &JournalWindow::secondWindowWanted);
     connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, this,
             &JournalWindow::secondWindowWanted);
@@ -108,7 +116,10 @@ QWidget *JournalWindow::newHeader() {
     m_panelButton->setObjectName(QStringLiteral("panelButton"));
     m_panelButton->setCheckable(true);
     m_panelButton->setShortcut(QKeySequence(Qt::Key_F9));
-    m_position = newNote();
+    m_noteButton = newHeaderButton(Text::of(Text::NoteButton), Text::of(Text::NoteButtonHint));
+    m_noteButton->setObjectName(QStringLiteral("noteButton"));
+    m_noteButton->setCheckable(true);
+    m_position = newStatusLabel();
 
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(14, 10, 14, 6);
@@ -118,10 +129,12 @@ QWidget *JournalWindow::newHeader() {
     layout->addSpacing(8);
     layout->addWidget(m_position);
     layout->addStretch();
+    layout->addWidget(m_noteButton);
     layout->addWidget(m_panelButton);
 
     connect(back, &QToolButton::clicked, this, [this] { turnTo(m_entry - 1); });
     connect(forward, &QToolButton::clicked, this, [this] { turnTo(m_entry + 1); });
+    connect(m_noteButton, &QToolButton::toggled, this, &JournalWindow::setNoteShown);
     connect(m_panelButton, &QToolButton::toggled, this, &JournalWindow::setPanelShown);
     return header;
 }
@@ -140,7 +153,7 @@ QDockWidget *JournalWindow::newSide(QWidget *content, Qt::DockWidgetArea area) {
 void JournalWindow::turnTo(int entry) {
     const int count = int(JournalEntry::all().size());
     const int wanted = (entry + count) % count;
-    if (wanted == m_entry)
+    if (wanted == m_entry && !m_noteButton->isChecked())
         return;
     openEntry(wanted);
     m_advertising.pageTurned();
@@ -153,7 +166,21 @@ void JournalWindow::openEntry(int entry) {
     m_article->show(shown);
     m_sidebar->setCurrent(m_entry);
     m_position->setText(Text::of(Text::EntryPosition).arg(m_entry + 1).arg(count));
-    m_words->setText(Text::of(Text::WordCount).arg(shown.words()));
+    m_noteButton->setChecked(false);
+    showWords();
+}
+
+void JournalWindow::setNoteShown(bool shown) {
+    QWidget *content = shown ? static_cast<QWidget *>(m_note) : m_article;
+    m_content->setCurrentWidget(content);
+    content->setFocus();
+    showWords();
+}
+
+void JournalWindow::showWords() {
+    const int words =
+        m_noteButton->isChecked() ? m_note->words() : JournalEntry::all().at(m_entry).words();
+    m_words->setText(Text::of(Text::WordCount).arg(words));
 }
 
 void JournalWindow::setPanelShown(bool shown) {

@@ -5,6 +5,7 @@
 
 class QDockWidget;
 class QLabel;
+class QStackedWidget;
 class QToolButton;
 
 namespace demo {
@@ -12,11 +13,13 @@ namespace demo {
 class Advertising;
 class ArticleView;
 class ControlPanel;
+class NoteEditor;
 class Page;
 class Sidebar;
 
-/// A window of the journal: the list of entries at the left, the open entry in the middle and, when
-/// it is switched on, the advertising panel at the right.
+/// A window of the journal: the list of entries at the left, the open entry in the middle, or
+/// the note that the reader writes, and, when it is switched on, the advertising panel at the
+/// right.
 class JournalWindow : public QMainWindow {
     Q_OBJECT
 
@@ -49,14 +52,20 @@ private:
     void turnTo(int entry);
     void openEntry(int entry);
     void makeRoom();
+    /// Changes between the open entry and the note that the reader writes.
+    void setNoteShown(bool shown);
+    void showWords();
 
     Advertising &m_advertising;
     Page *m_page;
     Sidebar *m_sidebar;
     ControlPanel *m_panel;
     ArticleView *m_article;
+    NoteEditor *m_note;
+    QStackedWidget *m_content;
     QLabel *m_position = nullptr;
     QLabel *m_words = nullptr;
+    QToolButton *m_noteButton = nullptr;
     QToolButton *m_panelButton = nullptr;
     QDockWidget *m_sidebarDock;
     QDockWidget *m_panelDock;

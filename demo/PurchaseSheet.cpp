@@ -15,12 +15,12 @@ namespace {
 
 QString look() {
     return QStringLiteral("QPushButton { border: 1px solid %1; border-radius: 6px;"
-                          " padding: 7px 16px; background: white; color: %2; }"
+                          " padding: 7px 16px; background: %5; color: %2; }"
                           "QPushButton:hover, QPushButton:focus { border-color: %3; }"
-                          "#buyButton { background: %3; border-color: %3; color: white; }"
+                          "#buyButton { background: %3; border-color: %3; color: %6; }"
                           "#buyButton:hover { background: %4; }")
         .arg(theme::Line.darker(106).name(), theme::Ink.name(), theme::Accent.name(),
-             theme::AccentDark.name());
+             theme::AccentDark.name(), theme::Surface.name(), theme::OnAccent.name());
 }
 
 } // namespace

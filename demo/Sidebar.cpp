@@ -45,6 +45,7 @@ void Sidebar::setCurrent(int entry) {
 void Sidebar::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LeftToRight); // as the texts are
     painter.fillRect(rect(), theme::Deep);
     QApplication::windowIcon().paint(&painter, Mark);
     painter.setPen(theme::OnDeep);

@@ -22,6 +22,11 @@ public:
         NextEntry,
         EntryPosition,
         WordCount,
+        NoteButton,
+        NoteButtonHint,
+        NoteTitle,
+        NoteText,
+        NoteHint,
         PanelButton,
         PanelButtonHint,
 
@@ -39,13 +44,30 @@ public:
         PanelLookTab,
         PanelBannerTab,
         PanelHostTab,
+        PanelReaderTab,
         PanelStateTab,
         Seconds,
+
+        // The events in it.
+        EventRemoveAdsClicked,
+        EventBannerClicked,
+        EventVideoClicked,
+        EventVideoStarted,
+        EventVideoStopped,
+        EventSplashScreenWillShow,
+        EventSplashScreenShown,
+        EventSplashScreenAgain,
+        EventSplashScreenClosed,
+        EventRefused,
+        EventAdsRemoved,
+        EventAdsReset,
+        EventLinkOpened,
 
         // Its page Show.
         ShowRequests,
         ShowIfDue,
         ShowNow,
+        ShowSoon,
         ShowVideoOnly,
         ShowWaitAgain,
         ShowTimes,
@@ -131,6 +153,34 @@ public:
         HostServerAnswers,
         HostOpenBrowser,
 
+        // Its page Reader.
+        ReaderAtOnce,
+        ReaderRightToLeft,
+        ReaderReducedMotion,
+        ReaderSpeech,
+        ReaderAfterRestart,
+        ReaderLanguage,
+        ReaderSystemLanguage,
+        ReaderScale,
+        ReaderDark,
+        ReaderRestart,
+
+        // What a screen reader says.
+        SpeechTitle,
+        RoleButton,
+        RoleCheckBox,
+        RoleComboBox,
+        RoleDialog,
+        RoleEditor,
+        RolePicture,
+        RoleLink,
+        RoleList,
+        RoleProgressBar,
+        RoleSlider,
+        StateIsChecked,
+        StateIsNotChecked,
+        StateIsDisabled,
+
         // Its page State.
         StateSequence,
         StatePhase,
@@ -173,6 +223,11 @@ public:
         HelpDelay,
         HelpLoadTime,
         HelpWait,
+        HelpLanguage,
+        HelpScale,
+        HelpDark,
+        HelpRightToLeft,
+        HelpReducedMotion,
     };
     Q_ENUM(Key)
 

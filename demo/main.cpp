@@ -12,14 +12,15 @@ int main(int argc, char *argv[]) {
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const auto options = demo::Options::fromArguments(arguments);
+    options.surroundings.applyBeforeStart();
     QApplication application(argc, argv);
     demo::DemoApplication::setUp(application);
     demo::DemoApplication demo;
-    demo.setTimes(options.times);
     if (!demo.startServer(options.campaign)) {
         std::fprintf(stderr, "velmora-demo: %s\n", qPrintable(demo.server().errorString()));
         return 1;
     }
+    demo.setOptions(options);
     demo.openWindow()->setPanelShown(true);
     return QApplication::exec();
 }

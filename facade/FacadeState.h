@@ -27,6 +27,7 @@ struct FacadeState {
     double bannerHeight = LargeBannerHeight;
     double bannerBottomInset = 0;
     double bannerCenterXInset = 0;
+    bool areBannersInTabOrder = true;
 
     static FacadeState &current();
 

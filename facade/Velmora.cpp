@@ -9,6 +9,7 @@
 #include "FacadeState.h"
 #include "MainQueue.h"
 #include "ProcessRoot.h"
+#include "ReducedMotion.h"
 #include "SharedUrlSession.h"
 #include "SplashScreenPresenter.h"
 #include "Switches.h"
@@ -21,6 +22,7 @@ using velmora::FacadeState;
 using velmora::MainQueue;
 using velmora::NotificationCenter;
 using velmora::ProcessRoot;
+using velmora::ReducedMotion;
 using velmora::SharedUrlSession;
 using velmora::Switches;
 
@@ -54,6 +56,11 @@ void Velmora::setARCToWindows(bool on) {
 
 bool Velmora::isARCActivate() {
     return Switches::isARCActivate();
+}
+
+void Velmora::setMotion(Motion motion) {
+    if (!ProcessRoot::hasEnded())
+        ReducedMotion::current().setMotion(motion);
 }
 
 bool Velmora::isADSRemoved() {

@@ -51,6 +51,7 @@ void addWithDefaults(const std::shared_ptr<BannerController> &banner) {
     banner->setHeight(state.bannerHeight);
     banner->setBottomInset(state.bannerBottomInset);
     banner->setCenterXInset(state.bannerCenterXInset);
+    AdBannerController::of(*banner).setInTabOrder(state.areBannersInTabOrder);
     Velmora::BControllers().push_back(banner);
 }
 
@@ -191,6 +192,19 @@ Velmora::BannerList &Velmora::BControllers() {
 void Velmora::setBannersReserveSpace(bool reserve) {
     if (!ProcessRoot::hasEnded())
         BannerAreas::current().setReservesSpace(reserve);
+}
+
+void Velmora::setBannersInTabOrder(bool areInTabOrder) {
+    if (ProcessRoot::hasEnded())
+        return;
+    FacadeState &state = FacadeState::current();
+    state.areBannersInTabOrder = areInTabOrder;
+    if (!state.bannerControllers)
+        return;
+    // A copy, as in setForAll(): a banner that loses the focus runs code of the host.
+    const BannerList banners = BControllers();
+    for (const auto &banner : banners)
+        AdBannerController::of(*banner).setInTabOrder(areInTabOrder);
 }
 
 void Velmora::setBannersHeight(double height) {

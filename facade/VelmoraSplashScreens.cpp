@@ -245,6 +245,16 @@ void Velmora::setSplashScreenDelay(double seconds) {
                                                 : DefaultDelay);
 }
 
+void Velmora::setSplashScreenMuted(bool muted) {
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setMutedByHost(muted);
+}
+
+void Velmora::setSplashScreenSkippedWhenEmpty(bool skipped) {
+    if (SplashScreenPresenter *presenter = presenterUnlessEnded())
+        presenter->setSkippedWhenEmpty(skipped);
+}
+
 bool Velmora::isInitializedSplashScreenWithLOG_WARNING() {
     return isPresenterMissing(Warning);
 }

@@ -103,6 +103,14 @@ void BannerItem::addBanner() {
     followScreen();
 }
 
+void BannerItem::addControls() {
+    m_controls = new BannerControls(this);
+    connect(m_controls, &BannerControls::pressed, this, [this](const QString &control, bool byKey) {
+        if (m_banner)
+            m_banner->press(control, byKey);
+    });
+}
+
 void BannerItem::followBanner() {
     polish();
     const auto controller = m_banner ? m_banner->controller() : nullptr;
@@ -110,12 +118,16 @@ void BannerItem::followBanner() {
         const bool isShown = !m_isHidden && !controller->isBannerHidden();
         setState(controller->selectBanner(), isShown,
                  isShown ? QRectF(controller->rectInWindow()) : QRectF(), controller->height());
+        if (m_controls)
+            m_controls->follow(m_isShown ? m_banner.get() : nullptr);
         return;
     }
     // A removed banner fades out first.
     if (m_banner && m_banner->paintedArea().isEmpty())
         m_banner.reset();
     setState(QString(), false, QRectF(), m_bannerHeight);
+    if (m_controls)
+        m_controls->follow(nullptr);
 }
 
 void BannerItem::followVisibility() {
@@ -140,6 +152,7 @@ void BannerItem::followScreen() {
 void BannerItem::componentComplete() {
     QQuickItem::componentComplete();
     addBanner();
+    addControls();
     followVisibility();
     followBanner();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "BannerControls.h"
 #include "ItemExposure.h"
 #include "OffscreenBanner.h"
 
@@ -13,8 +14,9 @@ namespace velmora {
 
 /// The QML type Banner: a banner at the bottom of the item, in its middle. It is drawn in the scene
 /// like any other item, so clipping, opacity, stacking and popups apply to it. The part of the item
-/// that the banner leaves free is transparent and lets mouse events through. It takes no keyboard
-/// focus and no wheel events.
+/// that the banner leaves free is transparent and lets mouse events through. It takes no wheel
+/// events. Tab reaches its close button and the ad, unless Velmora.setBannersInTabOrder() keeps
+/// banners out; screen readers find both.
 ///
 /// The picture rotates, and is drawn, only while the item is visible in a window that is exposed
 /// and not minimised. When ads are removed the item is empty and has no implicit size. After
@@ -79,6 +81,7 @@ private:
     /// Shows the banner to the framework as visible or not, and makes it if there is none.
     void followVisibility();
     void addBanner();
+    void addControls();
     void followScreen();
     /// Takes over what the banner has become, and redraws it.
     void followBanner();
@@ -90,6 +93,7 @@ private:
 
     std::unique_ptr<OffscreenBanner, OffscreenBanner::Deleter> m_banner;
     ItemExposure m_exposure;
+    BannerControls *m_controls = nullptr; // owned by this
     QString m_adName;
     bool m_isShown = false;
     QRectF m_rect;

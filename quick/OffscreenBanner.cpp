@@ -4,12 +4,29 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
 #include <utility>
 
 namespace velmora {
+
+namespace {
+
+// Not click(): an ad ignores keys for a moment after it has appeared.
+void pressByKey(QAbstractButton *button) {
+    const QPointer<QAbstractButton> target(button);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier);
+        if (target)
+            QCoreApplication::sendEvent(target, &event);
+    }
+}
+
+} // namespace
 
 void OffscreenBanner::Deleter::operator()(OffscreenBanner *banner) const {
     banner->disconnect();
@@ -81,9 +98,23 @@ void OffscreenBanner::post(const Mouse &mouse) {
         this, [this, mouse] { deliver(mouse); }, Qt::QueuedConnection);
 }
 
+QAbstractButton *OffscreenBanner::control(const QString &name) const {
+    return m_place->findChild<QAbstractButton *>(name);
+}
+
+void OffscreenBanner::press(const QString &control, bool byKey) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, control, byKey] {
+            deliver([button = this->control(control), byKey] {
+                if (button)
+                    byKey ? pressByKey(button) : button->click();
+            });
+        },
+        Qt::QueuedConnection);
+}
+
 void OffscreenBanner::deliver(const Mouse &mouse) {
-    if (m_isDisposed)
-        return;
     QGraphicsSceneMouseEvent event(mouse.type);
     event.setScenePos(mouse.position);
     event.setLastScenePos(mouse.position);
@@ -92,8 +123,14 @@ void OffscreenBanner::deliver(const Mouse &mouse) {
     event.setButton(mouse.button);
     event.setButtons(mouse.buttons);
     event.setModifiers(mouse.modifiers);
+    deliver([&] { QCoreApplication::sendEvent(&m_scene, &event); });
+}
+
+void OffscreenBanner::deliver(const std::function<void()> &event) {
+    if (m_isDisposed)
+        return;
     const bool isNested = std::exchange(m_isDelivering, true);
-    QCoreApplication::sendEvent(&m_scene, &event);
+    event();
     m_isDelivering = isNested;
     if (m_isDisposed && !isNested)
         deleteLater();

@@ -13,8 +13,10 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QGraphicsScene>
 
+#include <functional>
 #include <memory>
 
+class QAbstractButton;
 class QGraphicsProxyWidget;
 
 namespace velmora {
@@ -39,7 +41,7 @@ public:
         Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     };
 
-    /// For std::unique_ptr. The banner is destroyed at once, or after the mouse event that it is
+    /// For std::unique_ptr. The banner is destroyed at once, or after the event that it is
     /// handling.
     struct Deleter {
         void operator()(OffscreenBanner *banner) const;
@@ -67,6 +69,11 @@ public:
     const QWidget *controlAt(const QPointF &position) const;
     /// Delivers a mouse event on the next turn of the main loop.
     void post(const Mouse &mouse);
+    /// The control with an object name; null when there is none.
+    QAbstractButton *control(const QString &name) const;
+    /// Presses that control on the next turn of the main loop.
+    /// @param byKey not by assistive technology; an ad may ignore it then
+    void press(const QString &control, bool byKey);
 
 Q_SIGNALS:
     /// The banner has to be drawn again, or was removed. Emitted on a later turn of the main loop.
@@ -74,6 +81,8 @@ Q_SIGNALS:
 
 private:
     void deliver(const Mouse &mouse);
+    /// Runs what may destroy this; then it is destroyed afterwards.
+    void deliver(const std::function<void()> &event);
 
     QGraphicsScene m_scene;
     /// Owned by the scene, and the place by it.

@@ -94,6 +94,10 @@ bool VelmoraSingleton::isARCActivate() const {
     return Velmora::isARCActivate();
 }
 
+void VelmoraSingleton::setMotion(Motion motion) {
+    Velmora::setMotion(velmora::Motion(motion));
+}
+
 bool VelmoraSingleton::isADSRemoved() const {
     return Velmora::isADSRemoved();
 }
@@ -162,6 +166,14 @@ void VelmoraSingleton::setSplashScreenLoadTime(qint64 seconds) {
 
 void VelmoraSingleton::setSplashScreenDelay(double seconds) {
     Velmora::setSplashScreenDelay(seconds);
+}
+
+void VelmoraSingleton::setSplashScreenMuted(bool muted) {
+    Velmora::setSplashScreenMuted(muted);
+}
+
+void VelmoraSingleton::setSplashScreenSkippedWhenEmpty(bool skipped) {
+    Velmora::setSplashScreenSkippedWhenEmpty(skipped);
 }
 
 // Appearance of splash screens.
@@ -244,6 +256,10 @@ void VelmoraSingleton::setSplashScreenHiddenBackgroundImageBeforeVideo(bool hidd
 }
 
 // Banners.
+
+void VelmoraSingleton::setBannersInTabOrder(bool areInTabOrder) {
+    Velmora::setBannersInTabOrder(areInTabOrder);
+}
 
 void VelmoraSingleton::setBannersHeight(double height) {
     Velmora::setBannersHeight(height);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <Velmora/Appearance.h>
+#include <Velmora/Motion.h>
 #include <Velmora/VelmoraEvents.h>
 
 #include <QtCore/QObject>
@@ -33,6 +34,12 @@ public:
         FollowsHost = int(velmora::Appearance::FollowsHost),
     };
     Q_ENUM(Appearance)
+    enum Motion {
+        FollowsDesktop = int(velmora::Motion::FollowsDesktop),
+        Full = int(velmora::Motion::Full),
+        Reduced = int(velmora::Motion::Reduced),
+    };
+    Q_ENUM(Motion)
 
     explicit VelmoraSingleton(QObject *parent = nullptr);
 
@@ -41,6 +48,7 @@ public:
     Q_INVOKABLE bool isDebugModeActivate() const;
     Q_INVOKABLE void setARCToWindows(bool on);
     Q_INVOKABLE bool isARCActivate() const;
+    Q_INVOKABLE void setMotion(velmora::VelmoraSingleton::Motion motion);
     Q_INVOKABLE bool isADSRemoved() const;
     Q_INVOKABLE void resetAds();
     Q_INVOKABLE void removeAdsNow();
@@ -63,6 +71,8 @@ public:
     Q_INVOKABLE void setSplashScreenWaitingVideoTimeSeconds(qint64 seconds);
     Q_INVOKABLE void setSplashScreenLoadTime(qint64 seconds);
     Q_INVOKABLE void setSplashScreenDelay(double seconds);
+    Q_INVOKABLE void setSplashScreenMuted(bool muted);
+    Q_INVOKABLE void setSplashScreenSkippedWhenEmpty(bool skipped);
 
     // Appearance of splash screens.
     Q_INVOKABLE void setSplashScreenAppearance(velmora::VelmoraSingleton::Appearance appearance);
@@ -89,6 +99,7 @@ public:
 
     // Banners. Those without a window apply to the items Banner as well.
     Q_INVOKABLE void addBannerForWindow(QWindow *window);
+    Q_INVOKABLE void setBannersInTabOrder(bool areInTabOrder);
     Q_INVOKABLE void setBannersHeight(double height);
     Q_INVOKABLE void setBannersLargeImage();
     Q_INVOKABLE void setBannersSmallImage();

@@ -6,6 +6,8 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
+#include <utility>
+
 namespace velmora {
 
 namespace {
@@ -27,8 +29,17 @@ void SplashScreenAppearance::setElements(QWidget *root, const SplashScreenOutlet
 
 void SplashScreenAppearance::setBackgroundColor(const QColor &color) {
     m_values.backgroundColor = color;
+    showBackgroundColor();
+}
+
+void SplashScreenAppearance::setBackdropBlack(bool black) {
+    if (std::exchange(m_isBackdropBlack, black) != black)
+        showBackgroundColor();
+}
+
+void SplashScreenAppearance::showBackgroundColor() {
     if (auto *root = qobject_cast<ColoredView *>(m_root))
-        root->setColor(color);
+        root->setColor(m_isBackdropBlack ? QColor(Qt::black) : m_values.backgroundColor);
 }
 
 void SplashScreenAppearance::setBackgroundImage(const QImage &image) {

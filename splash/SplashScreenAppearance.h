@@ -37,6 +37,9 @@ public:
     void setIcon(const QImage &icon);
     void setTextColor(const QColor &color);
     void setBackgroundColor(const QColor &color);
+    /// Sets whether the background is black instead, while a video fades into its still: both have
+    /// black bars, and the background shines through. Default: false.
+    void setBackdropBlack(bool black);
     void setBackgroundImage(const QImage &image);
     void setBackgroundImageScaling(unsigned scaling);
     void setTimerTextColor(const QColor &color);
@@ -55,8 +58,10 @@ public:
 
 private:
     void showIcon(const QImage &icon);
+    void showBackgroundColor();
 
     Values m_values;
+    bool m_isBackdropBlack = false;
     QPointer<QWidget> m_root;
     SplashScreenOutlets m_outlets;
     QPointer<SplashScreenLayout> m_layout;

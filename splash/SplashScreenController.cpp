@@ -87,11 +87,13 @@ void SplashScreenController::viewDidLoad() {
     initViewState();
     m_layout = new SplashScreenLayout(view(), m_outlets);
     m_appearance.setElements(view(), m_outlets, m_layout);
-    new SplashScreenKeys(view(), m_outlets.closeButton);
+    m_announcer.setView(view());
+    new SplashScreenKeys(view(), m_outlets.closeButton, m_outlets.soundButton);
     new StyleShield(view(), [weak = weak_from_this()] {
         if (const auto self = weak.lock(); self && self->m_layout) {
             self->m_placement.updateFrame();
             self->m_layout->apply();
+            self->m_announcer.shrink();
         }
     });
 }
@@ -125,6 +127,33 @@ void SplashScreenController::connectActions() {
     connect(m_outlets.urlButton, [](Self &self) { self.goToURLForBanner(); });
     connect(m_outlets.soundButton,
             [](Self &self) { self.soundOnOff(self.m_outlets.soundButton->state()); });
+    connectLinkArea();
+}
+
+void SplashScreenController::connectLinkArea() {
+    LinkArea *link = m_outlets.urlButton;
+    if (!link)
+        return;
+    link->setAdRect([weak = weak_from_this()] {
+        const auto self = weak.lock();
+        return self ? self->adRect() : QRect();
+    });
+    if (m_outlets.splashScreenPlayerView)
+        QObject::connect(m_outlets.splashScreenPlayerView, &VideoView::started, link, [link] {
+            link->ignorePressesFor(VideoSettlingSeconds);
+            link->updateCursor();
+        });
+}
+
+QRect SplashScreenController::adRect() const {
+    const auto inLink = [this](const QWidget *view, const QRectF &picture) {
+        return picture.translated(view->pos() - m_outlets.urlButton->pos()).toAlignedRect();
+    };
+    const VideoView *video = m_outlets.splashScreenPlayerView;
+    if (isShown(video))
+        return video->frame().isNull() ? QRect() : inLink(video, video->frameRect());
+    const ImageView *still = m_outlets.interstitialImage;
+    return isShown(still) ? inLink(still, still->imageRect()) : QRect();
 }
 
 // The window.
@@ -182,12 +211,21 @@ void SplashScreenController::swapViewForState(qint64 state) {
 
 void SplashScreenController::showPhase(SplashScreenVisibility::Phase phase) {
     m_placement.setHidden(false);
-    SplashScreenVisibility::apply(m_outlets, phase,
-                                  {m_leftOut, m_withouSplash, !m_interstitialUrl.isEmpty()});
+    if (phase != SplashScreenVisibility::Phase::End)
+        m_appearance.setBackdropBlack(false);
+    else if (!m_interstitialUrl.isEmpty() && isShown(m_outlets.splashScreenPlayerView))
+        m_appearance.setBackdropBlack(true);
+    SplashScreenVisibility::apply(
+        m_outlets, phase,
+        {m_leftOut, m_withouSplash, !m_interstitialUrl.isEmpty(), m_isAdExpected});
+    m_phase = phase;
+    updateAdMark();
     if (m_outlets.urlButton)
         m_outlets.urlButton->setLinkEnabled(phase != SplashScreenVisibility::Phase::Start);
     if (m_layout)
         m_layout->apply();
+    if (isShown(m_outlets.closeButton))
+        m_announcer.canBeClosed(m_window);
 }
 
 void SplashScreenController::showStartScreen() {
@@ -217,18 +255,24 @@ void SplashScreenController::showEndScreen() {
         showPhase(SplashScreenVisibility::Phase::VideoWithCloseButton);
         return;
     }
-    // The end screen is shown twice in windows without the video: when the close button is due,
-    // and when the video has ended. The picture is read once.
-    const bool isLoaded =
-        std::exchange(m_loadedInterstitial, m_interstitialUrl) == m_interstitialUrl;
-    if (!m_interstitialUrl.isEmpty() && !isLoaded && m_outlets.interstitialImage)
-        m_outlets.interstitialImage->setImageFile(m_interstitialUrl.toLocalFile());
+    loadInterstitial();
     m_withouSplash = false;
     swapViewForState(SplashScreenViewStateEnd);
 }
 
+// The picture is shown twice in windows without the video, when the close button is due and when
+// the video has ended, and in the window of a video that failed before the close button. It is read
+// once.
+void SplashScreenController::loadInterstitial() {
+    const bool isLoaded =
+        std::exchange(m_loadedInterstitial, m_interstitialUrl) == m_interstitialUrl;
+    if (!m_interstitialUrl.isEmpty() && !isLoaded && m_outlets.interstitialImage)
+        m_outlets.interstitialImage->setImageFile(m_interstitialUrl.toLocalFile());
+}
+
 void SplashScreenController::hide() {
     m_player.close();
+    m_announcer.reset();
     m_windowLock.unlock(m_window);
     m_placement.setHidden(true);
 }
@@ -241,9 +285,13 @@ void SplashScreenController::showVideo() {
     m_canShowEnd = false;
     initVideoLayer();
     swapViewForState(SplashScreenViewStateVideo);
+    updateSoundButton();
+    m_player.playFromStart();
+}
+
+void SplashScreenController::updateSoundButton() {
     if (m_outlets.soundButton)
         m_outlets.soundButton->setState(isMuted() ? 1 : 0);
-    m_player.playFromStart();
 }
 
 void SplashScreenController::initVideoLayer() {
@@ -269,12 +317,17 @@ void SplashScreenController::didVideoEnded() {
         output->didVideoEnded();
 }
 
-// The end screen, with the still, takes the place of the picture at which the video stopped, as
-// soon as the close button is due. The presenter is not told, for the video did not end.
+// The still takes the place of the picture at which the video stopped: with the countdown until the
+// close button is due, as the end screen afterwards. The presenter is not told, for the video did
+// not end.
 void SplashScreenController::didVideoFail() {
     m_canShowEnd = true;
-    if (isShown(m_outlets.closeButton))
+    if (isShown(m_outlets.closeButton)) {
         showEndScreen();
+    } else if (!m_interstitialUrl.isEmpty()) {
+        loadInterstitial();
+        showPhase(SplashScreenVisibility::Phase::StillWithCountdown);
+    }
 }
 
 void SplashScreenController::pauseShowVideo() {
@@ -302,21 +355,48 @@ void SplashScreenController::compliteProgressViews() {
 void SplashScreenController::startTimerViewFromSec(qint64 fromSec, qint64 endSec) {
     if (TimeProgressView *ring = m_outlets.timeProgressView())
         ring->startTimerFromSec(float(fromSec), float(endSec));
+    m_announcer.countdownStarted(m_window, endSec - fromSec);
 }
 
 void SplashScreenController::startVideoTimerViewFromSec(qint64 fromSec, qint64 endSec) {
     if (m_outlets.videoProgressView)
         m_outlets.videoProgressView->startTimerFromSec(float(fromSec), float(endSec));
+    m_announcer.countdownStarted(m_window, endSec - fromSec);
 }
 
 void SplashScreenController::setTimerText(const QString &text) {
     if (TextField *label = m_outlets.timeLabel())
         label->setText(text);
+    updateAdMark();
 }
 
 void SplashScreenController::setVideoTimerText(const QString &text) {
     if (m_outlets.timeVideoLabel)
         m_outlets.timeVideoLabel->setText(text);
+    updateAdMark();
+}
+
+void SplashScreenController::setAdExpected(bool expected) {
+    m_isAdExpected = expected;
+    if (m_phase != SplashScreenVisibility::Phase::Start || !m_outlets.adMark)
+        return;
+    Animator::setHidden(m_outlets.adMark, !expected || m_withouSplash);
+    if (m_layout)
+        m_layout->apply();
+}
+
+void SplashScreenController::updateAdMark() {
+    AdMark *mark = m_outlets.adMark;
+    if (!mark)
+        return;
+    const TextField *countdown = nullptr;
+    if (m_phase == SplashScreenVisibility::Phase::Start)
+        countdown = m_outlets.timeLabel();
+    else if (m_phase == SplashScreenVisibility::Phase::Video)
+        countdown = m_outlets.timeVideoLabel;
+    mark->setSeconds(countdown ? countdown->text() : QString());
+    if (m_layout && view()->isVisible() && mark->width() != mark->sizeHint().width())
+        m_layout->apply();
 }
 
 // The user's actions.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "SplashAnnouncer.h"
 #include "SplashScreenAppearance.h"
 #include "SplashScreenControllerProtocolOutput.h"
 #include "SplashScreenOutlets.h"
@@ -33,6 +34,9 @@ public:
         SplashScreenViewStateVideo = 2,
         SplashScreenViewStateEnd = 3,
     };
+
+    /// How long clicks on a video are ignored after its first picture, seconds.
+    static constexpr double VideoSettlingSeconds = 0.7;
 
     /// Makes a controller and attaches it to a window, hidden.
     /// @param isUnityWindow the window shows a game engine's view
@@ -71,6 +75,9 @@ public:
     void hide();
     /// Takes the view out of the window for good.
     void removeFromWindow();
+    /// Tells that an ad comes after the start screen: the start screen then counts down to its end
+    /// as an ad. Default: false.
+    void setAdExpected(bool expected);
 
     // Video.
     void initVideoLayer();
@@ -89,6 +96,8 @@ public:
     void setInterstitialUrl(const QUrl &url) { m_interstitialUrl = url; }
     bool isMuted() const { return m_player.isMuted(); }
     void setMuted(bool muted) { m_player.setMuted(muted); }
+    /// Lets the sound button show isMuted(), which setMuted() does not.
+    void updateSoundButton();
     /// The player of the video; null before showVideo() and after hide().
     VideoPlayer *playerlayer() const { return m_player.player(); }
     /// Length of the video, seconds; 0 until it is known.
@@ -138,6 +147,7 @@ public:
     void setTopInset(double inset) { m_placement.setTopInset(inset); }
 
     // The countdowns: texts, and rings in seconds.
+    // The mark that says "Ad" repeats the one that belongs to the phase.
     void setTimerText(const QString &text);
     void setVideoTimerText(const QString &text);
     void startTimerViewFromSec(qint64 fromSec, qint64 endSec);
@@ -178,10 +188,16 @@ private:
     SplashScreenController();
     void initViewState();
     void connectActions();
+    void connectLinkArea();
+    /// Where the video's or the still's picture is, in the link area's coordinates.
+    QRect adRect() const;
     void attach();
     void enterStartScreen();
     void showPhase(SplashScreenVisibility::Phase phase);
+    void loadInterstitial();
     void lowerTimerConstraint();
+    /// Shows in the ad mark what the countdown of the phase shows.
+    void updateAdMark();
     /// False on the main thread. On any other thread, posts the operation to the main thread and
     /// returns true.
     bool postedToMainThread(void (SplashScreenController::*operation)());
@@ -195,10 +211,13 @@ private:
     SplashScreenVisibility::LeftOut m_leftOut;
     SplashScreenWindowLock m_windowLock;
     SplashScreenPlayer m_player;
+    SplashAnnouncer m_announcer;
     QUrl m_videoUrl;
     QUrl m_interstitialUrl;
     /// The picture file that the end screen has loaded since the last start screen.
     QUrl m_loadedInterstitial;
+    SplashScreenVisibility::Phase m_phase = SplashScreenVisibility::Phase::Start;
+    bool m_isAdExpected = false;
     bool m_isUnityWindow = false;
     bool m_focus = false;
     bool m_canShowEnd = true;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SplashScreenInterface.h"
 
+#include "ButtonAccessible.h"
 #include "ColoredView.h"
 #include "InterfaceImage.h"
 #include "InterfaceLoader.h"
+#include "TimeProgressAccessible.h"
 
 #include <Velmora/Support.h>
 
@@ -47,6 +49,9 @@ QString text(const char *key) {
 } // namespace
 
 QWidget *SplashScreenInterface::load() {
+    // Before Qt makes accessible interfaces of the elements, which a text, for example, causes.
+    ButtonAccessible::install();
+    TimeProgressAccessible::install();
     registerClass<ColoredView>("ColoredView");
     registerClass<ImageView>("ImageView");
     registerClass<VideoView>("VideoView");
@@ -55,6 +60,7 @@ QWidget *SplashScreenInterface::load() {
     registerClass<TimeProgressView>("TimeProgressView");
     registerClass<SplashScreenLabelsView>("SplashScreenLabelsView");
     registerClass<RemoveAdsButton>("RemoveAdsButton");
+    registerClass<AdMark>("AdMark");
     registerClass<CloseButtonCell>("CloseButtonCell");
     registerClass<ToggleButtonCell>("ToggleButtonCell");
     return InterfaceLoader::load(QStringLiteral("SplashScreenController"));
@@ -98,6 +104,8 @@ void SplashScreenInterface::setAccessibleNames(QWidget *root, const SplashScreen
             element->setAccessibleName(text(key));
     };
     name(root, "AdvertisementText");
+    for (TimeProgressView *ring : outlets.rings())
+        name(ring, "CountdownText");
     name(outlets.closeButton, "CloseText");
     name(outlets.soundButton, "MuteText");
     name(outlets.urlButton, "OpenAdText");
@@ -110,6 +118,7 @@ void SplashScreenInterface::setStackingOrder(QWidget *root, const SplashScreenOu
         restack(labels);
     }
     setZPosition(outlets.timeVideoLabel, 2);
+    setZPosition(outlets.adMark, 2);
     setZPosition(outlets.closeButton, 1);
     setZPosition(outlets.removeAdsImageButton, 2);
     setZPosition(outlets.videoProgressView, 2);
@@ -120,8 +129,8 @@ void SplashScreenInterface::setStackingOrder(QWidget *root, const SplashScreenOu
 
 void SplashScreenInterface::hideVideoElements(const SplashScreenOutlets &outlets) {
     for (QWidget *element : std::initializer_list<QWidget *>{
-             outlets.closeButton, outlets.splashScreenPlayerView, outlets.timeVideoLabel,
-             outlets.videoProgressView, outlets.soundButton}) {
+             outlets.adMark, outlets.closeButton, outlets.splashScreenPlayerView,
+             outlets.timeVideoLabel, outlets.videoProgressView, outlets.soundButton}) {
         if (element)
             element->hide();
     }

@@ -29,6 +29,7 @@ SplashScreenOutlets SplashScreenOutlets::of(QWidget *root) {
     bind(found.timeVideoLabel, root, "timeVideoLabel");
     bind(found.videoProgressView, root, "videoProgressView");
     bind(found.urlButton, root, "urlButton");
+    bind(found.adMark, root, "adMark");
     bind(found.closeButton, root, "closeButton");
     bind(found.removeAdsButton, root, "removeAdsButton");
     bind(found.removeAdsImageButton, root, "removeAdsImageButton");

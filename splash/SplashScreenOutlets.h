@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AdMark.h"
 #include "CloseButtonCell.h"
 #include "ImageView.h"
 #include "LayoutConstraint.h"
@@ -28,6 +29,7 @@ struct SplashScreenOutlets {
     QPointer<TextField> timeVideoLabel;
     QPointer<TimeProgressView> videoProgressView;
     QPointer<LinkArea> urlButton;
+    QPointer<AdMark> adMark;
     QPointer<CloseButtonCell> closeButton;
     QPointer<RemoveAdsButton> removeAdsButton;
     QPointer<RemoveAdsButton> removeAdsImageButton;

@@ -11,12 +11,16 @@ void SplashScreenPlayer::open(const QUrl &url, VideoView *view, std::function<vo
     closeAndClear();
     VideoPlayer::Handlers handlers;
     handlers.frameAvailable = [this] {
-        if (m_view)
-            m_view->showFrame(m_player->frame());
+        if (!m_view)
+            return;
+        m_view->showFrame(m_player->frame());
+        // With each picture, because a window may have another scale after it was moved.
+        m_player->setPlace(m_view->pixelSize());
     };
     handlers.ended = std::move(ended);
     handlers.failed = std::move(failed);
     m_player = std::make_unique<VideoPlayer>(std::move(handlers));
+    m_player->setPlace(view->pixelSize());
     m_player->load(url);
 }
 

@@ -4,6 +4,7 @@
 #include "AdsEventLogger.h"
 #include "MainQueue.h"
 #include "Refusal.h"
+#include "SoundChoice.h"
 #include "Switches.h"
 #include "Window.h"
 #include "Workspace.h"
@@ -92,9 +93,11 @@ void SplashScreenPresenter::showSplashScreens() {
         refuseToShow(Reason::NotReady, QStringLiteral("the waiting period is not over"));
         return;
     }
+    if (isSkipped())
+        return;
     // The active controller stays known when its window loses the key status between sequences.
     if (m_windows.active && m_windows.hasKey) {
-        forceShowSplashScreens();
+        startWhenUserIsIdle();
     } else {
         Refusal::report(
             Refusal::Request::ShowSplashScreen,
@@ -102,6 +105,30 @@ void SplashScreenPresenter::showSplashScreens() {
             QStringLiteral("splash screen waits for a registered window to become key"));
         m_needShow = true;
     }
+}
+
+// Ads stay ready, so that the host's next request can succeed.
+bool SplashScreenPresenter::isSkipped() {
+    if (!m_isSkippedWhenEmpty || m_video.isAvailable())
+        return false;
+    m_needShow = false;
+    m_video.retryDownload();
+    refuseToShow(Reason::NoVideo, QStringLiteral("there is no video to play"));
+    return true;
+}
+
+void SplashScreenPresenter::startWhenUserIsIdle() {
+    const QString activity = m_userActivity.current();
+    if (activity.isEmpty()) {
+        forceShowSplashScreens();
+        return;
+    }
+    m_needShow = false;
+    if (m_userActivity.isWaiting())
+        return;
+    Refusal::report(Refusal::Request::ShowSplashScreen, Reason::UserIsBusy,
+                    QStringLiteral("splash screen waits for the user: %1").arg(activity));
+    m_userActivity.callWhenIdle(whileAlive(&SplashScreenPresenter::showSplashScreens));
 }
 
 void SplashScreenPresenter::needForceShowSplashScreens() {
@@ -152,7 +179,10 @@ void SplashScreenPresenter::startSequence(qint64 loadTime) {
         return;
     }
     m_needShow = false;
+    m_userActivity.stopWaiting();
     m_waiting.setNotOver();
+    if (const auto chosen = SoundChoice::isMuted())
+        setMuted(*chosen);
     applyPresetToAll();
     m_sequence.begin(loadTime);
     notify(VLMsplashScreenDidShow);
@@ -169,8 +199,8 @@ void SplashScreenPresenter::hideSplashScreens() {
 
 void SplashScreenPresenter::resumeSplashScreen() {
     m_sequence.resume();
-    if (m_needShow)
-        forceShowSplashScreens();
+    if (m_needShow && !isSkipped())
+        startWhenUserIsIdle();
 }
 
 // Windows.
@@ -203,7 +233,7 @@ bool SplashScreenPresenter::addSplashScreenForWindow(QWidget *widget, bool unity
     registrationNotificationForWindow(window);
     if (isShow())
         m_sequence.join(controller);
-    watchForWindows();
+    windowsChanged();
     updateTimerText();
     if (Window::of(window)->isKeyWindow())
         NotificationCenter::defaultCenter().post(NSWindowDidBecomeKeyNotification,
@@ -233,7 +263,7 @@ void SplashScreenPresenter::detach(const Controller &controller) {
     controller->hide();
     controller->removeFromWindow();
     m_windows.remove(controller);
-    watchForWindows();
+    windowsChanged();
 }
 
 void SplashScreenPresenter::removeAllSplashScreens() {
@@ -243,7 +273,7 @@ void SplashScreenPresenter::removeAllSplashScreens() {
     }
     m_sequence.setNotShown();
     m_windows.clear();
-    watchForWindows();
+    windowsChanged();
 }
 
 // A host may destroy a splash screen's view and keep the window.
@@ -268,6 +298,11 @@ void SplashScreenPresenter::windowDestroyed(QObject *window) {
             windowBecameDisactive();
         detach(controller);
     }
+}
+
+void SplashScreenPresenter::windowsChanged() {
+    m_userActivity.setObserving(!m_windows.isEmpty());
+    watchForWindows();
 }
 
 // The user of a sequence that has no window left could never close it.
@@ -356,6 +391,17 @@ void SplashScreenPresenter::didClickClose() {
 
 void SplashScreenPresenter::didNotAppear() {
     endAsIfClosed();
+}
+
+void SplashScreenPresenter::didChangeMuted(bool muted) {
+    SoundChoice::storeMuted(muted);
+    setMuted(muted);
+}
+
+void SplashScreenPresenter::setMutedByHost(bool muted) {
+    setMuted(SoundChoice::isMuted().value_or(muted));
+    for (const Controller &controller : m_windows.copy())
+        controller->updateSoundButton();
 }
 
 void SplashScreenPresenter::setMuted(bool muted) {

@@ -7,6 +7,7 @@
 #include "SplashVideo.h"
 #include "SplashWaitingPeriod.h"
 #include "SplashWindows.h"
+#include "UserActivity.h"
 
 #include <QtCore/QVariantMap>
 
@@ -32,8 +33,8 @@ public:
     ~SplashScreenPresenter();
 
     // Requests.
-    /// Starts a sequence when the waiting period is over; without a key window, as soon as a
-    /// registered window becomes key.
+    /// Starts a sequence when the waiting period is over. Waits until a registered window is key,
+    /// and until the user is not in the middle of something; all conditions are then checked again.
     void showSplashScreens();
     /// Starts a sequence whether or not the waiting period is over. Cancels the wait even when
     /// the sequence may not start; only refreshWaitAgain() and the end of a sequence start a new
@@ -92,7 +93,8 @@ public:
 
     // The user's actions and the video's end.
     void didClickOnVideo() override;
-    void didChangeMuted(bool muted) override { setMuted(muted); }
+    /// As setMuted(); stores the user's choice, too.
+    void didChangeMuted(bool muted) override;
     void didClickRemoveAds() override;
     void didClickClose() override;
     void didVideoEnded() override { m_sequence.videoEnded(); }
@@ -129,6 +131,10 @@ public:
     /// Applies to all windows, and to those that are registered later.
     void setMuted(bool muted);
     bool isMuted() const { return m_muted; }
+    /// As setMuted(), unless the user has chosen at the sound button, in this run or before.
+    void setMutedByHost(bool muted);
+    /// Sets whether showSplashScreens() starts no sequence while there is no video. Default: false.
+    void setSkippedWhenEmpty(bool skipped) { m_isSkippedWhenEmpty = skipped; }
 
     // State.
     bool isShow() const { return m_sequence.isShow(); }
@@ -141,6 +147,9 @@ public:
     bool isShowEnd() const { return m_sequence.isShowEnd(); }
     /// A sequence starts as soon as a registered window becomes key.
     bool isNeedShow() const { return m_needShow; }
+    /// A sequence starts as soon as the user has finished what showSplashScreens() would have
+    /// interrupted.
+    bool isWaitingForUser() const { return m_userActivity.isWaiting(); }
     qint64 stateSplashScreen() const { return m_sequence.state(); }
     /// Sequences that were started in this process.
     qint64 splashScreenStartCount() const { return m_splashScreenStartCount; }
@@ -191,11 +200,14 @@ private:
     void connectParts();
     /// Posts work to the main queue, which is dropped when the presenter is destroyed before.
     void post(std::function<void(SplashScreenPresenter &)> work);
+    bool isSkipped();
+    void startWhenUserIsIdle();
     bool maySequenceStart() const;
     void startSequence(qint64 loadTime);
     void windowDestroyed(QObject *window);
     void windowPaletteChanged(QWidget *window);
     void applyPresetToAll();
+    void windowsChanged();
     void watchForWindows();
     void endWindowlessSequence();
     void endAsIfClosed();
@@ -207,12 +219,14 @@ private:
     SplashSequence m_sequence{m_windows, m_video};
     SplashWaitingPeriod m_waiting;
     SplashScreenOptions m_options;
+    UserActivity m_userActivity;
 
     qint64 m_splashScreenStartCount = 0;
     bool m_needShow = false;
     /// VLMsplashScreenWillShow is being posted.
     bool m_isStarting = false;
     bool m_muted = false;
+    bool m_isSkippedWhenEmpty = false;
     /// Runs while a sequence is shown and no window is registered.
     TimerPtr m_windowlessTimer;
 };

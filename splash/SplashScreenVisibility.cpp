@@ -26,6 +26,10 @@ bool withPicture(const Conditions &now) {
     return now.hasInterstitial;
 }
 
+bool withAdToCome(const Conditions &now) {
+    return !now.withoutSplash && now.isAdExpected;
+}
+
 bool iconBefore(const Conditions &now) {
     return !now.withoutSplash && !now.leftOut.icon && !now.leftOut.iconBeforeVideo;
 }
@@ -56,6 +60,7 @@ struct Row {
     QWidget *(*element)(const SplashScreenOutlets &);
     Rule start;
     Rule video;
+    Rule stillWithCountdown;
     Rule videoWithCloseButton;
     Rule end;
 };
@@ -69,18 +74,20 @@ using Outlets = SplashScreenOutlets;
 
 // clang-format off
 constexpr Row Rows[] = {
-    // element                                  start             video  + button  end
-    {element<&Outlets::bgImage>,                backgroundBefore, no,    no,       backgroundAfter},
-    {element<&Outlets::iconImageView>,          iconBefore,       no,    no,       iconAfter},
-    {element<&Outlets::lablesView>,             withStart,        no,    no,       no},
-    {element<&Outlets::removeAdsButton>,        buttonBefore,     no,    no,       buttonAfter},
-    {element<&Outlets::splashScreenPlayerView>, no,               yes,   yes,      no},
-    {element<&Outlets::timeVideoLabel>,         no,               yes,   no,       no},
-    {element<&Outlets::videoProgressView>,      no,               yes,   no,       no},
-    {element<&Outlets::soundButton>,            no,               yes,   yes,      no},
-    {element<&Outlets::removeAdsImageButton>,   no,               yes,   yes,      no},
-    {element<&Outlets::interstitialImage>,      no,               no,    no,       withPicture},
-    {element<&Outlets::closeButton>,            no,               no,    yes,      yes},
+    // element                                  start             video  still        + button  end
+    // First, because it gets the focus of what is hidden.
+    {element<&Outlets::closeButton>,            no,               no,    no,          yes,      yes},
+    {element<&Outlets::bgImage>,                backgroundBefore, no,    no,          no,       backgroundAfter},
+    {element<&Outlets::iconImageView>,          iconBefore,       no,    no,          no,       iconAfter},
+    {element<&Outlets::lablesView>,             withStart,        no,    no,          no,       no},
+    {element<&Outlets::removeAdsButton>,        buttonBefore,     no,    no,          no,       buttonAfter},
+    {element<&Outlets::splashScreenPlayerView>, no,               yes,   no,          yes,      no},
+    {element<&Outlets::timeVideoLabel>,         no,               yes,   yes,         no,       no},
+    {element<&Outlets::videoProgressView>,      no,               yes,   yes,         no,       no},
+    {element<&Outlets::soundButton>,            no,               yes,   no,          yes,      no},
+    {element<&Outlets::removeAdsImageButton>,   no,               yes,   yes,         yes,      no},
+    {element<&Outlets::interstitialImage>,      no,               no,    withPicture, no,       withPicture},
+    {element<&Outlets::adMark>,                 withAdToCome,     yes,   withPicture, yes,      withPicture},
 };
 // clang-format on
 
@@ -90,6 +97,8 @@ Rule ruleOf(const Row &row, SplashScreenVisibility::Phase phase) {
         return row.start;
     case SplashScreenVisibility::Phase::Video:
         return row.video;
+    case SplashScreenVisibility::Phase::StillWithCountdown:
+        return row.stillWithCountdown;
     case SplashScreenVisibility::Phase::VideoWithCloseButton:
         return row.videoWithCloseButton;
     case SplashScreenVisibility::Phase::End:

@@ -12,6 +12,7 @@ public:
     enum class Phase {
         Start,
         Video,
+        StillWithCountdown,   ///< the video has failed before its close button was due
         VideoWithCloseButton, ///< the video plays on under its close button
         End,
     };
@@ -36,6 +37,8 @@ public:
         bool withoutSplash;
         /// The end screen shows the ad's picture.
         bool hasInterstitial;
+        /// A video ad comes after the start screen.
+        bool isAdExpected;
     };
 
     /// Shows and hides the elements with a fade. The start phase hides at once what it never

@@ -38,6 +38,7 @@ void SplashSequence::begin(qint64 loadTime) {
         m_video.warmUpPlayer();
     updateTimerText();
     for (const Controller &controller : m_windows.copy()) {
+        controller->setAdExpected(m_video.isAvailable());
         controller->startTimerViewFromSec(0, loadTime + SplashClock::VideoSeconds);
         controller->showStartScreen();
     }
@@ -64,6 +65,7 @@ void SplashSequence::join(const Controller &controller) {
     const bool waitsForButton =
         m_state == SplashScreenStateEnd && (m_clock.isPhaseTimerPending() || m_closeButtonIsDue);
     if (m_state < SplashScreenStateVideoCloseButton || waitsForButton) {
+        controller->setAdExpected(m_video.isAvailable());
         controller->showStartScreen();
         controller->startTimerViewFromSec(m_clock.passedTime(), m_standardDuration);
     } else {
@@ -101,9 +103,12 @@ void SplashSequence::startVideo() {
     } else if (video.isEmpty()) {
         Refusal::report(Refusal::Request::PlayVideo, Refusal::Reason::NoVideo,
                         QStringLiteral("there is no video to play"));
+        for (const Controller &covering : m_windows.copy())
+            covering->setAdExpected(false);
         controller->startTimerViewFromSec(m_loadTime, total);
     } else {
         controller->setVideoUrl(video);
+        controller->setInterstitialUrl(m_video.interstitialUrl()); // in case that the video fails
         controller->showVideo();
         controller->startVideoTimerViewFromSec(m_loadTime, total);
     }

@@ -10,9 +10,13 @@
 
 #include <Velmora/Support.h>
 
+#include <QtCore/QFileInfo>
+
 namespace velmora {
 
 namespace {
+
+constexpr std::chrono::seconds RetryInterval{15};
 
 QVariant validUnlessNull(const QString &name) {
     return name.isNull() ? QVariant() : QVariant(name);
@@ -24,6 +28,18 @@ SplashVideo::SplashVideo() : m_downloader(AdsDownloader::sharedInstance()) {}
 
 void SplashVideo::download() {
     m_downloader->downloadVideo();
+}
+
+void SplashVideo::retryDownload() {
+    const auto now = TimeSource::current().now();
+    if (m_lastRetry && now - *m_lastRetry < RetryInterval)
+        return;
+    m_lastRetry = now;
+    download();
+}
+
+bool SplashVideo::isAvailable() const {
+    return m_downloader->hasReadyVideo() || QFileInfo::exists(m_defaultUrl.toLocalFile());
 }
 
 void SplashVideo::setDefault(const QUrl &video, const QUrl &link) {

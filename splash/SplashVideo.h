@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "TimeSource.h"
 #include "VideoAd.h"
 
 #include <QtCore/QJsonObject>
@@ -8,6 +9,7 @@
 #include <QtCore/QVariant>
 
 #include <memory>
+#include <optional>
 
 namespace velmora {
 
@@ -22,6 +24,10 @@ public:
 
     /// Has the downloader prepare the next video.
     void download();
+    /// The same, for a caller that asks again and again: at most every 15 seconds.
+    void retryDownload();
+    /// True when there is a video to choose, without choosing one.
+    bool isAvailable() const;
 
     /// The video that is played when the ad server has none, and where a click on it leads. The
     /// name of the advertised application is looked up in the background.
@@ -66,6 +72,7 @@ private:
     QString m_defaultName;
     VideoAd m_chosen;
     qint64 m_duration = 0;
+    std::optional<TimeSource::Duration> m_lastRetry;
     /// Expires with this object, for a look-up that is still running then.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
 };

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TimeProgressView.h"
 
+#include "KeyFocus.h"
+#include "ReducedMotion.h"
+
 #include <Velmora/Support.h>
 
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -18,33 +21,14 @@ constexpr qint64 Done = 100; // steps
 constexpr qint64 Farthest = 1'000'000'000'000'000;
 // Seconds. Shorter steps would only keep the processor busy.
 constexpr double ShortestStep = 0.001;
+constexpr double ShortestFrame = 1.0 / 60;
+// Physical pixels, along the edge, that the end of the elapsed part moves from frame to frame.
+constexpr double FramePixels = 0.5;
+constexpr double DegreesPerRadian = 57.29577951308232;
 
-double radiusInside(double radius, double width) {
-    return std::max(0.0, std::min(radius, radius - width));
-}
-
-QRectF circle(QPointF center, double radius) {
-    return {center.x() - radius, center.y() - radius, 2 * radius, 2 * radius};
-}
-
-// Part of a ring, clockwise from an angle; degrees, counter-clockwise from three o'clock.
-QPainterPath sector(QPointF center, double outer, double inner, double from, double sweep) {
-    QPainterPath path;
-    if (outer <= 0 || sweep <= 0)
-        return path;
-    path.arcMoveTo(circle(center, outer), from);
-    path.arcTo(circle(center, outer), from, -sweep);
-    if (inner > 0)
-        path.arcTo(circle(center, inner), from - sweep, sweep);
-    else
-        path.lineTo(center);
-    path.closeSubpath();
-    return path;
-}
-
-void fill(QPainter &painter, const QPainterPath &path, const QColor &color) {
-    if (color.isValid())
-        painter.fillPath(path, color);
+// Where the elapsed part ends at a step, degrees. Beyond the last step the ring stays full.
+double sweepAt(qint64 step) {
+    return double(std::clamp<qint64>(step * 360 / Done, 0, 360));
 }
 
 } // namespace
@@ -78,11 +62,11 @@ void TimeProgressView::stop() {
 
 void TimeProgressView::refresh() {
     m_needsRedraw = true;
-    update();
+    updateNextStep();
 }
 
 double TimeProgressView::Diametr() const {
-    return std::min(width(), height());
+    return look().diameter();
 }
 
 void TimeProgressView::setVal1(qint64 value) {
@@ -97,6 +81,8 @@ void TimeProgressView::startTicking() {
 }
 
 void TimeProgressView::stopTicking() {
+    // When the countdown continues, the elapsed part grows from where it is now.
+    m_startSweep = sweepNow();
     m_ticking = false;
     rest();
 }
@@ -107,7 +93,8 @@ void TimeProgressView::schedule() {
                                [this] { tick(); });
     setGodTimer(m_timer);
     m_interval = m_timer->interval();
-    m_lastTick = TimeSource::current().now();
+    m_lastTick = m_startTime = TimeSource::current().now();
+    scheduleFrame();
 }
 
 void TimeProgressView::tick() {
@@ -123,6 +110,7 @@ void TimeProgressView::tick() {
 void TimeProgressView::rest() {
     if (m_timer)
         m_timer->invalidate();
+    Timer::cancel(m_frameTimer);
 }
 
 // Adds the steps that were due while the ring rested. Not the hundredth, which the redraw adds.
@@ -134,49 +122,92 @@ void TimeProgressView::addMissedSteps() {
     setVal1(m_val1 < Done ? std::min(m_val1 + missed, Done - 1) : m_val1 + missed);
 }
 
-void TimeProgressView::paintEvent(QPaintEvent *) {
+RingPicture::Look TimeProgressView::look() const {
+    return {.size = size(),
+            .density = devicePixelRatioF(),
+            .disc = m_backgroundColor,
+            .remaining = m_backgroundProgressColor,
+            .elapsed = m_progressColor,
+            .remainingWidth = m_widthBorder,
+            .elapsedWidth = m_widthBorder + m_widthProgress};
+}
+
+// Asks for a paint event, also when the step does not change the picture.
+void TimeProgressView::updateNextStep() {
+    const QRect changed = m_picture.changeTo(look(), sweepAt(m_val1 + 1));
+    update(changed.isEmpty() ? QRect(rect().center(), QSize(1, 1)) : changed);
+}
+
+void TimeProgressView::paintEvent(QPaintEvent *event) {
     const bool resting = m_ticking && !m_timer->isValid();
     if (resting) {
         addMissedSteps();
         schedule();
     }
-    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    QRect changed;
     // Only a size that lasts until the ring is painted redraws it. A host's style sheet may resize
     // it for a moment, see StyleShield.
-    if (m_needsRedraw || resting || m_picture.size() != pixels)
-        redraw();
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, m_picture);
+    if (m_needsRedraw || resting || !m_picture.fits(look()))
+        changed = redraw();
+    else if (m_needsFrame)
+        changed = drawFrame();
+    QPainter(this).drawPixmap(0, 0, m_picture.pixmap());
+    // More than expected, for example after missed steps.
+    if (!QRegion(changed).subtracted(event->region()).isEmpty())
+        update(changed);
 }
 
-void TimeProgressView::redraw() {
+QRect TimeProgressView::redraw() {
     m_needsRedraw = false;
-    m_picture = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
-    m_picture.setDevicePixelRatio(devicePixelRatioF());
-    m_picture.fill(Qt::transparent);
-    QPainter painter(&m_picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawRect(painter);
-}
-
-void TimeProgressView::drawRect(QPainter &painter) {
-    const QPointF center = QRectF(rect()).center();
-    const double radius = Diametr() / 2;
-    QPainterPath disc;
-    disc.addEllipse(center, radius, radius);
-    fill(painter, disc, m_backgroundColor);
-
     setVal1(m_val1 + 1);
-    // Beyond 100 the ring stays full.
-    const double sweep = double(std::clamp<qint64>(m_val1 * 360 / 100, 0, 360));
-    const QPainterPath elapsed =
-        sector(center, radius, radiusInside(radius, m_widthBorder + m_widthProgress), 90, sweep);
-    const QPainterPath remaining =
-        sector(center, radius, radiusInside(radius, m_widthBorder), 90 - sweep, 360 - sweep);
-    fill(painter, remaining, m_backgroundProgressColor);
-    fill(painter, elapsed, m_progressColor);
+    m_startSweep = sweepAt(m_val1);
+    m_startTime = TimeSource::current().now();
     if (m_val1 == Done)
         stopTicking();
+    m_needsFrame = false;
+    scheduleFrame();
+    return m_picture.draw(look(), m_startSweep);
+}
+
+// Between two steps.
+
+double TimeProgressView::sweepNow() const {
+    if (!m_ticking || !m_timer || !m_timer->isValid() || ReducedMotion::current().isOn())
+        return m_startSweep;
+    const std::chrono::duration<double> passed = TimeSource::current().now() - m_startTime;
+    const std::chrono::duration<double> whole = m_timer->deadline() - m_startTime;
+    const double part = whole.count() > 0 ? std::clamp(passed / whole, 0.0, 1.0) : 1;
+    return m_startSweep + (sweepAt(m_val1 + 1) - m_startSweep) * part;
+}
+
+// A ring that is not painted schedules no further frame.
+void TimeProgressView::scheduleFrame() {
+    Timer::cancel(m_frameTimer);
+    const double degrees = sweepAt(m_val1 + 1) - m_startSweep;
+    const double pixels = degrees / DegreesPerRadian * Diametr() / 2 * devicePixelRatioF();
+    if (!m_ticking || pixels < 2 * FramePixels || ReducedMotion::current().isOn() ||
+        !KeyFocus::isInKeyWindow(*this))
+        return;
+    const TimeSource::Duration now = TimeSource::current().now();
+    const auto seconds = [](TimeSource::Duration time) {
+        return std::chrono::duration<double>(time).count();
+    };
+    const double wait =
+        std::max(seconds(m_timer->deadline() - m_startTime) * FramePixels / pixels, ShortestFrame);
+    // Close to the next step that one is enough.
+    if (wait * 1.5 > seconds(m_timer->deadline() - now))
+        return;
+    m_frameTimer = Timer::scheduled(wait, Timer::Kind::OneShot, [this] {
+        m_needsFrame = true;
+        updateNextStep();
+    });
+    setGodTimer(m_frameTimer);
+}
+
+QRect TimeProgressView::drawFrame() {
+    m_needsFrame = false;
+    scheduleFrame();
+    return m_picture.draw(look(), sweepNow());
 }
 
 void TimeProgressView::showEvent(QShowEvent *event) {

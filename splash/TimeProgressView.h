@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "RingPicture.h"
 #include "TimeSource.h"
 #include <Velmora/Timer.h>
 
 #include <QtGui/QColor>
-#include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
@@ -14,9 +14,13 @@ namespace velmora {
 /// twelve o'clock in a hundred steps. Main thread only.
 ///
 /// Every redraw of the ring advances it by one step, whatever caused it: a tick, refresh(), a new
-/// size, or being shown. The ring keeps a pixmap of what it has drawn and only paints that again
+/// size, or being shown. The ring keeps a picture of what it has drawn and only paints that again
 /// when something behind or in front of it changes (over a video that is every frame): such a
 /// paint event is no redraw and does not advance the ring.
+///
+/// From one step to the next the elapsed part grows evenly: it is drawn again whenever its end has
+/// moved by half a pixel. These frames are no steps, and there are none where motion is reduced or
+/// the window is not the key window.
 ///
 /// A ring that cannot be seen (hidden, minimised, covered, scrolled away) has no running timer and
 /// draws nothing. When it can be seen again, it first adds the steps that were due meanwhile, up
@@ -86,8 +90,12 @@ private:
     void tick();
     void rest();
     void addMissedSteps();
-    void redraw();
-    void drawRect(QPainter &painter);
+    RingPicture::Look look() const;
+    void updateNextStep();
+    QRect redraw();
+    double sweepNow() const;
+    void scheduleFrame();
+    QRect drawFrame();
 
     QColor m_backgroundColor;
     QColor m_backgroundProgressColor;
@@ -102,7 +110,14 @@ private:
     TimeSource::Duration m_interval{1};
     TimeSource::Duration m_lastTick{0};
     bool m_needsRedraw = true;
-    QPixmap m_picture;
+    RingPicture m_picture;
+
+    /// How far the elapsed part reached, in degrees, when it began to grow towards the next step,
+    /// and when that was.
+    double m_startSweep = 0;
+    TimeSource::Duration m_startTime{0};
+    TimerPtr m_frameTimer;
+    bool m_needsFrame = false;
 };
 
 } // namespace velmora

@@ -133,7 +133,7 @@ TEST_F(AdTableTest, WhileTheDiskIsSlowNothingIsDrawnAndTheReplyWaits) {
         int called = 0;
         int ready = 0;
         table->load([&] { ++called; });
-        table->whenReady([&] { ++ready; });
+        table->whenReady([&](const DrawableAds &) { ++ready; });
         ASSERT_TRUE(eventually([this] { return server.log().count(TablePath) == 1; }));
         quietly(50);
         EXPECT_FALSE(table->hasReply() || table->isSettled());
@@ -147,17 +147,6 @@ TEST_F(AdTableTest, WhileTheDiskIsSlowNothingIsDrawnAndTheReplyWaits) {
         startRun();
         QDir(cachesFolder()).removeRecursively();
     }
-}
-
-TEST_F(AdTableTest, WhileOfflineAdsComeFromTheCacheAndOtherwiseFromTheReply) {
-    startRunWithCache({banner("cached")}, {});
-    serve({banner("served")});
-    loadAndWait();
-    EXPECT_EQ(firstBanner(), QStringLiteral("served"));
-    goOffline();
-    EXPECT_EQ(firstBanner(), QStringLiteral("cached"));
-    goOnline();
-    EXPECT_EQ(firstBanner(), QStringLiteral("served"));
 }
 
 TEST_F(AdTableTest, ARequestThatWasRefusedIsNotTheOneOfTheRun) {

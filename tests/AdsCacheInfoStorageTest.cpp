@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdsCacheInfoStorage.h"
 #include "AdKeys.h"
+#include "AdTableFile.h"
 #include "Archive.h"
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
+#include "tests/support/ChildTest.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/HeldDisk.h"
 #include "tests/support/HostName.h"
@@ -15,7 +17,6 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-#include <QtCore/QProcess>
 
 namespace velmora::test {
 
@@ -40,11 +41,6 @@ protected:
         putInCaches(QStringLiteral("savedAds"),
                     QJsonDocument(table).toJson(QJsonDocument::Compact));
     }
-
-    static QByteArray fileContent() {
-        QFile file(AdsCacheInfoStorage::storageURL().toLocalFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 };
 
 TEST_F(AdsCacheInfoStorageTest, EveryNewAdIsOnDiskForTheNextRun) {
@@ -65,16 +61,6 @@ TEST_F(AdsCacheInfoStorageTest, EveryNewAdIsOnDiskForTheNextRun) {
     EXPECT_EQ(storage.infoDictionary().value(kMainVideoKey).toArray(), QJsonArray{ad(3)});
 }
 
-TEST_F(AdsCacheInfoStorageTest, EachAdIsWrittenOnceHoweverManyThereAre) {
-    LoadedStorage storage;
-    for (int round = 0; round < 2; ++round) {
-        for (int i = 0; i < 3000; ++i)
-            storage.addBannerInfo(ad(i));
-    }
-    EXPECT_EQ(onDisk().size(), 3000);
-    EXPECT_EQ(fileContent().count("banner_id"), 3000);
-}
-
 TEST_F(AdsCacheInfoStorageTest, OnlyANewAdIsWrittenAndThenADeletedFolderIsCreatedAgain) {
     LoadedStorage storage;
     storage.addBannerInfo(ad(1));
@@ -86,6 +72,28 @@ TEST_F(AdsCacheInfoStorageTest, OnlyANewAdIsWrittenAndThenADeletedFolderIsCreate
     EXPECT_TRUE(onDisk().isEmpty());
     storage.addBannerInfo(ad(2));
     EXPECT_EQ(onDisk(), (QJsonArray{ad(1), ad(2)}));
+}
+
+TEST_F(AdsCacheInfoStorageTest, WhatCouldNotBeWrittenIsWrittenWithTheNextAds) {
+    LoadedStorage storage;
+    storage.addBannerInfo(ad(0));
+    ASSERT_EQ(onDisk().size(), 1);
+    QFile file(cachesFolder() + QStringLiteral("/savedAds"));
+    const qint64 size = file.size();
+    ASSERT_TRUE(file.resize(AdTableFile::LargestSize + 1));
+    storage.addBannerInfo(ad(1));
+    ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    ASSERT_TRUE(file.resize(size));
+    constexpr int Count = 3000;
+    {
+        const HeldDisk held;
+        for (int id = 2; id < Count; ++id)
+            storage.addBannerInfo(ad(id));
+    }
+    const QJsonArray stored = onDisk();
+    ASSERT_EQ(stored.size(), Count);
+    for (int id = 0; id < Count; ++id)
+        ASSERT_EQ(stored.at(id).toObject(), ad(id));
 }
 
 TEST_F(AdsCacheInfoStorageTest, OtherTopLevelKeysOfTheFileAreKept) {
@@ -215,9 +223,8 @@ TEST_F(AdsCacheInfoStorageTest, ProcessesThatWriteTheSameFileLoseNoAd) {
     std::vector<std::unique_ptr<QProcess>> writers;
     for (const int first : {100, 200, 300}) {
         auto writer = std::make_unique<QProcess>();
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), QString::number(first));
-        writer->setProcessEnvironment(environment);
+        writer->setProcessEnvironment(
+            childEnvironment({{QStringLiteral("VELMORA_TEST_CHILD"), QString::number(first)}}));
         writer->start(QCoreApplication::applicationFilePath(),
                       {QStringLiteral("--gtest_filter=*ProcessesThatWriteTheSameFileLoseNoAd")});
         writers.push_back(std::move(writer));

@@ -15,8 +15,6 @@
 
 namespace velmora::test {
 
-using adserver::Fault;
-
 namespace {
 
 /// Notes its name whenever it is told that it may ask for a banner.
@@ -67,22 +65,6 @@ TEST_F(AdsDownloaderTest, ACycleTellsTheDelegatesInOrderUntilTheyAreGoneAndLoads
     EXPECT_TRUE(eventually([] { return !downloader().interstitialVideoURL().isEmpty(); }));
     EXPECT_TRUE(downloader().videoURL().path().endsWith(QStringLiteral("/v.mp4")));
     EXPECT_EQ(downloader().getInfoObjectWithConsideringWeightForKey(kMainVideoKey), film);
-}
-
-TEST_F(AdsDownloaderTest, TheProcessEndsAtOnceWithAHungServerAndEverythingInFlight) {
-    server.faults().set(QStringLiteral("*"), Fault::hang());
-    downloader().startUpdateAllAds();
-    downloader().setReplyJSON(QJsonObject{{kMainBannerKey, QJsonArray{banner("b")}},
-                                          {kMainVideoKey, QJsonArray{video("v")}}});
-    bool called = false;
-    downloader().downloadBannerWithComplitionBlock([&](const BannerAd &, bool) { called = true; });
-    downloader().downloadVideo();
-    ASSERT_TRUE(eventually([&] { return server.log().count() >= 3; }));
-    QElapsedTimer clock;
-    clock.start();
-    restartProcess();
-    EXPECT_LT(clock.elapsed(), 1000);
-    EXPECT_FALSE(called);
 }
 
 /// Run by the test below, without an application object.

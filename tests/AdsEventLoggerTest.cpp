@@ -6,7 +6,6 @@
 #include "Switches.h"
 #include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
-#include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
 #include <Velmora/Support.h>
@@ -19,7 +18,6 @@
 #include <QtCore/QSet>
 #include <QtCore/QSettings>
 
-#include <algorithm>
 #include <thread>
 #include <unistd.h>
 
@@ -79,34 +77,26 @@ TEST_F(AdsEventLoggerTest, AnEventIsNotSentOnAConnectionThatTheServerHasClosed) 
 }
 
 TEST_F(AdsEventLoggerTest, ASuccessSendsTheQueueAndAnyReplyIsASuccess) {
-    for (int i : {1, 2, 3})
-        logger().addEventURL(event(i));
-    ASSERT_TRUE(eventually([&] { return logger().eventStack().size() == 3; }));
-    server.log().clear();
-    server.faults().set(QStringLiteral("/event/0"), Fault::statusCode(500, "no"));
-    logger().logEventWithURL(event(0));
-    ASSERT_TRUE(eventually([&] { return received().size() == 4; }));
-    QStringList paths = received();
-    EXPECT_EQ(paths.takeFirst(), QStringLiteral("/event/0"));
-    // The three are sent together and arrive in any order.
-    paths.sort();
-    EXPECT_EQ(paths, (QStringList{QStringLiteral("/event/1"), QStringLiteral("/event/2"),
-                                  QStringLiteral("/event/3")}));
-    ASSERT_TRUE(eventually([] { return stored().isEmpty(); }));
-    EXPECT_EQ(server.log().requests(QStringLiteral("/event/1")).first().method, QByteArray("GET"));
-}
-
-TEST_F(AdsEventLoggerTest, AReplyOfAnySizeCountsAsDelivered) {
-    for (const Fault &fault : {Fault::huge(Q_INT64_C(1) << 40), Fault::truncated()}) {
-        logger().addEventURL(event(1));
-        handleEvents();
+    for (const Fault &fault :
+         {Fault::statusCode(500, "no"), Fault::huge(Q_INT64_C(1) << 40), Fault::truncated()}) {
+        for (int i : {1, 2, 3})
+            logger().addEventURL(event(i));
+        ASSERT_TRUE(eventually([&] { return logger().eventStack().size() == 3; }));
         server.log().clear();
         server.faults().set(QStringLiteral("/event/0"), fault);
         logger().logEventWithURL(event(0));
-        ASSERT_TRUE(eventually([&] { return server.log().count(event(1).path()) == 1; }));
-        quietly(50);
-        EXPECT_TRUE(logger().eventStack().isEmpty());
+        ASSERT_TRUE(eventually([&] { return received().size() == 4; }));
+        QStringList paths = received();
+        EXPECT_EQ(paths.takeFirst(), QStringLiteral("/event/0"));
+        // The three are sent together and arrive in any order.
+        paths.sort();
+        EXPECT_EQ(paths, (QStringList{QStringLiteral("/event/1"), QStringLiteral("/event/2"),
+                                      QStringLiteral("/event/3")}));
+        // A late answer would send the next turn's queue.
+        ASSERT_TRUE(eventually([] { return stored().isEmpty() && underWay().isEmpty(); }));
+        handleEvents();
     }
+    EXPECT_EQ(server.log().requests(QStringLiteral("/event/1")).first().method, QByteArray("GET"));
 }
 
 TEST_F(AdsEventLoggerTest, AUrlThatKeepsFailingDoesNotDelayTheOthers) {
@@ -353,23 +343,6 @@ TEST_F(AdsEventLoggerTest, ALockThatAKilledProcessLeftDoesNotHoldUpTheHost) {
     EXPECT_LT(clock.elapsed(), 1'000);
 }
 
-TEST_F(AdsEventLoggerTest, TheMainThreadIsNotHeldUpByAnEvent) {
-    logger();
-    constexpr int Events = 100;
-    std::vector<qint64> costs;
-    for (int i = 0; i < Events; ++i) {
-        QElapsedTimer clock;
-        clock.start();
-        logger().logEventWithURL(event(i));
-        costs.push_back(clock.nsecsElapsed() / 1000);
-        ASSERT_TRUE(eventually([&] { return received().size() == i + 1; }));
-    }
-    std::sort(costs.begin(), costs.end());
-    RecordProperty("median_microseconds", int(costs[Events / 2]));
-    RecordProperty("most_microseconds", int(costs.back()));
-    EXPECT_LT(costs[Events / 2], 50'000);
-}
-
 TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
     QList<QUrl> many;
     for (int i = 0; i < 10'000; ++i)
@@ -377,13 +350,10 @@ TEST_F(AdsEventLoggerTest, TenThousandQueuedEventsFlushWithoutQuadraticCost) {
     VLMSetObjForKey(EventStore::archived(many), QStringLiteral("eventStackData"));
     restartProcess();
     ASSERT_EQ(logger().eventStack().size(), 10'000);
-    QElapsedTimer clock;
-    clock.start();
     logger().logEventWithURL(event(0));
     // The closed port refuses every one, so that each is queued again.
     ASSERT_TRUE(eventually([] { return logger().eventStack().size() < 5'000; }, 60'000));
     ASSERT_TRUE(eventually([] { return logger().eventStack().size() == 10'000; }, 60'000));
-    RecordProperty("milliseconds", int(clock.elapsed()));
     ASSERT_TRUE(eventually([] { return stored().size() == 10'000; }));
 }
 

@@ -1,14 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Animator.h"
+#include "FadeEffect.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
 #include <QtCore/QPointer>
-#include <QtWidgets/QGraphicsOpacityEffect>
+#include <QtGui/QPainter>
 #include <QtWidgets/QWidget>
 
 namespace velmora::test {
+
+namespace {
+
+/// A white part of the host's window.
+class PaintCounter : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    int count = 0;
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        ++count;
+        QPainter(this).fillRect(rect(), Qt::white);
+    }
+};
+
+} // namespace
 
 class AnimatorTest : public FreshProcess {
 protected:
@@ -20,7 +39,7 @@ protected:
     }
 
     double opacity() const {
-        const auto *effect = qobject_cast<QGraphicsOpacityEffect *>(view->graphicsEffect());
+        const auto *effect = qobject_cast<FadeEffect *>(view->graphicsEffect());
         return effect ? effect->opacity() : 1;
     }
 
@@ -74,6 +93,40 @@ TEST_F(AnimatorTest, AViewThatIsNotVisibleChangesWithoutAFade) {
     window.hide();
     time.advance(0.1);
     EXPECT_FALSE(view->isHidden());
+    EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(AnimatorTest, WhatIsBehindAFadingViewIsNotPaintedAtEachFrame) {
+    PaintCounter behind(&window);
+    behind.setGeometry(window.rect());
+    behind.show();
+    view->hide();
+    view->setGeometry(window.rect());
+    view->setPalette(Qt::black);
+    view->setAutoFillBackground(true);
+    view->raise();
+    handleEvents();
+    behind.count = 0;
+    Animator::setHidden(view, false);
+    handleEvents();
+    time.advance(0.125);
+    EXPECT_EQ(behind.count, 1);
+    // Halfway from white to black.
+    const QColor mixed = view->grab().toImage().pixelColor(50, 50);
+    EXPECT_NEAR(mixed.red(), 128, 40);
+    time.advance(0.2);
+    handleEvents();
+    EXPECT_EQ(behind.count, 1);
+    EXPECT_EQ(window.grab().toImage().pixelColor(50, 50), QColor(Qt::black));
+    EXPECT_FALSE(view->testAttribute(Qt::WA_OpaquePaintEvent));
+
+    // Its pictures do not fit another size.
+    Animator::setHidden(view, true);
+    handleEvents();
+    time.advance(0.1);
+    view->resize(150, 100);
+    handleEvents();
+    EXPECT_TRUE(view->isHidden());
     EXPECT_EQ(time.timerCount(), 0u);
 }
 

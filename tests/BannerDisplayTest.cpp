@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/BannerHost.h"
 #include "tests/support/OwnDisplay.h"
-#include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
 #include <QtGui/QRasterWindow>
@@ -15,8 +14,7 @@ class BannerDisplayTest : public BannerHost {
 protected:
     BannerDisplayTest() {
         new QVBoxLayout(window.get());
-        serve({banner("wide")});
-        server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
+        serveWide();
         addBanner();
         EXPECT_TRUE(shows("wide"));
         time.advance(1); // the fade

@@ -34,9 +34,7 @@ TEST_F(BannerFacadeTest, DefaultsAreRememberedBeforeAndAfterTheFirstBanner) {
     EXPECT_EQ(Velmora::BControllFromWindow(&other)->height(), 100);
     EXPECT_EQ(first->height(), 60);
     Velmora::setBannerBottomInset(20, window.get());
-    Velmora::setBannerCenterXInset(30, window.get());
     EXPECT_EQ(first->bottomInset(), 20);
-    EXPECT_EQ(first->centerXInset(), 30);
     EXPECT_EQ(Velmora::BControllFromWindow(&other)->bottomInset(), 7);
     Velmora::setBannersLargeImage();
     EXPECT_EQ(first->height(), 100);
@@ -76,19 +74,6 @@ TEST_F(BannerFacadeTest, ABannerIsHiddenThroughAnyControllerInItsWindow) {
     Velmora::setBannerHidden(true, &nowhere);
     Velmora::setBannerHidden(true, nullptr);
     EXPECT_TRUE(current()->view()->isVisible());
-}
-
-TEST_F(BannerFacadeTest, AnyWidgetOfAWindowNamesThatWindow) {
-    auto *inner = new QWidget(window.get());
-    auto *deeper = new QWidget(inner);
-    Velmora::addBannerForWindow(deeper);
-    Velmora::addBannerForWindow(window.get());
-    Velmora::addBannerForWindow(inner);
-    ASSERT_EQ(Velmora::BControllers().size(), 1u);
-    EXPECT_EQ(current()->view()->parentWidget(), window.get());
-    EXPECT_EQ(Velmora::BControllFromWindow(deeper), current());
-    Velmora::setBannerHeight(70, inner);
-    EXPECT_EQ(current()->height(), 70);
 }
 
 TEST_F(BannerFacadeTest, AControllerWithoutAViewNeverMakesAWindow) {

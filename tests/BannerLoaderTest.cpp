@@ -2,13 +2,11 @@
 #include "BannerLoader.h"
 #include "AdKeys.h"
 #include "AdTable.h"
-#include "tests/support/HostName.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
 #include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 
 namespace velmora::test {
@@ -17,14 +15,6 @@ using adserver::Fault;
 
 class BannerLoaderTest : public LocalAdServer {
 protected:
-    void startRun() {
-        loader.reset();
-        table.reset();
-        restartProcess();
-        table = std::make_shared<AdTable>();
-        loader = std::make_shared<BannerLoader>(table);
-    }
-
     void useBanners(const QJsonArray &ads) {
         table->setReply(AdReply::of(QJsonObject{{kMainBannerKey, ads}}));
     }
@@ -34,16 +24,6 @@ protected:
         bool called = false;
         loader->loadNext([&](const BannerAd &, bool) { called = true; });
         return eventually([&] { return called; }, 3000);
-    }
-
-    QStringList cachedNames() {
-        QStringList names;
-        EXPECT_TRUE(eventually([this] { return table->cacheStorage().isLoaded(); }));
-        const QJsonArray ads =
-            table->cacheStorage().infoDictionary().value(kMainBannerKey).toArray();
-        for (const QJsonValue &ad : ads)
-            names.append(ad.toObject().value(kBannerName).toString());
-        return names;
     }
 
     std::shared_ptr<AdTable> table = std::make_shared<AdTable>();
@@ -163,25 +143,6 @@ TEST_F(BannerLoaderTest, AnAdWithoutAPictureFailsUnlessAFileHasTheNullName) {
     loader->loadNext(note);
     EXPECT_EQ(failed, false);
     EXPECT_TRUE(loader->ready().file.path().contains(MissingNameMark));
-}
-
-TEST_F(BannerLoaderTest, MediaAndTableFollowALaterApplicationName) {
-    const HostName name;
-    HostName::set("later");
-    table->cacheStorage().addBannerInfo(banner("known"));
-    HostName::set("host");
-    startRun();
-    HostName::set("later");
-    useBanners({banner("fresh")});
-    ASSERT_TRUE(loadAndWait());
-    EXPECT_EQ(loader->ready().file.toLocalFile(), cachesFolder() + QStringLiteral("/fresh.gif"));
-    startRun();
-    EXPECT_EQ(cachedNames(), (QStringList{QStringLiteral("known"), QStringLiteral("fresh")}));
-    HostName::set("host");
-    EXPECT_TRUE(cachedNames().isEmpty());
-    EXPECT_FALSE(QFile::exists(cachesFolder() + QStringLiteral("/fresh.gif")));
-    HostName::set("later");
-    QDir(cachesFolder()).removeRecursively();
 }
 
 } // namespace velmora::test

@@ -17,8 +17,7 @@ protected:
 
     /// Adds a banner with a picture of 728x90 to a window of 1000x600.
     AdBannerController *shownBanner() {
-        serve({banner("wide")});
-        server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
+        serveWide();
         addBanner();
         EXPECT_TRUE(shows("wide"));
         return current();

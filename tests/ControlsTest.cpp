@@ -4,14 +4,15 @@
 #include "ColoredButtonCell.h"
 #include "InterfaceLoader.h"
 #include "PlainView.h"
-#include "SystemVersion.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TestGif.h"
+#include "tests/support/VirtualTime.h"
 #include "tests/support/Waiting.h"
 
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QFile>
 #include <QtGui/QPainter>
 #include <QtTest/QTest>
 
@@ -78,29 +79,6 @@ TEST_F(BannerImageViewTest, DecodesOnlyWhileItCanBeSeen) {
         EXPECT_FALSE(decodes()) << what;
         hide(false);
         EXPECT_TRUE(eventually([&] { return decodes(); })) << what;
-    }
-}
-
-TEST_F(BannerImageViewTest, UnusablePicturesAreNoImage) {
-    for (const QByteArray &picture : {QByteArray(), QByteArray("<html>"), QByteArray("GIF89a"),
-                                      gifHeaderOnly({30000, 30000}), gifHeaderOnly({0, 90})}) {
-        setPicture(picture);
-        EXPECT_FALSE(view->hasImage()) << picture.left(10).constData();
-    }
-    view->setImage(cachesFolder());
-    EXPECT_FALSE(view->hasImage());
-}
-
-TEST_F(BannerImageViewTest, DamagedAndOddPicturesDoNoHarm) {
-    window.show();
-    const QByteArray whole = gif({Qt::red, Qt::green, Qt::blue});
-    QList<QByteArray> pictures{gif({Qt::red}, {1, 1}), gif({Qt::red, Qt::blue}, {20, 20}, 0),
-                               gif({Qt::red}, {4096, 1})};
-    for (qsizetype length = 20; length < whole.size(); length += whole.size() / 23)
-        pictures.append(whole.left(length));
-    for (const QByteArray &picture : pictures) {
-        setPicture(picture);
-        quietly(15);
     }
 }
 
@@ -172,6 +150,38 @@ TEST_F(BannerImageViewTest, AnAnimationThatHasEndedIsSharpAtItsNewSize) {
     EXPECT_EQ(pixel(*view, {90, 11}), QColor(Qt::green));
 }
 
+// The file is written anew while its picture is hidden. So its colour tells whether it was decoded
+// again.
+TEST_F(BannerImageViewTest, KeepsNoFramesOfWhatHasBeenHiddenForAMinute) {
+    VirtualTime time;
+    window.show();
+    const auto shows = [&](const QColor &color) {
+        return eventually([&] {
+            time.advance(0.3); // a picture fades in over the one before it
+            return pixel(*view, {90, 11}) == color;
+        });
+    };
+    for (const qsizetype frames : {1, 2}) {
+        setPicture(gif(QList<QColor>(frames, Qt::red)));
+        EXPECT_EQ(view->isAnimation(), frames == 2); // though both say that they are repeated
+        ASSERT_TRUE(shows(Qt::red));
+        QFile file(cachesFolder() + QStringLiteral("/%1.gif").arg(pictureCount));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(gif(QList<QColor>(frames, Qt::blue)));
+        file.close();
+        window.hide();
+        time.advance(59);
+        if (frames == 1) { // drawing an animation would go on with it
+            EXPECT_EQ(pixel(*view, {90, 11}), QColor(Qt::red));
+        }
+        time.advance(2);
+        window.show();
+        EXPECT_TRUE(shows(Qt::blue)) << frames;
+        // At most that of an animation's next frame.
+        EXPECT_LE(time.timerCount(), size_t(frames - 1));
+    }
+}
+
 TEST_F(BannerImageViewTest, APointerThatLeavesAndComesBackIsOnePress) {
     window.show();
     int presses = 0;
@@ -210,11 +220,9 @@ TEST_F(ButtonsTest, ColoredButtonsTakeTheColoursOfTheirState) {
     button.setText(QStringLiteral("███"));
     button.setProperty("titleDefaultColor", QColor(Qt::white));
     EXPECT_EQ(pixel(button, {30, 15}), QColor(Qt::white));
-    button.setProperty("defaultColor", QColor());
-    EXPECT_NE(pixel(button, {10, 15}), QColor(Qt::blue));
 }
 
-TEST_F(ButtonsTest, TheCloseButtonDrawsItsImageInACircleLoweredOnOlderSystems) {
+TEST_F(ButtonsTest, TheCloseButtonDrawsItsImageInACircle) {
     QPixmap white(64, 64);
     white.fill(Qt::white);
     CloseButtonCell button;
@@ -223,26 +231,17 @@ TEST_F(ButtonsTest, TheCloseButtonDrawsItsImageInACircleLoweredOnOlderSystems) {
     const QColor corner = pixel(button, {2, 2});
     EXPECT_NE(corner, QColor(Qt::white));
     EXPECT_GT(pixel(button, {12, 12}).lightness(), corner.lightness());
-
-    for (const auto &[minor, lowered] :
-         {std::pair{0, true}, {10, true}, {11, false}, {15, false}}) {
-        SystemVersion::setCurrent(SystemVersion{14, minor});
-        EXPECT_EQ(CloseButtonCell::imageFrame({0, 0, 10, 10}).y(), lowered ? 1 : 0) << minor;
-    }
-    SystemVersion::setCurrent({});
 }
 
 TEST_F(ButtonsTest, AnElementMissingInAnInterfaceResourceIsLogged) {
     Velmora::activateDebugMode();
     EXPECT_EQ(InterfaceLoader::load(QStringLiteral("None")), nullptr);
     EXPECT_TRUE(hasLogged("interface resource None is missing"));
-    const QStringList paths = QCoreApplication::libraryPaths();
     InterfaceLoader::registerClass<PlainView>(QStringLiteral("PlainView"));
     InterfaceLoader::registerClass<BannerImageView>(QStringLiteral("BannerImageView"));
     InterfaceLoader::registerClass<CloseButtonCell>(QStringLiteral("CloseButtonCell"));
     const std::unique_ptr<QWidget> root(InterfaceLoader::load(QStringLiteral("BannerController")));
     ASSERT_TRUE(root);
-    EXPECT_EQ(QCoreApplication::libraryPaths(), paths);
     EXPECT_EQ(InterfaceLoader::outlet<QWidget>(root.get(), QStringLiteral("nobody")), nullptr);
     EXPECT_TRUE(hasLogged("interface resource bannerView has no nobody"));
 }

@@ -4,7 +4,6 @@
 #include "tests/support/LocalAdServer.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QFile>
 #include <QtCore/QHash>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QSettings>
@@ -25,13 +24,6 @@ using adserver::Fault;
 /// ends in that way so long after the first.
 TEST(HostThatLogs, DISABLED_UntilItEnds) {
     const QStringList told = qEnvironmentVariable("VELMORA_TEST_CHILD").split(QLatin1Char(' '));
-    Deployment deployment = Deployment::builtIn();
-    deployment.acsURL = qEnvironmentVariable("VELMORA_TEST_SERVER");
-    QFile authority(qEnvironmentVariable("VELMORA_TEST_AUTHORITY"));
-    ASSERT_TRUE(authority.open(QIODevice::ReadOnly));
-    deployment.adServerAuthorities = authority.readAll();
-    Deployment::replace(deployment);
-
     const auto end = [&] {
         if (told.at(2) == QStringLiteral("exit"))
             std::exit(0);
@@ -41,7 +33,7 @@ TEST(HostThatLogs, DISABLED_UntilItEnds) {
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
         const QString path = QStringLiteral("/event/%1-%2").arg(told.at(0)).arg(count++);
-        AdsEventLogger::sharedInstance().logEventWithURL(QUrl(deployment.acsURL + path));
+        AdsEventLogger::sharedInstance().logEventWithURL(QUrl(Deployment::current().acsURL + path));
         const QByteArray line = path.toLatin1() + '\n';
         EXPECT_EQ(::write(STDOUT_FILENO, line.constData(), size_t(line.size())), line.size());
         if (count == 1)
@@ -63,9 +55,6 @@ protected:
         });
         baseUrl = server.start();
         goOnline();
-        QFile authority(folder.filePath(QStringLiteral("ca.pem")));
-        EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
-        authority.write(server.caPem());
     }
 
     /// A hundred in the long run of the tests.
@@ -75,16 +64,13 @@ protected:
     std::unique_ptr<QProcess> startHost(const QString &way = QStringLiteral("none"),
                                         int milliseconds = 3'600'000) {
         auto host = std::make_unique<QProcess>();
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("VELMORA_TEST_CHILD"), QStringLiteral("%1 %2 %3 %4")
-                                                                     .arg(++m_hosts)
-                                                                     .arg(random.bounded(4))
-                                                                     .arg(way)
-                                                                     .arg(milliseconds));
-        environment.insert(QStringLiteral("VELMORA_TEST_SERVER"), baseUrl);
-        environment.insert(QStringLiteral("VELMORA_TEST_AUTHORITY"),
-                           folder.filePath(QStringLiteral("ca.pem")));
-        host->setProcessEnvironment(environment);
+        QMap<QString, QString> variables = variablesFor(server, folder.path());
+        variables.insert(QStringLiteral("VELMORA_TEST_CHILD"), QStringLiteral("%1 %2 %3 %4")
+                                                                   .arg(++m_hosts)
+                                                                   .arg(random.bounded(4))
+                                                                   .arg(way)
+                                                                   .arg(milliseconds));
+        host->setProcessEnvironment(childEnvironment(variables));
         host->start(QCoreApplication::applicationFilePath(),
                     {QStringLiteral("--gtest_filter=HostThatLogs.*"),
                      QStringLiteral("--gtest_also_run_disabled_tests")});

@@ -102,6 +102,8 @@ TEST_P(HostLookTest, IsThereBeforeTheSplashScreen) {
         SCOPED_TRACE(qPrintable(sheet));
         qApp->setStyleSheet(sheet);
         window = addWindow();
+        window->activateWindow(); // else the ring moves in steps
+        ASSERT_TRUE(eventually([&] { return window->isActiveWindow(); }));
         Velmora::forceShow();
         time.advance(2);
         handleEvents();

@@ -35,13 +35,6 @@ TEST(MediaAddressTest, TheCachedNameIsTheLastPathComponentDecoded) {
     EXPECT_EQ(from(QLatin1Char('/') + QString(300, QLatin1Char('a'))).refusal, QString());
 }
 
-TEST(MediaAddressTest, AnAbsentPathHasTheNullNameAndIsNotRefused) {
-    const MediaAddress address = MediaAddress::from(Server, QJsonValue::Undefined);
-    EXPECT_TRUE(address.remote.isEmpty());
-    EXPECT_EQ(address.refusal, QString());
-    EXPECT_EQ(MediaAddress::cachedName(address.remote), QStringLiteral("(null)"));
-}
-
 TEST(MediaAddressTest, UnsafePathsAreRefused) {
     const struct {
         const char *why;

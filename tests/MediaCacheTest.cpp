@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MediaCache.h"
-#include "ProcessRoot.h"
-#include "SerialQueue.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
@@ -37,7 +35,7 @@ TEST_F(MediaCacheTest, ADeletedCachesFolderIsCreatedAgain) {
         EXPECT_EQ(provide(path).file, local);
         EXPECT_EQ(cached(), QStringList{QStringLiteral("one.gif")});
         EXPECT_EQ(server.log().count(path), download);
-        ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+        waitForDisk();
         ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
     }
 

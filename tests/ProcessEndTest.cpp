@@ -9,7 +9,6 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -90,13 +89,6 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
     const QByteArrayList told = qgetenv("VELMORA_TEST_CHILD").split(' ');
     const QByteArray way = told.value(0);
     const QByteArray state = told.value(1);
-    Deployment deployment = Deployment::builtIn();
-    deployment.acsURL = qEnvironmentVariable("VELMORA_TEST_SERVER");
-    deployment.reachabilityProbe = QStringLiteral("127.0.0.1");
-    QFile authority(qEnvironmentVariable("VELMORA_TEST_AUTHORITY"));
-    ASSERT_TRUE(authority.open(QIODevice::ReadOnly));
-    deployment.adServerAuthorities = authority.readAll();
-    Deployment::replace(deployment);
     Velmora::activateDebugMode();
     s_lateCaller.isArmed = true;
 
@@ -142,11 +134,12 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
 
 class ProcessEndTest : public LocalAdServer {
 protected:
-    ProcessEndTest() {
-        serve({banner("one")});
-        QFile authority(folder.filePath(QStringLiteral("ca.pem")));
-        EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
-        authority.write(server.caPem());
+    ProcessEndTest() { serve({banner("one")}); }
+
+    QMap<QString, QString> variables() {
+        QMap<QString, QString> variables = variablesFor(server, folder.path());
+        variables.insert(QStringLiteral("XDG_CACHE_HOME"), folder.path());
+        return variables;
     }
 
     /// How often each end is tried: a hundred times in the long run of the tests.
@@ -164,11 +157,7 @@ protected:
                 SCOPED_TRACE(state.toStdString());
                 for (int i = 0; i < repetitions() && !HasFailure(); ++i)
                     runChildTest(QStringLiteral("HostThatEnds.*"),
-                                 QLatin1String(way) + QLatin1Char(' ') + state,
-                                 {{QStringLiteral("VELMORA_TEST_SERVER"), baseUrl},
-                                  {QStringLiteral("VELMORA_TEST_AUTHORITY"),
-                                   folder.filePath(QStringLiteral("ca.pem"))},
-                                  {QStringLiteral("XDG_CACHE_HOME"), folder.path()}});
+                                 QLatin1String(way) + QLatin1Char(' ') + state, variables());
             }
         }
     }
@@ -201,20 +190,15 @@ TEST_F(ProcessEndTest, AWorkerOfTheHostMayExit) {
 
 TEST_F(ProcessEndTest, APluginThatLinksTheLibraryMayBeUnloadedAtAnyMoment) {
     const auto unloadIn = [this](const QString &state, int moment) {
+        QMap<QString, QString> environment = variables();
+        if (state.startsWith(u"film")) // GStreamer's threads own memory until they end
+            environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
         for (const char *way : {"quit", "exit"}) {
             for (int i = 0; i < repetitions() && !HasFailure(); ++i)
-                runChild(
-                    QStringLiteral(VELMORA_TEST_PLUGIN_HOST),
-                    {QStringLiteral(VELMORA_TEST_PLUGIN), state, QString::number(moment),
-                     QLatin1String(way)},
-                    {{QStringLiteral("VELMORA_AD_SERVER_URL"), baseUrl},
-                     {QStringLiteral("VELMORA_AD_SERVER_CA"),
-                      folder.filePath(QStringLiteral("ca.pem"))},
-                     {QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1")},
-                     {QStringLiteral("XDG_CACHE_HOME"), folder.path()},
-                     // GStreamer's threads own memory until they end.
-                     {QStringLiteral("ASAN_OPTIONS"),
-                      QStringLiteral("detect_leaks=%1").arg(state.startsWith(u"film") ? 0 : 1)}});
+                runChild(QStringLiteral(VELMORA_TEST_PLUGIN_HOST),
+                         {QStringLiteral(VELMORA_TEST_PLUGIN), state, QString::number(moment),
+                          QLatin1String(way)},
+                         environment);
         }
     };
     const QString film = QStringLiteral("film:" VELMORA_TEST_CLIPS "/short.mp4");

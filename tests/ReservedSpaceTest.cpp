@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/BannerHost.h"
 #include "tests/support/EventRecorder.h"
-#include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
-#include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
@@ -22,8 +19,7 @@ namespace velmora::test {
 class ReservedSpaceTest : public BannerHost {
 protected:
     ReservedSpaceTest() {
-        serve({banner("wide")});
-        server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
+        serveWide();
         Velmora::setBannersReserveSpace(true);
     }
 
@@ -86,13 +82,6 @@ TEST_F(ReservedSpaceTest, TheContentEndsAboveTheBannerAndGetsItsPlaceBack) {
              openMainWindow(edit);
              return areaOf(edit->viewport());
          }},
-        {"graphics",
-         [&] {
-             auto *view = new QGraphicsView(new QGraphicsScene(0, 0, 2000, 2000, window.get()));
-             view->scene()->setParent(view);
-             openMainWindow(view);
-             return areaOf(view->viewport());
-         }},
         {"tabs",
          [&] {
              auto *tabs = new QTabWidget;
@@ -100,14 +89,6 @@ TEST_F(ReservedSpaceTest, TheContentEndsAboveTheBannerAndGetsItsPlaceBack) {
              tabs->addTab(page, QStringLiteral("page"));
              openMainWindow(tabs);
              return areaOf(page);
-         }},
-        {"splitter",
-         [&] {
-             auto *splitter = new QSplitter;
-             auto *pane = new QWidget;
-             splitter->addWidget(pane);
-             openMainWindow(splitter);
-             return areaOf(pane);
          }},
     };
     const std::pair<const char *, std::function<void()>> ends[] = {

@@ -65,18 +65,4 @@ TEST_F(SplashClockTest, TheWaitEndsByWhicheverTimerComesFirst) {
     EXPECT_FALSE(waiting.prepareTimer());
 }
 
-TEST_F(SplashClockTest, NoTimerOutlivesWhatStartedIt) {
-    {
-        SplashWaitingPeriod waiting;
-        waiting.start();
-        waiting.start();
-    }
-    for (int i = 0; i < 2; ++i) {
-        clock->startTick();
-        clock->startVideoAfter(60);
-    }
-    clock.reset();
-    EXPECT_EQ(time.timerCount(), 0u);
-}
-
 } // namespace velmora::test

@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "AdKeys.h"
-#include "AdsDownloader.h"
 #include "tests/support/SplashHost.h"
-#include "tests/support/TestGif.h"
-#include "tests/support/VideoHelpers.h"
 #include "tests/support/Waiting.h"
-
-#include <QtCore/QFile>
-#include <QtCore/QJsonArray>
-
-#include <signal.h>
 
 namespace velmora::test {
 
@@ -74,47 +65,6 @@ TEST_F(SplashPlaybackTest, APlayingVideoMayBeRemovedAtAnyMoment) {
         handleEvents();
     }
     EXPECT_TRUE(presenter().SSControllers().empty());
-}
-
-TEST_F(SplashPlaybackTest, TheStillTakesThePlaceOfAVideoWhoseDecoderCrashes) {
-    watchVideoHelpers();
-    QFile clip(QStringLiteral(VELMORA_TEST_CLIPS "/longer.mp4"));
-    ASSERT_TRUE(clip.open(QIODevice::ReadOnly));
-    putInCaches("own.mp4", clip.readAll());
-    putInCaches("own.png", gif({Qt::red}));
-    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
-    downloader.startUpdateAllAds();
-    ASSERT_TRUE(eventually([&] { return downloader.isUpdateAdsCurrentSession(); }));
-    downloader.setReplyJSON(QJsonObject{
-        {kMainVideoKey,
-         QJsonArray{QJsonObject{{kMainNameKey, QStringLiteral("own")},
-                                {kVideoCapture, QStringLiteral("/own.mp4")},
-                                {kVideoImage, QStringLiteral("/own.png")},
-                                {kVideoPriority, 1},
-                                {kVideoURL, QStringLiteral("https://store.example/app/1")}}}}});
-    downloader.downloadVideo();
-    ASSERT_TRUE(eventually([&] { return !downloader.interstitialVideoURL().isEmpty(); }));
-
-    Velmora::showWithouSplash();
-    time.advance(0);
-    ASSERT_TRUE(eventually([this] { return showsPicture(); }));
-    time.advance(5);
-    const auto &outlets = controller(window).outlets();
-    EXPECT_TRUE(isShown(outlets.closeButton));
-    EXPECT_TRUE(isShown(outlets.splashScreenPlayerView));
-    heard();
-    ASSERT_EQ(videoHelpers().size(), 1);
-    kill(videoHelpers().constFirst(), SIGSEGV);
-    EXPECT_TRUE(eventually([&] { return isShown(outlets.interstitialImage); }));
-    EXPECT_FALSE(isShown(outlets.splashScreenPlayerView));
-    EXPECT_TRUE(isShown(outlets.closeButton));
-    const auto showsStill = [&] {
-        time.advance(0.1); // the view fades
-        const QImage grabbed = window->grab().toImage();
-        return grabbed.pixelColor(grabbed.rect().center()) == QColor(Qt::red);
-    };
-    EXPECT_TRUE(eventually(showsStill));
-    EXPECT_EQ(heard(), QStringList()) << "the video has not ended";
 }
 
 } // namespace velmora::test

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ColoredView.h"
-#include "SplashScreenStyle.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/HostLook.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/Waiting.h"
@@ -8,28 +8,8 @@
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 
 namespace velmora::test {
-
-namespace {
-
-// As the Web Content Accessibility Guidelines define it.
-double luminance(const QColor &color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &one, const QColor &other) {
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
-
-} // namespace
 
 class SplashScreenAppearanceTest : public RegisteredHost {
 protected:
@@ -52,17 +32,6 @@ protected:
 
     HostLook look;
 };
-
-TEST_F(SplashScreenAppearanceTest, ThePresetAppliesToPresentAndLaterSplashScreens) {
-    EXPECT_FALSE(isDark(window));
-    Velmora::setSplashScreenAppearance(Appearance::Dark);
-    EXPECT_TRUE(isDark(window));
-    EXPECT_TRUE(isDark(openRegistered("later")));
-    EXPECT_EQ(colors(window).timerBorderWidth, 2);
-    Velmora::setSplashScreenAppearance(Appearance::Light);
-    EXPECT_EQ(colors(window).backgroundColor, QColor(Qt::white));
-    EXPECT_EQ(colors(window).timerTextColor, QColor(Qt::black));
-}
 
 TEST_F(SplashScreenAppearanceTest, TheDarkPresetCanBeRead) {
     Velmora::setSplashScreenAppearance(Appearance::Dark);

@@ -44,26 +44,6 @@ TEST_F(SplashScreenSequenceTest, ASequenceRunsThroughItsPhases) {
     EXPECT_EQ(Velmora::splashScreenStartCount(), 2);
 }
 
-TEST_F(SplashScreenSequenceTest, WithoutTheStartScreenTheVideoStartsAtOnce) {
-    useUnplayableVideo();
-    Velmora::showWithouSplash();
-    EXPECT_EQ(heard(), (QStringList{WillShow, DidShow}));
-    time.advance(0);
-    EXPECT_EQ(heard(), (QStringList{VideoStart}));
-    const SplashScreenOutlets &outlets = controller(window).outlets();
-    EXPECT_TRUE(isShown(outlets.splashScreenPlayerView));
-    EXPECT_TRUE(isShown(outlets.soundButton));
-    EXPECT_EQ(videoCountdown(window), QStringLiteral("5"));
-    time.advance(5);
-    EXPECT_EQ(videoCountdown(window), QStringLiteral("0"));
-    // The video has not ended: the close button takes the place of the ring only.
-    EXPECT_TRUE(isShown(outlets.closeButton));
-    EXPECT_FALSE(isShown(outlets.videoProgressView));
-    EXPECT_TRUE(isShown(outlets.splashScreenPlayerView));
-    outlets.closeButton->click();
-    EXPECT_FALSE(presenter().withoutSplash());
-}
-
 TEST_F(SplashScreenSequenceTest, AfterAShortVideoTheEndScreenWaitsForTheCloseButton) {
     useUnplayableVideo();
     Velmora::forceShow();
@@ -77,13 +57,6 @@ TEST_F(SplashScreenSequenceTest, AfterAShortVideoTheEndScreenWaitsForTheCloseBut
     EXPECT_EQ(presenter().stateSplashScreen(), Presenter::SplashScreenStateVideoCloseButton);
     EXPECT_TRUE(isShown(controller(window).outlets().closeButton));
     EXPECT_TRUE(isShown(controller(window).outlets().removeAdsButton));
-
-    controller(window).didVideoEnded();
-    EXPECT_EQ(presenter().stateSplashScreen(), Presenter::SplashScreenStateEnd);
-    presenter().didClickClose();
-    heard();
-    controller(window).didVideoEnded();
-    EXPECT_EQ(heard(), QStringList()) << "nothing is shown any more";
 }
 
 TEST_F(SplashScreenSequenceTest, APauseKeepsTheFractionOfTheSecond) {

@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "AdKeys.h"
 #include "AdsDownloader.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
-#include <QtCore/QJsonArray>
-
 namespace velmora::test {
 
 class SplashScreenVideoTest : public RegisteredHost {};
 
 TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
-    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
-    downloader.startUpdateAllAds();
-    ASSERT_TRUE(eventually([&] { return downloader.isUpdateAdsCurrentSession(); }));
-    const auto draw = [&](const QString &name) {
-        const QJsonObject ad{{kMainNameKey, name},
-                             {kVideoCapture, QStringLiteral("/%1.mp4").arg(name)},
-                             {kVideoImage, QStringLiteral("/%1.png").arg(name)},
-                             {kVideoPriority, 1},
-                             {kVideoURL, QStringLiteral("https://store.example/app/%1").arg(name)}};
-        downloader.setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
-        downloader.downloadVideo();
-    };
     const auto click = [&] {
         heard();
         opened.clear();
@@ -37,7 +22,7 @@ TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     Velmora::setDefaultVideoWithURL(presenter().defaultVideoUrl(), link);
     ASSERT_TRUE(eventually([] { return !presenter().defaultVideoName().isNull(); }));
     // An ad was drawn, but its video cannot be downloaded: the default video plays.
-    draw(QStringLiteral("ghost"));
+    drawVideo(QStringLiteral("ghost"));
     Velmora::forceShow();
     click();
     EXPECT_EQ(opened, QList<QUrl>()) << "nothing to click on yet";
@@ -53,13 +38,13 @@ TEST_F(SplashScreenVideoTest, LinkNameAndEndPictureBelongToTheVideoThatPlays) {
     putInCaches("own.mp4", FilmHead);
     putInCaches("own.png", gif({Qt::red}));
     ASSERT_TRUE(eventually([&] {
-        draw(QStringLiteral("own")); // refused until the request for "ghost" has failed
-        return !downloader.interstitialVideoURL().isEmpty();
+        drawVideo(QStringLiteral("own")); // refused until the request for "ghost" has failed
+        return !AdsDownloader::sharedInstance()->interstitialVideoURL().isEmpty();
     }));
-    draw(QStringLiteral("ghost"));
+    drawVideo(QStringLiteral("ghost"));
     Velmora::forceShow();
     time.advance(5);
-    draw(QStringLiteral("ghost"));
+    drawVideo(QStringLiteral("ghost"));
     click();
     EXPECT_EQ(opened, QList<QUrl>{QUrl(QStringLiteral("macappstores://store.example/app/own"))});
     EXPECT_EQ(heard(), QStringList{QStringLiteral("clickforvideo:own")});

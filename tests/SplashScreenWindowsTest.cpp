@@ -56,21 +56,6 @@ TEST_F(SplashScreenWindowsTest, AClosedWindowIsRemovedOnlyWithAutoRemovalOn) {
     EXPECT_EQ(presenter().splashScreenControllerWithWindow(second), nullptr);
 }
 
-TEST_F(SplashScreenWindowsTest, TheKeyWindowWithTheVideoMayBeRemovedOrDestroyed) {
-    for (const bool isDestroyed : {false, true}) {
-        QWidget *playing = openRegistered("playing");
-        Velmora::forceShow();
-        time.advance(6);
-        if (isDestroyed)
-            closeWindow(playing);
-        else
-            Velmora::removeSplashScreenFromWindow(playing);
-        EXPECT_FALSE(presenter().splashScreenControllerWithVideo());
-        presenter().didClickClose();
-    }
-    EXPECT_FALSE(presenter().isFocus());
-}
-
 TEST_F(SplashScreenWindowsTest, AWindowWithNewContentKeepsItsSplashScreen) {
     auto *main = new QMainWindow;
     main->setCentralWidget(new QWidget);

@@ -7,6 +7,7 @@
 #include "tests/support/Waiting.h"
 #include <Velmora/Timer.h>
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 
 #include <memory>
@@ -56,6 +57,8 @@ class SystemTimerTest : public FreshProcess {};
 
 TEST_F(SystemTimerTest, TimersFireInOrderAndEndWithTheProcessState) {
     QList<int> order;
+    QElapsedTimer clock;
+    clock.start();
     Timer::scheduled(0.03, Kind::OneShot, [&] { order.append(2); });
     Timer::scheduled(0, Kind::OneShot, [&] { order.append(1); });
     TimerPtr tick;
@@ -67,6 +70,7 @@ TEST_F(SystemTimerTest, TimersFireInOrderAndEndWithTheProcessState) {
     });
     ASSERT_TRUE(eventually([&] { return order.size() >= 5; }));
     EXPECT_EQ(order.mid(0, 3), (QList<int>{1, 2, 3}));
+    EXPECT_GE(clock.elapsed(), 70) << "four turns of 20 ms";
     const TimerPtr left = Timer::scheduled(0.01, Kind::OneShot, [&] { order.append(9); });
     restartProcess();
     EXPECT_FALSE(left->isValid());

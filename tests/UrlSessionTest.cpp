@@ -10,7 +10,6 @@
 #include <QtCore/QTemporaryDir>
 
 #include <optional>
-#include <thread>
 
 namespace velmora::test {
 
@@ -58,18 +57,6 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(UrlSessionTest, PostsExactlyTheBodyWithoutAContentType) {
-    UrlSession session(trusting());
-    const UrlRequest request = to(TablePath, "{\"a\" : \"?\"}");
-    ASSERT_TRUE(answer(session, request));
-    const auto received = server.log().requests(TablePath);
-    ASSERT_EQ(received.size(), 1);
-    EXPECT_EQ(received.first().method, QByteArray("POST"));
-    EXPECT_EQ(received.first().body, request.body);
-    EXPECT_EQ(received.first().header("Content-Length"), QByteArray::number(request.body.size()));
-    EXPECT_TRUE(received.first().header("Content-Type").isEmpty());
-}
-
 TEST_F(UrlSessionTest, AFileGetsItsNameOnlyWhenItIsComplete) {
     UrlSession session(trusting());
     // Larger than what is read at once.
@@ -93,17 +80,6 @@ TEST_F(UrlSessionTest, AFileGetsItsNameOnlyWhenItIsComplete) {
     nowhere.destination = folder.filePath(QStringLiteral("file/media"));
     EXPECT_FALSE(answer(session, nowhere)->error.isEmpty());
     EXPECT_EQ(answer(session, toFile())->error, QString());
-}
-
-TEST_F(UrlSessionTest, AReplyOfAnyStatusIsASuccess) {
-    UrlSession session(trusting());
-    for (const int status : {404, 401, 500, 503}) {
-        server.faults().set(QStringLiteral("/file"), Fault::statusCode(status, "<html>sorry"));
-        const auto response = answer(session, toFile());
-        EXPECT_EQ(response->error, QString()) << status;
-        EXPECT_EQ(response->status, status);
-        EXPECT_EQ(QFile(toFile().destination).size(), 11) << status;
-    }
 }
 
 TEST_F(UrlSessionTest, ADownloadDoesNotFollowASymbolicLink) {
@@ -166,7 +142,7 @@ TEST_F(UrlSessionTest, IdleConnectionsAreClosed) {
     EXPECT_EQ(answer(session, toFile())->error, QString());
 }
 
-TEST_F(UrlSessionTest, RefusesOtherSchemesAndUnsafeRedirects) {
+TEST_F(UrlSessionTest, RefusesOtherSchemes) {
     UrlSession session(trusting());
     for (const char *address : {"", "file:///etc/passwd", "ftp://127.0.0.1/x", "https://",
                                 "data:,x", "https:///x", "127.0.0.1/x"}) {
@@ -174,10 +150,6 @@ TEST_F(UrlSessionTest, RefusesOtherSchemesAndUnsafeRedirects) {
         request.url = QUrl(QLatin1String(address));
         EXPECT_FALSE(answer(session, request)->error.isEmpty()) << address;
     }
-    server.faults().set(QStringLiteral("/file"),
-                        Fault::redirect(QStringLiteral("http://127.0.0.1:9/x")));
-    EXPECT_FALSE(answer(session, toFile())->error.isEmpty());
-    EXPECT_TRUE(files().isEmpty());
 }
 
 TEST_F(UrlSessionTest, AnOnlyOnceRequestIsNotRepeatedWhenItsConnectionBreaks) {
@@ -266,24 +238,6 @@ TEST_F(UrlSessionTest, ItIsDestroyedAtOnceWithAHungServerAndCallsNoCompletion) {
     handleEvents();
     EXPECT_FALSE(called);
     EXPECT_TRUE(files().isEmpty());
-}
-
-TEST_F(UrlSessionTest, FetchBlocksAWorkerUntilTheReplyOrTheEndOfTheSession) {
-    auto session = std::make_unique<UrlSession>(trusting());
-    const UrlRequest request = to(QStringLiteral("/file"));
-    std::optional<UrlResponse> first;
-    std::thread([&] { first = session->fetch(request); }).join();
-    ASSERT_TRUE(first);
-    EXPECT_EQ(first->body.size(), 300'000);
-
-    server.faults().set(QStringLiteral("/file"), Fault::hang());
-    server.log().clear();
-    std::optional<UrlResponse> second = UrlResponse();
-    std::thread waiting([&, waited = session.get()] { second = waited->fetch(request); });
-    ASSERT_TRUE(eventually([&] { return server.log().count() > 0; }));
-    session.reset();
-    waiting.join();
-    EXPECT_FALSE(second);
 }
 
 } // namespace velmora::test

@@ -32,16 +32,6 @@ protected:
     HostName name;
 };
 
-TEST_F(UserDefaultsTest, ValuesSurviveTheProcess) {
-    VLMSetObjForKey(QByteArray("\0bytes\xff", 7), QStringLiteral("test-bytes"));
-    restartProcess();
-    EXPECT_EQ(VLMObjForKey(QStringLiteral("test-bytes")).toByteArray(),
-              QByteArray("\0bytes\xff", 7));
-    VLMUserDefaults().removeObject(QStringLiteral("test-bytes"));
-    restartProcess();
-    EXPECT_FALSE(VLMObjForKey(QStringLiteral("test-bytes")).isValid());
-}
-
 TEST_F(UserDefaultsTest, ManyThreadsMayReadAndWrite) {
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t) {
@@ -116,14 +106,12 @@ TEST_F(UserDefaultsTest, AValueThatAnotherProcessWroteIsReadAtOnce) {
     EXPECT_FALSE(Switches::isADSRemoved());
     inAnotherProcess("remove");
     EXPECT_TRUE(Switches::isADSRemoved());
-    // Reading stays cheap.
-    constexpr int Readings = 1000;
+    // Reading stays cheap: a millisecond at the most.
     QElapsedTimer clock;
     clock.start();
-    for (int i = 0; i < Readings; ++i)
+    for (int i = 0; i < 1000; ++i)
         Switches::isADSRemoved();
-    EXPECT_LT(clock.nsecsElapsed() / Readings, 1'000'000);
-    RecordProperty("nanoseconds", int(clock.nsecsElapsed() / Readings));
+    EXPECT_LT(clock.elapsed(), 1000);
 }
 
 TEST_F(UserDefaultsTest, AnUnwritableFileIsLoggedAndTheValueHoldsInMemory) {
@@ -191,11 +179,8 @@ TEST(UnnamedHostTest, DISABLED_NothingIsWrittenBeforeThereIsAName) {
     EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/Acme/named.conf")));
     // The bundle's folder is known only with an application object.
     EXPECT_TRUE(VLMMainAppBundle().resourcePath().isEmpty());
-    int count = 1;
-    char name[] = "host";
-    char *arguments[] = {name, nullptr};
-    const QCoreApplication application(count, arguments);
-    EXPECT_EQ(VLMMainAppBundle().resourcePath(), application.applicationDirPath());
+    const LateApplication application;
+    EXPECT_EQ(VLMMainAppBundle().resourcePath(), QCoreApplication::applicationDirPath());
     ProcessRoot::drop();
     EXPECT_TRUE(Switches::isADSRemoved());
     qInstallMessageHandler(nullptr);
@@ -208,18 +193,13 @@ TEST(UserDefaultsWithoutANameTest, ValuesStayInMemoryUntilThereIsOne) {
                         folder.path());
 }
 
-TEST_F(UserDefaultsTest, DebugModeLogsRegardlessOfTheHostsLoggingRules) {
-    Switches::activateDebugMode();
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nvelmora=false"));
-    LOG(QStringLiteral("one"));
-    QLoggingCategory::setFilterRules({});
-    EXPECT_EQ(logged(), QStringList{QStringLiteral("one")});
-}
-
 TEST_F(UserDefaultsTest, LogWritesOnlyInDebugModeAndWhileAdsAreNotRemoved) {
     LOG(QStringLiteral("one"));
     Switches::activateDebugMode();
+    // The host's own rules do not matter.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nvelmora=false"));
     LOG(QStringLiteral("two %1 %@"));
+    QLoggingCategory::setFilterRules({});
     Switches::setADSRemoved(true);
     LOG(QStringLiteral("three"));
     EXPECT_EQ(logged(), QStringList{QStringLiteral("two %1 %@")});

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "VideoLoader.h"
 #include "AdTable.h"
-#include "ProcessRoot.h"
-#include "SerialQueue.h"
 #include "Switches.h"
 #include "tests/support/LocalAdServer.h"
 #include "tests/support/TestRandom.h"
@@ -60,38 +58,6 @@ TEST_F(VideoLoaderTest, AVideoIsReadyOnceItsStillIsAndEveryReadLoadsTheNext) {
     EXPECT_EQ(loader->drawnAd(), second);
 }
 
-TEST_F(VideoLoaderTest, TheReadyVideoIsOneAdWhileOthersAreLoading) {
-    const auto fileNames = [](const VideoAd &ad) {
-        return QStringList{ad.file.fileName(), ad.still.fileName(), ad.link.fileName(), ad.name()};
-    };
-    const auto namesOf = [](const QString &name) {
-        return QStringList{name + QStringLiteral(".mp4"), name + QStringLiteral(".png"),
-                           QStringLiteral("id") + name, name};
-    };
-    useVideo(video("first"));
-    loader->loadNext();
-    ASSERT_TRUE(waitForStill());
-
-    const QString still = QStringLiteral("/media/second.png");
-    server.faults().set(still, Fault::hang());
-    const QJsonObject second = video("second");
-    useVideo(second);
-    loader->loadNext();
-    ASSERT_TRUE(eventually([&] { return server.log().count(still) == 1; }));
-    server.faults().set(QStringLiteral("/media/third.mp4"), Fault::hang());
-    const QJsonObject third = video("third");
-    useVideo(third);
-    EXPECT_EQ(fileNames(loader->videoToPlay()), namesOf(QStringLiteral("first")));
-    EXPECT_EQ(loader->drawnAd(), third);
-    EXPECT_TRUE(loader->still().isEmpty());
-
-    server.faults().clear(still);
-    ASSERT_TRUE(waitForStill());
-    EXPECT_EQ(fileNames(loader->videoToPlay()), namesOf(QStringLiteral("second")));
-    EXPECT_EQ(cachedAds().last(), QJsonValue(second));
-    EXPECT_EQ(loader->drawnAd(), third);
-}
-
 TEST_F(VideoLoaderTest, AReadyVideoWhoseFileWasDeletedIsNotReturned) {
     useVideo(video("film"));
     loader->loadNext();
@@ -99,7 +65,7 @@ TEST_F(VideoLoaderTest, AReadyVideoWhoseFileWasDeletedIsNotReturned) {
     EXPECT_FALSE(loader->videoToPlay().file.isEmpty());
     // So that the next video never arrives.
     server.faults().set(QStringLiteral("/media/film.mp4"), Fault::hang());
-    ASSERT_TRUE(ProcessRoot::get<DiskQueue>().drain(std::chrono::seconds(10)));
+    waitForDisk();
     ASSERT_TRUE(QDir(cachesFolder()).removeRecursively());
     EXPECT_TRUE(loader->videoToPlay().file.isEmpty());
     EXPECT_TRUE(loader->videoToPlay().link.isEmpty());

@@ -90,42 +90,6 @@ TEST_F(WindowTest, ARefusedCloseIsNotPosted) {
     EXPECT_FALSE(heard.contains(QStringLiteral("close w")));
 }
 
-TEST_F(WindowTest, TheContentViewIsTheCentralWidget) {
-    QMainWindow window;
-    EXPECT_EQ(Window::of(&window)->contentView(), &window);
-    auto *page = new QWidget;
-    window.setCentralWidget(page);
-    EXPECT_EQ(Window::of(page)->contentView(), page);
-    EXPECT_EQ(Window::of(nullptr), nullptr);
-}
-
-TEST_F(WindowTest, BecameVisibleIsEmittedOnlyWhenTheWindowBecomesVisible) {
-    QWidget window;
-    int shown = 0;
-    QObject::connect(Window::of(&window), &Window::becameVisible, [&] {
-        ++shown;
-        EXPECT_TRUE(Window::of(&window)->isVisible());
-    });
-    const auto times = [&] {
-        handleEvents();
-        return std::exchange(shown, 0);
-    };
-    window.showMinimized();
-    EXPECT_EQ(times(), 0);
-    EXPECT_FALSE(Window::of(&window)->isVisible());
-    EXPECT_FALSE(Window::of(&window)->isKeyWindow());
-    window.showNormal();
-    EXPECT_EQ(times(), 1);
-    window.showMaximized();
-    window.showNormal();
-    window.raise();
-    EXPECT_EQ(times(), 0);
-    window.hide();
-    EXPECT_EQ(times(), 0);
-    window.show();
-    EXPECT_EQ(times(), 1);
-}
-
 TEST_F(WindowTest, AReparentedWidgetBelongsToItsNewWindow) {
     auto page = shown("page");
     const auto host = shown("host");
@@ -160,34 +124,6 @@ protected:
                native->maximumSize() == window.maximumSize();
     }
 };
-
-TEST_F(WindowStyleTest, OnlyTheUserCannotResizeAWindowThatIsNotResizable) {
-    const auto host = shown("w");
-    host->setMinimumSize(200, 100);
-    host->resize(500, 300);
-    handleEvents();
-    Window *window = Window::of(host.get());
-    EXPECT_TRUE(window->isResizable());
-
-    window->setStyleMask(window->styleMask() & ~Window::Resizable);
-    EXPECT_FALSE(window->isResizable());
-    EXPECT_TRUE(isFixedForUser(*host));
-    EXPECT_EQ(host->size(), QSize(500, 300));
-    EXPECT_EQ(host->minimumSize(), QSize(200, 100));
-
-    host->resize(600, 350);
-    handleEvents();
-    EXPECT_EQ(host->size(), QSize(600, 350));
-    EXPECT_TRUE(isFixedForUser(*host));
-    host->setMaximumSize(900, 800);
-    activate(host.get());
-
-    window->setStyleMask(window->styleMask() | Window::Resizable);
-    EXPECT_TRUE(window->isResizable());
-    EXPECT_TRUE(hasItsOwnLimits(*host));
-    EXPECT_EQ(host->maximumSize(), QSize(900, 800));
-    EXPECT_EQ(host->size(), QSize(600, 350));
-}
 
 TEST_F(WindowStyleTest, ALayoutStillSetsTheMinimumSize) {
     const auto host = shown<QMainWindow>("w");

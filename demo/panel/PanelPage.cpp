@@ -35,24 +35,24 @@ protected:
 QString PanelPage::look() {
     return QStringLiteral(
                "QScrollArea, #pageContent { background: transparent; border: none; }"
-               "QPushButton { background: white; border: 1px solid %1; border-radius: 6px;"
+               "QPushButton { background: %5; border: 1px solid %1; border-radius: 6px;"
                " padding: 5px 8px; color: %2; }"
                "QPushButton:hover { border-color: %3; }"
                "QPushButton:pressed, QPushButton:checked { background: %3; border-color: %3;"
-               " color: white; }"
+               " color: %6; }"
                "QPushButton:focus { border-color: %3; }"
                "QPushButton:disabled { color: %4; }"
-               "QLineEdit { background: white; border: 1px solid %1; border-radius: 6px;"
+               "QLineEdit { background: %5; border: 1px solid %1; border-radius: 6px;"
                " padding: 3px 6px; color: %2; min-height: 20px; }"
                "QLineEdit:focus { border-color: %3; }"
                "QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: %1; }"
                "QSlider::handle:horizontal { width: 14px; margin: -6px 0; border-radius: 7px;"
-               " background: white; border: 1px solid %4; }"
+               " background: %5; border: 1px solid %4; }"
                "QSlider::handle:horizontal:hover, QSlider::handle:horizontal:focus {"
                " border-color: %3; }"
-               "QListView { background: white; border: 1px solid %1; border-radius: 6px; }")
-        .arg(theme::Line.darker(106).name(), theme::Ink.name(), theme::Accent.name(),
-             theme::Line.darker(140).name());
+               "QListView { background: %5; border: 1px solid %1; border-radius: 6px; }")
+        .arg(theme::Line.name(), theme::Ink.name(), theme::Accent.name(), theme::LineStrong.name(),
+             theme::Surface.name(), theme::OnAccent.name());
 }
 
 QLabel *PanelPage::newCaption(Text::Key text) {

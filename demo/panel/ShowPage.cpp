@@ -7,6 +7,7 @@
 #include <Velmora/Velmora.h>
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QTimer>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSpinBox>
@@ -17,6 +18,9 @@ namespace {
 
 constexpr int LongestLoadTime = 15;
 constexpr int OneHour = 3600;
+// Long enough to go back to the page and type.
+constexpr int SoonMs = 5000;
+
 const QString SomeAppId = QStringLiteral("1645302987");
 
 } // namespace
@@ -32,6 +36,8 @@ void ShowPage::addRequests() {
     addSection(Text::ShowRequests);
     addButton(Text::ShowIfDue, QStringLiteral("showSplashButton"), &Velmora::show);
     addButton(Text::ShowNow, QStringLiteral("forceButton"), &Velmora::forceShow);
+    addButton(Text::ShowSoon, QStringLiteral("soonButton"),
+              [this] { QTimer::singleShot(SoonMs, this, &Velmora::forceShow); });
     addButton(Text::ShowVideoOnly, QStringLiteral("videoOnlyButton"), &Velmora::showWithouSplash);
     addButton(Text::ShowWaitAgain, QStringLiteral("waitButton"), &Velmora::refreshWaitAgain);
 }

@@ -11,6 +11,7 @@ int main(int argc, char **argv) {
     window.resize(900, 600);
     window.show();
     Velmora::setSplashScreenDelay(3);
+    Velmora::setSplashScreenSkippedWhenEmpty(true); // without a video, nobody waits for one
     Velmora::setBannersReserveSpace(true);
     Velmora::addBannerForWindow(&window);
     Velmora::addSplashScreenToWindow(&window);

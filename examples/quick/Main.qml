@@ -30,6 +30,7 @@ Window {
     }
     Component.onCompleted: {
         Velmora.setSplashScreenDelay(3)
+        Velmora.setSplashScreenSkippedWhenEmpty(true) // without a video, nobody waits for one
         Velmora.addSplashScreenToWindow(window)
     }
 }

@@ -4,6 +4,7 @@
 #include <Velmora/Appearance.h>
 #include <Velmora/BannerController.h>
 #include <Velmora/Export.h>
+#include <Velmora/Motion.h>
 #include <Velmora/NotificationCenter.h>
 #include <Velmora/Notifications.h>
 #include <Velmora/Support.h>
@@ -51,6 +52,7 @@ public:
     Velmora() = delete;
 
     using Appearance = velmora::Appearance;
+    using Motion = velmora::Motion;
     using BannerList = std::vector<std::shared_ptr<velmora::BannerController>>;
 
     /// @name Switches
@@ -67,6 +69,14 @@ public:
     static void setARCToWindows(bool on);
     /// What setARCToWindows() has set.
     static bool isARCActivate();
+
+    /// Sets how much banners and splash screens move. With FollowsDesktop the user's setting of the
+    /// desktop decides, and is followed while the host runs: on Linux it is asked from the settings
+    /// portal (org.freedesktop.portal.Settings) over D-Bus when the first view is made, without
+    /// blocking, and until the answer comes motion is not reduced; on macOS it is "Reduce motion".
+    /// A desktop without a portal counts as one that allows motion. What is shown changes at once.
+    /// Any other value counts as Full. Default: FollowsDesktop. Main thread.
+    static void setMotion(Motion motion);
 
     /// True when ads are removed. Read from the host's settings at every call. Any thread.
     static bool isADSRemoved();
@@ -100,6 +110,10 @@ public:
     /// Registers a window. In a QMainWindow the splash screen covers everything below the menu bar;
     /// see setSplashScreenTopInset() to leave more uncovered. When splash screens are shown
     /// already, the window gets its splash screen at once.
+    ///
+    /// While a splash screen is shown, keys, clicks, wheel and drops do not reach what it covers,
+    /// and shortcuts of the window do not act. Shortcuts with Qt::ApplicationShortcut do, and those
+    /// that quit: of an action with QAction::QuitRole, or with Ctrl+Q.
     /// @param window a top-level widget, or any widget in it
     /// @return false when nothing was registered: the window is registered already or null, ads are
     ///         removed, or there is no application object
@@ -120,10 +134,22 @@ public:
 
     /// Shows the splash screens if isADSReady(). Ignored otherwise, and while they are shown. When
     /// no registered window is key, they are shown as soon as one becomes key. Any thread.
+    ///
+    /// The user is not interrupted: the splash screens wait while a mouse button or a key is held,
+    /// a drag is under way, or a popup or a modal dialog of the host is open, and until one second
+    /// after the last keystroke or text of an input method. VelmoraEvents::refused() tells once
+    /// that they wait. They are then shown if all of the above is still true. Further calls
+    /// meanwhile change nothing; forceShow() ends the waiting, as does the removal of the last
+    /// registered window or of ads. A held key counts for ten seconds after its last repeat.
+    ///
+    /// A modal dialog that is itself registered for splash screens does not count. The popups of Qt
+    /// Quick (Menu, Popup) cannot be seen, nor the input to windows of another toolkit: a host that
+    /// has them calls show() when they are closed.
     static void show();
-    /// Shows the splash screens, also while isADSReady() is false. Ignored while they are shown,
-    /// and when no registered window is key. Ends a running waiting period; ads become ready again
-    /// a waiting period after the sequence, or after refreshWaitAgain(). Any thread.
+    /// Shows the splash screens at once, also while isADSReady() is false, the user is in the
+    /// middle of something, or there is no video. Ignored while they are shown, and when no
+    /// registered window is key. Ends a running waiting period; ads become ready again a waiting
+    /// period after the sequence, or after refreshWaitAgain(). Any thread.
     static void forceShow();
     /// Like forceShow(), but without the start screen: the sequence starts with the video. Any
     /// thread.
@@ -134,7 +160,8 @@ public:
 
     /// True while splash screens are shown.
     static bool isShowSplashScreen();
-    /// True when the waiting period is over, so that show() shows the splash screens.
+    /// True when the waiting period is over, so that show() shows the splash screens as soon as it
+    /// would not interrupt the user.
     static bool isADSReady();
     /// How many sequences this process has started.
     static qint64 splashScreenStartCount();
@@ -169,6 +196,18 @@ public:
     /// are cut off; a negative value and NaN count as 30. Call it before that registration.
     /// Default: 30.
     static void setSplashScreenDelay(double seconds);
+
+    /// Sets whether videos are played without sound, which the user can change at the sound button
+    /// of the video. Applies at once, also to a video that is playing. The user's choice, once
+    /// made, overrides this setting: it is stored in the host's settings (key "splashScreenMuted")
+    /// and holds for all later sequences, also of later runs. Default: false.
+    static void setSplashScreenMuted(bool muted);
+    /// Sets whether show() does nothing while there is neither a video of the ad server nor the
+    /// default video, so that the user does not wait for nothing. VelmoraEvents::refused() tells so
+    /// with VelmoraEvents::Reason::NoVideo, ads stay ready, and the next call of show() can
+    /// succeed. Does not apply to forceShow() and showWithouSplash(). Default: false, the start
+    /// screen and the end screen are shown without a video.
+    static void setSplashScreenSkippedWhenEmpty(bool skipped);
     /// @}
 
     /// @name Appearance of splash screens
@@ -309,6 +348,13 @@ public:
     /// VelmoraEvents::refused() is emitted. A window that is too low for its layout and the banner
     /// grows, as it does with other content.
     static void setBannersReserveSpace(bool reserve);
+
+    /// Sets whether Tab reaches the close button, the play button (see setMotion()) and the ad of
+    /// banners, in this order. Default: true. Applies to all banners, also to later ones. Screen
+    /// readers find both either way. Keys don't reach a banner in a native window of its own, which
+    /// it has over native child windows and in a QWindow that is not a widget's. The QML item
+    /// Banner has no such window.
+    static void setBannersInTabOrder(bool areInTabOrder);
 
     /// Sets the height of all banners, also of later ones. A negative height counts as 0.
     /// Default: 100.

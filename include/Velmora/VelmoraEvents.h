@@ -66,6 +66,9 @@ public:
         NoPicture,    ///< the picture can't be used; a house banner is shown instead if possible
         NoLayout,     ///< the view has neither a layout nor a frame that contents margins move
         InvalidValue, ///< NaN, infinity, an invalid colour or a null image
+        /// The user is in the middle of something: see Velmora::show(). The splash screens appear
+        /// when that is finished.
+        UserIsBusy,
     };
     Q_ENUM(Reason)
 

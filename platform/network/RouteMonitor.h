@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "IpAddress.h"
+
 #include <Velmora/ReachabilityFlags.h>
 
 #include <QtCore/QString>
-#include <QtNetwork/QHostAddress>
 
 #include <functional>
 #include <memory>
@@ -15,7 +16,7 @@ namespace velmora {
 struct RouteTarget {
     /// 0.0.0.0 and :: stand for the internet in general, 169.254.0.0 for the local network. Null
     /// for a host name.
-    QHostAddress address;
+    IpAddress address;
     /// Only stored; routes do not depend on it.
     quint16 port = 0;
     QString hostName;
@@ -35,7 +36,7 @@ public:
     };
 
     /// The current flags of an address; 0 when they can't be read. Takes less than a millisecond.
-    static ReachabilityFlags query(const QHostAddress &target);
+    static ReachabilityFlags query(const IpAddress &target);
 
     /// Makes a monitor that is not started. Returns null when the target is neither an address nor
     /// a possible host name, because the name is empty or too long. Starts looking a name up.

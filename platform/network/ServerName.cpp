@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ServerName.h"
 
-#include <QtCore/QList>
+#include "IpAddress.h"
 
-#include <arpa/inet.h>
+#include <QtCore/QList>
 
 #include <algorithm>
 
@@ -25,9 +25,7 @@ bool isLetterOrDigit(QChar c) {
 } // namespace
 
 bool ServerName::isIPv4Address(const QString &text) {
-    in_addr parsed{};
-    return !text.contains(QChar::Null) && // inet_pton() would stop there
-           inet_pton(AF_INET, text.toUtf8().constData(), &parsed) == 1;
+    return IpAddress(text).family() == AF_INET;
 }
 
 bool ServerName::isDnsLabel(QStringView text) {

@@ -2,8 +2,8 @@
 #include "UrlSessionWorker.h"
 
 #include "BackgroundThread.h"
+#include "CurlLibrary.h"
 #include "Log.h"
-#include "ProcessRoot.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -17,16 +17,6 @@ namespace {
 
 // libcurl wakes up for its own timeouts before this.
 constexpr int LongestPollMs = 600'000;
-
-void initialiseLibrary() {
-    static const bool once = [] {
-        curl_global_init(CURL_GLOBAL_DEFAULT);
-        // The TLS library has just registered what it does at exit(). Ours must come before that.
-        ProcessRoot::registerAtExit();
-        return true;
-    }();
-    Q_UNUSED(once)
-}
 
 UrlResponse refusal(const QString &reason) {
     UrlResponse response;
@@ -87,7 +77,7 @@ void UrlSessionWorker::stop() {
 
 void UrlSessionWorker::wakeThread() {
     if (m_multi)
-        curl_multi_wakeup(m_multi);
+        CurlLibrary::instance().multi_wakeup(m_multi);
 }
 
 void UrlSessionWorker::startThread() {
@@ -108,20 +98,38 @@ void UrlSessionWorker::startThread() {
 }
 
 void UrlSessionWorker::run() {
-    initialiseLibrary();
-    CURLM *multi = curl_multi_init();
-    {
-        const std::lock_guard lock(m_mutex);
-        m_multi = multi;
+    const CurlLibrary &curl = CurlLibrary::instance();
+    if (!curl.error.isEmpty()) {
+        refusePending(curl.error);
+    } else {
+        CURLM *multi = curl.multi_init();
+        {
+            const std::lock_guard lock(m_mutex);
+            m_multi = multi;
+        }
+        transferLoop(multi);
+        curl.multi_cleanup(multi);
     }
-    transferLoop(multi);
-    curl_multi_cleanup(multi);
     const std::lock_guard lock(m_mutex);
     m_isRunning = false;
     m_ended.notify_all();
-    // Requests that were queued after leavesLoop().
+    // Requests that were queued after the last look at the queue.
     if (!m_pending.empty())
         startThread();
+}
+
+void UrlSessionWorker::refusePending(const QString &error) {
+    Log::write(QStringLiteral("there is no network: %1").arg(error));
+    std::deque<Job> refused;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isCancelRequested = false;
+        refused.swap(m_cancelled);
+        std::move(m_pending.begin(), m_pending.end(), std::back_inserter(refused));
+        m_pending.clear();
+    }
+    for (const Job &job : refused)
+        job.done(refusal(error));
 }
 
 void UrlSessionWorker::transferLoop(CURLM *multi) {
@@ -130,13 +138,13 @@ void UrlSessionWorker::transferLoop(CURLM *multi) {
         cancelAllIfRequested(active, multi);
         startNext(active, multi);
         int running = 0;
-        curl_multi_perform(multi, &running);
+        CurlLibrary::instance().multi_perform(multi, &running);
         const bool hasFinished = takeFinished(active, multi);
         if (!hasFinished)
-            curl_multi_poll(multi, nullptr, 0, LongestPollMs, nullptr);
+            CurlLibrary::instance().multi_poll(multi, nullptr, 0, LongestPollMs, nullptr);
     }
     for (const auto &[transfer, job] : active)
-        curl_multi_remove_handle(multi, transfer->handle());
+        CurlLibrary::instance().multi_remove_handle(multi, transfer->handle());
 }
 
 bool UrlSessionWorker::leavesLoop(const Transfers &active) {
@@ -157,7 +165,7 @@ void UrlSessionWorker::cancelAllIfRequested(Transfers &active, CURLM *multi) {
         unsent.swap(m_cancelled);
     }
     for (const auto &[transfer, job] : active) {
-        curl_multi_remove_handle(multi, transfer->handle());
+        CurlLibrary::instance().multi_remove_handle(multi, transfer->handle());
         job.done(transfer->cancelledResponse());
     }
     active.clear();
@@ -180,7 +188,7 @@ void UrlSessionWorker::startNext(Transfers &active, CURLM *multi) {
             job.done(transfer->takeResponse());
             continue;
         }
-        curl_multi_add_handle(multi, transfer->handle());
+        CurlLibrary::instance().multi_add_handle(multi, transfer->handle());
         active.emplace_back(std::move(transfer), std::move(job));
     }
 }
@@ -188,7 +196,7 @@ void UrlSessionWorker::startNext(Transfers &active, CURLM *multi) {
 bool UrlSessionWorker::takeFinished(Transfers &active, CURLM *multi) {
     bool hasFinished = false;
     int left = 0;
-    while (const CURLMsg *message = curl_multi_info_read(multi, &left)) {
+    while (const CURLMsg *message = CurlLibrary::instance().multi_info_read(multi, &left)) {
         if (message->msg != CURLMSG_DONE)
             continue;
         const CURLcode result = message->data.result;
@@ -198,9 +206,9 @@ bool UrlSessionWorker::takeFinished(Transfers &active, CURLM *multi) {
         if (found == active.end())
             continue;
         hasFinished = true;
-        curl_multi_remove_handle(multi, found->first->handle());
+        CurlLibrary::instance().multi_remove_handle(multi, found->first->handle());
         if (found->first->goesOnAfter(result)) {
-            curl_multi_add_handle(multi, found->first->handle());
+            CurlLibrary::instance().multi_add_handle(multi, found->first->handle());
             continue;
         }
         const auto [transfer, job] = std::move(*found);

@@ -52,6 +52,7 @@ private:
 
     // On the worker thread.
     void run();
+    void refusePending(const QString &error);
     void transferLoop(CURLM *multi);
     /// True when the loop is to end. Then no other thread uses the CURLM any more.
     bool leavesLoop(const Transfers &active);

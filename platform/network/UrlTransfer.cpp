@@ -28,14 +28,14 @@ const QString NotAllowed = QStringLiteral("requests are not allowed now");
 } // namespace
 
 UrlTransfer::UrlTransfer(UrlRequest request, const UrlSession::Configuration &configuration)
-    : m_request(std::move(request)), m_configuration(configuration), m_handle(curl_easy_init()) {
+    : m_request(std::move(request)), m_configuration(configuration), m_handle(m_curl.easy_init()) {
     for (const char *header : HeadersNotSent)
-        m_headers = curl_slist_append(m_headers, header);
+        m_headers = m_curl.slist_append(m_headers, header);
 }
 
 UrlTransfer::~UrlTransfer() {
-    curl_easy_cleanup(m_handle);
-    curl_slist_free_all(m_headers);
+    m_curl.easy_cleanup(m_handle);
+    m_curl.slist_free_all(m_headers);
 }
 
 bool UrlTransfer::refuse(const QString &reason) {
@@ -175,7 +175,7 @@ bool UrlTransfer::takeHeader(const QByteArray &line) {
     if (!line.trimmed().isEmpty())
         return true;
     long status = 0;
-    curl_easy_getinfo(m_handle, CURLINFO_RESPONSE_CODE, &status);
+    m_curl.easy_getinfo(m_handle, CURLINFO_RESPONSE_CODE, &status);
     m_response.status = int(status);
     m_hasHead = status >= 200;
     const bool needsNoBody = m_request.ignoresBody || !redirection().isEmpty();
@@ -255,14 +255,14 @@ void UrlTransfer::follow(const QUrl &next) {
     m_location.clear();
     m_hasHead = false;
     m_headerSize = 0;
-    curl_easy_reset(m_handle);
+    m_curl.easy_reset(m_handle);
 }
 
 QString UrlTransfer::errorOf(CURLcode result) const {
     if (result == CURLE_FILESIZE_EXCEEDED)
         return QStringLiteral("the body is longer than %1 bytes").arg(m_request.largestBody);
     const QString text = QString::fromUtf8(m_error);
-    return text.isEmpty() ? QString::fromUtf8(curl_easy_strerror(result)) : text;
+    return text.isEmpty() ? QString::fromUtf8(m_curl.easy_strerror(result)) : text;
 }
 
 } // namespace velmora

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "CurlLibrary.h"
 #include "UrlSession.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QSaveFile>
-
-#include <curl/curl.h>
 
 #include <memory>
 
@@ -62,12 +61,13 @@ private:
 
     template<class Value>
     void set(CURLoption option, Value value) {
-        curl_easy_setopt(m_handle, option, value);
+        m_curl.easy_setopt(m_handle, option, value);
     }
 
     UrlRequest m_request;
     const UrlSession::Configuration &m_configuration;
     UrlResponse m_response;
+    const CurlLibrary &m_curl = CurlLibrary::instance();
     CURL *const m_handle;
     curl_slist *m_headers = nullptr;
     char m_error[CURL_ERROR_SIZE] = "";

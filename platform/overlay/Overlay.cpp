@@ -2,9 +2,11 @@
 #include "Overlay.h"
 
 #include "Animator.h"
+#include "ClickGuard.h"
+#include "KeyGuard.h"
 #include "MainQueue.h"
 
-#include <QtGui/QDropEvent>
+#include <algorithm>
 
 #include <utility>
 
@@ -17,18 +19,19 @@ Overlay::Overlay(QWidget *view, QWidget *superview, Kind kind)
       m_setFrame(superview->rect()),
       m_setSize(superview->size()),
       m_exposure([this] { giveWindowBack(); }) {
+    m_accessibility = std::make_unique<OverlayAccessibility>(view, superview);
     m_focus = std::make_unique<OverlayFocus>(view, superview);
+    m_input = std::make_unique<OverlayInput>(view, superview, *m_focus);
+    m_shortcuts = std::make_unique<CoveredShortcuts>(superview);
     m_mount = std::make_unique<OverlayMount>(view, superview, *m_focus, [this] { windowLost(); });
     applyFrame();
-    // Events that the view ignores must not reach the widgets below it: clicks, wheel and drags,
-    // and the focus that a click gives.
+    // Events that the view ignores must not reach the widgets below it: clicks and wheel, and the
+    // focus that a click gives.
     view->setAttribute(Qt::WA_NoMousePropagation);
     view->setFocusPolicy(Qt::ClickFocus);
-    view->setAcceptDrops(true);
     // Otherwise the cursors that a main window sets over its dividers would be seen on the view.
     if (!view->testAttribute(Qt::WA_SetCursor))
         view->setCursor(Qt::ArrowCursor);
-    view->installEventFilter(this);
     connect(view, &QObject::destroyed, this, &Overlay::viewGone);
     connect(superview, &QObject::destroyed, this, &Overlay::superviewGone);
     m_siblings = std::make_unique<NativeSiblings>(superview, [this] { nativeWindowsChanged(); });
@@ -66,29 +69,9 @@ void Overlay::watchSurroundings() {
     connect(watch, &OverlaySurroundings::windowActivated, m_focus.get(), &OverlayFocus::checkLater);
 }
 
-bool Overlay::eventFilter(QObject *watched, QEvent *event) {
-    if (!m_superview || watched != m_view)
-        return false;
-    switch (event->type()) {
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop: {
-        auto *drop = static_cast<QDropEvent *>(event);
-        drop->setDropAction(Qt::IgnoreAction);
-        // The view accepts the entering drag and then refuses the drop. If it refused the drag, Qt
-        // would offer that to the widgets below.
-        drop->setAccepted(event->type() == QEvent::DragEnter);
-        return true;
-    }
-    default:
-        return false;
-    }
-}
-
 QWidget *Overlay::takeView() {
     if (!m_view || m_superview)
         return nullptr;
-    m_view->removeEventFilter(this);
     m_view->disconnect(this);
     return std::exchange(m_view, nullptr);
 }
@@ -100,12 +83,14 @@ void Overlay::remove() {
         takeView()->deleteLater();
         return;
     }
+    m_accessibility.reset();
     m_focus->end();
+    if (!m_hidden && m_input)
+        endInput();
     m_exposure.end();
     m_hidden = true;
     m_superview->disconnect(this);
     QWidget *view = m_view;
-    view->removeEventFilter(this);
     view->disconnect(this);
     m_view = nullptr;
     m_superview = nullptr;
@@ -115,6 +100,8 @@ void Overlay::remove() {
     view->setParent(nullptr);
     view->deleteLater();
     m_mount.reset();
+    m_input.reset();
+    m_shortcuts.reset();
     m_focus.reset();
 }
 
@@ -136,6 +123,7 @@ void Overlay::setFrame(const QRect &frame) {
 void Overlay::applyFrame() {
     if (!m_view || !m_superview)
         return;
+    m_accessibility->setFrame(frame());
     m_focus->setFrame(frame());
     m_mount->setFrame(frame());
 }
@@ -160,7 +148,11 @@ void Overlay::change(bool hidden, void (*set)(QWidget *, bool)) {
     const bool changes = std::exchange(m_hidden, hidden) != hidden;
     if (changes && hidden) {
         m_exposure.end();
+        // First, so that assistive technology hears where the focus returns to.
+        m_accessibility->end();
         m_focus->end();
+        if (self && m_input)
+            endInput();
     }
     // The focus went to a widget of the host's, whose code may have destroyed anything.
     if (!self || !m_view || !m_superview)
@@ -170,6 +162,11 @@ void Overlay::change(bool hidden, void (*set)(QWidget *, bool)) {
     m_mount->setHidden(hidden, set);
     if (changes && !hidden && self && m_focus) {
         m_focus->begin(m_mount->focusHolder());
+        // The widget that loses the focus is the host's, too.
+        if (!self || !m_input)
+            return;
+        m_input->begin();
+        m_shortcuts->begin();
         watchExposure();
     }
 }
@@ -194,9 +191,19 @@ void Overlay::prepareToShow() {
     if (native && !m_mount->isInWindow())
         enterWindow();
     applyFrame();
+    m_accessibility->begin();
     m_mount->raise();
     if (m_view->accessibleName().isEmpty())
         m_view->setAccessibleName(QStringLiteral("Advertisement"));
+}
+
+void Overlay::endInput() {
+    m_input->end();
+    m_shortcuts->end();
+    if (const double left = m_input->doubleClickTimeLeft(); left > 0)
+        ClickGuard::begin(m_superview, frame(), std::max(left, Animator::Duration));
+    if (const int key = m_input->heldKey())
+        KeyGuard::begin(m_superview, key);
 }
 
 bool Overlay::isHiddenByNativeWindows() const {
@@ -239,6 +246,7 @@ void Overlay::superviewGone() {
     m_exposure.end();
     const bool wasNative = isNative();
     m_superview = nullptr;
+    m_accessibility.reset();
     m_surroundings.reset();
     m_siblings.reset();
     m_hidden = true;
@@ -250,6 +258,8 @@ void Overlay::superviewGone() {
         delete m_view;
     }
     m_mount.reset();
+    m_input.reset();
+    m_shortcuts.reset();
     m_focus.reset();
     if (m_view && m_superviewLost)
         m_superviewLost();
@@ -259,11 +269,14 @@ void Overlay::viewGone() {
     m_exposure.end();
     m_view = nullptr;
     m_hidden = true;
+    m_accessibility.reset();
     m_surroundings.reset();
     m_siblings.reset();
     if (m_focus)
         m_focus->end();
     m_mount.reset();
+    m_input.reset();
+    m_shortcuts.reset();
     m_focus.reset();
     m_superview = nullptr;
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "CoveredShortcuts.h"
 #include "NativeSiblings.h"
+#include "OverlayAccessibility.h"
 #include "OverlayExposure.h"
 #include "OverlayFocus.h"
+#include "OverlayInput.h"
 #include "OverlayMount.h"
 #include "OverlaySurroundings.h"
 #include "RateLimiter.h"
@@ -18,9 +21,12 @@
 
 namespace velmora {
 
-/// Keeps one view over everything in a superview. The view takes all mouse, drag and Tab events
-/// there. While it is shown, the focus of the window is in the view and not in a widget that the
-/// view covers; afterwards the focus returns to where it was. The host may destroy the window, the
+/// Keeps one view over everything in a superview. While it is shown, the focus of the window is in
+/// the view and not in a widget that the view covers; afterwards the focus returns to where it was.
+/// No input reaches what is covered (OverlayInput), shortcuts of the window do not act
+/// (CoveredShortcuts), and the second click of a double click that has closed the overlay is
+/// dropped (ClickGuard). For assistive technology the view is a modal dialog, and nothing that it
+/// covers can be read or worked (OverlayAccessibility). The host may destroy the window, the
 /// superview or the view at any moment. Main thread only.
 ///
 /// The view is normally a plain child of the superview, which can fade. But native child windows
@@ -79,12 +85,11 @@ public:
     /// the main loop. Ignored the second time.
     void remove();
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void watchSurroundings();
     void change(bool hidden, void (*set)(QWidget *, bool));
     void prepareToShow();
+    void endInput();
     void applyFrame();
     void keepOnTop();
 
@@ -113,7 +118,10 @@ private:
     // These exist as long as the view and the superview do.
     std::unique_ptr<OverlaySurroundings> m_surroundings;
     std::unique_ptr<NativeSiblings> m_siblings;
+    std::unique_ptr<OverlayAccessibility> m_accessibility;
     std::unique_ptr<OverlayFocus> m_focus;
+    std::unique_ptr<OverlayInput> m_input;
+    std::unique_ptr<CoveredShortcuts> m_shortcuts;
     std::unique_ptr<OverlayMount> m_mount;
 };
 

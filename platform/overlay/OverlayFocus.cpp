@@ -4,7 +4,6 @@
 #include "MainQueue.h"
 #include "WindowProxy.h"
 
-#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 
 #include <utility>
@@ -13,17 +12,7 @@ namespace velmora {
 
 OverlayFocus::OverlayFocus(QWidget *view, QWidget *superview)
     : m_view(view), m_superview(superview) {
-    superview->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, &OverlayFocus::changed);
-}
-
-bool OverlayFocus::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != m_superview || event->type() != QEvent::KeyPress || !isInView())
-        return false;
-    // The view ignores a Tab when none of its widgets takes the focus. Ignored by the superview,
-    // too, it would move the focus to a covered widget.
-    const int key = static_cast<QKeyEvent *>(event)->key();
-    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
 }
 
 void OverlayFocus::begin(QWidget *holder) {
@@ -84,7 +73,9 @@ void OverlayFocus::check() {
     m_checking = false;
     if (!m_active || !m_superview || !m_holder || !shouldTakeFocus() || !m_limit.allows())
         return;
-    const bool inner = m_inner && m_inner->isVisible() && m_inner->window() == m_holder->window();
+    // An advertisement that can't be opened any more does not accept the focus.
+    const bool inner = m_inner && m_inner->isVisible() && m_inner->focusPolicy() != Qt::NoFocus &&
+                       m_inner->window() == m_holder->window();
     (inner ? m_inner : m_holder)->setFocus(Qt::OtherFocusReason);
 }
 

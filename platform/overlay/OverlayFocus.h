@@ -10,9 +10,8 @@
 namespace velmora {
 
 /// Keeps the focus of a window in a view that covers a part of the window's content: a covered
-/// widget never keeps it while the view is shown. At the end it returns to where it was. Tab stays
-/// in the view. A focus elsewhere in the window stays there, and the window is never activated.
-/// Main thread only.
+/// widget never keeps it while the view is shown. At the end it returns to where it was. A focus
+/// elsewhere in the window stays there, and the window is never activated. Main thread only.
 class OverlayFocus : public QObject {
     Q_OBJECT
 
@@ -33,18 +32,23 @@ public:
 
     /// Whether the view has the focus of the window.
     bool isInView() const;
+    /// Whether a widget is the holder or lies in the view.
+    bool belongsToView(const QWidget *widget) const;
+    /// Whether the view covers a widget of the host's.
+    bool isCovered(const QWidget *widget) const;
+
+    /// The widget that begin() or setHolder() was called with; null once destroyed.
+    QWidget *holder() const { return m_holder; }
+    /// In the superview's coordinates.
+    QRect frame() const { return m_frame; }
 
     /// Checks, on a later turn of the main loop, whether a covered widget has the focus, and moves
     /// it into the view then.
     void checkLater();
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void changed(QWidget *old, QWidget *now);
     void check();
-    bool belongsToView(const QWidget *widget) const;
-    bool isCovered(const QWidget *widget) const;
     bool shouldTakeFocus() const;
 
     QPointer<QWidget> m_view;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "OverlayKeyProxy.h"
 
+#include "KeyFocus.h"
 #include "SplitterGuard.h"
 
 #include <QtCore/QCoreApplication>
@@ -22,16 +23,49 @@ bool OverlayKeyProxy::event(QEvent *event) {
     switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride: {
-        if (!m_view)
-            return false;
-        // Also Tab: the view is in a window of its own, so its focus chain stays within it.
-        QWidget *inner = m_view->focusWidget();
-        return QCoreApplication::sendEvent(inner ? inner : m_view.data(), event);
-    }
+    case QEvent::ShortcutOverride:
+        return m_view && forward(event);
+    case QEvent::FocusIn:
+        showFocus(true);
+        break;
+    case QEvent::FocusOut:
+    case QEvent::WindowDeactivate:
+        showFocus(false);
+        break;
+    case QEvent::WindowActivate:
+        // A window that is not a widget's has no focus events.
+        showFocus(window()->focusWidget() == this);
+        break;
     default:
-        return QWidget::event(event);
+        break;
     }
+    return QWidget::event(event);
+}
+
+bool OverlayKeyProxy::forward(QEvent *event) {
+    showFocus(true);
+    // The host may destroy its window, and this object with it.
+    const QPointer<QWidget> view = m_view;
+    const QPointer<QWidget> inner = view->focusWidget();
+    // Also Tab: the view is in a window of its own, so its focus chain stays within it.
+    const bool isUsable = inner && inner->isVisible();
+    const bool isUsed = QCoreApplication::sendEvent(isUsable ? inner.data() : view.data(), event);
+    // In a window that is not active, the focus moves without a repaint.
+    if (inner)
+        inner->update();
+    if (view && view->focusWidget())
+        view->focusWidget()->update();
+    return isUsed;
+}
+
+void OverlayKeyProxy::showFocus(bool hasKeys) {
+    if (m_view && m_view->window() != window())
+        KeyFocus::setForwarded(m_view->window(), hasKeys);
+}
+
+void OverlayKeyProxy::setView(QWidget *view) {
+    m_view = view;
+    showFocus(hasFocus());
 }
 
 } // namespace velmora

@@ -15,12 +15,16 @@ class OverlayKeyProxy : public QWidget {
 public:
     explicit OverlayKeyProxy(QWidget *superview);
 
-    void setView(QWidget *view) { m_view = view; }
+    /// @param view in a window of its own
+    void setView(QWidget *view);
 
 protected:
     bool event(QEvent *event) override;
 
 private:
+    bool forward(QEvent *event);
+    void showFocus(bool hasKeys);
+
     QPointer<QWidget> m_view;
 };
 

@@ -66,9 +66,9 @@ OverlayWindow::~OverlayWindow() {
 
 void OverlayWindow::setView(QWidget *view) {
     m_view = view;
-    m_keyProxy->setView(view);
     view->setParent(m_root, view->windowFlags());
     view->setGeometry(m_root->rect());
+    m_keyProxy->setView(view);
 }
 
 void OverlayWindow::setFrame(const QRect &frame) {

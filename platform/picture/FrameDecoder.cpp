@@ -72,28 +72,51 @@ bool FrameDecoder::rewindAfterLastFrame() {
     return true;
 }
 
-std::optional<FrameDecoder::Frame> FrameDecoder::next(const QSize &size) {
-    if (!m_isAnimation)
-        return still(size);
-    if (!m_reader)
-        readFromStart();
-    if (!m_reader->canRead() && !rewindAfterLastFrame())
-        return {};
+// Also opens the file for the first time.
+bool FrameDecoder::resume() {
+    if (m_reader)
+        return true;
+    const int frames = m_framesOfPass;
+    readFromStart();
+    while (m_framesOfPass < frames) {
+        if (!readNext())
+            return false;
+    }
+    return true;
+}
+
+void FrameDecoder::dropFrames() {
+    m_reader.reset();
+    if (!m_path.isEmpty())
+        m_current = {};
+}
+
+bool FrameDecoder::readNext() {
     const QImage image = m_reader->read();
     if (image.isNull()) {
         if (m_current.isNull())
             m_error = m_reader->errorString();
-        return {};
+        return false;
     }
     ++m_framesOfPass;
     m_current = image;
     m_delayMs = std::max(ShortestDelayMs, m_reader->nextImageDelay());
+    return true;
+}
+
+std::optional<FrameDecoder::Frame> FrameDecoder::next(const QSize &size) {
+    if (!m_isAnimation)
+        return still(size);
+    if (!resume() || (!m_reader->canRead() && !rewindAfterLastFrame()) || !readNext())
+        return {};
     return again(size);
 }
 
 std::optional<FrameDecoder::Frame> FrameDecoder::again(const QSize &size) {
     if (!m_isAnimation)
         return still(size);
+    if (!resume() || m_current.isNull())
+        return {};
     return Frame{scaled(m_current, size), m_delayMs};
 }
 

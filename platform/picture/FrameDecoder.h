@@ -35,12 +35,17 @@ public:
     std::optional<Frame> next(const QSize &size);
     /// The last frame again, at another size.
     std::optional<Frame> again(const QSize &size);
+    /// Frees the last frame and what the file format's decoder keeps. The next call of the two
+    /// above decodes the file again, from its start up to where it was.
+    void dropFrames();
 
     /// Why the first frame could not be decoded; empty when it could.
     const QString &error() const { return m_error; }
 
 private:
     std::optional<Frame> still(const QSize &size);
+    bool resume();
+    bool readNext();
     bool rewindAfterLastFrame();
     void readFromStart();
 

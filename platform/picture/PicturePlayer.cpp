@@ -43,12 +43,29 @@ PicturePlayer::~PicturePlayer() {
     Timer::cancel(m_timer);
 }
 
+void PicturePlayer::setPlaying(bool playing) {
+    m_isPlaying = playing;
+    if (!playing)
+        Timer::cancel(m_timer);
+}
+
+void PicturePlayer::dropFrames() {
+    if (m_frame.isNull())
+        return;
+    Timer::cancel(m_timer);
+    m_frame = {};
+    m_next.reset();
+    m_isDrawn = false;
+    m_hasDropped = true;
+    runOnQueue(m_decoder->isAnimation(), [decoder = m_decoder] { decoder->dropFrames(); });
+}
+
 void PicturePlayer::drawn(const QSize &size) {
     m_size = size;
     m_isDrawn = true;
-    if (m_next && !m_timer)
+    if (m_next && !m_timer && m_isPlaying)
         MainQueue::post([this, alive = std::weak_ptr(m_alive)] {
-            if (!alive.expired() && m_next)
+            if (!alive.expired() && m_next && m_isPlaying)
                 present(*std::exchange(m_next, {}));
         });
     decode();
@@ -56,9 +73,9 @@ void PicturePlayer::drawn(const QSize &size) {
 
 void PicturePlayer::decode() {
     const bool hasFrame = !m_frame.isNull();
-    const bool isAgain = hasFrame && m_frameSize != m_size;
-    const bool isWanted =
-        isAgain || (!m_hasEnded && !m_next && m_isDrawn && (!hasFrame || m_decoder->isAnimation()));
+    const bool isAgain = m_hasDropped || (hasFrame && m_frameSize != m_size);
+    const bool isWanted = isAgain || (!m_hasEnded && !m_next && m_isDrawn &&
+                                      (!hasFrame || (m_decoder->isAnimation() && m_isPlaying)));
     if (m_isDecoding || !isWanted)
         return;
     m_isDecoding = true;
@@ -76,6 +93,9 @@ void PicturePlayer::decode() {
 
 void PicturePlayer::decoded(const Result &result, const QSize &size, bool isAgain) {
     m_isDecoding = false;
+    if (m_hasDropped && !isAgain)
+        return;
+    m_hasDropped = false;
     m_frameSize = size;
     if (!result) {
         m_hasEnded = true;
@@ -87,7 +107,7 @@ void PicturePlayer::decoded(const Result &result, const QSize &size, bool isAgai
     }
     ++m_frameCount;
     // At another size, the frame that was decoded ahead is the one that comes again.
-    if (isAgain || m_frame.isNull() || (!m_timer && m_isDrawn)) {
+    if (isAgain || m_frame.isNull() || (!m_timer && m_isDrawn && m_isPlaying)) {
         m_next.reset();
         present(*result);
     } else {
@@ -99,7 +119,7 @@ void PicturePlayer::present(const FrameDecoder::Frame &frame) {
     m_frame = QPixmap::fromImage(frame.image, Qt::NoOpaqueDetection);
     m_isDrawn = false;
     Timer::cancel(m_timer);
-    if (m_decoder->isAnimation() && !m_hasEnded) {
+    if (m_decoder->isAnimation() && !m_hasEnded && m_isPlaying) {
         m_timer = Timer::scheduled(frame.delayMs / 1000.0, Timer::Kind::OneShot, [this] {
             m_timer.reset();
             if (m_next && m_isDrawn)

@@ -24,6 +24,14 @@ public:
     /// The view draws frame() now, at this size in pixels.
     void drawn(const QSize &size);
 
+    /// Sets whether an animation plays. While it does not, it stays at its frame, the first one at
+    /// the beginning, and no timer runs. To be followed by a redraw of the view. Default: true.
+    void setPlaying(bool playing);
+
+    /// Frees the decoded frames, for a view that is hidden for long. When the view is drawn next,
+    /// the frame where the picture was is decoded again.
+    void dropFrames();
+
     /// The frame to draw; null before the first is decoded. It may have another size than the view
     /// for a moment.
     const QPixmap &frame() const { return m_frame; }
@@ -48,9 +56,11 @@ private:
     std::optional<FrameDecoder::Frame> m_next;
     TimerPtr m_timer; // until the next frame is due
     int m_frameCount = 0;
+    bool m_isPlaying = true;
     bool m_isDecoding = false;
     bool m_isDrawn = false; // the view has drawn m_frame
     bool m_hasEnded = false;
+    bool m_hasDropped = false; // m_frame is to be decoded again
     // Reset at the end, so that a frame which is still being decoded is dropped.
     std::shared_ptr<int> m_alive = std::make_shared<int>();
 };

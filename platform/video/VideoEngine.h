@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
@@ -26,6 +27,8 @@ struct VideoSource {
     QString path;
     /// False: the sound is left out, and no sound device is opened.
     bool sound = true;
+    /// See VideoEngine::setPlace().
+    QSize place = {};
     /// Null for the engine's own memory. It must outlive the engine and its pictures.
     PictureMemory *pictureMemory = nullptr;
     /// Called before the first byte of the file is read, and after the sound device was opened. May
@@ -85,6 +88,9 @@ public:
     /// Ignored before the engine is prepared.
     virtual void seek(double seconds) = 0;
     virtual void setMuted(bool muted) = 0;
+    /// The size, in pixels, of the place where the pictures are shown. New pictures that are larger
+    /// are scaled down to fit into it, with their aspect ratio kept. Empty: they keep their size.
+    virtual void setPlace(const QSize &place) = 0;
     /// The length of the whole video in seconds; 0 when it is unknown and before the engine is
     /// prepared.
     virtual double durationSeconds() = 0;
@@ -96,6 +102,6 @@ using VideoEngineFactory = VideoEngine *(*)(VideoEngineListener *listener, QStri
 
 /// The function's name. Its number must change whenever the classes above change, so that a library
 /// refuses a module of another version.
-inline constexpr const char *VideoEngineFactoryName = "velmora_video_engine_2";
+inline constexpr const char *VideoEngineFactoryName = "velmora_video_engine_3";
 
 } // namespace velmora

@@ -54,7 +54,8 @@ void VideoPlayer::load(const QUrl &url) {
 
 void VideoPlayer::open(bool sound) {
     m_engineReady = false;
-    m_session = std::make_shared<VideoSession>(this, VideoSource{m_url.toLocalFile(), sound});
+    m_session =
+        std::make_shared<VideoSession>(this, VideoSource{m_url.toLocalFile(), sound, m_place});
     m_session->begin();
     m_session->run([muted = m_muted](VideoEngine &engine) { engine.setMuted(muted); });
     m_movesSeen = 0;
@@ -102,6 +103,12 @@ void VideoPlayer::setMuted(bool muted) {
     m_muted = muted;
     if (m_session)
         m_session->run([muted](VideoEngine &engine) { engine.setMuted(muted); });
+}
+
+void VideoPlayer::setPlace(const QSize &place) {
+    if (std::exchange(m_place, place) == place || !m_session)
+        return;
+    m_session->setPlace(place);
 }
 
 bool VideoPlayer::event(QEvent *event) {

@@ -4,6 +4,7 @@
 #include <Velmora/Timer.h>
 
 #include <QtCore/QObject>
+#include <QtCore/QSize>
 #include <QtCore/QUrl>
 #include <QtGui/QImage>
 
@@ -63,6 +64,12 @@ public:
     void setMuted(bool muted);
     bool isMuted() const { return m_muted; }
 
+    /// The size, in pixels, of the place where the pictures are shown. New pictures that are larger
+    /// arrive scaled down to fit into it, with their aspect ratio kept; for a place larger than
+    /// 1920x1080, smaller ones arrive enlarged. Empty, as at first: they keep their size. Costs
+    /// nothing when it has not changed. Applies to later videos, too.
+    void setPlace(const QSize &place);
+
     Status status() const { return m_status; }
 
     /// True from play() until pause(), the end or a failure.
@@ -96,6 +103,7 @@ private:
     bool m_playing = false;
     bool m_atEnd = false;
     bool m_muted = false;
+    QSize m_place;
     double m_duration = 0;
     QImage m_frame;
 

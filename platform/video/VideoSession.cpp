@@ -71,7 +71,7 @@ private:
 } // namespace
 
 VideoSession::VideoSession(QObject *receiver, VideoSource source)
-    : m_source(std::move(source)), m_receiver(receiver) {}
+    : m_source(std::move(source)), m_receiver(receiver), m_place(m_source.place) {}
 
 void VideoSession::warmUp() {
     const auto session = std::make_shared<VideoSession>(nullptr, VideoSource{});
@@ -112,6 +112,14 @@ void VideoSession::seek(double seconds) {
         const std::lock_guard lock(m_mutex);
         --m_seeksUnderWay;
     });
+}
+
+void VideoSession::setPlace(const QSize &place) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_place = place;
+    }
+    run([place](VideoEngine &engine) { engine.setPlace(place); });
 }
 
 void VideoSession::close() {
@@ -208,8 +216,15 @@ void VideoSession::prepared() {
 }
 
 void VideoSession::frame(const QImage &picture) {
+    QSize place;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_closed)
+            return;
+        place = m_place;
+    }
     // The replaced picture is destroyed without the lock, because the engine then frees its buffer.
-    QImage latest = picture;
+    QImage latest = m_enlarger.enlarged(picture, place);
     change([&latest](VideoUpdate &update) { update.frame.swap(latest); });
 }
 

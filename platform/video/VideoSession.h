@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "PictureEnlarger.h"
 #include "VideoEngine.h"
 
 #include <QtCore/QObject>
@@ -59,6 +60,9 @@ public:
     /// Queues a seek. An end that was reached before it is no longer reported.
     void seek(double seconds);
 
+    /// See VideoPlayer::setPlace().
+    void setPlace(const QSize &place);
+
     /// Stops sending events, drops the queued commands and lets the thread destroy the engine. Does
     /// not wait for it. Any thread; ignored the second time.
     void close();
@@ -91,6 +95,8 @@ private:
     bool m_updatePosted = false;
     bool m_closed = false;
     int m_seeksUnderWay = 0;
+    QSize m_place;
+    PictureEnlarger m_enlarger;
 };
 
 } // namespace velmora

@@ -15,6 +15,7 @@ VideoView::VideoView(QWidget *parent) : QWidget(parent) {
 }
 
 void VideoView::showFrame(const QImage &frame) {
+    const bool isFirst = m_frame.isNull() && !frame.isNull();
     const bool samePlace = frame.size() == m_frame.size();
     m_frame = frame;
     // The black bars stay as they are.
@@ -22,11 +23,17 @@ void VideoView::showFrame(const QImage &frame) {
         update(frameRect().toAlignedRect());
     else
         update();
+    if (isFirst)
+        Q_EMIT started();
+}
+
+QSize VideoView::pixelSize() const {
+    const double scale = devicePixelRatioF();
+    return {int(std::lround(width() * scale)), int(std::lround(height() * scale))};
 }
 
 QRect VideoView::framePixels() const {
-    const double scale = devicePixelRatioF();
-    const QSize whole(int(std::lround(width() * scale)), int(std::lround(height() * scale)));
+    const QSize whole = pixelSize();
     const QSize size = m_frame.size().scaled(whole, Qt::KeepAspectRatio);
     return {QPoint((whole.width() - size.width()) / 2, (whole.height() - size.height()) / 2), size};
 }

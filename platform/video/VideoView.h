@@ -18,8 +18,15 @@ public:
     void showFrame(const QImage &frame);
     const QImage &frame() const { return m_frame; }
 
+    /// The view's size in physical pixels.
+    QSize pixelSize() const;
+
     /// The picture's place, in the view's coordinates. Its edges are on physical pixels.
     QRectF frameRect() const;
+
+Q_SIGNALS:
+    /// The first picture of a video is shown: there was none before.
+    void started();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

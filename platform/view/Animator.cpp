@@ -2,16 +2,22 @@
 #include "Animator.h"
 
 #include "Fade.h"
+#include "KeyFocus.h"
+#include "ReducedMotion.h"
 
 namespace velmora {
 
 namespace {
 
-// False when the view is not on screen, so that nobody would see a fade, and when one of its
-// parents is fading: Qt can't draw an opacity effect inside another one.
+// False when motion is reduced, when the view is not on screen, so that nobody would see a fade, or
+// in a window that does not have the user's attention, and when one of its parents is fading: Qt
+// can't draw an effect inside another one.
 bool canFade(const QWidget *view) {
+    if (ReducedMotion::current().isOn())
+        return false;
     const QWidget *superview = view->parentWidget();
-    if (!superview || !superview->isVisible() || view->window()->isMinimized())
+    if (!superview || !superview->isVisible() || view->window()->isMinimized() ||
+        !KeyFocus::isInKeyWindow(*view))
         return false;
     for (; superview; superview = superview->parentWidget()) {
         if (Fade::of(superview))

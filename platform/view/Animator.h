@@ -6,7 +6,9 @@
 namespace velmora {
 
 /// Shows, hides and removes views with a fade. isHidden() changes at once, before the fade starts.
-/// A view that is not on screen changes without a fade. Main thread only.
+/// A view that is not on screen, or not in the key window, changes without a fade, and every view
+/// does where motion is reduced. During a fade a view is drawn as it was when the fade began. Main
+/// thread only.
 class Animator {
 public:
     /// Length of a fade in seconds.

@@ -2,13 +2,21 @@
 #include "Fade.h"
 
 #include "Animator.h"
+#include "FadeCurtain.h"
+#include "FadeEffect.h"
 #include "ProcessRoot.h"
-
-#include <QtWidgets/QGraphicsOpacityEffect>
 
 #include <algorithm>
 
 namespace velmora {
+
+namespace {
+
+// The opacity that a fade reaches in its first sixtieth of a second. It starts there, because
+// nothing of it would be seen before.
+constexpr double FirstStep = 1 / (60 * Animator::Duration);
+
+} // namespace
 
 Fade *Fade::of(const QWidget *view) {
     return view->findChild<Fade *>(QString(), Qt::FindDirectChildrenOnly);
@@ -26,7 +34,7 @@ Fade::~Fade() {
 }
 
 void Fade::run(bool hidden) {
-    // Qt can't draw an opacity effect inside another one.
+    // Qt can't draw an effect inside another one.
     const auto inner = m_view->findChildren<Fade *>();
     for (Fade *fade : inner) {
         if (fade != this)
@@ -34,10 +42,12 @@ void Fade::run(bool hidden) {
     }
     m_hidden = hidden;
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents, hidden);
-    setOpacity(m_opacity);
-    m_view->show();
     m_lastFrame = TimeSource::current().now();
-    if (m_timer && m_timer->isValid())
+    const bool isRunning = m_timer && m_timer->isValid();
+    if (!isRunning)
+        setOpacity(hidden ? 1 - FirstStep : FirstStep);
+    m_view->show();
+    if (isRunning)
         return;
     m_timer = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
     m_timer->setFiresDuringTracking();
@@ -75,12 +85,32 @@ void Fade::viewWasDrawn() {
 
 void Fade::setOpacity(double opacity) {
     m_opacity = opacity;
-    auto *effect = qobject_cast<QGraphicsOpacityEffect *>(m_view->graphicsEffect());
+    if (m_curtain) {
+        m_curtain->setOpacity(opacity);
+        return;
+    }
+    auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect());
     if (!effect) {
-        effect = new QGraphicsOpacityEffect;
+        effect = new FadeEffect(m_view);
         m_view->setGraphicsEffect(effect);
+    } else if (!effect->backdrop().isNull() && coversWindow()) {
+        drawCurtain(*effect);
+        return;
     }
     effect->setOpacity(opacity);
+}
+
+// Over a small view, what is behind it could be seen to stand still: a video, for example.
+bool Fade::coversWindow() const {
+    const QSize whole = m_view->window()->size();
+    return m_view->width() * 2 > whole.width() && m_view->height() * 2 > whole.height();
+}
+
+void Fade::drawCurtain(const FadeEffect &effect) {
+    m_curtain =
+        new FadeCurtain(m_view, effect.picture(), effect.backdrop(), [this] { finish(m_hidden); });
+    m_curtain->setOpacity(m_opacity);
+    m_view->setGraphicsEffect(nullptr); // destroys the effect
 }
 
 void Fade::end() {
@@ -89,6 +119,7 @@ void Fade::end() {
     // Without a parent, because the host has removed it meanwhile, a shown view would be a window.
     m_view->setVisible(!m_hidden && m_view->parentWidget());
     m_view->setGraphicsEffect(nullptr);
+    delete m_curtain;
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     if (m_hidden && m_removes) {
         m_view->setParent(nullptr);

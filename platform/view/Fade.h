@@ -5,12 +5,17 @@
 #include <Velmora/Timer.h>
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 namespace velmora {
 
-/// One fade of a view, in or out. The view owns it; it destroys itself at its end. Main thread
-/// only.
+class FadeCurtain;
+class FadeEffect;
+
+/// One fade of a view, in or out. The view stays as it was when the fade began; where it covers its
+/// window, what is behind it does, too. The view owns it; it destroys itself at its end. Main
+/// thread only.
 class Fade : public QObject {
     Q_OBJECT
 
@@ -34,9 +39,12 @@ private:
     void frame();
     void viewWasDrawn();
     void setOpacity(double opacity);
+    bool coversWindow() const;
+    void drawCurtain(const FadeEffect &effect);
     void end();
 
     QWidget *m_view;
+    QPointer<FadeCurtain> m_curtain;
     TimerPtr m_timer;
     TimeSource::Duration m_lastFrame{0};
     int m_frames = 0;

@@ -6,12 +6,12 @@
 
 namespace velmora {
 
-/// The images of the framework's interface, as icons with pixmaps for device pixel ratios 1, 2 and
-/// 3. Main thread only.
+/// The images of the framework's interface. There is one size of each, 96x96 pixels, and whoever
+/// draws it scales it down to the pixels of the screen. Main thread only.
 class InterfaceImage {
 public:
     /// An interface image; a null icon, and a log line, when it is missing.
-    /// @param name the file's name without folder, "@2x" and extension
+    /// @param name the file's name without folder and extension
     static QIcon named(const QString &name);
 };
 

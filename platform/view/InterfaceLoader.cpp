@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "InterfaceLoader.h"
 
+#include "InterfaceReader.h"
 #include "Log.h"
-#include "ProcessRoot.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QHash>
-#include <QtUiTools/QUiLoader>
 
 namespace velmora {
 
@@ -20,32 +18,12 @@ QHash<QString, std::function<QWidget *(QWidget *)>> &factories() {
     return known;
 }
 
-class Loader : public QUiLoader {
-public:
-    QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override {
-        const auto factory = factories().value(className);
-        QWidget *widget =
-            factory ? factory(parent) : QUiLoader::createWidget(className, parent, name);
-        if (!widget)
-            Log::write(QStringLiteral("interface resource: unknown class %1").arg(className));
-        else
-            widget->setObjectName(name);
-        return widget;
-    }
-};
-
-// The process's loader. The constructor of QUiLoader loads all Designer plugins in the library
-// paths, with all libraries that they link, into the host. So the paths are empty meanwhile. The
-// paths belong to the whole process, so the loader is made once only.
-struct LoaderWithoutPlugins {
-    LoaderWithoutPlugins() {
-        const QStringList paths = QCoreApplication::libraryPaths();
-        QCoreApplication::setLibraryPaths({});
-        loader = std::make_unique<Loader>();
-        QCoreApplication::setLibraryPaths(paths);
-    }
-    std::unique_ptr<Loader> loader;
-};
+QWidget *makeWidget(const QString &className, QWidget *parent) {
+    const auto factory = factories().value(className);
+    if (!factory)
+        Log::write(QStringLiteral("interface resource: unknown class %1").arg(className));
+    return factory ? factory(parent) : nullptr;
+}
 
 } // namespace
 
@@ -59,11 +37,11 @@ QWidget *InterfaceLoader::load(const QString &name) {
         Log::write(QStringLiteral("interface resource %1 is missing").arg(name));
         return nullptr;
     }
-    const auto &loader = ProcessRoot::get<LoaderWithoutPlugins>().loader;
-    QWidget *root = loader->load(&file);
+    InterfaceReader reader(file, &makeWidget);
+    std::unique_ptr<QWidget> root = reader.read();
     if (!root)
-        Log::write(QStringLiteral("interface resource %1: %2").arg(name, loader->errorString()));
-    return root;
+        Log::write(QStringLiteral("interface resource %1: %2").arg(name, reader.error()));
+    return root.release();
 }
 
 LayoutConstraintPtr InterfaceLoader::constraint(QWidget *root, const QString &name,

@@ -22,8 +22,8 @@ public:
     }
 
     /// Makes the widgets of "interface/NAME.ui" and returns the root, which the caller owns; null,
-    /// and a log line, when it can't. A class that is neither Qt's nor registered is logged,
-    /// because Qt silently skips such an element with all its children.
+    /// and a log line, when it can't. An element of a class that is not registered is left out
+    /// with all its children, and logged.
     static QWidget *load(const QString &name);
 
     /// The widget of the loaded tree with an object name; null, and a log line, when it is missing.

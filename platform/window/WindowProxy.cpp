@@ -9,8 +9,6 @@
 #include <QtCore/QPointer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QInputMethod>
-#include <QtGui/QInputMethodEvent>
 #include <QtGui/QWindowStateChangeEvent>
 #include <QtWidgets/QApplication>
 
@@ -111,7 +109,6 @@ WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
     connect(host, &QWindow::visibleChanged, this, &WindowProxy::followVisibility);
     connect(host, &QWindow::windowStateChanged, this, &WindowProxy::followState);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &WindowProxy::followActivation);
-    connect(qApp, &QGuiApplication::focusObjectChanged, this, &WindowProxy::followFocusObject);
     m_foreign = ForeignWindow::watch(host);
     if (m_foreign) {
         connect(m_foreign.get(), &ForeignWindow::changed, this, &WindowProxy::followVisibility);
@@ -119,7 +116,6 @@ WindowProxy::WindowProxy(QWindow *host) : m_host(host) {
     }
     follow();
     m_isActive = isVisible() && isHostActive();
-    followFocusObject(QGuiApplication::focusObject());
 }
 
 WindowProxy::~WindowProxy() {
@@ -129,60 +125,11 @@ WindowProxy::~WindowProxy() {
 }
 
 bool WindowProxy::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == m_focusObject && takesInput(event))
-        return true;
-    if (watched != m_host)
-        return false;
-    switch (event->type()) {
-    case QEvent::Close: {
+    if (watched == m_host && event->type() == QEvent::Close) {
         QCloseEvent copy;
         QCoreApplication::sendEvent(this, &copy);
-        break;
-    }
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride:
-        return takesKey(event);
-    default:
-        break;
     }
     return false;
-}
-
-// A widget in the proxy has the focus only while an overlay covers the host's content. The keys
-// are then the overlay's.
-bool WindowProxy::takesKey(QEvent *event) {
-    // The input method learns only now, because the focus of a window that is not active changes
-    // without an event.
-    if (std::exchange(m_isInputOff, isCovered()) != isCovered()) {
-        QGuiApplication::inputMethod()->reset();
-        QGuiApplication::inputMethod()->update(Qt::ImEnabled);
-    }
-    if (!isCovered())
-        return false;
-    QCoreApplication::sendEvent(focusWidget(), event);
-    event->accept();
-    return true;
-}
-
-// Dead keys, the compose key and input methods write to the focus object and not to the window.
-bool WindowProxy::takesInput(QEvent *event) {
-    if (!isCovered())
-        return false;
-    if (event->type() == QEvent::InputMethodQuery) {
-        static_cast<QInputMethodQueryEvent *>(event)->setValue(Qt::ImEnabled, false);
-        event->accept();
-        return true;
-    }
-    return event->type() == QEvent::InputMethod;
-}
-
-void WindowProxy::followFocusObject(QObject *object) {
-    if (m_focusObject && m_focusObject != m_host)
-        m_focusObject->removeEventFilter(this);
-    m_focusObject = isHostActive() ? object : nullptr;
-    if (m_focusObject && m_focusObject != m_host)
-        m_focusObject->installEventFilter(this);
 }
 
 void WindowProxy::follow() {

@@ -54,11 +54,6 @@ private:
     void followActivation();
     void forwardClose();
 
-    bool isCovered() const { return focusWidget() != nullptr; }
-    bool takesKey(QEvent *event);
-    bool takesInput(QEvent *event);
-    void followFocusObject(QObject *object);
-
     bool isHostVisible() const;
     bool isHostActive() const;
 
@@ -67,9 +62,6 @@ private:
     // Null for a window of this process.
     std::unique_ptr<ForeignWindow> m_foreign;
     bool m_isActive = false;
-    // What has the focus in the host's QWindow, and whether it was told that it takes no input.
-    QPointer<QObject> m_focusObject;
-    bool m_isInputOff = false;
 };
 
 } // namespace velmora

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Interface images: the close and sound buttons at three densities, and the demo's icon."""
+"""Interface images: the close and sound buttons, 96 pixels wide, and the demo's icon."""
 
 import math
 
@@ -7,7 +7,7 @@ import cairo
 
 from canvas import disc, linear, polyline, radial, saved, source, squircle, stroke, surface
 
-POINTS = 32
+POINTS, SCALE = 32, 3
 
 
 def button_disc(ctx):
@@ -91,10 +91,9 @@ def make(resources):
     folder.mkdir(parents=True, exist_ok=True)
     buttons = {"ads_close_button": close_button, "ads_sound_on": sound_on, "ads_sound_off": sound_off}
     for name, draw in buttons.items():
-        for scale in (1, 2, 3):
-            picture, ctx = surface(POINTS, POINTS, scale)
-            draw(ctx)
-            picture.write_to_png(str(folder / (name + ("" if scale == 1 else f"@{scale}x") + ".png")))
+        picture, ctx = surface(POINTS, POINTS, SCALE)
+        draw(ctx)
+        picture.write_to_png(str(folder / f"{name}.png"))
     picture, ctx = surface(256, 256)
     velmora_icon(ctx, 256)
     picture.write_to_png(str(folder / "velmora-icon.png"))

@@ -9,11 +9,17 @@ LONGEST = {
     "ApplicationWillBeLaunchedTextFirst": 34,
     "ApplicationWillBeLaunchedTextSecond": 48,
     "RemoveAdsText": 20,
+    "AdMarkText": 10,
     # Read aloud, never shown.
+    "PlayAnimationText": 30,
+    "StopAnimationText": 30,
     "AdvertisementText": 20,
     "CloseText": 20,
     "MuteText": 20,
     "OpenAdText": 40,
+    "CountdownText": 25,
+    "CountdownStartedText": 60,
+    "CanBeClosedText": 45,
 }
 
 

@@ -42,10 +42,4 @@ QImage Desktop::picture() const {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
 }
 
-void Desktop::click(QPoint point) const {
-    runOnDisplay(QStringLiteral("xdotool"),
-                 {QStringLiteral("mousemove"), QString::number(point.x()),
-                  QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
-}
-
 } // namespace velmora::test

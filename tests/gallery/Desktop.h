@@ -41,8 +41,6 @@ public:
 
     /// What the screen shows.
     QImage picture() const;
-    /// Clicks on a point of the screen.
-    void click(QPoint point) const;
 
 private:
     OwnDisplay m_display;

@@ -182,7 +182,7 @@ QString PictureCheck::faultsOfHost(const QList<double> &visibleBefore) {
 }
 
 QString PictureCheck::faultsOfBanner() {
-    constexpr double LeastVisible = 0.95;
+    constexpr double LeastVisible = 0.9; // besides the close button and, in a small one, the mark
     constexpr double RatioTolerance = 0.1;
     constexpr int LeastHeight = 15;
     m_faults.clear();

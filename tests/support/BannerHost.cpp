@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/BannerHost.h"
 
+#include "BannerImageView.h"
 #include "Workspace.h"
+#include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
 namespace velmora::test {
@@ -43,6 +45,20 @@ AdBannerController *BannerHost::showOneOf(const QStringList &names) {
     addBanner();
     EXPECT_TRUE(eventually([&] { return current() && names.contains(current()->selectBanner()); }));
     return current();
+}
+
+void BannerHost::serveWide() {
+    serve({banner("wide")});
+    server.campaign().setMedia(QStringLiteral("/media/wide.gif"), gif({Qt::red}, {728, 90}));
+}
+
+bool BannerHost::takesClicks() {
+    const bool isDrawn = eventually([&] {
+        time.advance(0.05); // the first one fades in
+        return current()->bannerImage()->decodedFrames() > 0;
+    });
+    time.advance(BannerImageView::SettlingSeconds);
+    return isDrawn;
 }
 
 bool BannerHost::shows(QAnyStringView name) {

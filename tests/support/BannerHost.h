@@ -28,6 +28,12 @@ protected:
     /// of them. @return the window's banner
     AdBannerController *showOneOf(const QStringList &names);
 
+    /// Serves a banner named "wide" alone, with a red picture of 728x90.
+    void serveWide();
+
+    /// Waits until the banner's picture has been drawn, and until it takes clicks.
+    bool takesClicks();
+
     /// Waits until a banner with this name is shown.
     bool shows(QAnyStringView name);
     /// Waits until any house banner is shown.

@@ -29,16 +29,21 @@ struct LateApplication {
     Application application{count, arguments};
 };
 
+/// The environment of this process with further variables.
+inline QProcessEnvironment childEnvironment(const QMap<QString, QString> &variables) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (auto it = variables.begin(); it != variables.end(); ++it)
+        environment.insert(it.key(), it.value());
+    return environment;
+}
+
 /// Runs a program with further variables in its environment, and expects it to print PartDone and
 /// to end with status 0.
 inline void runChild(const QString &program, const QStringList &arguments,
                      const QMap<QString, QString> &variables) {
     SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (auto it = variables.begin(); it != variables.end(); ++it)
-        environment.insert(it.key(), it.value());
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(childEnvironment(variables));
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     const bool hasEnded = process.waitForFinished(60'000);

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/OwnDisplay.h"
+#ifdef VELMORA_TEST_ACCESSIBILITY
+#include "tests/support/AccessibilityBus.h"
+#endif
 
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
@@ -24,6 +27,13 @@ int main(int argc, char **argv) {
         std::cerr << display.error().toStdString() << '\n';
         return 1;
     }
+#ifdef VELMORA_TEST_ACCESSIBILITY
+    const velmora::test::AccessibilityBus bus;
+    if (!bus.error().isEmpty()) {
+        std::cerr << "skipped: " << bus.error().toStdString() << '\n';
+        return 77;
+    }
+#endif
     QApplication::setOrganizationName(QStringLiteral("Velmora Tests"));
     QApplication::setApplicationName(QStringLiteral("host"));
     QApplication application(argc, argv);

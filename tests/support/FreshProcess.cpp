@@ -52,7 +52,8 @@ FreshProcess::FreshProcess() {
     restartProcess();
     if (!qEnvironmentVariableIsSet("VELMORA_TEST_CHILD")) {
         Switches::setADSRemoved(false);
-        UserDefaults::standard().removeObject(QStringLiteral("eventStackData"));
+        for (const char *key : {"eventStackData", "splashScreenMuted"})
+            UserDefaults::standard().removeObject(QLatin1String(key));
         ProcessRoot::drop();
         QDir(hostCachesFolder()).removeRecursively();
     }

@@ -27,7 +27,7 @@ QStringList HostLook::styleSheets(const QSize &host) {
     QStringList sheets;
     for (const char *rules :
          {"QWidget { background-color: #222; color: #eee }",
-          "* { font: 30px monospace; min-width: 300px; max-height: 12px; padding: 20px;"
+          "* { font: italic 30px monospace; min-width: 300px; max-height: 12px; padding: 20px;"
           " border: 3px solid red }",
           "* { min-height: 700px; max-width: 20px; margin: 9px; background: lime }",
           "QLabel { background: red; font-size: 40px }"

@@ -6,6 +6,7 @@
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 
 namespace velmora::test {
@@ -22,6 +23,16 @@ Deployment LocalAdServer::deployment() const {
     values.reachabilityProbe = QStringLiteral("127.0.0.1");
     values.adServerAuthorities = server.caPem();
     return values;
+}
+
+QMap<QString, QString> variablesFor(const adserver::AdServer &server, const QString &folder) {
+    QFile authority(folder + QStringLiteral("/ca.pem"));
+    EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
+    authority.write(server.caPem());
+    return {{QStringLiteral("VELMORA_AD_SERVER_URL"), server.baseUrl()},
+            {QStringLiteral("VELMORA_AD_SERVER_CA"), authority.fileName()},
+            {QStringLiteral("VELMORA_STORE_LOOKUP_URL"), server.baseUrl()},
+            {QStringLiteral("VELMORA_REACHABILITY_PROBE"), QStringLiteral("127.0.0.1")}};
 }
 
 // The table that is being read is screened with the values that are replaced.

@@ -5,6 +5,7 @@
 #include "tests/support/FreshProcess.h"
 
 #include <QtCore/QJsonArray>
+#include <QtCore/QMap>
 
 namespace velmora::test {
 
@@ -36,6 +37,10 @@ private:
     /// The deployment values that lead to the server.
     Deployment deployment() const;
 };
+
+/// Environment variables that lead a child process to an ad server.
+/// @param folder gets a file with the certificate of the server's authority
+QMap<QString, QString> variablesFor(const adserver::AdServer &server, const QString &folder);
 
 /// The path of the ad request.
 inline const QString TablePath = QStringLiteral("/api/v1/banners");

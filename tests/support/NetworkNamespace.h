@@ -37,7 +37,7 @@ namespace velmora::test {
 constexpr char insideVariable[] = "VELMORA_TEST_IN_NAMESPACE";
 
 inline ReachabilityFlags query(const char *address) {
-    return RouteMonitor::query(QHostAddress(QLatin1String(address)));
+    return RouteMonitor::query(IpAddress(QLatin1String(address)));
 }
 
 /// What a monitor's callbacks were called with. Shared with the callbacks, because the watching

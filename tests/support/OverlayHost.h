@@ -14,6 +14,11 @@ namespace velmora::test {
 /// A host with text fields in its content and its tool bar, and an overlay with two buttons over
 /// the content.
 class OverlayHost : public FreshProcess {
+public:
+    /// Makes a window the active one. Tries several times, since a window manager may ignore
+    /// requests for a window that is new to it. @return false when it did not become active
+    static bool activate(QWidget *widget);
+
 protected:
     OverlayHost();
     ~OverlayHost() override;
@@ -22,9 +27,6 @@ protected:
     void reset();
     /// Makes the overlay, hidden.
     void make(Overlay::Kind kind);
-    /// Makes a window the active one. Tries several times, since a window manager may ignore
-    /// requests for a window that is new to it. @return false when it did not become active
-    static bool activate(QWidget *widget);
     /// Sends a key to the window as the window system does.
     void press(Qt::Key key);
 

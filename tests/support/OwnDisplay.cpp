@@ -107,11 +107,14 @@ QString runOnDisplay(const QString &program, const QStringList &arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-void clickOnDisplay(const QWidget *widget, QPoint point) {
-    const QPoint global = widget->mapToGlobal(point);
+void clickOnDisplay(QPoint point) {
     runOnDisplay(QStringLiteral("xdotool"),
-                 {QStringLiteral("mousemove"), QString::number(global.x()),
-                  QString::number(global.y()), QStringLiteral("click"), QStringLiteral("1")});
+                 {QStringLiteral("mousemove"), QString::number(point.x()),
+                  QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
+}
+
+void clickOnDisplay(const QWidget *widget, QPoint point) {
+    clickOnDisplay(widget->mapToGlobal(point));
 }
 
 QColor colorOnDisplay(const QWidget *widget, QPoint point) {

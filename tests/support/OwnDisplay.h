@@ -33,7 +33,8 @@ private:
 /// Runs a program on the display until it ends. @return its standard output
 QString runOnDisplay(const QString &program, const QStringList &arguments);
 
-/// Clicks with the mouse on a point of a widget.
+/// Clicks with the mouse on a point of the screen, or of a widget.
+void clickOnDisplay(QPoint point);
 void clickOnDisplay(const QWidget *widget, QPoint point);
 
 /// The colour that the display shows at a point of a widget.

@@ -36,14 +36,19 @@ const char *__tsan_default_suppressions() {
     return "called_from_lib:libQt6Core.so\n"
            "called_from_lib:libQt6Gui.so\n"
            "called_from_lib:libQt6Network.so\n"
+           "called_from_lib:libQt6DBus.so\n"
+           "called_from_lib:libdbus-1.so\n"
            "called_from_lib:libcpp-httplib.so\n"
            // A posted event is read by another thread than it was made by. The lock of Qt's queue
            // of posted events lies between the two.
            "race_top:QEvent::type\n"
+           // Qt's thread for D-Bus leaves this object before the main thread destroys it.
+           "race:SettingsPortal::metaObject\n"
            // The C library's own lock around the time zone.
            "race:tzset_internal\n"
-           // GStreamer takes some locks of its own in either order.
-           "deadlock:libgst\n";
+           // GStreamer and D-Bus take some locks of their own in either order.
+           "deadlock:libgst\n"
+           "deadlock:libdbus-1\n";
 }
 
 #ifdef VELMORA_TEST_FOREIGN_THREADS

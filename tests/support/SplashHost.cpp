@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/SplashHost.h"
 
+#include "AdKeys.h"
+#include "AdsDownloader.h"
 #include "Animator.h"
 #include "Workspace.h"
 #include "tests/support/Waiting.h"
+
+#include <QtCore/QJsonArray>
 
 namespace velmora::test {
 
@@ -71,6 +75,19 @@ void SplashHost::useUnplayableVideo() {
     putInCaches("broken.mp4", "no video");
     Velmora::setDefaultVideoWithURL(
         QUrl::fromLocalFile(cachesFolder() + QStringLiteral("/broken.mp4")), {});
+}
+
+void SplashHost::drawVideo(const QString &name) {
+    AdsDownloader &downloader = *AdsDownloader::sharedInstance();
+    downloader.startUpdateAllAds();
+    ASSERT_TRUE(eventually([&] { return downloader.isUpdateAdsCurrentSession(); }));
+    const QJsonObject ad{{kMainNameKey, name},
+                         {kVideoCapture, QStringLiteral("/%1.mp4").arg(name)},
+                         {kVideoImage, QStringLiteral("/%1.png").arg(name)},
+                         {kVideoPriority, 1},
+                         {kVideoURL, QStringLiteral("https://store.example/app/%1").arg(name)}};
+    downloader.setReplyJSON(QJsonObject{{kMainVideoKey, QJsonArray{ad}}});
+    downloader.downloadVideo();
 }
 
 QStringList SplashHost::heard() {

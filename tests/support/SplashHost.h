@@ -44,6 +44,10 @@ protected:
     /// never ends.
     void useUnplayableVideo();
 
+    /// Makes an ad the only video ad of the table, and begins to load it. Its name is also that of
+    /// its files and of its page in the store.
+    static void drawVideo(const QString &name);
+
     /// The notifications since the last call: the last part of their names, with ":" and the
     /// object when they have one.
     QStringList heard();

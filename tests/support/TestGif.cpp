@@ -82,8 +82,4 @@ QByteArray stillGif(const QColor &left, const QColor &right, QSize size) {
     return header(size) + frame(size, 0, left, right, packedPixels(size, size.width() / 2)) + ';';
 }
 
-QByteArray gifHeaderOnly(QSize size) {
-    return header(size) + ';';
-}
-
 } // namespace velmora::test

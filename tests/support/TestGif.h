@@ -15,7 +15,4 @@ QByteArray gif(const QList<QColor> &frames, QSize size = {182, 22}, int delay = 
 /// A GIF of a single frame, whose left half has one colour and its right half another.
 QByteArray stillGif(const QColor &left, const QColor &right, QSize size);
 
-/// A GIF with a size and without frames.
-QByteArray gifHeaderOnly(QSize size);
-
 } // namespace velmora::test

@@ -11,7 +11,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-#include <QtCore/QRegularExpression>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -37,7 +36,7 @@ Scene::Scene(DemoApplication &demo, const QString &folder, qint64 tourStarted, c
     : m_demo(demo), m_timeline(folder, tourStarted), m_folder(folder), m_name(name) {}
 
 bool Scene::run(void (*play)(Scene &)) {
-    note(Timeline::Scene, m_name);
+    note("scene", m_name);
     QObject::connect(&m_demo.log(), &EventLog::recorded, &m_demo.log(),
                      [this](const QString &event, const QString &object) {
                          m_events.insert(event, object);
@@ -146,16 +145,15 @@ QWidget *Scene::reveal(const char *button, const char *revealed) {
 }
 
 void Scene::clickAd(QWidget *ad, const QString &notification, const QStringList &names) {
+    // Clicks on an ad that has just appeared are ignored.
+    watch(
+        "the ad before it is clicked", [ad] { return ad->isVisible(); }, 800);
     const int links = count(LinkOpener::Opened);
     const int clicks = count(notification);
     click(ad, 0.4, 0.4);
     awaitEvent(notification, clicks + 1);
     expect(names.contains(lastObject(notification)), "the name of the ad in " + notification);
     expect(count(LinkOpener::Opened) == links + 1, "one opened link after " + notification);
-    // The scheme depends on whether this machine has a store application.
-    static const QRegularExpression storePage("^/app/id\\d+$");
-    expect(storePage.match(QUrl(lastObject(LinkOpener::Opened)).path()).hasMatch(),
-           "a link to a page of the store");
 }
 
 void Scene::pay(QWidget *button, const QString &pictureName,

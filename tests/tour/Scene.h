@@ -63,7 +63,7 @@ public:
     /// Clicks a control of the journal's window and waits until the screen shows another one.
     /// @return the other one
     QWidget *reveal(const char *button, const char *revealed);
-    /// Clicks an ad and checks the notification, which has one of the names, and the opened link.
+    /// Clicks an ad and checks the notification, which has one of the names, and that a link opens.
     void clickAd(QWidget *ad, const QString &notification, const QStringList &names);
     /// Clicks a button that asks for the removal of ads, takes a picture of the offer and accepts
     /// it. The ad must be shown until then.

@@ -54,10 +54,6 @@ QImage ScreenRobot::pictureOf(const QWidget *window) {
     return grab(window->screen(), window->frameGeometry());
 }
 
-QImage ScreenRobot::pictureAt(const QWidget *widget) {
-    return grab(widget->screen(), {widget->mapToGlobal(QPoint()), widget->size()});
-}
-
 bool ScreenRobot::hasPictureAt(const QWidget *widget) {
     constexpr double Trace = 1;
     const QSize half = widget->size() / 2;
@@ -68,8 +64,10 @@ bool ScreenRobot::hasPictureAt(const QWidget *widget) {
 
 bool ScreenRobot::shows(QWidget *widget) {
     constexpr double Tolerance = 12; // an animated widget has moved on between the two pictures
-    return widget && widget->isVisible() && !widget->size().isEmpty() &&
-           difference(widget->grab().toImage(), pictureAt(widget)) < Tolerance;
+    if (!widget || !widget->isVisible() || widget->size().isEmpty())
+        return false;
+    const QRect place(widget->mapToGlobal(QPoint()), widget->size());
+    return difference(widget->grab().toImage(), grab(widget->screen(), place)) < Tolerance;
 }
 
 void ScreenRobot::click(QWidget *widget, const QPoint &point) {

@@ -16,9 +16,6 @@ public:
     /// A window with its frame.
     static QImage pictureOf(const QWidget *window);
 
-    /// The part of the screen that a widget covers.
-    static QImage pictureAt(const QWidget *widget);
-
     /// Whether the screen shows more than a single colour in the middle of a widget.
     static bool hasPictureAt(const QWidget *widget);
 

@@ -24,19 +24,17 @@ void videoOnly(Scene &scene, Splash &splash) {
     scene.reveal("panelButton", "showTab");
     scene.resizeWindow(WithPanel);
     scene.picture("panel-show");
-    scene.note(Timeline::LoadTime, "0");
     scene.click(scene.reveal("showTab", "videoOnlyButton"));
     splash.awaitVideo();
     scene.await("a video that has begun",
                 [&] { return splash.isSettled() && splash.countdown() != "5"; });
-    splash.picture("video-only");
+    scene.picture("video-only");
     splash.awaitCloseButton();
     splash.close();
 }
 
 /// @return a second window, which has joined the start screen
 JournalWindow *secondWindow(Scene &scene, Splash &splash) {
-    scene.note(Timeline::LoadTime, QString::number(scene.demo().advertising()->times().load));
     scene.click(scene.reveal("showTab", "forceButton"));
     scene.awaitEvent(VLMsplashScreenShowMoreOne);
     splash.awaitStartScreen();
@@ -59,18 +57,18 @@ void pause(Scene &scene, Splash &splash, JournalWindow *second) {
     other.show();
     other.activateWindow();
     scene.awaitActive(&other);
-    scene.note(Timeline::Away);
+    scene.note("away");
     const QString counted = splash.countdown();
     scene.watch(
         "a countdown that stays at " + counted,
         [&] { return !counted.isEmpty() && splash.countdown() == counted; }, PauseMs);
-    splash.picture("paused");
+    scene.picture("paused");
     scene.picture("paused-second-window", second);
     other.hide();
     window->raise();
     window->activateWindow();
     scene.awaitActive(window);
-    scene.note(Timeline::Back);
+    scene.note("back");
     scene.await("a countdown that continues", [&] { return splash.countdown() != counted; });
 }
 

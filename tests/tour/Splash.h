@@ -30,10 +30,6 @@ public:
     /// @param ad what is shown of the ad: "interstitialImage" or, without a still, "iconImageView"
     void awaitEndScreen(const char *ad = "interstitialImage");
 
-    /// Saves a picture of the journal's window and checks that every visible element lies inside
-    /// the splash screen.
-    void picture(const QString &name);
-
     void click(const char *name);
     /// Clicks the video and checks the notification and the opened link.
     /// @param names those that the notification may carry

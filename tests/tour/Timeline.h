@@ -13,15 +13,6 @@ class Timeline {
 public:
     static inline const QString FileName = "timeline.txt";
 
-    // Names of the events that scenes add to the framework's notifications, with their objects.
-    static inline const QString Scene = "scene";        ///< a scene begins; its name
-    static inline const QString Delay = "delay";        ///< a window is registered; seconds
-    static inline const QString Ready = "ads-ready";    ///< the delay is over
-    static inline const QString LoadTime = "load-time"; ///< new length of start screens; seconds
-    static inline const QString CloseButton = "close-button"; ///< it is shown
-    static inline const QString Away = "away"; ///< a window without a splash screen becomes active
-    static inline const QString Back = "back"; ///< a window with a splash screen is active again
-
     /// @param started start of the tour on the system's steady clock, milliseconds
     Timeline(const QString &folder, qint64 started);
 

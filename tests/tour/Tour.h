@@ -10,7 +10,7 @@ namespace demo::tour {
 
 class Scene;
 
-/// Plays all scenes, each in a process of its own, and then checks their common timeline.
+/// Plays all scenes, each in a process of its own, with a common timeline.
 class Tour {
 public:
     /// How one scene is started. Starts with the same cache or config name share that folder, as
@@ -30,7 +30,7 @@ public:
     /// @param folder where the pictures and the timeline go
     explicit Tour(const QString &folder);
 
-    /// @return whether every scene and the timeline were as expected
+    /// @return whether every scene was as expected
     bool run();
 
 private:

@@ -24,22 +24,19 @@ namespace {
 
 SCNetworkReachabilityRef createWithAddress(const RouteTarget &target) {
     sockaddr_storage storage{};
-    bool isIpv4 = false;
-    const quint32 ipv4 = target.address.toIPv4Address(&isIpv4);
-    if (isIpv4 || target.address == QHostAddress::Any) {
+    if (const std::optional<in_addr> ipv4 = target.address.ipv4()) {
         sockaddr_in address{};
         address.sin_len = sizeof address;
         address.sin_family = AF_INET;
         address.sin_port = htons(target.port);
-        address.sin_addr.s_addr = htonl(isIpv4 ? ipv4 : INADDR_ANY);
+        address.sin_addr.s_addr = ipv4->s_addr;
         std::memcpy(&storage, &address, sizeof address);
     } else {
-        const Q_IPV6ADDR ipv6 = target.address.toIPv6Address();
         sockaddr_in6 address{};
         address.sin6_len = sizeof address;
         address.sin6_family = AF_INET6;
         address.sin6_port = htons(target.port);
-        std::memcpy(&address.sin6_addr, &ipv6, sizeof ipv6);
+        address.sin6_addr = target.address.ipv6();
         std::memcpy(&storage, &address, sizeof address);
     }
     return SCNetworkReachabilityCreateWithAddress(kCFAllocatorDefault,
@@ -132,7 +129,7 @@ struct RouteMonitor::Private {
     }
 };
 
-ReachabilityFlags RouteMonitor::query(const QHostAddress &target) {
+ReachabilityFlags RouteMonitor::query(const IpAddress &target) {
     if (target.isNull())
         return 0;
     SCNetworkReachabilityRef handle = createWithAddress({target, 0, {}});
@@ -147,7 +144,7 @@ std::unique_ptr<RouteMonitor> RouteMonitor::create(const RouteTarget &target) {
     auto d = std::make_unique<Private>();
     d->target = target;
     if (d->target.address.isNull())
-        d->target.address = QHostAddress(target.hostName); // the name may spell an address
+        d->target.address = IpAddress(target.hostName); // the name may spell an address
     const bool isName = d->target.address.isNull();
     SCNetworkReachabilityRef handle = nullptr;
     if (isName) {

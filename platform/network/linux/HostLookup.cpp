@@ -11,7 +11,7 @@ namespace velmora {
 namespace {
 
 struct Answer {
-    QList<QHostAddress> addresses;
+    QList<IpAddress> addresses;
     // True when the name service has answered, also when it answered that there is no such name.
     bool isFinal = false;
 };
@@ -26,7 +26,7 @@ Answer resolve(const QByteArray &name) {
         return {{}, result != EAI_AGAIN && result != EAI_SYSTEM && result != EAI_MEMORY};
     Answer answer{{}, true};
     for (const addrinfo *entry = list; entry; entry = entry->ai_next)
-        answer.addresses.append(QHostAddress(entry->ai_addr));
+        answer.addresses.append(IpAddress(entry->ai_addr));
     freeaddrinfo(list);
     return answer;
 }
@@ -77,7 +77,7 @@ void HostLookup::run() {
     }
 }
 
-QList<QHostAddress> HostLookup::addresses() const {
+QList<IpAddress> HostLookup::addresses() const {
     const std::lock_guard lock(m_mutex);
     return m_addresses;
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "IpAddress.h"
 #include "WakeEvent.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtNetwork/QHostAddress>
 
 #include <memory>
 #include <mutex>
@@ -25,7 +25,7 @@ public:
     void begin(std::shared_ptr<WakeEvent> wake);
 
     /// The last result. A look-up that could not reach the name service does not change it.
-    QList<QHostAddress> addresses() const;
+    QList<IpAddress> addresses() const;
 
     /// True when the last look-up found no address and no other one is running.
     bool hasFailed() const;
@@ -35,7 +35,7 @@ private:
 
     const QByteArray m_name;
     mutable std::mutex m_mutex;
-    QList<QHostAddress> m_addresses;
+    QList<IpAddress> m_addresses;
     std::vector<std::shared_ptr<WakeEvent>> m_waiting;
     bool m_isRunning = false;
     bool m_again = false;

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NetlinkRoutes.h"
 
-#include <QtNetwork/QNetworkInterface>
-
-#include <arpa/inet.h>
 #include <libmnl/libmnl.h>
 #include <linux/if.h>
 #include <linux/if_addr.h>
@@ -20,12 +17,12 @@ namespace {
 // any network. For a public address that no machine has a special route to, it reports the default
 // route. It applies metrics, policy rules and dead next hops in doing so, which would be much work
 // with the routing table.
-QHostAddress anyIpv4Host() {
-    return QHostAddress(QStringLiteral("128.0.0.1"));
+IpAddress anyIpv4Host() {
+    return IpAddress(QStringLiteral("128.0.0.1"));
 }
 
-QHostAddress anyIpv6Host() {
-    return QHostAddress(QStringLiteral("2000::1"));
+IpAddress anyIpv6Host() {
+    return IpAddress(QStringLiteral("2000::1"));
 }
 
 template<typename Body>
@@ -59,12 +56,6 @@ bool isRoutable(int type) {
     }
 }
 
-QHostAddress normalised(const QHostAddress &address) {
-    bool isIpv4 = false;
-    const quint32 ipv4 = address.toIPv4Address(&isIpv4); // also for an IPv4-mapped IPv6 address
-    return isIpv4 ? QHostAddress(ipv4) : address;
-}
-
 } // namespace
 
 ReachabilityFlags NetlinkRoutes::better(ReachabilityFlags first, ReachabilityFlags second) {
@@ -76,15 +67,13 @@ ReachabilityFlags NetlinkRoutes::better(ReachabilityFlags first, ReachabilityFla
     return rank(second) > rank(first) ? second : first;
 }
 
-ReachabilityFlags NetlinkRoutes::flags(const QHostAddress &target) {
+ReachabilityFlags NetlinkRoutes::flags(const IpAddress &target) {
     if (!m_socket.isOpen() || target.isNull())
         return 0;
-    const QHostAddress address = normalised(target);
-    if (address == QHostAddress(QHostAddress::AnyIPv4) || address == QHostAddress::Any)
-        return internetFlags(false);
-    if (address == QHostAddress(QHostAddress::AnyIPv6))
-        return internetFlags(true);
-    if (address == QHostAddress(QStringLiteral("169.254.0.0")))
+    const IpAddress address = target.unmapped();
+    if (address.isAny())
+        return internetFlags(address.family() == AF_INET6);
+    if (address.text() == QLatin1String("169.254.0.0"))
         return localNetworkFlags();
     return hostFlags(address);
 }
@@ -115,7 +104,7 @@ ReachabilityFlags NetlinkRoutes::localNetworkFlags() {
     return 0;
 }
 
-ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
+ReachabilityFlags NetlinkRoutes::hostFlags(const IpAddress &target) {
     const std::optional<NetlinkReply::Route> found = route(target);
     if (!found)
         return 0;
@@ -136,22 +125,17 @@ ReachabilityFlags NetlinkRoutes::hostFlags(const QHostAddress &target) {
                : flags | ReachabilityFlagTransientConnection | ReachabilityFlagConnectionRequired;
 }
 
-std::optional<NetlinkReply::Route> NetlinkRoutes::route(const QHostAddress &target) {
+std::optional<NetlinkReply::Route> NetlinkRoutes::route(const IpAddress &target) {
     Message<rtmsg> request(RTM_GETROUTE, 0);
-    if (target.protocol() == QAbstractSocket::IPv4Protocol) {
-        const quint32 address = htonl(target.toIPv4Address());
+    if (const std::optional<in_addr> address = target.ipv4()) {
         request->rtm_family = AF_INET;
         request->rtm_dst_len = 32;
-        mnl_attr_put(request.header(), RTA_DST, sizeof address, &address);
+        mnl_attr_put(request.header(), RTA_DST, sizeof *address, &*address);
     } else {
-        const Q_IPV6ADDR address = target.toIPv6Address();
         request->rtm_family = AF_INET6;
         request->rtm_dst_len = 128;
-        mnl_attr_put(request.header(), RTA_DST, sizeof address, &address);
-        if (!target.scopeId().isEmpty()) {
-            const int link = QNetworkInterface::interfaceIndexFromName(target.scopeId());
-            mnl_attr_put_u32(request.header(), RTA_OIF, static_cast<quint32>(link));
-        }
+        mnl_attr_put(request.header(), RTA_DST, sizeof target.ipv6(), &target.ipv6());
+        mnl_attr_put_u32(request.header(), RTA_OIF, target.interfaceNumber());
     }
 
     std::optional<NetlinkReply::Route> found;

@@ -16,7 +16,7 @@ public:
     bool isOpen() const { return m_socket.isOpen(); }
 
     /// 0 when the kernel has no route or does not answer.
-    ReachabilityFlags flags(const QHostAddress &target);
+    ReachabilityFlags flags(const IpAddress &target);
 
     /// The better one of two results for the same target. Reachable at once is better than
     /// reachable after a connection is established, which is better than unreachable.
@@ -25,8 +25,8 @@ public:
 private:
     ReachabilityFlags internetFlags(bool onlyIpv6);
     ReachabilityFlags localNetworkFlags();
-    ReachabilityFlags hostFlags(const QHostAddress &target);
-    std::optional<NetlinkReply::Route> route(const QHostAddress &target);
+    ReachabilityFlags hostFlags(const IpAddress &target);
+    std::optional<NetlinkReply::Route> route(const IpAddress &target);
     unsigned linkFlags(int link);
 
     NetlinkSocket m_socket;

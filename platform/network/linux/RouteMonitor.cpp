@@ -31,7 +31,7 @@ ReachabilityFlags flagsOf(NetlinkRoutes &routes, const RouteTarget &target,
     if (!lookup)
         return routes.flags(target.address);
     ReachabilityFlags flags = 0;
-    for (const QHostAddress &address : lookup->addresses())
+    for (const IpAddress &address : lookup->addresses())
         flags = NetlinkRoutes::better(flags, routes.flags(address));
     return flags;
 }
@@ -139,7 +139,7 @@ struct RouteMonitor::Private {
     }
 };
 
-ReachabilityFlags RouteMonitor::query(const QHostAddress &target) {
+ReachabilityFlags RouteMonitor::query(const IpAddress &target) {
     return NetlinkRoutes().flags(target);
 }
 
@@ -147,7 +147,7 @@ std::unique_ptr<RouteMonitor> RouteMonitor::create(const RouteTarget &target) {
     auto d = std::make_unique<Private>();
     d->target = target;
     if (d->target.address.isNull())
-        d->target.address = QHostAddress(target.hostName); // the name may spell an address
+        d->target.address = IpAddress(target.hostName); // the name may spell an address
     if (d->target.address.isNull()) {
         const QByteArray name = resolverName(target.hostName);
         if (name.isEmpty())

@@ -50,6 +50,7 @@ GstElement *GstDecoder::create() {
         return nullptr;
     // Hardware decoders load graphics drivers into the host, and save little at these sizes.
     g_object_set(decoder, "force-sw-decoders", TRUE, nullptr);
+    g_signal_connect(decoder, "autoplug-continue", G_CALLBACK(continuesWith), this);
     g_signal_connect(decoder, "autoplug-select", G_CALLBACK(choosePlugin), this);
     g_signal_connect(decoder, "element-added", G_CALLBACK(elementAdded), this);
     return decoder;
@@ -71,6 +72,15 @@ int GstDecoder::choosePlugin(GstElement *, GstPad *, GstCaps *caps, GstElementFa
     return static_cast<GstDecoder *>(decoder)->accepts(caps) && isWanted(factory, caps)
                ? TryFactory
                : SkipFactory;
+}
+
+gboolean GstDecoder::continuesWith(GstElement *, GstPad *, GstCaps *caps, gpointer decoder) {
+    const GstStructure *format = gst_caps_get_structure(caps, 0);
+    gboolean isFramed = FALSE;
+    // A stream that is not in a container has no times before it is parsed.
+    const bool hasTimes = gst_structure_get_boolean(format, "framed", &isFramed) && isFramed;
+    const bool isSound = g_str_has_prefix(gst_structure_get_name(format), "audio/");
+    return static_cast<GstDecoder *>(decoder)->m_decodesSound || !isSound || !hasTimes;
 }
 
 void GstDecoder::elementAdded(GstBin *, GstElement *element, gpointer decoder) {

@@ -25,16 +25,22 @@ public:
     /// Makes the decoder element; null when the plugin is missing. A floating reference.
     GstElement *create();
 
+    /// From now on no sound is decoded, as nobody hears it; the decoder's pads give out what is in
+    /// the file. Before the pipeline starts.
+    void leaveSoundEncoded() { m_decodesSound = false; }
+
     /// False, with the listener told, when a stream's pictures are too large. Any thread.
     bool accepts(const GstCaps *caps);
 
 private:
     static int choosePlugin(GstElement *, GstPad *, GstCaps *caps, GstElementFactory *factory,
                             gpointer decoder);
+    static gboolean continuesWith(GstElement *, GstPad *, GstCaps *caps, gpointer decoder);
     static void elementAdded(GstBin *, GstElement *element, gpointer decoder);
 
     VideoEngineListener *const m_listener;
     std::atomic<bool> m_isSmall = false;
+    std::atomic<bool> m_decodesSound = true;
 };
 
 } // namespace velmora

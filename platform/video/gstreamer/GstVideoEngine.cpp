@@ -7,6 +7,8 @@
 
 #include <QtCore/QFile>
 
+#include <gst/base/gstbasetransform.h>
+
 namespace velmora {
 
 namespace {
@@ -51,18 +53,14 @@ bool hasRunningThread(GstElement *pipeline) {
     return found;
 }
 
-// The elements that pictures go through: turned upright, with square pixels, in the format of
-// QImage and with limited size. The sink keeps the latest two, and drops the older one when nobody
-// takes it.
+// The elements that pictures go through: turned upright, and scaled in the format of QImage. The
+// sink keeps the latest two, and drops the older one when nobody takes it.
 QByteArray pictureDescription() {
     const GstPointer<GstElementFactory> flip(gst_element_factory_find("videoflip"));
-    const QByteArray side = "[1," + QByteArray::number(GstDecoder::LargestSide) + ']';
     return QByteArray("queue max-size-buffers=3 max-size-bytes=0 max-size-time=0 ! ") +
-           (flip ? "videoflip video-direction=auto ! " : "") +
-           "videoconvert ! videoscale ! video/x-raw,format=" + gstFrameFormat() +
-           ",pixel-aspect-ratio=1/1,width=" + side + ",height=" + side +
-           " ! "
-           "appsink name=pictures max-buffers=2 drop=true sync=true enable-last-sample=false";
+           (flip ? "videoflip name=flip video-direction=auto ! " : "") +
+           GstPictureSize::description() +
+           " ! appsink name=pictures max-buffers=2 drop=true sync=true enable-last-sample=false";
 }
 
 } // namespace
@@ -134,6 +132,7 @@ void GstVideoEngine::warmUp() {
 
 void GstVideoEngine::load(const VideoSource &source) {
     m_wantsSound = source.sound;
+    m_pictureSize.setPlace(source.place);
     if (source.pictureMemory)
         m_allocator = makeGstPictureAllocator(source.pictureMemory);
     m_pipeline.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
@@ -164,6 +163,8 @@ void GstVideoEngine::load(const VideoSource &source) {
 void GstVideoEngine::openSoundDevice() {
     if (m_wantsSound)
         m_soundDevice = openGstSoundSink();
+    if (!m_soundDevice)
+        m_decoder.leaveSoundEncoded();
 }
 
 GstPointer<GstElement> GstVideoEngine::takeSoundDevice() {
@@ -247,6 +248,10 @@ void GstVideoEngine::applyMuted() {
         g_object_set(volume.get(), "mute", m_muted ? TRUE : FALSE, nullptr);
 }
 
+void GstVideoEngine::setPlace(const QSize &place) {
+    m_pictureSize.setPlace(place);
+}
+
 double GstVideoEngine::durationSeconds() {
     gint64 duration = 0;
     if (!m_pipeline || !gst_element_query_duration(m_pipeline.get(), GST_FORMAT_TIME, &duration))
@@ -291,6 +296,10 @@ void GstVideoEngine::showPictures(GstPad *pad) {
     GstElement *part = addPart(pictureDescription());
     if (!part)
         return;
+    m_pictureSize.attach(part);
+    // Until a tag says that the video is turned. It would copy each picture otherwise.
+    if (const GstPointer<GstElement> flip{gst_bin_get_by_name(GST_BIN(part), "flip")})
+        gst_base_transform_set_passthrough(GST_BASE_TRANSFORM(flip.get()), TRUE);
     const GstPointer<GstElement> sink(gst_bin_get_by_name(GST_BIN(part), "pictures"));
     GstAppSinkCallbacks callbacks{};
     callbacks.new_preroll = Callbacks::newPreroll;

@@ -3,6 +3,7 @@
 
 #include "GstBusReader.h"
 #include "GstDecoder.h"
+#include "GstPictureSize.h"
 #include "GstPointer.h"
 #include "VideoEngine.h"
 
@@ -33,6 +34,7 @@ public:
     void pause() override;
     void seek(double seconds) override;
     void setMuted(bool muted) override;
+    void setPlace(const QSize &place) override;
     double durationSeconds() override;
 
 private:
@@ -60,6 +62,7 @@ private:
     VideoEngineListener *m_listener;
     GstDecoder m_decoder;
     GstBusReader m_bus;
+    GstPictureSize m_pictureSize;
     GstPointer<GstElement> m_pipeline;
     GstPointer<GstAllocator> m_allocator;
     // Null when no sound is wanted or no device answers.

@@ -58,6 +58,8 @@ void HelperEngine::load(const VideoSource &source) {
     HelperMessage message;
     message.kind = Kind::Load;
     message.flag = source.sound;
+    message.width = source.place.width();
+    message.height = source.place.height();
     m_process->channel()->send(message, file);
     ::close(file);
     m_isReceiving = true;
@@ -95,6 +97,14 @@ void HelperEngine::seek(double seconds) {
 
 void HelperEngine::setMuted(bool muted) {
     send(Kind::SetMuted, muted);
+}
+
+void HelperEngine::setPlace(const QSize &place) {
+    HelperMessage message;
+    message.kind = Kind::SetPlace;
+    message.width = place.width();
+    message.height = place.height();
+    m_process->channel()->send(message);
 }
 
 double HelperEngine::durationSeconds() {

@@ -28,6 +28,7 @@ public:
     void checkOpening() override;
     void seek(double seconds) override;
     void setMuted(bool muted) override;
+    void setPlace(const QSize &place) override;
     double durationSeconds() override;
 
 private:

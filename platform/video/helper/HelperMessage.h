@@ -14,12 +14,13 @@ namespace velmora {
 struct HelperMessage {
     enum class Kind : quint32 {
         // To the helper.
-        Load, ///< with the file; flag: with sound
+        Load, ///< with the file; flag: with sound; width, height: the place
         Play,
         Pause,
         CheckOpening,
         Seek,     ///< position
         SetMuted, ///< flag
+        SetPlace, ///< width, height
         Release,  ///< slot: its picture is no longer shown
 
         // From the helper.
@@ -63,7 +64,7 @@ struct HelperMessage {
 };
 
 /// The helper's only argument. Must change whenever the messages or the pictures' memory do.
-inline constexpr const char *HelperVersion = "1";
+inline constexpr const char *HelperVersion = "2";
 
 /// The helper's open files when it starts, besides the standard ones.
 inline constexpr int HelperChannelFile = 3;

@@ -55,6 +55,7 @@ void EngineHost::loadVideo(const HelperMessage &message, int file) {
     VideoSource source;
     source.path = QStringLiteral("/proc/self/fd/%1").arg(file);
     source.sound = message.flag != 0;
+    source.place = {message.width, message.height};
     source.pictureMemory = &m_memory;
     source.aboutToRead = [this, file] {
         for (const QString &fault : Sandbox::enter(file))
@@ -96,6 +97,9 @@ void EngineHost::obey(const HelperMessage &message) {
         return post([this, position = message.position] { m_engine->seek(position); });
     case Kind::SetMuted:
         return post([this, muted = message.flag != 0] { m_engine->setMuted(muted); });
+    case Kind::SetPlace:
+        return post(
+            [this, place = QSize(message.width, message.height)] { m_engine->setPlace(place); });
     case Kind::Release:
         // At once: the engine may be waiting for memory.
         return m_memory.letGo(message.slot);

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QPalette>
+#include <QtWidgets/QWidget>
+
+namespace velmora::bench {
+
+/// A host's window: of one colour, without a frame and at a known place, so that the display can
+/// be searched for what comes over it.
+class PlainWindow : public QWidget {
+public:
+    explicit PlainWindow(const QRect &place = {0, 0, 1000, 600}) {
+        QPalette colors = palette();
+        colors.setColor(QPalette::Window, Color);
+        setPalette(colors);
+        setWindowFlag(Qt::FramelessWindowHint);
+        setGeometry(place);
+    }
+
+    static constexpr QColor Color{20, 110, 60};
+};
+
+/// The place of one of several windows of the same size that do not overlap on the display.
+inline QRect placeInGrid(int index, QSize size, int columns) {
+    return {QPoint(index % columns * size.width(), index / columns * size.height()), size};
+}
+
+} // namespace velmora::bench

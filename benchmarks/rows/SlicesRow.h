@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "benchmarks/rows/RowOptions.h"
+
+namespace velmora::bench {
+
+/// The longest slice of the main thread in a sequence of splash screens.
+class SlicesRow {
+public:
+    static void measure(const RowOptions &options);
+};
+
+} // namespace velmora::bench

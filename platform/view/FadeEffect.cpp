@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "FadeEffect.h"
+
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+// Qt leaves holes in the window's image where it composes them.
+bool hasTextures(const QWidget *window) {
+    const auto widgets = window->findChildren<QWidget *>();
+    return std::any_of(widgets.begin(), widgets.end(), [](const QWidget *widget) {
+        return widget->isVisible() &&
+               (widget->inherits("QOpenGLWidget") || widget->inherits("QQuickWidget"));
+    });
+}
+
+} // namespace
+
+FadeEffect::FadeEffect(const QWidget *view) : m_view(view) {}
+
+void FadeEffect::setOpacity(double opacity) {
+    m_opacity = opacity;
+    update();
+}
+
+void FadeEffect::draw(QPainter *painter) {
+    if (m_opacity <= 0)
+        return;
+    if (m_size != m_view->size() ||
+        m_picture.devicePixelRatio() != painter->device()->devicePixelRatio()) {
+        m_size = m_view->size();
+        m_picture = sourcePixmap(Qt::LogicalCoordinates, &m_offset, QGraphicsEffect::NoPad);
+        takeBackdrop(*painter);
+    }
+    painter->setOpacity(m_opacity);
+    painter->drawPixmap(m_offset, m_picture);
+}
+
+void FadeEffect::takeBackdrop(const QPainter &painter) {
+    m_backdrop = {};
+    if (painter.device()->devType() != QInternal::Image)
+        return;
+    const auto &drawn = *static_cast<const QImage *>(painter.device());
+    const double density = drawn.devicePixelRatio();
+    // A picture of a part of the window, as QWidget::grab() makes it, has other places.
+    const QWidget *window = m_view->window();
+    if (hasTextures(window) || drawn.size() != (QSizeF(window->size()) * density).toSize())
+        return;
+    const QRectF frame(m_view->mapTo(window, QPoint()), m_view->size());
+    QImage image = drawn.copy(QRectF(frame.topLeft() * density, frame.size() * density).toRect());
+    if (image.depth() == 32)
+        image.reinterpretAsFormat(QImage::Format_RGB32); // draws faster
+    m_backdrop = QPixmap::fromImage(std::move(image));
+    m_backdrop.setDevicePixelRatio(density);
+}
+
+} // namespace velmora
