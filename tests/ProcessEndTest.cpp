@@ -125,9 +125,12 @@ TEST(HostThatEnds, DISABLED_InSomeState) {
     QTimer::singleShot(0, [&] {
         Velmora::forceShow();
         EXPECT_TRUE(Velmora::isShowSplashScreen());
+        // Advancing handles events. Were the host's quit among them, nothing would be left that
+        // wakes the event loop below.
+        if (state == "handler")
+            return;
         time->advance(state == "close-button" ? 12 : 2);
-        if (state != "handler")
-            end(way);
+        end(way);
     });
     QCoreApplication::exec();
 }
