@@ -9,12 +9,11 @@ from fonts import MANROPE_BOLD, MANROPE_HEAVY
 from gif import HEIGHT, WIDTH, hold, move
 
 NAME = "Orrivane"
-STORY = [hold(2.2), move(13, 8), hold(2.4), move(13, 8)]
-COLOURS = 96
-LOSSY = 30
+STORY = [hold(2.2), move(10, 11), hold(2.34), move(10, 11)]
+COLOURS = 31
 
 SKY, SKY_LIGHT, SUN, NAVY = "#bfe6ff", "#d9f1ff", "#ffbe2e", "#123a63"
-STORM, STORM_LIGHT, CLOUD, RAIN = "#29487c", "#34558d", "#e4edf8", "#8ec5ff"
+STORM, CLOUD, RAIN = "#29487c", "#e4edf8", "#8ec5ff"
 
 
 def cloud(ctx, x, y, s, colour):
@@ -69,10 +68,6 @@ def sunny(ctx):
 def rainy(ctx):
     source(ctx, STORM)
     ctx.paint()
-    for i in range(34):
-        x, y = (i * 137) % 760, (i * 53) % 110 - 10
-        polyline(ctx, [(x, y), (x - 5, y + 11)])
-        stroke(ctx, STORM_LIGHT, 1.8)
     cloud(ctx, 68, 38, 1.15, CLOUD)
     for i, dx in enumerate((-26, -12, 2, 16, 28)):
         top = 66 + (i % 2) * 4
@@ -103,7 +98,7 @@ def draw(ctx, stage):
     t = stage if stage <= 1 else stage - 1
     before(ctx)
     if t > 0:
-        edge = -80 + (WIDTH + 160) * (0.35 * t + 0.65 * ease(t))
+        edge = -50 + (WIDTH + 100) * (0.55 * t + 0.45 * ease(t))
         with saved(ctx):
             behind_front(ctx, edge + 9)
             source(ctx, "#ffffff")
