@@ -10,10 +10,10 @@ from gif import HEIGHT, WIDTH, hold, move
 
 NAME = "Orrivane"
 STORY = [hold(2.2), move(10, 11), hold(2.34), move(10, 11)]
-COLOURS = 31
+COLOURS = 23
 
 SKY, SKY_LIGHT, SUN, NAVY = "#bfe6ff", "#d9f1ff", "#ffbe2e", "#123a63"
-STORM, CLOUD, RAIN = "#29487c", "#e4edf8", "#8ec5ff"
+STORM, STORM_LIGHT, CLOUD, RAIN = "#29487c", "#34558d", "#e4edf8", "#8ec5ff"
 
 
 def cloud(ctx, x, y, s, colour):
@@ -68,6 +68,10 @@ def sunny(ctx):
 def rainy(ctx):
     source(ctx, STORM)
     ctx.paint()
+    for i in range(34):
+        x, y = (i * 137) % 760, (i * 53) % 110 - 10
+        polyline(ctx, [(x, y), (x - 5, y + 11)])
+        stroke(ctx, STORM_LIGHT, 1.8)
     cloud(ctx, 68, 38, 1.15, CLOUD)
     for i, dx in enumerate((-26, -12, 2, 16, 28)):
         top = 66 + (i % 2) * 4
