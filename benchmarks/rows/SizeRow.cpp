@@ -79,7 +79,7 @@ QStringList foreignSymbols(const QByteArray &symbols) {
 
 } // namespace
 
-void SizeRow::measure(const RowOptions &) {
+void SizeRow::measure(const BenchOptions &) {
     const auto figure = [](const char *name, const char *unit, const char *kind, double goal) {
         return Figure{QStringLiteral("size"),    QString::fromLatin1(name), {},
                       QString::fromLatin1(unit), QString::fromLatin1(kind), goal};
