@@ -2,11 +2,11 @@
 // Measures the rows "film" and "first-picture": what playing a clip costs, compared with decoding
 // it into a plain X window and with Qt's video widget, and how soon its first frame is painted.
 
+#include "benchmarks/BenchOptions.h"
 #include "benchmarks/Figure.h"
 #include "benchmarks/VideoRun.h"
 #include "benchmarks/VideoSubject.h"
 
-#include <QtCore/QCommandLineParser>
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QApplication>
 
@@ -22,11 +22,7 @@ using Kind = VideoSubject::Kind;
 const QString FilmRow = QStringLiteral("film");
 const QString FirstPictureRow = QStringLiteral("first-picture");
 constexpr QSize LargeWindow(2560, 1600);
-
-struct Extent {
-    int rounds = 3;
-    bool isSmoke = false;
-};
+constexpr int UsualRounds = 3;
 
 QList<VideoClip> clips() {
     return {{QStringLiteral(VELMORA_SAMPLE_VIDEO), {960, 540}},
@@ -44,7 +40,7 @@ QString clipMissing(const VideoClip &clip) {
 
 /// The player and what it is compared with, which take turns, so that other load of the machine
 /// affects all of them alike.
-void measureWindow(const VideoClip &clip, QSize window, const Extent &extent) {
+void measureWindow(const VideoClip &clip, QSize window, const BenchOptions &options) {
     const bool isOwnSize = window == clip.size;
     const QString name =
         isOwnSize ? text(clip.size) : QStringLiteral("%1 in %2").arg(text(clip.size), text(window));
@@ -80,9 +76,10 @@ void measureWindow(const VideoClip &clip, QSize window, const Extent &extent) {
     std::vector<double> missed;
     std::vector<double> slices;
     const QString fault = clipMissing(clip);
-    for (int round = 0; round < extent.rounds && fault.isEmpty(); ++round) {
-        std::fprintf(stderr, "film %s, %d of %d\n", qPrintable(name), round + 1, extent.rounds);
-        const VideoRun run = VideoRun::of({Kind::Player, clip, window}, !extent.isSmoke);
+    const int rounds = options.roundsOr(UsualRounds);
+    for (int round = 0; round < rounds && fault.isEmpty(); ++round) {
+        std::fprintf(stderr, "film %s, %d of %d\n", qPrintable(name), round + 1, rounds);
+        const VideoRun run = VideoRun::of({Kind::Player, clip, window}, !options.isSmoke);
         cpu.push_back(run.cpuPercent);
         // The first frame is painted once or twice: before and when the clip starts to play.
         missed.push_back(std::max(0, VideoClip::Frames - run.painted));
@@ -90,7 +87,7 @@ void measureWindow(const VideoClip &clip, QSize window, const Extent &extent) {
         for (Peer &peer : peers) {
             if (peer.missing.isEmpty())
                 peer.cpu.push_back(
-                    VideoRun::of({peer.kind, clip, window}, !extent.isSmoke).cpuPercent);
+                    VideoRun::of({peer.kind, clip, window}, !options.isSmoke).cpuPercent);
         }
     }
     const auto print = [](const Figure &figure, const QString &why,
@@ -100,30 +97,31 @@ void measureWindow(const VideoClip &clip, QSize window, const Extent &extent) {
     for (const Peer &peer : peers)
         print(peer.figure, fault.isEmpty() ? peer.missing : fault, cpu, peer.cpu);
     const QString shortened =
-        extent.isSmoke ? QStringLiteral("a smoke run does not play to the end") : fault;
+        options.isSmoke ? QStringLiteral("a smoke run does not play to the end") : fault;
     print(dropped, shortened, missed, {});
     if (window == LargeWindow)
         print(slice, shortened, slices, {});
 }
 
-void measureFilm(const Extent &extent) {
+void measureFilm(const BenchOptions &options) {
     for (const VideoClip &clip : clips()) {
-        measureWindow(clip, clip.size, extent);
-        if (extent.isSmoke)
+        measureWindow(clip, clip.size, options);
+        if (options.isSmoke)
             continue;
         for (const QSize window : {QSize(640, 360), QSize(1200, 700), LargeWindow})
-            measureWindow(clip, window, extent);
+            measureWindow(clip, window, options);
     }
-    if (extent.isSmoke)
-        measureWindow(clips().constLast(), LargeWindow, extent);
+    if (options.isSmoke)
+        measureWindow(clips().constLast(), LargeWindow, options);
 }
 
-void measureFirstPicture(const Extent &extent) {
+void measureFirstPicture(const BenchOptions &options) {
     const VideoClip clip = clips().constFirst();
     std::vector<double> cold;
     std::vector<double> warm;
-    for (int round = 0; round < extent.rounds; ++round) {
-        std::fprintf(stderr, "first picture, %d of %d\n", round + 1, extent.rounds);
+    const int rounds = options.roundsOr(UsualRounds);
+    for (int round = 0; round < rounds; ++round) {
+        std::fprintf(stderr, "first picture, %d of %d\n", round + 1, rounds);
         const std::vector<double> times =
             VideoRun::firstFrames({Kind::FirstFrame, clip, clip.size});
         cold.push_back(times.front());
@@ -144,25 +142,10 @@ int main(int argc, char **argv) {
     if (VideoSubject::isSubject(argc, argv))
         return VideoSubject::run(argc, argv);
     const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption rounds(QStringLiteral("rounds"),
-                                    QStringLiteral("Measurements of each figure."),
-                                    QStringLiteral("n"), QStringLiteral("3"));
-    const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("Measure only this row."),
-                                  QStringLiteral("row"));
-    const QCommandLineOption smoke(QStringLiteral("smoke"),
-                                   QStringLiteral("One short measurement of some figures."));
-    parser.addOptions({rounds, only, smoke});
-    parser.process(application);
-    Extent extent;
-    extent.rounds = std::max(1, parser.value(rounds).toInt());
-    if (parser.isSet(smoke))
-        extent = {1, true};
-    const QString row = parser.value(only);
-    if (row.isEmpty() || row == FilmRow)
-        measureFilm(extent);
-    if (row.isEmpty() || row == FirstPictureRow)
-        measureFirstPicture(extent);
+    const BenchOptions options = BenchOptions::parse(application);
+    if (options.wants(FilmRow))
+        measureFilm(options);
+    if (options.wants(FirstPictureRow))
+        measureFirstPicture(options);
     return 0;
 }

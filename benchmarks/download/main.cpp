@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures the download of a large film over TLS, and that of a plain network manager.
 
+#include "benchmarks/BenchOptions.h"
 #include "benchmarks/BenchServer.h"
 #include "benchmarks/Figure.h"
 #include "benchmarks/download/DownloadSubject.h"
@@ -83,21 +84,12 @@ int main(int argc, char **argv) {
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora Benchmarks"));
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption rounds(QStringLiteral("rounds"),
-                                    QStringLiteral("measurements of each figure"),
-                                    QStringLiteral("n"), QStringLiteral("9"));
-    const QCommandLineOption smoke(QStringLiteral("smoke"),
-                                   QStringLiteral("one measurement with a small film"));
-    const QCommandLineOption only(QStringLiteral("only"),
-                                  QStringLiteral("the row to measure; there is only one"),
-                                  QStringLiteral("row"));
     QCommandLineOption subject(QStringLiteral("subject"), {}, QStringLiteral("name"));
     QCommandLineOption settle(QStringLiteral("settle"), {}, QStringLiteral("ms"));
     subject.setFlags(QCommandLineOption::HiddenFromHelp);
     settle.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({rounds, smoke, only, subject, settle});
-    parser.process(application);
+    parser.addOptions({subject, settle});
+    const BenchOptions options = BenchOptions::parse(parser, application);
     if (parser.isSet(subject)) {
         DownloadSubject download(parser.value(subject) == QLatin1String("plain"),
                                  parser.value(settle).toInt());
@@ -105,16 +97,15 @@ int main(int argc, char **argv) {
         return QCoreApplication::exec();
     }
 
-    const bool isSmoke = parser.isSet(smoke);
-    const int megabytes = isSmoke ? SmokeMegabytes : LargeMegabytes;
-    const int settleMs = isSmoke ? SmokeSettleMs : SettleMs;
+    const int megabytes = options.isSmoke ? SmokeMegabytes : LargeMegabytes;
+    const int settleMs = options.millisecondsOr(SettleMs, SmokeSettleMs);
     BenchServer bench;
     bench.server().campaign().setMedia(QLatin1String(DownloadSubject::SmallFilm), film(Megabyte));
     bench.server().campaign().setMedia(QLatin1String(DownloadSubject::LargeFilm),
                                        film(megabytes * Megabyte));
     std::vector<Measurement> ours;
     std::vector<Measurement> plain;
-    const size_t count = isSmoke ? 1 : parser.value(rounds).toUInt();
+    const auto count = size_t(options.roundsOr(9));
     while (ours.size() < count) {
         const int pauseMs = ours.size() < MemoryRounds ? settleMs : 0;
         ours.push_back(measure(bench, QStringLiteral("framework"), pauseMs));

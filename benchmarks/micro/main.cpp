@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures what draws, new ads and large replies cost, with Google Benchmark.
 
+#include "benchmarks/BenchOptions.h"
 #include "benchmarks/BenchServer.h"
 #include "benchmarks/micro/DrawFigures.h"
 #include "benchmarks/micro/ReplyFigures.h"
 #include "benchmarks/micro/TableFigures.h"
 
-#include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 
 using namespace velmora::bench;
@@ -14,13 +14,13 @@ using namespace velmora::bench;
 namespace {
 
 // The options of Google Benchmark. It keeps the texts.
-void initialise(const QString &rounds, const QString &only, bool isSmoke) {
+void initialise(const BenchOptions &bench) {
     static QByteArrayList options{
         "velmora-micro-bench", "--benchmark_enable_random_interleaving=true",
-        "--benchmark_repetitions=" + (isSmoke ? "1" : rounds.toLatin1()),
-        isSmoke ? "--benchmark_min_time=0.001" : "--benchmark_min_time=0.05"};
-    if (!only.isEmpty())
-        options.append("--benchmark_filter=^" + only.toLatin1() + '/');
+        "--benchmark_repetitions=" + QByteArray::number(bench.roundsOr(9)),
+        bench.isSmoke ? "--benchmark_min_time=0.001" : "--benchmark_min_time=0.05"};
+    if (!bench.only.isEmpty())
+        options.append("--benchmark_filter=^" + bench.only.toLatin1() + '/');
     std::vector<char *> arguments;
     for (QByteArray &option : options)
         arguments.push_back(option.data());
@@ -37,19 +37,7 @@ int main(int argc, char **argv) {
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora Benchmarks"));
     QCoreApplication::setApplicationName(QStringLiteral("host"));
     const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption rounds(QStringLiteral("rounds"),
-                                    QStringLiteral("measurements of each figure"),
-                                    QStringLiteral("n"), QStringLiteral("9"));
-    const QCommandLineOption smoke(QStringLiteral("smoke"),
-                                   QStringLiteral("one short measurement of each figure"));
-    const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("the row to measure"),
-                                  QStringLiteral("row"));
-    parser.addOptions({rounds, smoke, only});
-    parser.process(application);
-
-    initialise(parser.value(rounds), parser.value(only), parser.isSet(smoke));
+    initialise(BenchOptions::parse(application));
     MicroFigures figures;
     DrawFigures::addTo(figures);
     TableFigures::addTo(figures);

@@ -25,7 +25,7 @@ int animationMs() {
 } // namespace
 
 BannerCost BannerCost::of(const QString &program, const QStringList &arguments,
-                          const BenchServer &bench, const RowOptions &options) {
+                          const BenchServer &bench, const BenchOptions &options) {
     static const int s_animationMs = animationMs();
     HostProcess host(program, arguments, bench.environment());
     // Labels tell it for each picture.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "benchmarks/BenchOptions.h"
 #include "benchmarks/BenchServer.h"
-#include "benchmarks/rows/RowOptions.h"
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -28,7 +28,7 @@ struct BannerCost {
 
     /// @param arguments of the host; a number in it is that of the pictures
     static BannerCost of(const QString &program, const QStringList &arguments,
-                         const BenchServer &bench, const RowOptions &options);
+                         const BenchServer &bench, const BenchOptions &options);
 };
 
 } // namespace velmora::bench

@@ -18,7 +18,7 @@ constexpr int UsualRounds = 5;
 
 } // namespace
 
-void BannersRow::measure(const RowOptions &options) {
+void BannersRow::measure(const BenchOptions &options) {
     BenchServer bench;
     Campaign::serve(bench, Campaign::sampleBanner(), Campaign::sampleFilm());
     QDir().mkpath(bench.cachesFolder());

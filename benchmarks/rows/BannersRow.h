@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "benchmarks/rows/RowOptions.h"
+#include "benchmarks/BenchOptions.h"
 
 namespace velmora::bench {
 
 /// The processor time and memory of banners, compared with labels.
 class BannersRow {
 public:
-    static void measure(const RowOptions &options);
+    static void measure(const BenchOptions &options);
 };
 
 } // namespace velmora::bench

@@ -15,7 +15,7 @@ constexpr int UsualRounds = 11;
 
 } // namespace
 
-void CallsRow::measure(const RowOptions &options) {
+void CallsRow::measure(const BenchOptions &options) {
     BenchServer bench;
     Campaign::serve(bench, Campaign::sampleBanner(), Campaign::sampleFilm());
     std::vector<double> firstBanner;

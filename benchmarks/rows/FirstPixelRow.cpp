@@ -55,7 +55,7 @@ double firstPixelMs(const char *program, const Display &display, const BenchServ
 
 } // namespace
 
-void FirstPixelRow::measure(const RowOptions &options) {
+void FirstPixelRow::measure(const BenchOptions &options) {
     BenchServer bench;
     Campaign::serve(bench, Campaign::sampleBanner(), Campaign::sampleFilm());
     const Display display;

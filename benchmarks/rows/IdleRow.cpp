@@ -51,7 +51,7 @@ double waits(qint64 processId) {
 
 } // namespace
 
-void IdleRow::measure(const RowOptions &options) {
+void IdleRow::measure(const BenchOptions &options) {
     const QByteArray still = test::gif({Qt::blue}, {728, 90});
     std::vector<Trial> trials;
     trials.push_back({"hidden window", "hidden", Campaign::sampleBanner(), {}, {}, {}});

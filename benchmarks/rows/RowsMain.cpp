@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures hosts from outside: each is a process of its own.
 
+#include "benchmarks/BenchOptions.h"
 #include "benchmarks/rows/BannersRow.h"
 #include "benchmarks/rows/CallsRow.h"
 #include "benchmarks/rows/FirstPixelRow.h"
@@ -11,7 +12,6 @@
 #include "benchmarks/rows/StartUpRow.h"
 #include "benchmarks/rows/WebViewRow.h"
 
-#include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 
 #include <cstdio>
@@ -24,7 +24,7 @@ namespace {
 
 struct Row {
     const char *name;
-    void (*measure)(const RowOptions &options);
+    void (*measure)(const BenchOptions &options);
 };
 
 constexpr Row Rows[] = {
@@ -43,24 +43,13 @@ constexpr Row Rows[] = {
 
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("the row to measure"),
-                                  QStringLiteral("row"));
-    const QCommandLineOption rounds(QStringLiteral("rounds"),
-                                    QStringLiteral("measurements of each figure"),
-                                    QStringLiteral("n"));
-    const QCommandLineOption smoke(QStringLiteral("smoke"),
-                                   QStringLiteral("one short measurement of each figure"));
-    parser.addOptions({only, rounds, smoke});
-    parser.process(application);
+    const BenchOptions options = BenchOptions::parse(application);
 
     // The pages of a file that was just built count as private memory until they are on disk.
     sync();
 
-    const RowOptions options{parser.value(rounds).toInt(), parser.isSet(smoke)};
     for (const Row &row : Rows) {
-        if (parser.isSet(only) && parser.value(only) != QLatin1String(row.name))
+        if (!options.wants(QString::fromLatin1(row.name)))
             continue;
         std::fprintf(stderr, "%s\n", row.name);
         row.measure(options);

@@ -79,16 +79,28 @@ QStringList foreignSymbols(const QByteArray &symbols) {
 
 } // namespace
 
-void SizeRow::measure(const RowOptions &) {
-    const auto figure = [](const char *name, const char *unit, const char *kind, double goal) {
-        return Figure{QStringLiteral("size"),    QString::fromLatin1(name), {},
-                      QString::fromLatin1(unit), QString::fromLatin1(kind), goal};
+void SizeRow::measure(const BenchOptions &) {
+    const QString packaged = qEnvironmentVariable("VELMORA_PACKAGED_LIBRARY");
+    const QString subject =
+        packaged.isEmpty() ? QStringLiteral("this build's library") : QStringLiteral("library");
+    const auto figure = [&subject](const char *name, const char *unit, const char *kind,
+                                   double goal) {
+        return Figure{QStringLiteral("size"),    subject + QString::fromLatin1(name), {},
+                      QString::fromLatin1(unit), QString::fromLatin1(kind),           goal};
     };
-    const Figure whole = figure("library, stripped", "KB", "absolute", 700);
-    const Figure code = figure("without resources", "KB", "absolute", 500);
-    const Figure exports = figure("exported symbols that are not ours", "", "exact", 0);
+    const Figure whole = figure(", stripped", "KB", "absolute", 700);
+    const Figure code = figure(" without resources", "KB", "absolute", 500);
+    const Figure exports = figure(", exported symbols that are not ours", "", "exact", 0);
+    const auto printMissing = [&](const QString &why) {
+        for (const Figure &missing : {whole, code, exports})
+            missing.printMissing(why);
+    };
 
-    const QString library = QStringLiteral(VELMORA_LIBRARY);
+    const QString library = packaged.isEmpty() ? QStringLiteral(VELMORA_LIBRARY) : packaged;
+    if (!QFileInfo(library).isFile()) {
+        printMissing(library + QStringLiteral(" is not there"));
+        return;
+    }
     const QTemporaryDir folder;
     const QString stripped = folder.filePath(QStringLiteral("stripped"));
     const auto symbols = output(QStringLiteral("nm"), {QStringLiteral("-S"), library});
@@ -96,13 +108,15 @@ void SizeRow::measure(const RowOptions &) {
                                  {QStringLiteral("-D"), QStringLiteral("--defined-only"), library});
     if (!symbols || !exported ||
         !output(QStringLiteral("strip"), {QStringLiteral("-o"), stripped, library})) {
-        for (const Figure &missing : {whole, code, exports})
-            missing.printMissing(QStringLiteral("nm and strip cannot read the library"));
+        printMissing(QStringLiteral("nm and strip cannot read the library"));
         return;
     }
     const double bytes = double(QFileInfo(stripped).size());
     whole.print({bytes / 1000});
-    code.print({(bytes - resourceBytes(*symbols)) / 1000});
+    if (const double resources = resourceBytes(*symbols); resources > 0)
+        code.print({(bytes - resources) / 1000});
+    else
+        code.printMissing(QStringLiteral("the library has no symbol table"));
     const QStringList foreign = foreignSymbols(*exported);
     for (const QString &symbol : foreign)
         std::fprintf(stderr, "size: exported and not ours: %s\n", qPrintable(symbol));

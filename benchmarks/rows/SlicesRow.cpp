@@ -38,7 +38,7 @@ QByteArray largeFilm() {
 
 } // namespace
 
-void SlicesRow::measure(const RowOptions &options) {
+void SlicesRow::measure(const BenchOptions &options) {
     BenchServer bench;
     const qsizetype bytes = options.isSmoke ? 0 : FilmBytes;
     const auto enlarged = [bytes](const QByteArray &film) {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "benchmarks/rows/RowOptions.h"
+#include "benchmarks/BenchOptions.h"
 
 namespace velmora::bench {
 
 /// The longest slice of the main thread in a sequence of splash screens.
 class SlicesRow {
 public:
-    static void measure(const RowOptions &options);
+    static void measure(const BenchOptions &options);
 };
 
 } // namespace velmora::bench

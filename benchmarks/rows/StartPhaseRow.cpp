@@ -27,7 +27,7 @@ const std::map<int, double> GoalsMs{{1, 20}, {10, 25}, {50, 50}};
 
 } // namespace
 
-void StartPhaseRow::measure(const RowOptions &options) {
+void StartPhaseRow::measure(const BenchOptions &options) {
     BenchServer bench;
     Campaign::serve(bench, Campaign::sampleBanner(), Campaign::sampleFilm());
     const Display display;

@@ -58,7 +58,7 @@ void measureOne(const char *program, const Display &display, const BenchServer &
 
 } // namespace
 
-void StartUpRow::measure(const RowOptions &options) {
+void StartUpRow::measure(const BenchOptions &options) {
     BenchServer bench;
     Campaign::serve(bench, Campaign::sampleBanner(), Campaign::sampleFilm());
     const Display display;

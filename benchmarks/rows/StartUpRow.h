@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "benchmarks/rows/RowOptions.h"
+#include "benchmarks/BenchOptions.h"
 
 namespace velmora::bench {
 
 /// What banner and splash screen add to the start of a host.
 class StartUpRow {
 public:
-    static void measure(const RowOptions &options);
+    static void measure(const BenchOptions &options);
 };
 
 } // namespace velmora::bench

@@ -28,7 +28,7 @@ Figure figure(const char *name, const char *unit, double goal) {
 
 } // namespace
 
-void WebViewRow::measure(const RowOptions &options) {
+void WebViewRow::measure(const BenchOptions &options) {
     const Figure cpu = figure("CPU", "% of a core", 0.125);
     const Figure memory = figure("private memory above the window's", "MB", 0.01);
     const QString webHost = QStringLiteral("velmora-bench-web-host");

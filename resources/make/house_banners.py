@@ -9,7 +9,7 @@ from pathlib import Path
 import gif
 
 TABLE = Path(__file__).with_name("house-banners.json")
-LIMIT = 90_000
+LIMIT = 55_000
 
 
 def make(resources):

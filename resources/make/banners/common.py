@@ -23,6 +23,20 @@ def brand(ctx, draw_icon, name, x, y, icon, font, size, colour, tracking=0.0):
     return x + icon + size * 0.55 + text_width(ctx, name, font, size, tracking)
 
 
+def wipe(ctx, old, new, t, x, y, font, size, colour, new_font=None, new_size=None):
+    """An edge runs along a line of text and leaves the next line behind it: each pixel changes twice at most."""
+    new_font, new_size = new_font or font, new_size or size
+    gap, pad = size * 0.5, size * 0.2
+    width = max(text_width(ctx, old, font, size), text_width(ctx, new, new_font, new_size))
+    edge = x - pad - gap + (width + 2 * pad + gap) * t
+    for string, face, points, left, right in ((new, new_font, new_size, x - size, edge),
+                                              (old, font, size, edge + gap, x + width + size)):
+        with saved(ctx):
+            ctx.rectangle(left, y - 2 * size, max(0, right - left), 3 * size)
+            ctx.clip()
+            text(ctx, string, x, y, face, points, colour)
+
+
 @contextmanager
 def tile(ctx, x, y, size):
     """Clips to an icon's shape and scales its contents to a 100-unit square."""

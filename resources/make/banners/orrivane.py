@@ -9,9 +9,8 @@ from fonts import MANROPE_BOLD, MANROPE_HEAVY
 from gif import HEIGHT, WIDTH, hold, move
 
 NAME = "Orrivane"
-STORY = [hold(2.2), move(13, 8), hold(2.4), move(13, 8)]
-COLOURS = 96
-LOSSY = 30
+STORY = [hold(2.2), move(10, 11), hold(2.34), move(10, 11)]
+COLOURS = 23
 
 SKY, SKY_LIGHT, SUN, NAVY = "#bfe6ff", "#d9f1ff", "#ffbe2e", "#123a63"
 STORM, STORM_LIGHT, CLOUD, RAIN = "#29487c", "#34558d", "#e4edf8", "#8ec5ff"
@@ -103,7 +102,7 @@ def draw(ctx, stage):
     t = stage if stage <= 1 else stage - 1
     before(ctx)
     if t > 0:
-        edge = -80 + (WIDTH + 160) * (0.35 * t + 0.65 * ease(t))
+        edge = -50 + (WIDTH + 100) * (0.55 * t + 0.45 * ease(t))
         with saved(ctx):
             behind_front(ctx, edge + 9)
             source(ctx, "#ffffff")

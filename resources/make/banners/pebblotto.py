@@ -3,16 +3,15 @@
 
 import math
 
-from banners.common import brand, swap, tile
+from banners.common import brand, tile, wipe
 from canvas import (blob, bounce, disc, ease, ease_out, fill_rect, lerp, overshoot, pill, saved, source, span, star,
                     stroke)
 from fonts import QUICKSAND_BOLD
 from gif import hold, move
 
 NAME = "Pebblotto"
-STORY = [hold(1.8), move(14, 9), hold(2.4), move(7, 9)]
-COLOURS = 64
-LOSSY = 30
+STORY = [hold(1.8), move(12, 11), hold(2.35), move(6, 11)]
+COLOURS = 31
 
 PLUM, PLUM_LIGHT, GOLD, WHITE = "#4a1a86", "#5b2a9c", "#ffd23f", "#ffffff"
 CORAL, TEAL, PINK = ("#ff6a5e", "#c9423c"), ("#2ed3c6", "#159a94"), ("#ff8ad0", "#d1559f")
@@ -90,8 +89,8 @@ def board(ctx, stage):
     fill_rect(ctx, "#3a1270", -20, GROUND + 16, 290, 40, 14)
     nudge = max(0, math.sin(span(t, 0.13, 0.3) * math.pi)) * 3
     mood = "happy" if t > 0.66 and back < 0.5 else ("look" if t < 0.1 or back > 0.5 else "calm")
-    pebble(ctx, SLOTS[0], GROUND - nudge, TEAL, mood=mood, seed=1)
-    pebble(ctx, SLOTS[4], GROUND - nudge, PINK, mood=mood, seed=4)
+    pebble(ctx, SLOTS[0], GROUND, TEAL, mood=mood, seed=1)
+    pebble(ctx, SLOTS[4], GROUND, PINK, mood=mood, seed=4)
     if t < 0.66:
         for index, seed in ((1, 2), (3, 5)):
             pebble(ctx, lerp(SLOTS[index], SLOTS[2], join), GROUND - nudge, CORAL, 1 - 0.1 * join,
@@ -100,8 +99,8 @@ def board(ctx, stage):
         pebble(ctx, SLOTS[2], lerp(17, GROUND, fall), CORAL, squash=hit, mood="happy" if t < 0.4 else "calm", seed=3)
     else:
         shrink = 1 - ease(span(back, 0, 0.45))
-        if shrink > 0:
-            s = win * shrink
+        s = win * shrink
+        if s > 0.1:
             star(ctx, 124, 48, 36 * s, "#6a35b4", points=10, inner=0.72)
             star(ctx, 124, 49, 33 * s, "#e0a300", inner=0.56)
             star(ctx, 124, 46.5, 32 * s, GOLD, inner=0.56)
@@ -130,7 +129,7 @@ def draw(ctx, stage):
     brand(ctx, icon, "Pebblotto", 272, 25, 22, QUICKSAND_BOLD, 17, GOLD)
     lines = ("Just one more pebble.", "Okay. One more.")
     if stage <= 1:
-        swap(ctx, *lines, span(stage, 0.6, 0.96), 272, 67, QUICKSAND_BOLD, 27, WHITE)
+        wipe(ctx, *lines, span(stage, 0.6, 0.96), 272, 67, QUICKSAND_BOLD, 27, WHITE)
     else:
-        swap(ctx, *lines[::-1], span(stage, 1.2, 1.9), 272, 67, QUICKSAND_BOLD, 27, WHITE)
+        wipe(ctx, *lines[::-1], span(stage, 1.2, 1.9), 272, 67, QUICKSAND_BOLD, 27, WHITE)
     pill(ctx, "Play", 594, 25, 98, 40, GOLD, "#3a1270", QUICKSAND_BOLD, 16)

@@ -3,16 +3,15 @@
 
 import math
 
-from banners.common import brand, tile
+from banners.common import brand, tile, wipe
 from canvas import (bezier, ease, ease_out, fill_rect, lerp, pill, polygon, polyline, saved, source, span, stroke,
                     text, text_width)
 from fonts import GARAMOND, GARAMOND_ITALIC, INTER_SEMIBOLD
 from gif import HEIGHT, WIDTH, hold, move
 
 NAME = "Quillmoor"
-STORY = [hold(2.2), move(15, 9), hold(2.8), move(6, 8)]
-COLOURS = 96
-LOSSY = 20
+STORY = [hold(2.2), move(12, 11), hold(2.85), move(6, 8)]
+COLOURS = 23
 
 PAPER, GREEN, DEEP, RED, LINE = "#f7f0e1", "#1f4a3d", "#16352c", "#d8553a", "#e2d7bf"
 FIRST, SECOND = "Some days deserve a page.", "This one, for instance."
@@ -89,24 +88,24 @@ def draw(ctx, stage):
     notebook(ctx, ease(writing) * (1 - ease_out(back)))
     brand(ctx, icon, "QUILLMOOR", X, 21, 16, INTER_SEMIBOLD, 10.5, GREEN, tracking=0.16)
 
-    gone = ease_out(span(writing, 0, 0.16)) if stage < 1 else 1 - ease_out(span(back, 0.3, 1))
-    if gone < 1:
-        text(ctx, FIRST, X - 1, BASE + 5 * (gone if stage >= 1 else -gone), GARAMOND, SIZE, DEEP, alpha=1 - gone)
     wide = text_width(ctx, SECOND, GARAMOND_ITALIC, SIZE + 3)
     start = X + text_width(ctx, "This one, for ", GARAMOND_ITALIC, SIZE + 3)
+    if stage < 1:
+        wipe(ctx, FIRST, "", span(writing, 0, 0.2), X - 1, BASE, GARAMOND, SIZE, DEEP)
+    elif back > 0:
+        with saved(ctx):
+            ctx.rectangle(lerp(start, X + wide, span(back, 0.4, 1)), 0, WIDTH, HEIGHT)
+            ctx.clip()
+            flourish(ctx, 1, start, X + wide)
+        wipe(ctx, SECOND, FIRST, back, X - 1, BASE, GARAMOND_ITALIC, SIZE + 3, DEEP, GARAMOND, SIZE)
     pen = span(writing, 0.12, 0.8)
-    leaving = 1 - ease_out(span(back, 0, 0.5))
-    if pen > 0 and leaving > 0:
+    if pen > 0 and back == 0:
         with saved(ctx):
             ctx.rectangle(0, 0, X + wide * pen + (8 if pen >= 1 else 0), HEIGHT)
             ctx.clip()
-            text(ctx, SECOND, X - 1, BASE, GARAMOND_ITALIC, SIZE + 3, DEEP, alpha=leaving)
+            text(ctx, SECOND, X - 1, BASE, GARAMOND_ITALIC, SIZE + 3, DEEP)
         swash = ease(span(writing, 0.8, 1.0))
-        with saved(ctx):
-            ctx.push_group()
-            tip = flourish(ctx, swash, start, X + wide) if swash > 0 else None
-            ctx.pop_group_to_source()
-            ctx.paint_with_alpha(leaving)
+        tip = flourish(ctx, swash, start, X + wide) if swash > 0 else None
         if stage < 1:
             nib(ctx, *(tip or (X + wide * pen, BASE - 4 + 5 * math.sin(pen * 34))))
     pill(ctx, "Start writing", 558, 26, 134, 38, GREEN, PAPER, INTER_SEMIBOLD, 13.5)

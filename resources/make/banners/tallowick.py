@@ -1,15 +1,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """Tallowick, a household budget: a muddle of bars sorts itself and one of them owns up."""
 
-from banners.common import brand, swap, tile
-from canvas import (disc, ease, fill_rect, lerp, mix, overshoot, pill, polygon, source, span, text)
+from banners.common import brand, tile, wipe
+from canvas import (disc, ease, fill_rect, lerp, overshoot, pill, polygon, source, span, text)
 from fonts import SORA_SEMIBOLD
 from gif import hold, move
 
 NAME = "Tallowick"
-STORY = [hold(2.0), move(14, 8), hold(2.8), move(8, 9)]
-COLOURS = 64
-LOSSY = 20
+STORY = [hold(2.0), move(11, 10), hold(2.87), move(6, 12)]
+COLOURS = 23
 
 NIGHT, DIM, MINT, CORAL, WHITE = "#17143f", "#3c3880", "#49e0b0", "#ff6b6b", "#ffffff"
 HEIGHTS = [30, 14, 44, 22, 62, 18, 36, 10, 50, 27]
@@ -28,18 +27,18 @@ def icon(ctx, x, y, size):
 def bars(ctx, amount):
     for i, height in enumerate(HEIGHTS):
         rank = ORDER.index(i)
-        delay = rank * 0.035
-        t = ease(span(amount, delay, delay + 0.6))
+        delay = rank * 0.045
+        t = ease(span(amount, delay, delay + 0.3))
         x = lerp(26 + i * 16.5, 26 + rank * 16.5, t)
         top = rank == len(HEIGHTS) - 1
-        colour = mix(DIM, CORAL if top else COLOURED[rank], t)
+        colour = DIM if t < 0.5 else CORAL if top else COLOURED[rank]
         fill_rect(ctx, colour, x, 78 - height, 11, height, 4)
     fill_rect(ctx, DIM, 20, 80.5, 177, 1.5)
 
 
 def price_tag(ctx, amount):
     s = overshoot(span(amount, 0.72, 1.0)) if amount > 0.72 else 0
-    if s <= 0:
+    if s < 0.2:
         return
     ctx.save()
     ctx.translate(171, 18)
@@ -61,7 +60,7 @@ def draw(ctx, stage):
     brand(ctx, icon, "Tallowick", 226, 24, 20, SORA_SEMIBOLD, 13, "#c9c5ff")
     first, second = ("Where did payday go?", "Ah. Takeaways.")
     if stage <= 1:
-        swap(ctx, first, second, span(stage, 0.42, 0.86), 225, 67, SORA_SEMIBOLD, 27, WHITE)
+        wipe(ctx, first, second, span(stage, 0.42, 0.86), 225, 67, SORA_SEMIBOLD, 27, WHITE)
     else:
-        swap(ctx, second, first, span(stage, 1.2, 1.9), 225, 67, SORA_SEMIBOLD, 27, WHITE)
+        wipe(ctx, second, first, span(stage, 1.2, 1.9), 225, 67, SORA_SEMIBOLD, 27, WHITE)
     pill(ctx, "See yours", 574, 26, 118, 38, MINT, NIGHT, SORA_SEMIBOLD, 13)
