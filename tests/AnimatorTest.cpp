@@ -130,6 +130,23 @@ TEST_F(AnimatorTest, WhatIsBehindAFadingViewIsNotPaintedAtEachFrame) {
     EXPECT_EQ(time.timerCount(), 0u);
 }
 
+// As a banner does whose picture is decoded while it fades in.
+TEST_F(AnimatorTest, ASmallViewThatChangesDuringItsFadeIsDrawnAnew) {
+    view->setGeometry(0, 60, 200, 40);
+    view->hide();
+    auto *picture = new PaintCounter(view);
+    picture->setGeometry(view->rect());
+    picture->hide();
+    handleEvents();
+    const QColor before = window.grab().toImage().pixelColor(100, 80);
+    Animator::setHidden(view, false);
+    time.advance(0.05);
+    EXPECT_EQ(window.grab().toImage().pixelColor(100, 80), before);
+    picture->show();
+    time.advance(0.1);
+    EXPECT_GT(window.grab().toImage().pixelColor(100, 80).lightness(), before.lightness());
+}
+
 TEST_F(AnimatorTest, RemoveDestroysTheViewAfterItsFadeAndADestroyedViewEndsItsTimer) {
     Animator::remove(view);
     ASSERT_TRUE(view);

@@ -93,17 +93,12 @@ void Fade::setOpacity(double opacity) {
     if (!effect) {
         effect = new FadeEffect(m_view);
         m_view->setGraphicsEffect(effect);
-    } else if (!effect->backdrop().isNull() && coversWindow()) {
+    } else if (!effect->backdrop().isNull() && effect->coversWindow()) {
+        // Over a small view, what is behind it could be seen to stand still: a video, for example.
         drawCurtain(*effect);
         return;
     }
     effect->setOpacity(opacity);
-}
-
-// Over a small view, what is behind it could be seen to stand still: a video, for example.
-bool Fade::coversWindow() const {
-    const QSize whole = m_view->window()->size();
-    return m_view->width() * 2 > whole.width() && m_view->height() * 2 > whole.height();
 }
 
 void Fade::drawCurtain(const FadeEffect &effect) {

@@ -39,7 +39,6 @@ private:
     void frame();
     void viewWasDrawn();
     void setOpacity(double opacity);
-    bool coversWindow() const;
     void drawCurtain(const FadeEffect &effect);
     void end();
 

@@ -28,14 +28,23 @@ void FadeEffect::setOpacity(double opacity) {
     update();
 }
 
+bool FadeEffect::coversWindow() const {
+    const QSize whole = m_view->window()->size();
+    return m_view->width() * 2 > whole.width() && m_view->height() * 2 > whole.height();
+}
+
 void FadeEffect::draw(QPainter *painter) {
     if (m_opacity <= 0)
         return;
-    if (m_size != m_view->size() ||
+    // A small view is cheap to render, and may just be getting what it shows: the picture of a
+    // banner is decoded while it fades in.
+    const bool isLarge = coversWindow();
+    if (!isLarge || m_size != m_view->size() ||
         m_picture.devicePixelRatio() != painter->device()->devicePixelRatio()) {
         m_size = m_view->size();
         m_picture = sourcePixmap(Qt::LogicalCoordinates, &m_offset, QGraphicsEffect::NoPad);
-        takeBackdrop(*painter);
+        if (isLarge)
+            takeBackdrop(*painter);
     }
     painter->setOpacity(m_opacity);
     painter->drawPixmap(m_offset, m_picture);

@@ -7,9 +7,9 @@
 
 namespace velmora {
 
-/// Draws a view at an opacity. Unlike QGraphicsOpacityEffect it renders the view only once, when it
-/// first draws it, and once more when the view's size changes: what the view changes meanwhile is
-/// seen when the effect is removed. Main thread only.
+/// Draws a view at an opacity. Unlike QGraphicsOpacityEffect it renders a view that covers its
+/// window only once, when it first draws it, and once more when the view's size changes: what such a
+/// view changes meanwhile is seen when the effect is removed. Main thread only.
 class FadeEffect : public QGraphicsEffect {
     Q_OBJECT
 
@@ -20,6 +20,9 @@ public:
     double opacity() const { return m_opacity; }
     /// Repaints the view. 0 is invisible, 1 opaque.
     void setOpacity(double opacity);
+
+    /// Whether the view takes most of its window.
+    bool coversWindow() const;
 
     /// The view, once it was drawn.
     const QPixmap &picture() const { return m_picture; }
