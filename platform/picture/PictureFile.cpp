@@ -33,7 +33,10 @@ void PictureFile::prepare() {
     static const bool once = [] {
         QBuffer nothing;
         nothing.open(QIODevice::ReadOnly);
-        QImageReader(&nothing, "png").canRead();
+        QImageReader reader(&nothing, "png");
+        // Otherwise Qt loads all image plugins to detect the format of nothing.
+        reader.setAutoDetectImageFormat(false);
+        reader.canRead();
         ProcessRoot::registerAtExit();
         return true;
     }();
