@@ -14,7 +14,10 @@ namespace {
 
 constexpr int ShortestDelayMs = 20;
 
-bool isOpaque(const QImage &image) {
+bool isOpaqueArgb(const QImage &image) {
+    if (image.format() != QImage::Format_ARGB32 &&
+        image.format() != QImage::Format_ARGB32_Premultiplied)
+        return false;
     for (int y = 0; y < image.height(); ++y) {
         const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
         if (!std::all_of(line, line + image.width(),
@@ -24,20 +27,27 @@ bool isOpaque(const QImage &image) {
     return true;
 }
 
-// Opaque pictures are drawn several times as fast as those with transparency.
+// Opaque pictures are scaled and drawn several times as fast as those with transparency.
 QImage drawable(const QImage &image) {
     if (!image.hasAlphaChannel())
         return image.convertToFormat(QImage::Format_RGB32);
-    QImage converted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    if (isOpaque(converted))
-        converted.reinterpretAsFormat(QImage::Format_RGB32);
-    return converted;
+    if (!isOpaqueArgb(image))
+        return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage opaque = image;
+    opaque.reinterpretAsFormat(QImage::Format_RGB32);
+    return opaque;
 }
 
 QImage scaled(const QImage &image, const QSize &size) {
-    return drawable(image.size() == size
-                        ? image
-                        : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    if (image.size() == size)
+        return drawable(image);
+    // The reader goes on to draw into the image that this one shares: to reinterpret that would
+    // copy it.
+    const QImage source = isOpaqueArgb(image)
+                              ? QImage(image.constBits(), image.width(), image.height(),
+                                       image.bytesPerLine(), QImage::Format_RGB32)
+                              : image;
+    return drawable(source.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 } // namespace
@@ -92,14 +102,17 @@ void FrameDecoder::dropFrames() {
 }
 
 bool FrameDecoder::readNext() {
-    const QImage image = m_reader->read();
-    if (image.isNull()) {
-        if (m_current.isNull())
+    // The reader draws the next frame over the last one, and would copy it while it is kept here.
+    m_current = {};
+    m_current = m_reader->read();
+    if (m_current.isNull()) {
+        if (m_framesOfPass == 0 && !m_hasDecoded)
             m_error = m_reader->errorString();
+        m_reader.reset(); // what asks for the last frame again gets it from a new one
         return false;
     }
+    m_hasDecoded = true;
     ++m_framesOfPass;
-    m_current = image;
     m_delayMs = std::max(ShortestDelayMs, m_reader->nextImageDelay());
     return true;
 }

@@ -56,6 +56,7 @@ private:
     std::unique_ptr<QImageReader> m_reader;
     int m_repeatsLeft = 0; // -1: without end
     int m_framesOfPass = 0;
+    bool m_hasDecoded = false;
     QImage m_current; // the animation's last frame, or the picture without a file; not scaled
     int m_delayMs = 0;
     QString m_error;
