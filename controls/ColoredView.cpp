@@ -4,6 +4,8 @@
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
+#include <cmath>
+
 namespace velmora {
 
 namespace {
@@ -32,8 +34,12 @@ void ColoredView::paintEvent(QPaintEvent *event) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_color);
-    // The rounded rectangle begins above the view, so that only its bottom corners are seen.
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0, -CornerRadius, 0, 0), CornerRadius,
+    // The rounded rectangle begins above the view, so that only its bottom corners are seen. It
+    // ends with a pixel of the screen: what is behind would shine through half of one.
+    const double density = devicePixelRatioF();
+    const QSizeF area(std::ceil(width() * density) / density,
+                      std::ceil(height() * density) / density);
+    painter.drawRoundedRect(QRectF({}, area).adjusted(0, -CornerRadius, 0, 0), CornerRadius,
                             CornerRadius);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ImageView.h"
 
+#include "Animator.h"
 #include "PictureFile.h"
 #include "PicturePlayer.h"
 
@@ -25,12 +26,14 @@ ImageView::ImageView(QWidget *parent) : QWidget(parent) {
 ImageView::~ImageView() = default;
 
 void ImageView::setImage(const QImage &image) {
-    m_image = image;
+    // Qt keeps a bit a pixel when it scales such an image, and loses its colours.
+    m_image =
+        image.depth() == 1 ? image.convertToFormat(QImage::Format_ARGB32_Premultiplied) : image;
     m_imageSize = image.deviceIndependentSize();
     m_scaled = {};
     m_player.reset();
     if (qint64(image.width()) * image.height() > MostPixelsAtOnce)
-        play(std::make_shared<FrameDecoder>(image));
+        play(std::make_shared<FrameDecoder>(m_image));
     update();
 }
 
@@ -45,7 +48,10 @@ void ImageView::setImageFile(const QString &path) {
 }
 
 void ImageView::play(std::shared_ptr<FrameDecoder> decoder) {
-    m_player = std::make_unique<PicturePlayer>(std::move(decoder), [this] { update(); });
+    m_player = std::make_unique<PicturePlayer>(std::move(decoder), [this] {
+        update();
+        Animator::contentChanged(this);
+    });
 }
 
 void ImageView::setImageScaling(unsigned scaling) {

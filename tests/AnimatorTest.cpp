@@ -147,6 +147,42 @@ TEST_F(AnimatorTest, ASmallViewThatChangesDuringItsFadeIsDrawnAnew) {
     EXPECT_GT(window.grab().toImage().pixelColor(100, 80).lightness(), before.lightness());
 }
 
+// As a video does, which Qt takes for all that there is to paint.
+TEST_F(AnimatorTest, AViewIsSeenToFadeWhereAPartOfItIsOpaque) {
+    view->setGeometry(window.rect());
+    auto *video = new PaintCounter(view);
+    video->setGeometry(view->rect());
+    video->setAttribute(Qt::WA_OpaquePaintEvent);
+    video->show();
+    QPalette black;
+    black.setColor(QPalette::Window, Qt::black);
+    window.setPalette(black);
+    handleEvents();
+    const int paints = video->count;
+    Animator::setHidden(view, true);
+    time.advance(0.125);
+    EXPECT_GT(video->count, paints);
+    EXPECT_NEAR(window.grab().toImage().pixelColor(50, 50).lightness(), 128, 40);
+    time.advance(0.2);
+    EXPECT_TRUE(video->testAttribute(Qt::WA_OpaquePaintEvent));
+}
+
+// As a splash screen does whose images are decoded while it fades in.
+TEST_F(AnimatorTest, ALargeViewIsDrawnAnewWhenItSaysSo) {
+    view->setGeometry(window.rect());
+    view->hide();
+    auto *picture = new PaintCounter(view);
+    picture->setGeometry(view->rect());
+    picture->hide();
+    Animator::setHidden(view, false);
+    time.advance(0.05);
+    const QColor before = window.grab().toImage().pixelColor(50, 50);
+    picture->show();
+    Animator::contentChanged(picture);
+    time.advance(0.1);
+    EXPECT_GT(window.grab().toImage().pixelColor(50, 50).lightness(), before.lightness());
+}
+
 TEST_F(AnimatorTest, RemoveDestroysTheViewAfterItsFadeAndADestroyedViewEndsItsTimer) {
     Animator::remove(view);
     ASSERT_TRUE(view);

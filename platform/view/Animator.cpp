@@ -53,6 +53,13 @@ bool Animator::isHidden(const QWidget *view) {
     return fade ? fade->isTowardsHidden() : view->isHidden();
 }
 
+void Animator::contentChanged(const QWidget *part) {
+    for (; part; part = part->parentWidget()) {
+        if (Fade *fade = Fade::of(part))
+            fade->redraw();
+    }
+}
+
 void Animator::remove(QWidget *view) {
     if (view->isHidden() || !canFade(view)) {
         view->hide();

@@ -7,6 +7,7 @@
 #include "ProcessRoot.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velmora {
 
@@ -23,10 +24,17 @@ Fade *Fade::of(const QWidget *view) {
 }
 
 Fade::Fade(QWidget *view)
-    : QObject(view),
-      m_view(view),
-      m_opacity(view->isHidden() ? 0 : 1),
-      m_hidden(view->isHidden()) {}
+    : QObject(view), m_view(view), m_opacity(view->isHidden() ? 0 : 1), m_hidden(view->isHidden()) {
+    // Qt would not paint the view, nor what is behind it, where a part of it says that it covers
+    // all of that: a video does.
+    const auto parts = view->findChildren<QWidget *>();
+    for (QWidget *part : parts) {
+        if (!part->testAttribute(Qt::WA_OpaquePaintEvent))
+            continue;
+        part->setAttribute(Qt::WA_OpaquePaintEvent, false);
+        m_opaque.append(part);
+    }
+}
 
 Fade::~Fade() {
     if (m_timer)
@@ -56,6 +64,15 @@ void Fade::run(bool hidden) {
 void Fade::finish(bool hidden) {
     m_hidden = hidden;
     end();
+}
+
+void Fade::redraw() {
+    if (m_curtain) {
+        delete m_curtain;
+        setOpacity(m_opacity); // with an effect again
+    } else if (auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect())) {
+        effect->redraw();
+    }
 }
 
 void Fade::frame() {
@@ -115,6 +132,10 @@ void Fade::end() {
     m_view->setVisible(!m_hidden && m_view->parentWidget());
     m_view->setGraphicsEffect(nullptr);
     delete m_curtain;
+    for (const QPointer<QWidget> &part : std::as_const(m_opaque)) {
+        if (part)
+            part->setAttribute(Qt::WA_OpaquePaintEvent);
+    }
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     if (m_hidden && m_removes) {
         m_view->setParent(nullptr);

@@ -4,6 +4,7 @@
 #include "TimeSource.h"
 #include <Velmora/Timer.h>
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
@@ -13,8 +14,8 @@ namespace velmora {
 class FadeCurtain;
 class FadeEffect;
 
-/// One fade of a view, in or out. The view stays as it was when the fade began; where it covers its
-/// window, what is behind it does, too. The view owns it; it destroys itself at its end. Main
+/// One fade of a view, in or out. A view that covers its window stays as it was when the fade
+/// began, and so does what is behind it. The view owns it; it destroys itself at its end. Main
 /// thread only.
 class Fade : public QObject {
     Q_OBJECT
@@ -32,6 +33,8 @@ public:
     void run(bool hidden);
     /// Ends the fade at once, in the given state.
     void finish(bool hidden);
+    /// Draws the view as it is now.
+    void redraw();
     /// Lets the fade destroy the view when the view has become hidden.
     void removeViewAtEnd() { m_removes = true; }
 
@@ -43,6 +46,7 @@ private:
     void end();
 
     QWidget *m_view;
+    QList<QPointer<QWidget>> m_opaque;
     QPointer<FadeCurtain> m_curtain;
     TimerPtr m_timer;
     TimeSource::Duration m_lastFrame{0};

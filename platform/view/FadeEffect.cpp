@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "FadeEffect.h"
 
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 #include <algorithm>
@@ -28,6 +29,12 @@ void FadeEffect::setOpacity(double opacity) {
     update();
 }
 
+void FadeEffect::redraw() {
+    m_size = {};
+    m_backdrop = {}; // null until it has rendered the view
+    update();
+}
+
 bool FadeEffect::coversWindow() const {
     const QSize whole = m_view->window()->size();
     return m_view->width() * 2 > whole.width() && m_view->height() * 2 > whole.height();
@@ -43,15 +50,15 @@ void FadeEffect::draw(QPainter *painter) {
         m_picture.devicePixelRatio() != painter->device()->devicePixelRatio()) {
         m_size = m_view->size();
         m_picture = sourcePixmap(Qt::LogicalCoordinates, &m_offset, QGraphicsEffect::NoPad);
-        if (isLarge)
-            takeBackdrop(*painter);
+        m_backdrop = {};
     }
+    if (isLarge && m_backdrop.isNull())
+        takeBackdrop(*painter);
     painter->setOpacity(m_opacity);
     painter->drawPixmap(m_offset, m_picture);
 }
 
 void FadeEffect::takeBackdrop(const QPainter &painter) {
-    m_backdrop = {};
     if (painter.device()->devType() != QInternal::Image)
         return;
     const auto &drawn = *static_cast<const QImage *>(painter.device());
@@ -61,7 +68,12 @@ void FadeEffect::takeBackdrop(const QPainter &painter) {
     if (hasTextures(window) || drawn.size() != (QSizeF(window->size()) * density).toSize())
         return;
     const QRectF frame(m_view->mapTo(window, QPoint()), m_view->size());
-    QImage image = drawn.copy(QRectF(frame.topLeft() * density, frame.size() * density).toRect());
+    const QRect pixels = QRectF(frame.topLeft() * density, frame.size() * density).toRect();
+    // Beside what is painted anew, the image still has the view itself.
+    const QRegion painted = painter.paintEngine()->systemClip();
+    if (!painted.isEmpty() && !QRegion(pixels & drawn.rect()).subtracted(painted).isEmpty())
+        return;
+    QImage image = drawn.copy(pixels);
     if (image.depth() == 32)
         image.reinterpretAsFormat(QImage::Format_RGB32); // draws faster
     m_backdrop = QPixmap::fromImage(std::move(image));

@@ -20,14 +20,16 @@ public:
     double opacity() const { return m_opacity; }
     /// Repaints the view. 0 is invisible, 1 opaque.
     void setOpacity(double opacity);
+    /// Renders the view again.
+    void redraw();
 
     /// Whether the view takes most of its window.
     bool coversWindow() const;
 
     /// The view, once it was drawn.
     const QPixmap &picture() const { return m_picture; }
-    /// What was behind the view when it was first drawn. Null before, and where Qt does not draw
-    /// all of a window into one image.
+    /// What was behind the view when all of it was first drawn. Null before, and where Qt does not
+    /// draw all of a window into one image.
     const QPixmap &backdrop() const { return m_backdrop; }
 
 protected:
