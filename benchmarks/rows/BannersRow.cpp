@@ -14,7 +14,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 5;
+constexpr int UsualRounds = 3;
 
 } // namespace
 
