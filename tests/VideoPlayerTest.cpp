@@ -183,6 +183,47 @@ TEST_F(VideoPlayerTest, PicturesFitIntoTheirPlaceFromTheFirstOneOn) {
     EXPECT_EQ(small.failures, 0);
 }
 
+TEST_F(VideoPlayerTest, AStormOfNewPlacesLeavesAPlayingVideoSharp) {
+    Played video(clip("green-hd.mp4"), {500, 400});
+    video.player.play();
+    ASSERT_TRUE(eventually([&] { return video.firstFrames > 0; }));
+    // So many that some come while the engine is busy with a change.
+    const QSize jumps[] = {{160, 120}, {2560, 1600}, {1, 1}, {321, 700}, {1900, 77}, {640, 480}};
+    int step = 0;
+    QElapsedTimer clock;
+    clock.start();
+    ASSERT_TRUE(eventually([&] {
+        for (int i = 0; i < 100; ++i, ++step) {
+            const QSize shrinking(500 - step % 400, 400 - step % 300);
+            video.player.setPlace(clock.elapsed() < 700 ? shrinking
+                                                        : jumps[step % std::size(jumps)]);
+            QThread::usleep(200);
+        }
+        return clock.elapsed() > 1200 || video.isOver();
+    }));
+    video.player.setPlace({800, 800});
+    EXPECT_TRUE(eventually([&] { return video.isOver(); }));
+    EXPECT_EQ(video.failures, 0);
+    EXPECT_EQ(video.player.frame().size(), QSize(800, 450));
+}
+
+TEST_F(VideoPlayerTest, ColoursDependOnNeitherTurningNorScaling) {
+    const auto green = [](const char *name, QSize place) {
+        Played video(clip(name), place);
+        EXPECT_TRUE(eventually([&] { return video.firstFrames > 0 || video.isOver(); }));
+        const QImage &frame = video.player.frame();
+        return frame.isNull() ? 0 : qGreen(frame.pixel(frame.rect().center()));
+    };
+    const int small = green("green.mp4", {});
+    EXPECT_GT(small, 240);
+    EXPECT_NEAR(green("green-turned.mp4", {}), small, 2);
+    EXPECT_NEAR(green("green-turned.mp4", {90, 160}), small, 2);
+    // By convention, large pictures store colours in another way.
+    const int large = green("green-hd.mp4", {});
+    EXPECT_LT(large, 230);
+    EXPECT_NEAR(green("green-hd.mp4", {320, 180}), large, 2);
+}
+
 TEST_F(VideoPlayerTest, PausesAndContinues) {
     Played video(clip("short.mp4"));
     ASSERT_TRUE(eventually([&] { return video.firstFrames == 1; }))

@@ -44,43 +44,56 @@ QByteArray GstPictureSize::description() {
 
 void GstPictureSize::attach(GstElement *bin) {
     const GstPointer<GstElement> scaler(gst_bin_get_by_name(GST_BIN(bin), "scale"));
-    {
-        const std::lock_guard lock(m_mutex);
-        m_limit.reset(gst_bin_get_by_name(GST_BIN(bin), "limit"));
-    }
+    m_limit.reset(gst_bin_get_by_name(GST_BIN(bin), "limit"));
     const GstPointer<GstPad> input(gst_element_get_static_pad(scaler.get(), "sink"));
-    gst_pad_add_probe(input.get(), GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, seeEvent, this, nullptr);
+    const auto kinds = GstPadProbeType(GST_PAD_PROBE_TYPE_BUFFER | GST_PAD_PROBE_TYPE_EVENT_BOTH);
+    gst_pad_add_probe(input.get(), kinds, seeInput, this, nullptr);
 }
 
 void GstPictureSize::setPlace(const QSize &place) {
     const std::lock_guard lock(m_mutex);
     m_place = place;
-    apply();
 }
 
-GstPadProbeReturn GstPictureSize::seeEvent(GstPad *, GstPadProbeInfo *info, gpointer self) {
+QSize GstPictureSize::place() {
+    const std::lock_guard lock(m_mutex);
+    return m_place;
+}
+
+GstPadProbeReturn GstPictureSize::seeInput(GstPad *, GstPadProbeInfo *info, gpointer self) {
+    auto *size = static_cast<GstPictureSize *>(self);
+    if (GST_PAD_PROBE_INFO_TYPE(info) & GST_PAD_PROBE_TYPE_BUFFER) {
+        size->apply();
+        return GST_PAD_PROBE_OK;
+    }
     GstEvent *event = GST_PAD_PROBE_INFO_EVENT(info);
     if (GST_EVENT_TYPE(event) == GST_EVENT_CAPS) {
-        auto *size = static_cast<GstPictureSize *>(self);
         GstCaps *caps = nullptr;
         gst_event_parse_caps(event, &caps);
-        const std::lock_guard lock(size->m_mutex);
         size->m_video = squarePixels(caps);
         size->apply();
     }
-    return GST_PAD_PROBE_OK;
+    // What comes before the scaling element does not depend on the limit. The decoder would
+    // negotiate anew, too, and wait until its queue is empty.
+    return GST_EVENT_TYPE(event) == GST_EVENT_RECONFIGURE ? GST_PAD_PROBE_DROP : GST_PAD_PROBE_OK;
 }
 
+// Only on the thread that then passes the picture or the format on to the scaling element: a limit
+// that changes while that element negotiates its output makes it give up, which ends the video.
 void GstPictureSize::apply() {
-    if (!m_limit || m_video.isEmpty())
-        return;
-    QByteArray format = anySize();
-    if (!m_place.isEmpty()) {
-        const QSize size = m_video.scaled(m_place, Qt::KeepAspectRatio).expandedTo({1, 1});
+    const QSize place = this->place();
+    QSize limit;
+    if (!place.isEmpty() && !m_video.isEmpty()) {
+        const QSize size = m_video.scaled(place, Qt::KeepAspectRatio).expandedTo({1, 1});
         if (size.width() < m_video.width() || size.height() < m_video.height())
-            format =
-                sizeFormat(QByteArray::number(size.width()), QByteArray::number(size.height()));
+            limit = size;
     }
+    if (limit == m_size)
+        return;
+    m_size = limit;
+    const QByteArray format = limit.isEmpty() ? anySize()
+                                              : sizeFormat(QByteArray::number(limit.width()),
+                                                           QByteArray::number(limit.height()));
     const GstCapsPointer caps(gst_caps_from_string(format.constData()));
     g_object_set(m_limit.get(), "caps", caps.get(), nullptr);
 }

@@ -25,18 +25,22 @@ public:
     /// arrive. The bin must be in the state NULL before this object is destroyed.
     void attach(GstElement *bin);
 
-    /// See VideoEngine::setPlace(); also before attach(), and while pictures arrive.
+    /// See VideoEngine::setPlace(); also before attach(). Applies from the next picture on.
     void setPlace(const QSize &place);
 
 private:
-    static GstPadProbeReturn seeEvent(GstPad *, GstPadProbeInfo *info, gpointer self);
+    static GstPadProbeReturn seeInput(GstPad *, GstPadProbeInfo *info, gpointer self);
 
+    QSize place();
     void apply();
 
     std::mutex m_mutex;
     QSize m_place;
+    // The rest belongs to the thread that pictures arrive on.
     /// Of the video, with square pixels; empty until its format is known.
     QSize m_video;
+    /// What pictures are scaled to; empty when they stay as they are.
+    QSize m_size;
     /// Limits the size of what the scaling element gives out.
     GstPointer<GstElement> m_limit;
 };

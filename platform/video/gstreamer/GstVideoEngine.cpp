@@ -8,6 +8,7 @@
 #include <QtCore/QFile>
 
 #include <gst/base/gstbasetransform.h>
+#include <gst/video/video.h>
 
 namespace velmora {
 
@@ -63,6 +64,18 @@ QByteArray pictureDescription() {
            " ! appsink name=pictures max-buffers=2 drop=true sync=true enable-last-sample=false";
 }
 
+// Names the colours of a video that does not say which ones it has. GStreamer guesses them from the
+// height where it converts the pictures, which are turned and scaled by then.
+GstCapsPointer withColours(GstCaps *caps) {
+    GstCapsPointer named(gst_caps_copy(caps));
+    GstVideoInfo info;
+    if (!gst_video_info_from_caps(&info, caps))
+        return named;
+    if (const GlibString colours{gst_video_colorimetry_to_string(&info.colorimetry)})
+        gst_caps_set_simple(named.get(), "colorimetry", G_TYPE_STRING, colours.get(), nullptr);
+    return named;
+}
+
 } // namespace
 
 // What GStreamer calls, on the pipeline's threads.
@@ -83,6 +96,19 @@ struct GstVideoEngine::Callbacks {
         if (sample)
             engine(data)->showSample(sample.get());
         return GST_FLOW_OK;
+    }
+
+    static GstPadProbeReturn pictureFormat(GstPad *, GstPadProbeInfo *info, gpointer) {
+        GstEvent *event = GST_PAD_PROBE_INFO_EVENT(info);
+        if (GST_EVENT_TYPE(event) != GST_EVENT_CAPS)
+            return GST_PAD_PROBE_OK;
+        GstCaps *caps = nullptr;
+        gst_event_parse_caps(event, &caps);
+        GstEvent *named = gst_event_new_caps(withColours(caps).get());
+        gst_event_set_seqnum(named, gst_event_get_seqnum(event));
+        gst_event_unref(event);
+        GST_PAD_PROBE_INFO_DATA(info) = named;
+        return GST_PAD_PROBE_OK;
     }
 
     // Proposes the memory for pictures. The sink itself does not propose any.
@@ -312,6 +338,8 @@ void GstVideoEngine::showPictures(GstPad *pad) {
     }
     gst_element_sync_state_with_parent(part);
     const GstPointer<GstPad> input(gst_element_get_static_pad(part, "sink"));
+    gst_pad_add_probe(input.get(), GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, Callbacks::pictureFormat,
+                      nullptr, nullptr);
     gst_pad_link(pad, input.get());
 }
 
