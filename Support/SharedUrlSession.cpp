@@ -2,6 +2,7 @@
 #include "SharedUrlSession.h"
 
 #include "Deployment.h"
+#include "PictureFile.h"
 #include "ProcessRoot.h"
 #include "Switches.h"
 
@@ -20,6 +21,7 @@ UrlSession::Configuration configuration() {
     configuration.privateAuthorities = deployment.adServerAuthorities;
     // Once exit() has begun the switch can't be read any more.
     configuration.isAllowed = [] { return !ProcessRoot::hasEnded() && !Switches::isADSRemoved(); };
+    configuration.beforeLoading = &PictureFile::loadPlugins;
     return configuration;
 }
 

@@ -10,7 +10,7 @@ if(NOT APPLE)
 endif()
 
 # Loaded at run time (CurlLibrary), so that only its headers are needed.
-find_package(CURL 7.85 REQUIRED)
+find_package(CURL 7.87 REQUIRED)
 add_library(velmora_curl_headers INTERFACE)
 target_include_directories(velmora_curl_headers SYSTEM INTERFACE
     $<TARGET_PROPERTY:CURL::libcurl,INTERFACE_INCLUDE_DIRECTORIES>)

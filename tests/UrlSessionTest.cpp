@@ -22,7 +22,7 @@ protected:
     }
 
     UrlSession::Configuration trusting(int idleTimeoutMs = 20'000) const {
-        return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6, {}};
+        return {QStringLiteral("127.0.0.1"), server.caPem(), idleTimeoutMs, 6, {}, {}};
     }
 
     UrlRequest to(const QString &path, const QByteArray &body = {}) const {

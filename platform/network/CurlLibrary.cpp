@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CurlLibrary.h"
 
+#include "Log.h"
 #include "ProcessRoot.h"
 
 #include <dlfcn.h>
@@ -14,6 +15,11 @@ constexpr char FileName[] = "/usr/lib/libcurl.4.dylib";
 #else
 constexpr char FileName[] = "libcurl.so.4";
 #endif
+
+// Earlier versions do not know all options that UrlTransfer sets. Without CURLOPT_PREREQFUNCTION
+// (7.80), nobody would know whether a request was sent; CURLOPT_QUICK_EXIT came last (7.87).
+constexpr unsigned LowestVersion = CURL_VERSION_BITS(7, 87, 0);
+const QString LowestVersionName = QStringLiteral("7.87.0");
 
 class Loader {
 public:
@@ -32,6 +38,18 @@ public:
                 QStringLiteral("%1 has no %2").arg(QLatin1String(FileName), QLatin1String(name));
     }
 
+    void checkVersion() {
+        decltype(&curl_version_info) version_info = nullptr;
+        find(version_info, "curl_version_info");
+        if (!m_error.isEmpty())
+            return;
+        const curl_version_info_data *found = version_info(CURLVERSION_NOW);
+        if (found->version_num < LowestVersion)
+            m_error =
+                QStringLiteral("libcurl %1 or later is needed, and %2 is %3")
+                    .arg(LowestVersionName, QLatin1String(FileName), QLatin1String(found->version));
+    }
+
     const QString &error() const { return m_error; }
 
 private:
@@ -42,6 +60,7 @@ private:
 CurlLibrary load() {
     CurlLibrary curl;
     Loader loader;
+    loader.checkVersion();
     decltype(&curl_global_init) global_init = nullptr;
     loader.find(global_init, "curl_global_init");
     loader.find(curl.easy_cleanup, "curl_easy_cleanup");
@@ -63,6 +82,8 @@ CurlLibrary load() {
     curl.error = loader.error();
     if (curl.error.isEmpty() && global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK)
         curl.error = QStringLiteral("libcurl could not be initialised");
+    if (!curl.error.isEmpty())
+        Log::write(QStringLiteral("there is no network: %1").arg(curl.error));
     // The TLS library has just registered what it does at exit(). The framework's handler must run
     // before that.
     ProcessRoot::registerAtExit();

@@ -12,7 +12,7 @@ namespace velmora {
 /// The library is loaded at run time, by the network thread at the first request. Linked, it and
 /// the thirty libraries that it needs (TLS, Kerberos, LDAP, SSH and so on) would be loaded before a
 /// host's main() begins, which takes longer than everything else that a host's start has to do for
-/// the framework. It is never unloaded.
+/// the framework. It is never unloaded. A version that is too old is not used.
 struct CurlLibrary {
     decltype(&curl_easy_cleanup) easy_cleanup = nullptr;
     decltype(&curl_easy_getinfo) easy_getinfo = nullptr;
@@ -31,7 +31,7 @@ struct CurlLibrary {
     decltype(&curl_slist_append) slist_append = nullptr;
     decltype(&curl_slist_free_all) slist_free_all = nullptr;
 
-    /// Why the library could not be loaded; then all functions are null. Empty when it was.
+    /// Why the library can't be used, which is logged. Empty when it can.
     QString error;
 
     /// The first call loads and initialises the library, which takes some ten milliseconds, so it

@@ -87,6 +87,10 @@ public:
         /// Called before a request is sent, on the worker thread; when it returns false, the
         /// request fails instead. Empty: all requests are allowed.
         std::function<bool()> isAllowed;
+        /// Called on the worker thread, each time that it starts, before it loads libcurl. Whoever
+        /// loads another library meanwhile waits until libcurl is loaded, so this loads what the
+        /// main thread will need. May be empty.
+        std::function<void()> beforeLoading;
     };
 
     using Completion = std::function<void(const UrlResponse &)>;

@@ -18,9 +18,14 @@ namespace {
 // libcurl wakes up for its own timeouts before this.
 constexpr int LongestPollMs = 600'000;
 
-UrlResponse refusal(const QString &reason) {
+UrlResponse failure(const QString &reason) {
     UrlResponse response;
     response.error = reason;
+    return response;
+}
+
+UrlResponse cancellation() {
+    UrlResponse response = failure(QStringLiteral("cancelled"));
     response.isRefused = true;
     return response;
 }
@@ -94,13 +99,15 @@ void UrlSessionWorker::startThread() {
         return;
     Log::write(QStringLiteral("there is no thread for the network: %1").arg(error));
     for (const Job &job : std::exchange(m_pending, {}))
-        job.done(refusal(error));
+        job.done(failure(error));
 }
 
 void UrlSessionWorker::run() {
+    if (m_configuration.beforeLoading)
+        m_configuration.beforeLoading();
     const CurlLibrary &curl = CurlLibrary::instance();
     if (!curl.error.isEmpty()) {
-        refusePending(curl.error);
+        failPending(curl.error);
     } else {
         CURLM *multi = curl.multi_init();
         {
@@ -118,18 +125,19 @@ void UrlSessionWorker::run() {
         startThread();
 }
 
-void UrlSessionWorker::refusePending(const QString &error) {
-    Log::write(QStringLiteral("there is no network: %1").arg(error));
-    std::deque<Job> refused;
+void UrlSessionWorker::failPending(const QString &error) {
+    UrlResponse response = failure(error);
+    response.isRefused = m_configuration.isAllowed && !m_configuration.isAllowed();
+    std::deque<Job> failed;
     {
         const std::lock_guard lock(m_mutex);
         m_isCancelRequested = false;
-        refused.swap(m_cancelled);
-        std::move(m_pending.begin(), m_pending.end(), std::back_inserter(refused));
+        failed.swap(m_cancelled);
+        std::move(m_pending.begin(), m_pending.end(), std::back_inserter(failed));
         m_pending.clear();
     }
-    for (const Job &job : refused)
-        job.done(refusal(error));
+    for (const Job &job : failed)
+        job.done(response);
 }
 
 void UrlSessionWorker::transferLoop(CURLM *multi) {
@@ -170,7 +178,7 @@ void UrlSessionWorker::cancelAllIfRequested(Transfers &active, CURLM *multi) {
     }
     active.clear();
     for (const Job &job : unsent)
-        job.done(refusal(QStringLiteral("cancelled")));
+        job.done(cancellation());
 }
 
 void UrlSessionWorker::startNext(Transfers &active, CURLM *multi) {

@@ -40,7 +40,9 @@ public:
     /// Ends the thread and its connections as soon as there are no requests.
     void endWhenIdle();
 
-    /// Drops all requests without a response and waits until the thread has ended.
+    /// Drops all requests without a response and waits until the thread has ended. That has no
+    /// bound while the thread loads libcurl: nothing can interrupt it, and exit() itself waits for
+    /// the loading to end.
     void stop();
 
 private:
@@ -52,7 +54,8 @@ private:
 
     // On the worker thread.
     void run();
-    void refusePending(const QString &error);
+    /// Ends all requests: there is no libcurl to send them.
+    void failPending(const QString &error);
     void transferLoop(CURLM *multi);
     /// True when the loop is to end. Then no other thread uses the CURLM any more.
     bool leavesLoop(const Transfers &active);

@@ -59,6 +59,7 @@ private:
     void follow(const QUrl &next);
     QString errorOf(CURLcode result) const;
 
+    // CurlLibrary has checked that the library knows the options.
     template<class Value>
     void set(CURLoption option, Value value) {
         m_curl.easy_setopt(m_handle, option, value);

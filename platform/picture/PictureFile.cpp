@@ -27,17 +27,32 @@ bool isAnimated(const QImageReader &reader, const QString &path) {
     return file.open(QIODevice::ReadOnly) && GifFrames::areSeveral(file);
 }
 
+// Has Qt look for what reads a format, and load it if it is a plugin.
+void lookForReader(const char *format) {
+    QBuffer nothing;
+    nothing.open(QIODevice::ReadOnly);
+    QImageReader reader(&nothing, format);
+    // Otherwise Qt loads all image plugins to detect the format of nothing.
+    reader.setAutoDetectImageFormat(false);
+    reader.canRead();
+}
+
 } // namespace
 
 void PictureFile::prepare() {
     static const bool once = [] {
-        QBuffer nothing;
-        nothing.open(QIODevice::ReadOnly);
-        QImageReader reader(&nothing, "png");
-        // Otherwise Qt loads all image plugins to detect the format of nothing.
-        reader.setAutoDetectImageFormat(false);
-        reader.canRead();
+        lookForReader("png"); // built into Qt
         ProcessRoot::registerAtExit();
+        return true;
+    }();
+    Q_UNUSED(once)
+}
+
+void PictureFile::loadPlugins() {
+    prepare();
+    static const bool once = [] {
+        for (const char *format : {"gif", "jpeg", "webp"})
+            lookForReader(format);
         return true;
     }();
     Q_UNUSED(once)

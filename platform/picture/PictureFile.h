@@ -20,8 +20,11 @@ public:
     static constexpr int LargestSide = 16'384;
 
     /// Makes what Qt needs to read pictures, and has exit() end the threads that use it before it
-    /// is destroyed. Call this before pictures are decoded on another thread. Main thread.
+    /// is destroyed. Call this before pictures are decoded on another thread.
     static void prepare();
+    /// Loads Qt's plugins for the accepted formats, which otherwise happens when the first picture
+    /// of each is looked at.
+    static void loadPlugins();
 
     explicit PictureFile(const QString &path);
 
