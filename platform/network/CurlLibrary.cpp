@@ -19,7 +19,7 @@ constexpr char FileName[] = "libcurl.so.4";
 // Earlier versions do not know all options that UrlTransfer sets. Without CURLOPT_PREREQFUNCTION
 // (7.80), nobody would know whether a request was sent; CURLOPT_QUICK_EXIT came last (7.87).
 constexpr unsigned LowestVersion = CURL_VERSION_BITS(7, 87, 0);
-const QString LowestVersionName = QStringLiteral("7.87.0");
+constexpr QLatin1String LowestVersionName("7.87.0");
 
 class Loader {
 public:

@@ -128,7 +128,8 @@ std::optional<FrameDecoder::Frame> FrameDecoder::next(const QSize &size) {
 std::optional<FrameDecoder::Frame> FrameDecoder::again(const QSize &size) {
     if (!m_isAnimation)
         return still(size);
-    if (!resume() || m_current.isNull())
+    // Reading the first frame of a pass may have failed, so that no frame is left: try it again.
+    if (!resume() || (m_current.isNull() && !readNext()))
         return {};
     return Frame{scaled(m_current, size), m_delayMs};
 }
