@@ -32,7 +32,8 @@ QList<BenchProgram> BenchProgram::all() {
          {QStringLiteral("film"), QStringLiteral("first-picture")}},
         {QStringLiteral("micro"),
          QStringLiteral("micro/velmora-micro-bench"),
-         {QStringLiteral("draw"), QStringLiteral("table"), QStringLiteral("reply")}},
+         {QStringLiteral("draw"), QStringLiteral("table"), QStringLiteral("reply")},
+         true}, // what comes late of a reply would be stored in the table of another row
         {QStringLiteral("network"),
          QStringLiteral("velmora-download-bench"),
          {QStringLiteral("download")}},
