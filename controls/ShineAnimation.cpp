@@ -4,6 +4,7 @@
 #include "FlippedCoordinates.h"
 #include "KeyFocus.h"
 #include "NSBezierPath+Extension.h"
+#include "ProcessRoot.h"
 
 #include <QtCore/QEasingCurve>
 
@@ -121,6 +122,9 @@ void ShineAnimation::draw(QPainter &painter) {
     gradient(band(w / 6, w / 6, w / 7, h), bounds, QColor::fromRgbF(1, 1, 1, 0.5f),
              QColor::fromRgbF(1, 1, 1, 0.25f))
         .draw(painter, origin);
+    // Qt makes what it draws gradients with when it draws the first one. exit() must not destroy
+    // that before the framework has stopped drawing.
+    [[maybe_unused]] static const bool s_once = (ProcessRoot::registerAtExit(), true);
 }
 
 } // namespace velmora
