@@ -8,8 +8,8 @@
 namespace velmora {
 
 /// Draws a view at an opacity. Unlike QGraphicsOpacityEffect it renders a view that covers its
-/// window only once, when it first draws it, and once more when the view's size changes: what such a
-/// view changes meanwhile is seen when the effect is removed. Main thread only.
+/// window only once, when it first draws it, and once more when the view's size changes: what such
+/// a view changes meanwhile is seen when the effect is removed. Main thread only.
 class FadeEffect : public QGraphicsEffect {
     Q_OBJECT
 
