@@ -48,16 +48,24 @@ QSize AdMark::sizeHint() const {
     return {room.width() + 2 * int(std::ceil(textSize() * SidePadding)), room.height() + 2};
 }
 
-void AdMark::paintEvent(QPaintEvent *event) {
-    {
-        QPainter painter(this);
+void AdMark::paintEvent(QPaintEvent *) {
+    const double density = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * density).toSize();
+    if (m_face.size() != pixels || m_faceText != text() || m_faceFont != textFont()) {
+        m_faceText = text();
+        m_faceFont = textFont();
+        m_face = QPixmap(pixels);
+        m_face.setDevicePixelRatio(density);
+        m_face.fill(Qt::transparent);
+        QPainter painter(&m_face);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(Background);
         painter.setPen(Rim);
         const double radius = textSize() * CornerRadius;
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+        drawText(painter);
     }
-    TextField::paintEvent(event);
+    QPainter(this).drawPixmap(0, 0, m_face);
 }
 
 void AdMark::mousePressEvent(QMouseEvent *event) {

@@ -3,6 +3,8 @@
 
 #include "TextField.h"
 
+#include <QtGui/QPixmap>
+
 namespace velmora {
 
 /// Says in the user's language that a picture or video is an ad: "Ad", or "Ad · 4" while seconds
@@ -26,6 +28,12 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+private:
+    /// Drawn once and kept: it is redrawn with every frame of the ad behind it.
+    QPixmap m_face;
+    QString m_faceText;
+    QFont m_faceFont;
 };
 
 } // namespace velmora

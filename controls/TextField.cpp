@@ -53,7 +53,6 @@ void TextField::setTextWeight(int weight) {
     changed();
 }
 
-// Not the widget's font, which a style sheet may have changed.
 QFont TextField::textFont() const {
     QFont font = QApplication::font();
     font.setPixelSize(int(std::lround(m_points)));
@@ -103,14 +102,19 @@ void TextField::paintEvent(QPaintEvent *event) {
     if (!m_color.isValid() || isBeside)
         return;
     QPainter painter(this);
+    // Letters may reach beyond their frame.
+    m_drawnFrame =
+        drawText(painter).toAlignedRect().marginsAdded(QMargins(1, 1, 1, 1) * (m_points / 4));
+}
+
+QRectF TextField::drawText(QPainter &painter) const {
     // The reading direction of the text, which may be in another language than the application.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.setFont(textFont());
     painter.setPen(m_color);
     QRectF frame;
     painter.drawText(QRectF(rect()), layoutFlags() | Qt::TextDontClip, m_text, &frame);
-    // Letters may reach beyond their frame.
-    m_drawnFrame = frame.toAlignedRect().marginsAdded(QMargins(1, 1, 1, 1) * (m_points / 4));
+    return frame;
 }
 
 } // namespace velmora

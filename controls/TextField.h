@@ -44,13 +44,16 @@ public:
 protected:
     /// The size of another text in this field's font, on one line, points.
     QSize sizeOf(const QString &text) const;
+    /// Not the widget's font, which a style sheet may have changed.
+    QFont textFont() const;
+    /// @return the text's frame
+    QRectF drawText(QPainter &painter) const;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void changed();
-    QFont textFont() const;
     int layoutFlags() const;
 
     QString m_text;
