@@ -6,7 +6,10 @@
 
 #include <QtCore/QCborMap>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+
+#include <thread>
 
 namespace velmora::test {
 
@@ -49,6 +52,24 @@ TEST(SerialQueueTest, RunsAllWorkInOrderBeforeItIsDestroyed) {
     waitForBackgroundThreads();
     ASSERT_EQ(done.size(), 101u);
     EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+}
+
+TEST(SerialQueueTest, AThreadThatIsKeptTakesTheNextWorkAndEndsWithTheQueue) {
+    std::vector<std::thread::id> threads;
+    {
+        SerialQueue queue("test-kept", SerialQueue::AtEnd::Finishes, std::chrono::hours(1));
+        for (int i = 0; i < 2; ++i) {
+            queue.run([&threads] { threads.push_back(std::this_thread::get_id()); });
+            EXPECT_TRUE(queue.drain(std::chrono::seconds(10)));
+        }
+    }
+    waitForBackgroundThreads();
+    for (const QString &task : QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs)) {
+        QFile name(QStringLiteral("/proc/self/task/%1/comm").arg(task));
+        EXPECT_FALSE(name.open(QIODevice::ReadOnly) && name.readAll() == "test-kept\n");
+    }
+    ASSERT_EQ(threads.size(), 2u);
+    EXPECT_EQ(threads.front(), threads.back());
 }
 
 } // namespace velmora::test

@@ -8,7 +8,7 @@
 namespace velmora {
 
 /// Runs pieces of work one after the other on a worker thread. The thread is started for the first
-/// piece and ends when no work is left.
+/// piece and ends when no work has come for some time.
 class SerialQueue {
 public:
     /// What the end of the queue, and that of the process, does about work that is queued.
@@ -18,7 +18,9 @@ public:
     };
 
     /// @param threadName see startBackgroundThread()
-    explicit SerialQueue(const char *threadName, AtEnd atEnd = AtEnd::Finishes);
+    /// @param keepAlive  how long the thread waits for more work before it ends
+    explicit SerialQueue(const char *threadName, AtEnd atEnd = AtEnd::Finishes,
+                         std::chrono::milliseconds keepAlive = {});
     ~SerialQueue();
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
@@ -41,6 +43,7 @@ private:
 
     const char *const m_threadName;
     const AtEnd m_atEnd;
+    const std::chrono::milliseconds m_keepAlive;
     // Shared with the thread, which may still be returning when the queue is destroyed.
     const std::shared_ptr<State> m_state;
 };

@@ -13,11 +13,15 @@ namespace velmora {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 // Two queues, so that a large still does not hold up animations. What nobody will see is not
 // decoded.
 class AnimationQueue : public SerialQueue {
 public:
-    AnimationQueue() : SerialQueue("velmora-frames", AtEnd::Drops) {}
+    // Its thread stays while frames are due, and with it the heap that malloc gives a thread: a heap
+    // that another thread leaves may keep the size of all frames.
+    AnimationQueue() : SerialQueue("velmora-frames", AtEnd::Drops, 10s) {}
 };
 
 class StillQueue : public SerialQueue {
