@@ -20,6 +20,10 @@ bool hasTextures(const QWidget *window) {
     });
 }
 
+bool hasPixelsOfRgb32(QImage::Format format) {
+    return format == QImage::Format_ARGB32 || format == QImage::Format_ARGB32_Premultiplied;
+}
+
 } // namespace
 
 FadeEffect::FadeEffect(const QWidget *view) : m_view(view) {}
@@ -74,7 +78,7 @@ void FadeEffect::takeBackdrop(const QPainter &painter) {
     if (!painted.isEmpty() && !QRegion(pixels & drawn.rect()).subtracted(painted).isEmpty())
         return;
     QImage image = drawn.copy(pixels);
-    if (image.depth() == 32)
+    if (hasPixelsOfRgb32(image.format()))
         image.reinterpretAsFormat(QImage::Format_RGB32); // draws faster
     m_backdrop = QPixmap::fromImage(std::move(image));
     m_backdrop.setDevicePixelRatio(density);
