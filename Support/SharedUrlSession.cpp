@@ -2,6 +2,7 @@
 #include "SharedUrlSession.h"
 
 #include "Deployment.h"
+#include "FirstPicture.h"
 #include "PictureFile.h"
 #include "ProcessRoot.h"
 #include "Switches.h"
@@ -21,7 +22,10 @@ UrlSession::Configuration configuration() {
     configuration.privateAuthorities = deployment.adServerAuthorities;
     // Once exit() has begun the switch can't be read any more.
     configuration.isAllowed = [] { return !ProcessRoot::hasEnded() && !Switches::isADSRemoved(); };
-    configuration.beforeLoading = &PictureFile::loadPlugins;
+    configuration.beforeLoading = [] {
+        PictureFile::loadPlugins();
+        FirstPicture::wait();
+    };
     return configuration;
 }
 
@@ -45,10 +49,11 @@ SharedUrlSession::SharedUrlSession() : m_session(std::make_shared<UrlSession>(co
 }
 
 SharedUrlSession::~SharedUrlSession() {
-    m_session->close();
+    atExit();
 }
 
 void SharedUrlSession::atExit() {
+    FirstPicture::settle(); // close() waits for the thread
     m_session->close();
 }
 

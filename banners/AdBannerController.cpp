@@ -9,6 +9,7 @@
 #include "BannerShadowView.h"
 #include "BannerWatch.h"
 #include "ClickGuard.h"
+#include "FirstPicture.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "RandomSource.h"
@@ -70,6 +71,7 @@ void AdBannerController::initBanners() {
     // The downloader tells its delegates once in a run that the ad table is ready. A banner that
     // comes later is not told by it.
     const bool isLate = m_downloader->hasToldDelegates();
+    FirstPicture::expect();
     m_downloader->startUpdateAllAds();
     if (isLate)
         endDownloadСonfiguration();

@@ -4,6 +4,7 @@
 #include "AdKeys.h"
 #include "BackgroundThread.h"
 #include "Deployment.h"
+#include "FirstPicture.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "SharedUrlSession.h"
@@ -79,6 +80,8 @@ void AdTable::warnIfNoIdentifier() {
 void AdTable::decideOnCache(bool isOnline, const Completion &completion) {
     const QJsonObject cached = m_cacheStorage.infoDictionary();
     m_isCacheComplete = cached.contains(kMainBannerKey) && cached.contains(kMainVideoKey);
+    if (!m_isCacheComplete)
+        FirstPicture::settle();
     if ((m_isCacheComplete || !isOnline) && completion)
         completion();
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdTable.h"
+#include "FirstPicture.h"
 #include "PictureFile.h"
 #include "SharedUrlSession.h"
 #include "Switches.h"
@@ -8,6 +9,7 @@
 #include "tests/support/TestGif.h"
 #include "tests/support/Waiting.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
@@ -23,6 +25,19 @@ protected:
 
 TEST_F(CurlLibraryTest, DISABLED_WithAnOldAndSlowLibrary) {
     Switches::activateDebugMode();
+    UrlRequest another;
+    another.url = QUrl(QStringLiteral("https://127.0.0.1:1"));
+    UrlResponse response;
+    const auto takeResponse = [&](const UrlResponse &r) { response = r; };
+    QElapsedTimer waiting;
+    waiting.start();
+    FirstPicture::expect();
+    SharedUrlSession::shared().start(another, takeResponse);
+    quietly(50);
+    EXPECT_TRUE(!QFile::exists(loading) || waiting.elapsed() > 200)
+        << "libcurl was loaded before the first picture was on the screen";
+
+    // There are no stored ads, so no picture comes.
     const auto table = std::make_shared<AdTable>();
     int called = 0;
     table->load([&called] { ++called; });
@@ -37,10 +52,8 @@ TEST_F(CurlLibraryTest, DISABLED_WithAnOldAndSlowLibrary) {
     EXPECT_TRUE(QFile(folder + QStringLiteral("/go")).open(QIODevice::WriteOnly));
     EXPECT_TRUE(eventually([&] { return table->hasReply(); }));
     EXPECT_EQ(called, 1);
-    UrlRequest another;
-    another.url = QUrl(QStringLiteral("https://127.0.0.1:1"));
-    UrlResponse response;
-    SharedUrlSession::shared().start(another, [&](const UrlResponse &r) { response = r; });
+    response = {};
+    SharedUrlSession::shared().start(another, takeResponse);
     EXPECT_TRUE(eventually([&] { return !response.error.isEmpty(); }));
     EXPECT_EQ(response.error, //
               QStringLiteral("libcurl 7.87.0 or later is needed, and libcurl.so.4 is 7.74.0"));

@@ -89,7 +89,7 @@ public:
         std::function<bool()> isAllowed;
         /// Called on the worker thread, each time that it starts, before it loads libcurl. Whoever
         /// loads another library meanwhile waits until libcurl is loaded, so this loads what the
-        /// main thread will need. May be empty.
+        /// main thread will need, or waits until that has painted. May be empty.
         std::function<void()> beforeLoading;
     };
 

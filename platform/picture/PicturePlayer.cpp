@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PicturePlayer.h"
 
+#include "FirstPicture.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "PictureFile.h"
@@ -67,6 +68,8 @@ void PicturePlayer::dropFrames() {
 void PicturePlayer::drawn(const QSize &size) {
     m_size = size;
     m_isDrawn = true;
+    if (!m_frame.isNull())
+        FirstPicture::settle();
     if (m_next && !m_timer && m_isPlaying)
         MainQueue::post([this, alive = std::weak_ptr(m_alive)] {
             if (!alive.expired() && m_next && m_isPlaying)
