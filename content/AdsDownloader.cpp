@@ -70,7 +70,12 @@ void AdsDownloader::startUpdateAllAds() {
 
 void AdsDownloader::downloadAllAdsData() {
     downloadBanner();
-    downloadVideo();
+    // After what the delegates post: a banner is seen at once, and need not share the connection
+    // with a film.
+    MainQueue::post([weak = weak_from_this()] {
+        if (const auto self = weak.lock())
+            self->downloadVideo();
+    });
 }
 
 void AdsDownloader::downloadBanner() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AdsDownloader.h"
 #include "AdKeys.h"
+#include "MainQueue.h"
 #include "ProcessRoot.h"
 #include "Switches.h"
 #include "tests/support/ChildTest.h"
@@ -52,12 +53,19 @@ TEST_F(AdsDownloaderTest, ACycleTellsTheDelegatesInOrderUntilTheyAreGoneAndLoads
     std::vector<std::shared_ptr<Listener>> listeners;
     for (const char *name : {"a", "b", "c"})
         listeners.push_back(std::make_shared<Listener>(notes, QLatin1String(name)));
+    bool isBannerFirst = false;
+    listeners[0]->action = [&] {
+        MainQueue::post([&] { isBannerFirst = downloader().videoInfo().isEmpty(); });
+    };
     listeners[1]->action = [&] { listeners[2]->gone = true; };
     for (const auto &listener : listeners)
         downloader().addDelegate(listener);
     downloader().startUpdateAllAds();
     ASSERT_TRUE(eventually([&] { return notes.size() >= 2; }));
     EXPECT_EQ(notes.mid(0, 2), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    handleEvents();
+    EXPECT_TRUE(isBannerFirst) << "a film must not hold up the banners";
+    listeners[0]->action = {};
     notes.clear();
     downloader().downloadBanner();
     EXPECT_EQ(notes, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
