@@ -19,9 +19,9 @@ namespace velmora::bench {
 namespace {
 
 constexpr int UsualRounds = 3;
-// The rotation sets a banner's next turn 15 s after its picture has come. A banner that is seen has
-// it then; the measurement lies between two of them. One that is not seen rests from then on.
-constexpr int WarmUpMs = 16'500;
+// The rotation turns every 15 s; the measurement lies between two turns. It begins after 30 s, when
+// Qt empties its cache of pixmaps.
+constexpr int WarmUpMs = 31'500;
 constexpr int IdleMs = 12'000;
 
 /// A host, and the ad server that it uses for itself.
