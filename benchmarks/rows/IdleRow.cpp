@@ -78,8 +78,10 @@ void IdleRow::measure(const BenchOptions &options) {
             // A thread that has ended takes its count with it.
             const double count = std::max(0.0, waits(trial.process->processId()) - before[&trial]);
             trial.wakeUps.push_back(count * 60'000 / idleMs);
-            trial.process.reset();
         }
+        // Not before all have been looked at: the end of a window wakes up the next one.
+        for (Trial &trial : trials)
+            trial.process.reset();
     }
     for (const Trial &trial : trials)
         Figure{QStringLiteral("idle"),
