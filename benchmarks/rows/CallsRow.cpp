@@ -11,7 +11,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 11;
+constexpr int UsualRounds = 7;
 
 } // namespace
 

@@ -16,7 +16,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 15;
+constexpr int UsualRounds = 9;
 // In which a host stores what it has loaded.
 constexpr int StoreMs = 1500;
 // Where both hosts put their picture.

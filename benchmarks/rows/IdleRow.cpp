@@ -18,7 +18,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 3;
+constexpr int UsualRounds = 2;
 // The rotation turns every 15 s; the measurement lies between two turns. It begins after 30 s, when
 // Qt empties its cache of pixmaps.
 constexpr int WarmUpMs = 31'500;

@@ -15,7 +15,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 5;
+constexpr int UsualRounds = 3;
 constexpr qsizetype FilmBytes = 50'000'000;
 constexpr int LoadSeconds = 4;
 // The sample video takes eight seconds; the close button comes after five.

@@ -16,7 +16,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 7;
+constexpr int UsualRounds = 5;
 constexpr int SettleMs = 1500;
 constexpr int CpuMs = 5000;
 constexpr QSize WindowSize(250, 300);

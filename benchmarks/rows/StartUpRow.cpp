@@ -15,7 +15,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 15;
+constexpr int UsualRounds = 9;
 // In which the host starts and its first requests end.
 constexpr int StartMs = 2500;
 constexpr QPoint InWindow(500, 200);

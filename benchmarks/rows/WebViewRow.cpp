@@ -15,7 +15,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 3;
+constexpr int UsualRounds = 2;
 
 Figure figure(const char *name, const char *unit, double goal) {
     return {QStringLiteral("web-view"),
