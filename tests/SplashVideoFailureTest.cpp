@@ -50,8 +50,8 @@ protected:
         return grabbed.pixelColor(grabbed.rect().center()) == QColor(Qt::red);
     }
     void expectStill(bool withCloseButton) {
-        // GStreamer's decoder may keep an error to itself. The player, which asks twice a second, then
-        // finds out, long before the close button is due.
+        // GStreamer's decoder may keep an error to itself. The player, which asks twice a second,
+        // then finds out, long before the close button is due.
         EXPECT_TRUE(eventually([&] {
             time.advance(0.001);
             return isShown(outlets().interstitialImage);

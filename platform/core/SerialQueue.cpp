@@ -49,7 +49,9 @@ struct SerialQueue::State {
 };
 
 SerialQueue::SerialQueue(const char *threadName, AtEnd atEnd, std::chrono::milliseconds keepAlive)
-    : m_threadName(threadName), m_atEnd(atEnd), m_keepAlive(keepAlive),
+    : m_threadName(threadName),
+      m_atEnd(atEnd),
+      m_keepAlive(keepAlive),
       m_state(std::make_shared<State>()) {}
 
 SerialQueue::~SerialQueue() {

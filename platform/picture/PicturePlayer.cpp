@@ -20,8 +20,8 @@ using namespace std::chrono_literals;
 // decoded.
 class AnimationQueue : public SerialQueue {
 public:
-    // Its thread stays while frames are due, and with it the heap that malloc gives a thread: a heap
-    // that another thread leaves may keep the size of all frames.
+    // Its thread stays while frames are due, and with it the heap that malloc gives a thread: a
+    // heap that another thread leaves may keep the size of all frames.
     AnimationQueue() : SerialQueue("velmora-frames", AtEnd::Drops, 10s) {}
 };
 
