@@ -36,7 +36,11 @@ QRect LinkArea::adRect() const {
 }
 
 void LinkArea::updateCursor() {
-    updateCursor(mapFromGlobal(QCursor::pos()));
+    // Where the pointer is, only the X server knows, and it answers when it has drawn all before.
+    if (m_isLinkEnabled && isVisible())
+        updateCursor(mapFromGlobal(QCursor::pos()));
+    else
+        setCursor(Qt::ArrowCursor);
 }
 
 void LinkArea::updateCursor(const QPoint &pointer) {
