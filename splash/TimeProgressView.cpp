@@ -97,6 +97,20 @@ void TimeProgressView::schedule() {
     scheduleFrame();
 }
 
+// The steps stay where they would be if the ring had not rested.
+void TimeProgressView::resume() {
+    addMissedSteps();
+    const std::chrono::duration<double> rest =
+        m_lastTick + m_interval - TimeSource::current().now();
+    m_timer = Timer::scheduled(rest.count(), Timer::Kind::OneShot, [this] {
+        schedule();
+        tick();
+    });
+    setGodTimer(m_timer);
+    m_startTime = TimeSource::current().now();
+    scheduleFrame();
+}
+
 void TimeProgressView::tick() {
     // The redraw that the last tick asked for never came, so the ring cannot be seen.
     if (m_needsRedraw) {
@@ -140,10 +154,8 @@ void TimeProgressView::updateNextStep() {
 
 void TimeProgressView::paintEvent(QPaintEvent *event) {
     const bool resting = m_ticking && !m_timer->isValid();
-    if (resting) {
-        addMissedSteps();
-        schedule();
-    }
+    if (resting)
+        resume();
     QRect changed;
     // Only a size that lasts until the ring is painted redraws it. A host's style sheet may resize
     // it for a moment, see StyleShield.

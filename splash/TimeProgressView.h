@@ -87,6 +87,7 @@ private:
     void startTicking();
     void stopTicking();
     void schedule();
+    void resume();
     void tick();
     void rest();
     void addMissedSteps();

@@ -7,6 +7,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtWidgets/QWidget>
 
 namespace velmora::test {
@@ -181,6 +182,79 @@ TEST_F(AnimatorTest, ALargeViewIsDrawnAnewWhenItSaysSo) {
     Animator::contentChanged(picture);
     time.advance(0.1);
     EXPECT_GT(window.grab().toImage().pixelColor(50, 50).lightness(), before.lightness());
+}
+
+TEST_F(AnimatorTest, ALargeViewStaysAsItIsUntilThereAreImagesToFadeItWith) {
+    window.resize(1600, 900);
+    view->setGeometry(window.rect());
+    view->setPalette(Qt::black);
+    view->setAutoFillBackground(true);
+    handleEvents();
+    const auto seen = [this] {
+        const QPixmap screen = window.screen()->grabWindow(window.winId());
+        return screen.toImage().pixelColor(800, 450).lightness();
+    };
+    const auto hasImages = [this] {
+        const auto *effect = qobject_cast<FadeEffect *>(view->graphicsEffect());
+        return effect && !effect->picture().isNull();
+    };
+    ASSERT_EQ(seen(), 0);
+    Animator::setHidden(view, true);
+    handleEvents();
+    if (!hasImages()) {
+        EXPECT_EQ(seen(), 0);
+    }
+    ASSERT_TRUE(eventually(hasImages));
+    EXPECT_GT(seen(), 0);
+    time.advance(0.5);
+    EXPECT_TRUE(view->isHidden());
+    const int empty = seen();
+
+    Animator::setHidden(view, false);
+    handleEvents();
+    if (!hasImages()) {
+        EXPECT_EQ(seen(), empty);
+    }
+    ASSERT_TRUE(eventually(hasImages));
+    time.advance(0.125);
+    EXPECT_LT(seen(), empty);
+    // The images are used again for what the view shows now.
+    const int before = seen();
+    view->setPalette(Qt::white);
+    Animator::contentChanged(view);
+    time.advance(0.05);
+    EXPECT_GT(seen(), before);
+    time.advance(0.5);
+    EXPECT_EQ(seen(), 255);
+
+    // The fade may end before there are images.
+    Animator::setHidden(view, true);
+    Animator::setHiddenNow(view, true);
+    handleEvents();
+    EXPECT_TRUE(eventually([&] { return seen() == empty; }));
+}
+
+TEST_F(AnimatorTest, NobodySeesAViewFadeOutBehindOneThatFadesIn) {
+    view->setGeometry(window.rect());
+    auto *above = new QWidget(&window);
+    above->setGeometry(window.rect());
+    above->hide();
+    auto *small = new QWidget(&window);
+    small->setGeometry(0, 0, 50, 50);
+    small->show();
+    Animator::setHidden(view, true);
+    Animator::setHidden(small, true);
+    Animator::setHidden(above, false);
+    EXPECT_FALSE(view->graphicsEffect());
+    EXPECT_TRUE(small->graphicsEffect()) << "it is above both";
+    time.advance(0.1);
+    EXPECT_FALSE(view->graphicsEffect());
+    // It is to be seen when the other one goes again.
+    Animator::setHidden(above, true);
+    EXPECT_TRUE(view->graphicsEffect());
+    time.advance(0.5);
+    EXPECT_TRUE(view->isHidden());
+    EXPECT_TRUE(above->isHidden());
 }
 
 TEST_F(AnimatorTest, RemoveDestroysTheViewAfterItsFadeAndADestroyedViewEndsItsTimer) {

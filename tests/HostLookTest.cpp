@@ -2,6 +2,7 @@
 #include "tests/support/HostLook.h"
 #include "BannerImageView.h"
 #include "BannerShadowView.h"
+#include "FadeEffect.h"
 #include "tests/support/BannerHost.h"
 #include "tests/support/SplashHost.h"
 #include "tests/support/TestGif.h"
@@ -62,6 +63,16 @@ protected:
         return window;
     }
 
+    // Until it is first drawn: its animations begin then.
+    void show(QWidget *window) {
+        Velmora::forceShow();
+        ASSERT_TRUE(eventually([&] {
+            const QWidget *view = controller(window).view();
+            const auto *fade = qobject_cast<FadeEffect *>(view->graphicsEffect());
+            return !fade || !fade->picture().isNull();
+        }));
+    }
+
     HostLook look;
 };
 
@@ -91,7 +102,7 @@ TEST_P(HostLookTest, ReachesNothingOfASplashScreen) {
 
 TEST_P(HostLookTest, IsThereBeforeTheSplashScreen) {
     QWidget *window = addWindow();
-    Velmora::forceShow();
+    show(window);
     time.advance(2);
     handleEvents();
     const Sight usual(controller(window).view());
@@ -104,7 +115,7 @@ TEST_P(HostLookTest, IsThereBeforeTheSplashScreen) {
         window = addWindow();
         window->activateWindow(); // else the ring moves in steps
         ASSERT_TRUE(eventually([&] { return window->isActiveWindow(); }));
-        Velmora::forceShow();
+        show(window);
         time.advance(2);
         handleEvents();
         EXPECT_EQ(Sight(controller(window).view()), usual);

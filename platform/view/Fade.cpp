@@ -17,6 +17,28 @@ namespace {
 // nothing of it would be seen before.
 constexpr double FirstStep = 1 / (60 * Animator::Duration);
 
+QRect frameInWindow(const QWidget *view) {
+    return {view->mapTo(view->window(), QPoint()), view->size()};
+}
+
+// The child of a view that is, or contains, another view.
+qsizetype indexOfPart(const QWidget *superview, const QWidget *view) {
+    while (view->parentWidget() != superview)
+        view = view->parentWidget();
+    return superview->children().indexOf(view);
+}
+
+// Whether a view of the same window is drawn after another one and over all of it.
+bool covers(const QWidget *upper, const QWidget *lower) {
+    if (!frameInWindow(upper).contains(frameInWindow(lower)))
+        return false;
+    const QWidget *both = upper->parentWidget();
+    while (both && !both->isAncestorOf(lower))
+        both = both->parentWidget();
+    return both && upper != lower && !lower->isAncestorOf(upper) && !upper->isAncestorOf(lower) &&
+           indexOfPart(both, upper) > indexOfPart(both, lower);
+}
+
 } // namespace
 
 Fade *Fade::of(const QWidget *view) {
@@ -55,6 +77,7 @@ void Fade::run(bool hidden) {
     if (!isRunning)
         setOpacity(hidden ? 1 - FirstStep : FirstStep);
     m_view->show();
+    updateCovered(m_view->window());
     if (isRunning)
         return;
     m_timer = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
@@ -68,6 +91,8 @@ void Fade::finish(bool hidden) {
 
 void Fade::redraw() {
     if (m_curtain) {
+        for (QImage &image : m_curtain->takeImages())
+            m_images.put(std::move(image));
         delete m_curtain;
         setOpacity(m_opacity); // with an effect again
     } else if (auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect())) {
@@ -102,13 +127,17 @@ void Fade::viewWasDrawn() {
 
 void Fade::setOpacity(double opacity) {
     m_opacity = opacity;
+    if (m_isCovered)
+        return;
     if (m_curtain) {
         m_curtain->setOpacity(opacity);
         return;
     }
     auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect());
     if (!effect) {
-        effect = new FadeEffect(m_view);
+        effect = new FadeEffect(m_view, m_images);
+        if (m_frames == 0)
+            effect->beginLater(m_hidden);
         m_view->setGraphicsEffect(effect);
     } else if (!effect->backdrop().isNull() && effect->coversWindow()) {
         // Over a small view, what is behind it could be seen to stand still: a video, for example.
@@ -123,6 +152,31 @@ void Fade::drawCurtain(const FadeEffect &effect) {
         new FadeCurtain(m_view, effect.picture(), effect.backdrop(), [this] { finish(m_hidden); });
     m_curtain->setOpacity(m_opacity);
     m_view->setGraphicsEffect(nullptr); // destroys the effect
+}
+
+bool Fade::isCovered() const {
+    if (!m_hidden)
+        return false;
+    const auto fades = m_view->window()->findChildren<Fade *>();
+    return std::any_of(fades.begin(), fades.end(), [this](const Fade *other) {
+        return !other->m_hidden && covers(other->m_view, m_view);
+    });
+}
+
+void Fade::updateCovered(const QWidget *window) {
+    const auto fades = window->findChildren<Fade *>();
+    for (Fade *fade : fades) {
+        const bool isCovered = fade->isCovered();
+        if (isCovered == fade->m_isCovered)
+            continue;
+        fade->m_isCovered = isCovered;
+        if (!isCovered) {
+            fade->setOpacity(fade->m_opacity);
+        } else {
+            fade->m_view->setGraphicsEffect(nullptr);
+            delete fade->m_curtain;
+        }
+    }
 }
 
 void Fade::end() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "FadeImages.h"
 #include "TimeSource.h"
 #include <Velmora/Timer.h>
 
@@ -43,9 +44,12 @@ private:
     void viewWasDrawn();
     void setOpacity(double opacity);
     void drawCurtain(const FadeEffect &effect);
+    bool isCovered() const;
+    static void updateCovered(const QWidget *window);
     void end();
 
     QWidget *m_view;
+    FadeImages m_images;
     QList<QPointer<QWidget>> m_opaque;
     QPointer<FadeCurtain> m_curtain;
     TimerPtr m_timer;
@@ -54,6 +58,7 @@ private:
     double m_opacity;
     bool m_hidden;
     bool m_removes = false;
+    bool m_isCovered = false; ///< by a view that fades in, so that nobody sees this one fade out
 };
 
 } // namespace velmora

@@ -10,7 +10,7 @@
 
 namespace velmora {
 
-FadeCurtain::FadeCurtain(QWidget *view, QPixmap picture, QPixmap backdrop,
+FadeCurtain::FadeCurtain(QWidget *view, QImage picture, QImage backdrop,
                          std::function<void()> resized)
     : QWidget(view),
       m_view(view),
@@ -43,9 +43,9 @@ void FadeCurtain::paintEvent(QPaintEvent *) {
     if (m_view->size() != m_size)
         MainQueue::post(this, m_resized);
     QPainter painter(this);
-    painter.drawPixmap(0, 0, m_backdrop);
+    painter.drawImage(0, 0, m_backdrop);
     painter.setOpacity(m_opacity);
-    painter.drawPixmap(0, 0, m_picture);
+    painter.drawImage(0, 0, m_picture);
 }
 
 } // namespace velmora

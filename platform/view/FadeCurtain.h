@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtGui/QPixmap>
+#include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
+#include <array>
 #include <functional>
+#include <utility>
 
 namespace velmora {
 
@@ -19,11 +21,14 @@ public:
     /// @param backdrop what is behind it, opaque and of the same size
     /// @param resized  called later when the view has got another size, which the pictures don't
     /// fit
-    FadeCurtain(QWidget *view, QPixmap picture, QPixmap backdrop, std::function<void()> resized);
+    FadeCurtain(QWidget *view, QImage picture, QImage backdrop, std::function<void()> resized);
     ~FadeCurtain() override;
 
     /// 0 shows what is behind the view, 1 the view.
     void setOpacity(double opacity);
+
+    /// What it was given. It must not be drawn afterwards.
+    std::array<QImage, 2> takeImages() { return {std::move(m_picture), std::move(m_backdrop)}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -31,8 +36,8 @@ protected:
 private:
     QWidget *m_view;
     QSize m_size; ///< of the view when its picture was drawn
-    QPixmap m_picture;
-    QPixmap m_backdrop;
+    QImage m_picture;
+    QImage m_backdrop;
     std::function<void()> m_resized;
     double m_opacity = 1;
     bool m_wasOpaque;

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "FadeEffect.h"
 
+#include <QtCore/QPointer>
+#include <QtGui/QBackingStore>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace velmora {
@@ -21,12 +24,25 @@ bool hasTextures(const QWidget *window) {
 }
 
 bool hasPixelsOfRgb32(QImage::Format format) {
-    return format == QImage::Format_ARGB32 || format == QImage::Format_ARGB32_Premultiplied;
+    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
+           format == QImage::Format_ARGB32_Premultiplied;
+}
+
+void copyPixels(const QImage &from, const QRect &part, QImage &to) {
+    for (int y = 0; y < part.height(); ++y) {
+        const uchar *line = from.constScanLine(part.y() + y) + qsizetype(part.x()) * 4;
+        std::memcpy(to.scanLine(y), line, size_t(part.width()) * 4);
+    }
 }
 
 } // namespace
 
-FadeEffect::FadeEffect(const QWidget *view) : m_view(view) {}
+FadeEffect::FadeEffect(QWidget *view, FadeImages &images) : m_view(view), m_images(images) {}
+
+void FadeEffect::beginLater(bool showsView) {
+    m_beginsLater = true;
+    m_showsView = showsView;
+}
 
 void FadeEffect::setOpacity(double opacity) {
     m_opacity = opacity;
@@ -50,16 +66,48 @@ void FadeEffect::draw(QPainter *painter) {
     // A small view is cheap to render, and may just be getting what it shows: the picture of a
     // banner is decoded while it fades in.
     const bool isLarge = coversWindow();
-    if (!isLarge || m_size != m_view->size() ||
-        m_picture.devicePixelRatio() != painter->device()->devicePixelRatio()) {
-        m_size = m_view->size();
-        m_picture = sourcePixmap(Qt::LogicalCoordinates, &m_offset, QGraphicsEffect::NoPad);
-        m_backdrop = {};
+    const double density = painter->device()->devicePixelRatio();
+    if (!isLarge || m_size != m_view->size() || m_picture.devicePixelRatio() != density) {
+        const QSize pixels = m_view->size() * density;
+        if (isLarge && isToWait(*painter->device(), pixels)) {
+            if (m_showsView)
+                drawSource(painter);
+            return;
+        }
+        render(pixels, density);
+    }
+    if (m_picture.isNull()) { // without memory there is no fade
+        drawSource(painter);
+        return;
     }
     if (isLarge && m_backdrop.isNull())
         takeBackdrop(*painter);
     painter->setOpacity(m_opacity);
-    painter->drawPixmap(m_offset, m_picture);
+    painter->drawImage(0, 0, m_picture);
+}
+
+bool FadeEffect::isToWait(const QPaintDevice &device, QSize pixels) {
+    // Another device than the window's, as of QWidget::grab(), gets the view at once.
+    QBackingStore *shown = m_view->backingStore();
+    if (!m_beginsLater || !m_picture.isNull() || !shown || shown->paintDevice() != &device)
+        return false;
+    return !m_images.prepare(pixels, [effect = QPointer(this)] {
+        if (effect)
+            effect->update();
+    });
+}
+
+void FadeEffect::render(QSize pixels, double density) {
+    m_size = m_view->size();
+    m_backdrop = {};
+    if (m_picture.size() == pixels && m_picture.isDetached())
+        m_picture.fill(Qt::transparent);
+    else
+        m_picture = m_images.take(pixels);
+    if (m_picture.isNull())
+        return;
+    m_picture.setDevicePixelRatio(density);
+    m_view->render(&m_picture, QPoint(), QRegion(), QWidget::DrawChildren);
 }
 
 void FadeEffect::takeBackdrop(const QPainter &painter) {
@@ -77,10 +125,15 @@ void FadeEffect::takeBackdrop(const QPainter &painter) {
     const QRegion painted = painter.paintEngine()->systemClip();
     if (!painted.isEmpty() && !QRegion(pixels & drawn.rect()).subtracted(painted).isEmpty())
         return;
-    QImage image = drawn.copy(pixels);
-    if (hasPixelsOfRgb32(image.format()))
-        image.reinterpretAsFormat(QImage::Format_RGB32); // draws faster
-    m_backdrop = QPixmap::fromImage(std::move(image));
+    if (hasPixelsOfRgb32(drawn.format()) && drawn.rect().contains(pixels)) {
+        m_backdrop = m_images.take(pixels.size());
+        if (m_backdrop.isNull())
+            return;
+        copyPixels(drawn, pixels, m_backdrop);
+        m_backdrop.reinterpretAsFormat(QImage::Format_RGB32); // draws faster
+    } else {
+        m_backdrop = drawn.copy(pixels);
+    }
     m_backdrop.setDevicePixelRatio(density);
 }
 

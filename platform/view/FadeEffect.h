@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QtGui/QPixmap>
+#include "FadeImages.h"
+
+#include <QtGui/QImage>
 #include <QtWidgets/QGraphicsEffect>
 #include <QtWidgets/QWidget>
 
@@ -15,7 +17,12 @@ class FadeEffect : public QGraphicsEffect {
 
 public:
     /// The view destroys the effect that it draws with.
-    explicit FadeEffect(const QWidget *view);
+    /// @param images where the effect's images come from; must outlive its last drawing
+    FadeEffect(QWidget *view, FadeImages &images);
+
+    /// Lets the effect begin when there are images, instead of waiting for them while it draws.
+    /// @param showsView whether the view is seen until then
+    void beginLater(bool showsView);
 
     double opacity() const { return m_opacity; }
     /// Repaints the view. 0 is invisible, 1 opaque.
@@ -27,23 +34,27 @@ public:
     bool coversWindow() const;
 
     /// The view, once it was drawn.
-    const QPixmap &picture() const { return m_picture; }
+    const QImage &picture() const { return m_picture; }
     /// What was behind the view when all of it was first drawn. Null before, and where Qt does not
     /// draw all of a window into one image.
-    const QPixmap &backdrop() const { return m_backdrop; }
+    const QImage &backdrop() const { return m_backdrop; }
 
 protected:
     void draw(QPainter *painter) override;
 
 private:
+    bool isToWait(const QPaintDevice &device, QSize pixels);
+    void render(QSize pixels, double density);
     void takeBackdrop(const QPainter &painter);
 
-    const QWidget *m_view;
+    QWidget *m_view;
+    FadeImages &m_images;
     QSize m_size; ///< of the view when it was drawn
-    QPixmap m_picture;
-    QPixmap m_backdrop;
-    QPoint m_offset;
+    QImage m_picture;
+    QImage m_backdrop;
     double m_opacity = 1;
+    bool m_beginsLater = false;
+    bool m_showsView = false;
 };
 
 } // namespace velmora
