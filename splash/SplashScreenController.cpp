@@ -138,11 +138,15 @@ void SplashScreenController::connectLinkArea() {
         const auto self = weak.lock();
         return self ? self->adRect() : QRect();
     });
-    if (m_outlets.splashScreenPlayerView)
-        QObject::connect(m_outlets.splashScreenPlayerView, &VideoView::started, link, [link] {
-            link->ignorePressesFor(VideoSettlingSeconds);
-            link->updateCursor();
-        });
+    const VideoView *video = m_outlets.splashScreenPlayerView;
+    if (!video)
+        return;
+    QObject::connect(video, &VideoView::started, link, [link, video] {
+        link->ignorePressesFor(VideoSettlingSeconds);
+        link->updateCursor();
+        // It fades in with its first picture, which comes during the fade.
+        Animator::contentChanged(video);
+    });
 }
 
 QRect SplashScreenController::adRect() const {

@@ -126,7 +126,7 @@ void FadeEffect::takeBackdrop(const QPainter &painter) {
     if (!painted.isEmpty() && !QRegion(pixels & drawn.rect()).subtracted(painted).isEmpty())
         return;
     if (hasPixelsOfRgb32(drawn.format()) && drawn.rect().contains(pixels)) {
-        m_backdrop = m_images.take(pixels.size());
+        m_backdrop = m_images.takeUncleared(pixels.size());
         if (m_backdrop.isNull())
             return;
         copyPixels(drawn, pixels, m_backdrop);

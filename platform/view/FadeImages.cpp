@@ -57,13 +57,20 @@ QImage mappedImage(QSize pixels) {
     return image;
 }
 
+QImage takeLast(std::vector<QImage> &images) {
+    QImage image = std::move(images.back());
+    images.pop_back();
+    return image;
+}
+
 } // namespace
 
 struct FadeImages::State {
     QSize pixels; ///< of the images that are ready, or being prepared
-    std::vector<QImage> images;
+    std::vector<QImage> images = {};
+    std::vector<QImage> used = {}; ///< put back, of the same size
     bool isPreparing = false;
-    std::function<void()> ready;
+    std::function<void()> ready = {};
 };
 
 FadeImages::FadeImages() : m_state(std::make_shared<State>()) {}
@@ -74,7 +81,7 @@ bool FadeImages::prepare(QSize pixels, std::function<void()> ready) {
     if (isSmall(pixels))
         return true;
     if (m_state->pixels != pixels)
-        *m_state = {pixels, {}, false, {}};
+        *m_state = {.pixels = pixels};
     if (!m_state->images.empty())
         return true;
     m_state->ready = std::move(ready);
@@ -95,9 +102,12 @@ bool FadeImages::prepare(QSize pixels, std::function<void()> ready) {
 }
 
 QImage FadeImages::take(QSize pixels) {
-    if (m_state->pixels == pixels && !m_state->images.empty()) {
-        QImage image = std::move(m_state->images.back());
-        m_state->images.pop_back();
+    const bool fits = m_state->pixels == pixels;
+    if (fits && !m_state->images.empty())
+        return takeLast(m_state->images);
+    if (fits && !m_state->used.empty()) {
+        QImage image = takeLast(m_state->used);
+        image.fill(Qt::transparent);
         return image;
     }
     if (!isSmall(pixels))
@@ -107,15 +117,20 @@ QImage FadeImages::take(QSize pixels) {
     return image;
 }
 
+QImage FadeImages::takeUncleared(QSize pixels) {
+    if (m_state->pixels == pixels && !m_state->used.empty())
+        return takeLast(m_state->used);
+    return take(pixels);
+}
+
 void FadeImages::put(QImage image) {
     if (image.isNull() || !image.isDetached() || !hasPixelsOfArgb32(image))
         return;
     if (m_state->pixels != image.size())
-        *m_state = {image.size(), {}, false, {}};
+        *m_state = {.pixels = image.size()};
     image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(1);
-    image.fill(Qt::transparent);
-    m_state->images.push_back(std::move(image));
+    m_state->used.push_back(std::move(image));
 }
 
 } // namespace velmora

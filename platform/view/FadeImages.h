@@ -27,6 +27,8 @@ public:
 
     /// @return an image of premultiplied ARGB pixels, all transparent; null without memory
     QImage take(QSize pixels);
+    /// The same for an image that will be written all over: its pixels may be anything.
+    QImage takeUncleared(QSize pixels);
     /// Gives an image back, for the next take().
     void put(QImage image);
 
