@@ -100,15 +100,13 @@ void TimeProgressView::schedule() {
 // The steps stay where they would be if the ring had not rested.
 void TimeProgressView::resume() {
     addMissedSteps();
-    const std::chrono::duration<double> rest =
+    const std::chrono::duration<double> toNextStep =
         m_lastTick + m_interval - TimeSource::current().now();
-    m_timer = Timer::scheduled(rest.count(), Timer::Kind::OneShot, [this] {
+    m_timer = Timer::scheduled(toNextStep.count(), Timer::Kind::OneShot, [this] {
         schedule();
         tick();
     });
     setGodTimer(m_timer);
-    m_startTime = TimeSource::current().now();
-    scheduleFrame();
 }
 
 void TimeProgressView::tick() {

@@ -252,9 +252,39 @@ TEST_F(AnimatorTest, NobodySeesAViewFadeOutBehindOneThatFadesIn) {
     // It is to be seen when the other one goes again.
     Animator::setHidden(above, true);
     EXPECT_TRUE(view->graphicsEffect());
+    EXPECT_GT(opacity(), 0.9);
     time.advance(0.5);
     EXPECT_TRUE(view->isHidden());
     EXPECT_TRUE(above->isHidden());
+
+    Animator::setHiddenNow(view, false);
+    Animator::setHidden(view, true);
+    Animator::setHidden(above, false);
+    ASSERT_FALSE(view->graphicsEffect());
+    Animator::setHiddenNow(above, true);
+    EXPECT_TRUE(view->graphicsEffect());
+    time.advance(0.5);
+
+    // One that was seen half faded would jump.
+    Animator::setHiddenNow(view, false);
+    Animator::setHidden(view, true);
+    time.advance(0.1);
+    Animator::setHidden(above, false);
+    EXPECT_TRUE(view->graphicsEffect());
+    time.advance(0.5);
+
+    // In another window.
+    QWidget dialog(&window, Qt::Dialog);
+    dialog.resize(window.size());
+    dialog.show();
+    auto *inDialog = new QWidget(&dialog);
+    inDialog->resize(window.size());
+    inDialog->hide();
+    above->hide();
+    Animator::setHiddenNow(view, false);
+    Animator::setHidden(view, true);
+    Animator::setHidden(inDialog, false);
+    EXPECT_TRUE(view->graphicsEffect());
 }
 
 TEST_F(AnimatorTest, RemoveDestroysTheViewAfterItsFadeAndADestroyedViewEndsItsTimer) {

@@ -28,9 +28,10 @@ qsizetype indexOfPart(const QWidget *superview, const QWidget *view) {
     return superview->children().indexOf(view);
 }
 
-// Whether a view of the same window is drawn after another one and over all of it.
+// Whether a view of the same window is drawn after another one and over all of it. It is taken to
+// be opaque, as videos, stills and splash screens are.
 bool covers(const QWidget *upper, const QWidget *lower) {
-    if (!frameInWindow(upper).contains(frameInWindow(lower)))
+    if (upper->window() != lower->window() || !frameInWindow(upper).contains(frameInWindow(lower)))
         return false;
     const QWidget *both = upper->parentWidget();
     while (both && !both->isAncestorOf(lower))
@@ -38,6 +39,11 @@ bool covers(const QWidget *upper, const QWidget *lower) {
     return both && upper != lower && !lower->isAncestorOf(upper) && !upper->isAncestorOf(lower) &&
            indexOfPart(both, upper) > indexOfPart(both, lower);
 }
+
+/// Searching a window for its fades would take longer the more objects the host has in it.
+struct RunningFades {
+    QList<Fade *> fades;
+};
 
 } // namespace
 
@@ -56,11 +62,18 @@ Fade::Fade(QWidget *view)
         part->setAttribute(Qt::WA_OpaquePaintEvent, false);
         m_opaque.append(part);
     }
+    ProcessRoot::get<RunningFades>().fades.append(this);
 }
 
 Fade::~Fade() {
+    forget();
     if (m_timer)
         m_timer->invalidate();
+}
+
+void Fade::forget() {
+    if (auto *running = ProcessRoot::existing<RunningFades>())
+        running->fades.removeOne(this);
 }
 
 void Fade::run(bool hidden) {
@@ -106,7 +119,8 @@ void Fade::frame() {
     m_lastFrame = now;
     const double step = passed / Animator::Duration;
     setOpacity(std::clamp(m_opacity + (m_hidden ? -step : step), 0.0, 1.0));
-    if (++m_frames == 2)
+    ++m_frames;
+    if (!m_wasDrawn && isDrawn())
         viewWasDrawn();
     const bool isDone = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
     // Nobody sees the rest of the fade when the view is no longer on screen.
@@ -114,9 +128,15 @@ void Fade::frame() {
         end();
 }
 
+bool Fade::isDrawn() const {
+    const auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect());
+    return m_curtain || (effect && !effect->picture().isNull());
+}
+
 // Qt makes much of what it draws with when it first draws something of a kind. exit() must not
 // destroy that before the framework has stopped drawing, so the framework registers once more.
 void Fade::viewWasDrawn() {
+    m_wasDrawn = true;
     // Each registration takes memory, and after these fades a splash screen has been shown too.
     static int registrationsLeft = 8;
     if (registrationsLeft == 0)
@@ -137,7 +157,7 @@ void Fade::setOpacity(double opacity) {
     if (!effect) {
         effect = new FadeEffect(m_view, m_images);
         if (m_frames == 0)
-            effect->beginLater(m_hidden);
+            effect->waitForImages(m_hidden);
         m_view->setGraphicsEffect(effect);
     } else if (!effect->backdrop().isNull() && effect->coversWindow()) {
         // Over a small view, what is behind it could be seen to stand still: a video, for example.
@@ -154,34 +174,42 @@ void Fade::drawCurtain(const FadeEffect &effect) {
     m_view->setGraphicsEffect(nullptr); // destroys the effect
 }
 
-bool Fade::isCovered() const {
-    if (!m_hidden)
+bool Fade::isCovered(const QList<Fade *> &others) const {
+    // A view that was seen half faded would jump.
+    if (!m_hidden || (!m_isCovered && m_frames > 0))
         return false;
-    const auto fades = m_view->window()->findChildren<Fade *>();
-    return std::any_of(fades.begin(), fades.end(), [this](const Fade *other) {
+    return std::any_of(others.begin(), others.end(), [this](const Fade *other) {
         return !other->m_hidden && covers(other->m_view, m_view);
     });
 }
 
+void Fade::setCovered(bool covered) {
+    if (covered == m_isCovered)
+        return;
+    m_isCovered = covered;
+    if (covered) {
+        m_view->setGraphicsEffect(nullptr);
+        delete m_curtain;
+    } else {
+        setOpacity(m_hidden ? 1 - FirstStep : 1); // all of it has been seen so far
+    }
+}
+
 void Fade::updateCovered(const QWidget *window) {
-    const auto fades = window->findChildren<Fade *>();
+    const auto *running = ProcessRoot::existing<RunningFades>();
+    const QList<Fade *> fades = running ? running->fades : QList<Fade *>();
     for (Fade *fade : fades) {
-        const bool isCovered = fade->isCovered();
-        if (isCovered == fade->m_isCovered)
-            continue;
-        fade->m_isCovered = isCovered;
-        if (!isCovered) {
-            fade->setOpacity(fade->m_opacity);
-        } else {
-            fade->m_view->setGraphicsEffect(nullptr);
-            delete fade->m_curtain;
-        }
+        if (fade->m_view->window() == window)
+            fade->setCovered(fade->isCovered(fades));
     }
 }
 
 void Fade::end() {
     if (m_timer)
         m_timer->invalidate();
+    forget();
+    if (m_hidden)
+        updateCovered(m_view->window());
     // Without a parent, because the host has removed it meanwhile, a shown view would be a window.
     m_view->setVisible(!m_hidden && m_view->parentWidget());
     m_view->setGraphicsEffect(nullptr);

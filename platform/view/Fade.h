@@ -16,7 +16,8 @@ class FadeCurtain;
 class FadeEffect;
 
 /// One fade of a view, in or out. A view that covers its window stays as it was when the fade
-/// began, and so does what is behind it. The view owns it; it destroys itself at its end. Main
+/// began, and so does what is behind it. A view that is to fade out behind one that fades in over
+/// all of it, stays as it is until then. The view owns it; it destroys itself at its end. Main
 /// thread only.
 class Fade : public QObject {
     Q_OBJECT
@@ -41,12 +42,15 @@ public:
 
 private:
     void frame();
+    bool isDrawn() const;
     void viewWasDrawn();
     void setOpacity(double opacity);
     void drawCurtain(const FadeEffect &effect);
-    bool isCovered() const;
+    bool isCovered(const QList<Fade *> &others) const;
+    void setCovered(bool covered);
     static void updateCovered(const QWidget *window);
     void end();
+    void forget();
 
     QWidget *m_view;
     FadeImages m_images;
@@ -58,7 +62,8 @@ private:
     double m_opacity;
     bool m_hidden;
     bool m_removes = false;
-    bool m_isCovered = false; ///< by a view that fades in, so that nobody sees this one fade out
+    bool m_isCovered = false;
+    bool m_wasDrawn = false;
 };
 
 } // namespace velmora

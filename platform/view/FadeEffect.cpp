@@ -39,8 +39,8 @@ void copyPixels(const QImage &from, const QRect &part, QImage &to) {
 
 FadeEffect::FadeEffect(QWidget *view, FadeImages &images) : m_view(view), m_images(images) {}
 
-void FadeEffect::beginLater(bool showsView) {
-    m_beginsLater = true;
+void FadeEffect::waitForImages(bool showsView) {
+    m_waitsForImages = true;
     m_showsView = showsView;
 }
 
@@ -51,7 +51,7 @@ void FadeEffect::setOpacity(double opacity) {
 
 void FadeEffect::redraw() {
     m_size = {};
-    m_backdrop = {}; // null until it has rendered the view
+    m_images.put(std::exchange(m_backdrop, {})); // null until it has rendered the view
     update();
 }
 
@@ -89,7 +89,7 @@ void FadeEffect::draw(QPainter *painter) {
 bool FadeEffect::isToWait(const QPaintDevice &device, QSize pixels) {
     // Another device than the window's, as of QWidget::grab(), gets the view at once.
     QBackingStore *shown = m_view->backingStore();
-    if (!m_beginsLater || !m_picture.isNull() || !shown || shown->paintDevice() != &device)
+    if (!m_waitsForImages || !m_picture.isNull() || !shown || shown->paintDevice() != &device)
         return false;
     return !m_images.prepare(pixels, [effect = QPointer(this)] {
         if (effect)
@@ -99,7 +99,7 @@ bool FadeEffect::isToWait(const QPaintDevice &device, QSize pixels) {
 
 void FadeEffect::render(QSize pixels, double density) {
     m_size = m_view->size();
-    m_backdrop = {};
+    m_images.put(std::exchange(m_backdrop, {}));
     if (m_picture.size() == pixels && m_picture.isDetached())
         m_picture.fill(Qt::transparent);
     else

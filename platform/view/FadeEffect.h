@@ -20,9 +20,9 @@ public:
     /// @param images where the effect's images come from; must outlive its last drawing
     FadeEffect(QWidget *view, FadeImages &images);
 
-    /// Lets the effect begin when there are images, instead of waiting for them while it draws.
+    /// Has the effect draw nothing of the fade until there are images, instead of waiting for them.
     /// @param showsView whether the view is seen until then
-    void beginLater(bool showsView);
+    void waitForImages(bool showsView);
 
     double opacity() const { return m_opacity; }
     /// Repaints the view. 0 is invisible, 1 opaque.
@@ -53,7 +53,7 @@ private:
     QImage m_picture;
     QImage m_backdrop;
     double m_opacity = 1;
-    bool m_beginsLater = false;
+    bool m_waitsForImages = false;
     bool m_showsView = false;
 };
 

@@ -7,6 +7,7 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -57,21 +58,27 @@ QImage mappedImage(QSize pixels) {
     return image;
 }
 
-QImage takeLast(std::vector<QImage> &images) {
-    QImage image = std::move(images.back());
-    images.pop_back();
-    return image;
-}
-
 } // namespace
 
 struct FadeImages::State {
     QSize pixels; ///< of the images that are ready, or being prepared
-    std::vector<QImage> images = {};
-    std::vector<QImage> used = {}; ///< put back, of the same size
+    std::vector<QImage> images;
     bool isPreparing = false;
-    std::function<void()> ready = {};
+    std::function<void()> ready;
+    std::vector<QImage> used; ///< put back
+
+    QImage takeUsed(QSize size);
 };
+
+QImage FadeImages::State::takeUsed(QSize size) {
+    const auto found = std::find_if(used.begin(), used.end(),
+                                    [size](const QImage &image) { return image.size() == size; });
+    if (found == used.end())
+        return {};
+    QImage image = std::move(*found);
+    used.erase(found);
+    return image;
+}
 
 FadeImages::FadeImages() : m_state(std::make_shared<State>()) {}
 
@@ -80,8 +87,11 @@ FadeImages::~FadeImages() = default;
 bool FadeImages::prepare(QSize pixels, std::function<void()> ready) {
     if (isSmall(pixels))
         return true;
-    if (m_state->pixels != pixels)
-        *m_state = {.pixels = pixels};
+    if (m_state->pixels != pixels) {
+        m_state->pixels = pixels;
+        m_state->images.clear();
+        m_state->isPreparing = false;
+    }
     if (!m_state->images.empty())
         return true;
     m_state->ready = std::move(ready);
@@ -91,7 +101,7 @@ bool FadeImages::prepare(QSize pixels, std::function<void()> ready) {
         std::vector<QImage> images{mappedImage(pixels), mappedImage(pixels)};
         MainQueue::post([weak, pixels, images = std::move(images)]() mutable {
             const auto state = weak.lock();
-            if (!state || state->pixels != pixels)
+            if (!state || state->pixels != pixels || !state->isPreparing)
                 return;
             state->images = std::move(images);
             state->isPreparing = false;
@@ -102,32 +112,28 @@ bool FadeImages::prepare(QSize pixels, std::function<void()> ready) {
 }
 
 QImage FadeImages::take(QSize pixels) {
-    const bool fits = m_state->pixels == pixels;
-    if (fits && !m_state->images.empty())
-        return takeLast(m_state->images);
-    if (fits && !m_state->used.empty()) {
-        QImage image = takeLast(m_state->used);
-        image.fill(Qt::transparent);
+    if (m_state->pixels == pixels && !m_state->images.empty()) {
+        QImage image = std::move(m_state->images.back());
+        m_state->images.pop_back();
         return image;
     }
-    if (!isSmall(pixels))
+    QImage image = m_state->takeUsed(pixels);
+    if (image.isNull() && !isSmall(pixels))
         return mappedImage(pixels);
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     return image;
 }
 
 QImage FadeImages::takeUncleared(QSize pixels) {
-    if (m_state->pixels == pixels && !m_state->used.empty())
-        return takeLast(m_state->used);
-    return take(pixels);
+    QImage image = m_state->takeUsed(pixels);
+    return image.isNull() ? take(pixels) : image;
 }
 
 void FadeImages::put(QImage image) {
     if (image.isNull() || !image.isDetached() || !hasPixelsOfArgb32(image))
         return;
-    if (m_state->pixels != image.size())
-        *m_state = {.pixels = image.size()};
     image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(1);
     m_state->used.push_back(std::move(image));
