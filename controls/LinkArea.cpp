@@ -36,7 +36,7 @@ QRect LinkArea::adRect() const {
 }
 
 void LinkArea::updateCursor() {
-    // Where the pointer is, only the X server knows, and it answers when it has drawn all before.
+    // QCursor::pos() asks the X server, which answers only after it has drawn what came before.
     if (m_isLinkEnabled && isVisible())
         updateCursor(mapFromGlobal(QCursor::pos()));
     else
