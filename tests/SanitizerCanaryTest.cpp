@@ -52,27 +52,37 @@ TEST(SanitizerCanaryTest, ALeakUnderTheEventLoopIsReported) {
 namespace {
 
 /// A worker's access, and one of the main thread that comes later but is not synchronised with it:
-/// for the sanitizer a relaxed atomic orders nothing.
+/// for the sanitizer a relaxed atomic orders nothing. The worker stays until both are done, because
+/// a lock that its thread takes at its end would order them if the main thread took it next.
 class Race {
 public:
     std::function<void()> onWorker(void (*access)()) {
         return [this, access] {
             access();
             m_workerIsDone.store(true, std::memory_order_relaxed);
+            waitFor(m_mainThreadIsDone);
         };
     }
 
     std::function<void()> onMainThread(void (*access)()) {
         return [this, access] {
-            while (!m_workerIsDone.load(std::memory_order_relaxed))
-                std::this_thread::yield();
+            waitFor(m_workerIsDone);
             access();
-            QTimer::singleShot(0, &QCoreApplication::quit);
+            QTimer::singleShot(0, [this] { // after an object's deletion
+                m_mainThreadIsDone.store(true, std::memory_order_relaxed);
+                QCoreApplication::quit();
+            });
         };
     }
 
 private:
+    static void waitFor(const std::atomic<bool> &isDone) {
+        while (!isDone.load(std::memory_order_relaxed))
+            std::this_thread::yield();
+    }
+
     std::atomic<bool> m_workerIsDone = false;
+    std::atomic<bool> m_mainThreadIsDone = false;
 };
 
 } // namespace
