@@ -4,6 +4,7 @@
 #include "FlippedCoordinates.h"
 #include "FocusRing.h"
 #include "ReducedMotion.h"
+#include "TextSizes.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
@@ -118,24 +119,38 @@ RemoveAdsButton::Look RemoveAdsButton::look() const {
     };
 }
 
+void RemoveAdsButton::updatePicture() {
+    // What any button has drawn last, because in several windows they mostly look the same. Never
+    // destroyed, because another thread may be in exit().
+    static auto &last = *new Picture;
+    const Look wanted = look();
+    if (m_picture.look == wanted)
+        return;
+    if (last.look != wanted)
+        last = draw(wanted);
+    m_picture = last;
+}
+
+RemoveAdsButton::Picture RemoveAdsButton::draw(const Look &look) {
+    QPixmap face((QSizeF(look.size) * look.density).toSize());
+    face.setDevicePixelRatio(look.density);
+    face.fill(Qt::transparent);
+    Picture picture{.look = look, .face = face, .title = face};
+    QPainter drawing(&picture.face);
+    drawing.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    drawRect(drawing);
+    QPainter title(&picture.title);
+    title.setRenderHint(QPainter::Antialiasing);
+    title.setClipPath(facePath());
+    drawTitle(title);
+    return picture;
+}
+
 void RemoveAdsButton::paintEvent(QPaintEvent *) {
-    if (const Look wanted = look(); m_look != wanted) {
-        m_look = wanted;
-        m_drawn = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
-        m_drawn.setDevicePixelRatio(devicePixelRatioF());
-        m_drawn.fill(Qt::transparent);
-        m_drawnTitle = m_drawn;
-        QPainter drawing(&m_drawn);
-        drawing.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        drawRect(drawing);
-        QPainter title(&m_drawnTitle);
-        title.setRenderHint(QPainter::Antialiasing);
-        title.setClipPath(facePath());
-        drawTitle(title);
-    }
+    updatePicture();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.drawPixmap(0, 0, m_drawn);
+    painter.drawPixmap(0, 0, m_picture.face);
     if (!m_isAllDraw) {
         drawPath();
         m_isAllDraw = true;
@@ -145,7 +160,7 @@ void RemoveAdsButton::paintEvent(QPaintEvent *) {
     m_shine.draw(painter);
     painter.restore();
     // Over the shine, which is nearly as bright as white.
-    painter.drawPixmap(0, 0, m_drawnTitle);
+    painter.drawPixmap(0, 0, m_picture.title);
     FocusRing::draw(*this, painter, m_isCircle ? width() / 2.0 : m_cornerRadius);
 }
 
@@ -246,7 +261,7 @@ QFont RemoveAdsButton::drawnFont() const {
 }
 
 QSizeF RemoveAdsButton::titleSize() const {
-    return QFontMetricsF(drawnFont(), this).size(0, text());
+    return TextSizes::onOneLine(drawnFont(), text(), *this);
 }
 
 QColor RemoveAdsButton::titleColor() const {

@@ -89,7 +89,15 @@ private:
         bool operator==(const Look &) const = default;
     };
 
+    struct Picture {
+        std::optional<Look> look;
+        QPixmap face;
+        QPixmap title;
+    };
+
     Look look() const;
+    void updatePicture();
+    Picture draw(const Look &look);
     void drawRect(QPainter &painter);
     void drawFace(QPainter &painter, const QPainterPath &face) const;
     void drawImage(QPainter &painter, const QRectF &frame) const;
@@ -121,9 +129,7 @@ private:
 
     // The button as it was drawn last, used again until its look changes: during a sweep, and over
     // a video, it is redrawn many times a second.
-    std::optional<Look> m_look;
-    QPixmap m_drawn; // without the title
-    QPixmap m_drawnTitle;
+    Picture m_picture;
 
     ShineAnimation m_shine;
     TimerPtr m_animationTimer;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TextField.h"
 
+#include "TextSizes.h"
+
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAccessibleWidget>
@@ -67,8 +69,7 @@ int TextField::layoutFlags() const {
 }
 
 QSize TextField::sizeForWidth(int width) const {
-    const QFontMetricsF metrics(textFont(), this);
-    const QSizeF size = metrics.boundingRect(QRectF(0, 0, width, 0), layoutFlags(), m_text).size();
+    const QSizeF size = TextSizes::inWidth(width, layoutFlags(), textFont(), m_text, *this);
     return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
 
@@ -77,8 +78,7 @@ QSize TextField::sizeHint() const {
 }
 
 QSize TextField::sizeOf(const QString &text) const {
-    const QFontMetricsF metrics(textFont(), this);
-    return metrics.size(0, text).toSize() + QSize(1, 1);
+    return TextSizes::onOneLine(textFont(), text, *this).toSize() + QSize(1, 1);
 }
 
 void TextField::changed() {

@@ -118,6 +118,34 @@ TEST_F(RemoveAdsButtonTest, TheFaceTakesTheColoursOfItsKindAndState) {
     expectPixel(20, 39, Green, "below the image");
 }
 
+TEST_F(RemoveAdsButtonTest, OnlyButtonsThatLookTheSameShareAPicture) {
+    RemoveAdsButton *const other = new RemoveAdsButton(&window);
+    other->setGeometry(button->geometry().translated(0, 45));
+    other->setFocusPolicy(Qt::NoFocus);
+    window.resize(300, 130);
+    for (RemoveAdsButton *each : {button, other}) {
+        each->setProperty("stringColor", QColor(Qt::white));
+        each->setText(QStringLiteral("Remove ads"));
+    }
+    show();
+    const auto picture = [this](const QWidget *of) {
+        return window.grab(of->geometry()).toImage();
+    };
+    const QImage before = picture(button);
+    EXPECT_EQ(picture(other), before);
+    const auto differs = [&](const char *what) {
+        EXPECT_NE(picture(other), before) << what;
+        EXPECT_EQ(picture(button), before) << what;
+    };
+    other->setText(QStringLiteral("Without ads"));
+    differs("title");
+    other->setText(button->text());
+    other->setDown(true);
+    differs("state");
+    other->setDown(false);
+    EXPECT_EQ(picture(other), before);
+}
+
 TEST_F(RemoveAdsButtonTest, TheBorderIsARingAroundTheFace) {
     button->setProperty("border", 2.0);
     button->setProperty("cornerRadius", 10.0);
