@@ -34,7 +34,7 @@ void SplashSequence::begin(qint64 loadTime) {
     m_clock.begin();
     startWaitVideoTimer(double(loadTime));
     m_clock.startTick();
-    if (loadTime > 0)
+    if (loadTime == 1)
         m_video.warmUpPlayer();
     updateTimerText();
     for (const Controller &controller : m_windows.copy()) {
@@ -191,6 +191,9 @@ void SplashSequence::countdownTicked() {
     // already over.
     if (!m_show)
         m_clock.stopTick();
+    // Not earlier where there is time: until the fades are over, the windows need the processor.
+    else if (m_state == SplashScreenStateStart && m_clock.passedTime() == 1 && m_loadTime > 1)
+        m_video.warmUpPlayer();
     updateTimerText();
     updateVideoTimerText();
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/SplashHost.h"
+#include "tests/support/VideoHelpers.h"
 #include "tests/support/Waiting.h"
 
 namespace velmora::test {
@@ -44,6 +45,26 @@ TEST_F(SplashPlaybackTest, AVideoPlaysPausesResumesAndEnds) {
     EXPECT_FALSE(isShown(controller(window).outlets().splashScreenPlayerView));
     controller(window).outlets().closeButton->click();
     EXPECT_EQ(player(), nullptr);
+}
+
+TEST_F(SplashPlaybackTest, TheHelperStartsOnceTheWindowsAreCoveredAndBeforeTheVideo) {
+    watchVideoHelpers();
+    for (const qint64 loadTime : {3, 1}) {
+        presenter().setLoadTime(loadTime);
+        Velmora::forceShow();
+        time.advance(0.9);
+        if (loadTime > 1) {
+            handleEvents();
+            EXPECT_TRUE(videoHelpers().isEmpty());
+            time.advance(0.2);
+        }
+        EXPECT_TRUE(eventually([] { return videoHelpers().size() == 1; })) << loadTime;
+        EXPECT_EQ(player(), nullptr);
+        time.advance(2);
+        EXPECT_TRUE(eventually([this] { return showsPicture(); }));
+        presenter().didClickClose();
+        EXPECT_TRUE(eventually([] { return videoHelpers().isEmpty(); }));
+    }
 }
 
 TEST_F(SplashPlaybackTest, APlayingVideoMayBeRemovedAtAnyMoment) {
