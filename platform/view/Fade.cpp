@@ -5,6 +5,7 @@
 #include "FadeCurtain.h"
 #include "FadeEffect.h"
 #include "ProcessRoot.h"
+#include "RunningFades.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,34 +17,6 @@ namespace {
 // The opacity that a fade reaches in its first sixtieth of a second. It starts there, because
 // nothing of it would be seen before.
 constexpr double FirstStep = 1 / (60 * Animator::Duration);
-
-QRect frameInWindow(const QWidget *view) {
-    return {view->mapTo(view->window(), QPoint()), view->size()};
-}
-
-// The child of a view that is, or contains, another view.
-qsizetype indexOfPart(const QWidget *superview, const QWidget *view) {
-    while (view->parentWidget() != superview)
-        view = view->parentWidget();
-    return superview->children().indexOf(view);
-}
-
-// Whether a view of the same window is drawn after another one and over all of it. It is taken to
-// be opaque, as videos, stills and splash screens are.
-bool covers(const QWidget *upper, const QWidget *lower) {
-    if (upper->window() != lower->window() || !frameInWindow(upper).contains(frameInWindow(lower)))
-        return false;
-    const QWidget *both = upper->parentWidget();
-    while (both && !both->isAncestorOf(lower))
-        both = both->parentWidget();
-    return both && upper != lower && !lower->isAncestorOf(upper) && !upper->isAncestorOf(lower) &&
-           indexOfPart(both, upper) > indexOfPart(both, lower);
-}
-
-/// Searching a window for its fades would take longer the more objects the host has in it.
-struct RunningFades {
-    QList<Fade *> fades;
-};
 
 } // namespace
 
@@ -62,18 +35,13 @@ Fade::Fade(QWidget *view)
         part->setAttribute(Qt::WA_OpaquePaintEvent, false);
         m_opaque.append(part);
     }
-    ProcessRoot::get<RunningFades>().fades.append(this);
+    RunningFades::add(this);
 }
 
 Fade::~Fade() {
-    forget();
+    RunningFades::remove(this);
     if (m_timer)
         m_timer->invalidate();
-}
-
-void Fade::forget() {
-    if (auto *running = ProcessRoot::existing<RunningFades>())
-        running->fades.removeOne(this);
 }
 
 void Fade::run(bool hidden) {
@@ -90,7 +58,7 @@ void Fade::run(bool hidden) {
     if (!isRunning)
         setOpacity(hidden ? 1 - FirstStep : FirstStep);
     m_view->show();
-    updateCovered(m_view->window());
+    RunningFades::updateCovered(m_view->window());
     if (isRunning)
         return;
     m_timer = Timer::scheduled(0, Timer::Kind::Repeating, [this] { frame(); });
@@ -119,7 +87,7 @@ void Fade::frame() {
     m_lastFrame = now;
     const double step = passed / Animator::Duration;
     setOpacity(std::clamp(m_opacity + (m_hidden ? -step : step), 0.0, 1.0));
-    ++m_frames;
+    m_hasMoved = true;
     if (!m_wasDrawn && isDrawn())
         viewWasDrawn();
     const bool isDone = m_hidden ? m_opacity <= 0 : m_opacity >= 1;
@@ -156,7 +124,7 @@ void Fade::setOpacity(double opacity) {
     auto *effect = qobject_cast<FadeEffect *>(m_view->graphicsEffect());
     if (!effect) {
         effect = new FadeEffect(m_view, m_images);
-        if (m_frames == 0)
+        if (!m_hasMoved)
             effect->waitForImages(m_hidden);
         m_view->setGraphicsEffect(effect);
     } else if (!effect->backdrop().isNull() && effect->coversWindow()) {
@@ -174,15 +142,6 @@ void Fade::drawCurtain(const FadeEffect &effect) {
     m_view->setGraphicsEffect(nullptr); // destroys the effect
 }
 
-bool Fade::isCovered(const QList<Fade *> &others) const {
-    // A view that was seen half faded would jump.
-    if (!m_hidden || (!m_isCovered && m_frames > 0))
-        return false;
-    return std::any_of(others.begin(), others.end(), [this](const Fade *other) {
-        return !other->m_hidden && covers(other->m_view, m_view);
-    });
-}
-
 void Fade::setCovered(bool covered) {
     if (covered == m_isCovered)
         return;
@@ -195,21 +154,12 @@ void Fade::setCovered(bool covered) {
     }
 }
 
-void Fade::updateCovered(const QWidget *window) {
-    const auto *running = ProcessRoot::existing<RunningFades>();
-    const QList<Fade *> fades = running ? running->fades : QList<Fade *>();
-    for (Fade *fade : fades) {
-        if (fade->m_view->window() == window)
-            fade->setCovered(fade->isCovered(fades));
-    }
-}
-
 void Fade::end() {
     if (m_timer)
         m_timer->invalidate();
-    forget();
+    RunningFades::remove(this);
     if (m_hidden)
-        updateCovered(m_view->window());
+        RunningFades::updateCovered(m_view->window());
     // Without a parent, because the host has removed it meanwhile, a shown view would be a window.
     m_view->setVisible(!m_hidden && m_view->parentWidget());
     m_view->setGraphicsEffect(nullptr);

@@ -29,6 +29,7 @@ public:
     explicit Fade(QWidget *view);
     ~Fade() override;
 
+    QWidget *view() const { return m_view; }
     bool isTowardsHidden() const { return m_hidden; }
 
     /// Starts the fade towards a state, or turns it round at the opacity that it has reached.
@@ -37,6 +38,11 @@ public:
     void finish(bool hidden);
     /// Draws the view as it is now.
     void redraw();
+    /// Whether the view may stay as it is behind another one. One that was seen half faded would
+    /// jump.
+    bool mayBeCovered() const { return m_hidden && (m_isCovered || !m_hasMoved); }
+    /// A covered view is not drawn fading.
+    void setCovered(bool covered);
     /// Lets the fade destroy the view when the view has become hidden.
     void removeViewAtEnd() { m_removes = true; }
 
@@ -46,11 +52,7 @@ private:
     void viewWasDrawn();
     void setOpacity(double opacity);
     void drawCurtain(const FadeEffect &effect);
-    bool isCovered(const QList<Fade *> &others) const;
-    void setCovered(bool covered);
-    static void updateCovered(const QWidget *window);
     void end();
-    void forget();
 
     QWidget *m_view;
     FadeImages m_images;
@@ -58,10 +60,10 @@ private:
     QPointer<FadeCurtain> m_curtain;
     TimerPtr m_timer;
     TimeSource::Duration m_lastFrame{0};
-    int m_frames = 0;
     double m_opacity;
     bool m_hidden;
     bool m_removes = false;
+    bool m_hasMoved = false; // since its first step
     bool m_isCovered = false;
     bool m_wasDrawn = false;
 };
