@@ -8,6 +8,8 @@
 #include "ProcessRoot.h"
 #include "SerialQueue.h"
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace velmora {
@@ -59,7 +61,6 @@ void PicturePlayer::dropFrames() {
         return;
     Timer::cancel(m_timer);
     m_frame = {};
-    m_next.reset();
     m_isDrawn = false;
     m_hasDropped = true;
     runOnQueue(m_decoder->isAnimation(), [decoder = m_decoder] { decoder->dropFrames(); });
@@ -70,22 +71,18 @@ void PicturePlayer::drawn(const QSize &size) {
     m_isDrawn = true;
     if (!m_frame.isNull())
         FirstPicture::settle();
-    if (m_next && !m_timer && m_isPlaying)
-        MainQueue::post([this, alive = std::weak_ptr(m_alive)] {
-            if (!alive.expired() && m_next && m_isPlaying)
-                present(*std::exchange(m_next, {}));
-        });
     decode();
 }
 
 void PicturePlayer::decode() {
     const bool hasFrame = !m_frame.isNull();
     const bool isAgain = m_hasDropped || (hasFrame && m_frameSize != m_size);
-    const bool isWanted = isAgain || (!m_hasEnded && !m_next && m_isDrawn &&
-                                      (!hasFrame || (m_decoder->isAnimation() && m_isPlaying)));
+    const bool isNextDue = m_decoder->isAnimation() && m_isPlaying && !m_timer;
+    const bool isWanted = isAgain || (!m_hasEnded && m_isDrawn && (!hasFrame || isNextDue));
     if (m_isDecoding || !isWanted)
         return;
     m_isDecoding = true;
+    m_asked = TimeSource::current().now();
     runOnQueue(m_decoder->isAnimation(),
                [this, decoder = m_decoder, size = m_size, isAgain, alive = std::weak_ptr(m_alive)] {
                    if (alive.expired())
@@ -113,24 +110,21 @@ void PicturePlayer::decoded(const Result &result, const QSize &size, bool isAgai
         return;
     }
     ++m_frameCount;
-    // At another size, the frame that was decoded ahead is the one that comes again.
-    if (isAgain || m_frame.isNull() || (!m_timer && m_isDrawn && m_isPlaying)) {
-        m_next.reset();
-        present(*result);
-    } else {
-        m_next = result;
-    }
+    present(*result);
 }
 
 void PicturePlayer::present(const FrameDecoder::Frame &frame) {
+    // A frame that follows another was due when it was asked for.
+    const TimeSource::Duration late =
+        m_frame.isNull() ? TimeSource::Duration::zero() : TimeSource::current().now() - m_asked;
     m_frame = QPixmap::fromImage(frame.image, Qt::NoOpaqueDetection);
     m_isDrawn = false;
     Timer::cancel(m_timer);
     if (m_decoder->isAnimation() && !m_hasEnded && m_isPlaying) {
-        m_timer = Timer::scheduled(frame.delayMs / 1000.0, Timer::Kind::OneShot, [this] {
+        const std::chrono::duration<double> wait = std::chrono::milliseconds(frame.delayMs) - late;
+        m_timer = Timer::scheduled(std::max(wait.count(), 0.0), Timer::Kind::OneShot, [this] {
             m_timer.reset();
-            if (m_next && m_isDrawn)
-                present(*std::exchange(m_next, {}));
+            decode();
         });
         m_timer->setFiresDuringTracking();
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "FrameDecoder.h"
+#include "TimeSource.h"
 
 #include <Velmora/Timer.h>
 
@@ -12,9 +13,9 @@
 namespace velmora {
 
 /// Plays a picture for a view that draws it: decodes its frames on another thread, at the size at
-/// which they are drawn, and says when there is a new one. One frame is decoded ahead. While a
-/// frame is not drawn, because nobody can see the view, nothing is decoded and no timer runs. Main
-/// thread only.
+/// which they are drawn, and says when there is a new one. A frame is decoded when it is due, and
+/// not earlier, so that only one is in memory. While a frame is not drawn, because nobody can see
+/// the view, nothing is decoded and no timer runs. Main thread only.
 class PicturePlayer {
 public:
     /// @param changed called when frame() or hasFailed() has changed; never inside another call
@@ -51,10 +52,10 @@ private:
     const std::shared_ptr<FrameDecoder> m_decoder;
     const std::function<void()> m_changed;
     QPixmap m_frame;
-    QSize m_frameSize; // for which m_frame was decoded
-    QSize m_size;      // at which it is drawn
-    std::optional<FrameDecoder::Frame> m_next;
-    TimerPtr m_timer; // until the next frame is due
+    QSize m_frameSize;               // for which m_frame was decoded
+    QSize m_size;                    // at which it is drawn
+    TimeSource::Duration m_asked{0}; // when the last frame was asked for
+    TimerPtr m_timer;                // until the next frame is due
     int m_frameCount = 0;
     bool m_isPlaying = true;
     bool m_isDecoding = false;
