@@ -3,6 +3,7 @@
 
 #include "FlippedCoordinates.h"
 #include "FocusRing.h"
+#include "ProcessRoot.h"
 #include "ReducedMotion.h"
 #include "TextSizes.h"
 
@@ -99,6 +100,7 @@ QPainterPath RemoveAdsButton::getPath(double x, double width, double wbreak) con
 RemoveAdsButton::Look RemoveAdsButton::look() const {
     return {
         .density = devicePixelRatioF(),
+        .resolution = logicalDpiY(),
         .size = size(),
         .isDown = isDown(),
         .isEnabled = isEnabled(),
@@ -119,23 +121,31 @@ RemoveAdsButton::Look RemoveAdsButton::look() const {
     };
 }
 
+// What any button has drawn last. In several windows they mostly look the same.
+class RemoveAdsButton::LastPicture : public QObject {
+public:
+    LastPicture() {
+        connect(qApp, &QGuiApplication::fontDatabaseChanged, this, [this] { picture = {}; });
+    }
+
+    Picture picture;
+};
+
 void RemoveAdsButton::updatePicture() {
-    // What any button has drawn last, because in several windows they mostly look the same. Never
-    // destroyed, because another thread may be in exit().
-    static auto &last = *new Picture;
     const Look wanted = look();
     if (m_picture.look == wanted)
         return;
+    Picture &last = ProcessRoot::get<LastPicture>().picture;
     if (last.look != wanted)
-        last = draw(wanted);
+        last = draw();
     m_picture = last;
 }
 
-RemoveAdsButton::Picture RemoveAdsButton::draw(const Look &look) {
-    QPixmap face((QSizeF(look.size) * look.density).toSize());
-    face.setDevicePixelRatio(look.density);
+RemoveAdsButton::Picture RemoveAdsButton::draw() {
+    QPixmap face((QSizeF(size()) * devicePixelRatioF()).toSize());
+    face.setDevicePixelRatio(devicePixelRatioF());
     face.fill(Qt::transparent);
-    Picture picture{.look = look, .face = face, .title = face};
+    Picture picture{.look = look(), .face = face, .title = face};
     QPainter drawing(&picture.face);
     drawing.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     drawRect(drawing);

@@ -79,6 +79,7 @@ private:
     /// Everything that decides how the button is drawn, but for the shine.
     struct Look {
         double density;
+        int resolution; // of a title's size in points
         QSize size;
         bool isDown, isEnabled, isGradient, isImage, isCircle, isAnimation;
         double border, cornerRadius, titleLeading;
@@ -91,13 +92,14 @@ private:
 
     struct Picture {
         std::optional<Look> look;
-        QPixmap face;
+        QPixmap face; // without the title
         QPixmap title;
     };
+    class LastPicture;
 
     Look look() const;
     void updatePicture();
-    Picture draw(const Look &look);
+    Picture draw();
     void drawRect(QPainter &painter);
     void drawFace(QPainter &painter, const QPainterPath &face) const;
     void drawImage(QPainter &painter, const QRectF &frame) const;

@@ -1,75 +1,75 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TextSizes.h"
 
-#include <QtCore/QCache>
+#include "ProcessRoot.h"
+
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace velmora {
 
 namespace {
 
 // A splash screen measures about ten texts, some of them in several sizes.
-constexpr int MostSizes = 200;
-constexpr double OneLine = -1;
+constexpr size_t MostSizes = 100;
 
-struct Measured {
-    QFont font;
+struct Text {
     QString text;
-    int resolution = 0; // dots per inch
+    int resolution; // dots per inch
     int flags = 0;
-    double width = OneLine;
+    std::optional<double> width = {};
+    QFont font;
 
-    bool operator==(const Measured &) const = default;
+    bool operator==(const Text &) const = default;
 };
 
-size_t qHash(const Measured &measured, size_t seed = 0) {
-    return qHashMulti(seed, measured.font, measured.text, measured.resolution, measured.flags,
-                      measured.width);
-}
+class MeasuredTexts : public QObject {
+public:
+    MeasuredTexts() {
+        // A font that was asked for in vain may be there now.
+        connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, this, [this] { m_sizes.clear(); });
+    }
 
-using Sizes = QCache<Measured, QSizeF>;
+    template<class Measure>
+    QSizeF sizeOf(const Text &text, const Measure &measure) {
+        const auto known =
+            std::ranges::find_if(m_sizes, [&](const auto &entry) { return entry.first == text; });
+        if (known != m_sizes.end())
+            return known->second;
+        if (m_sizes.size() == MostSizes)
+            m_sizes.clear();
+        return m_sizes.emplace_back(text, measure()).second;
+    }
 
-// Never destroyed, because another thread may be in exit().
-Sizes &sizes() {
-    static Sizes &sizes = []() -> Sizes & {
-        auto *made = new Sizes(MostSizes);
-        // Another font may match now.
-        QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, qGuiApp,
-                         [made] { made->clear(); });
-        return *made;
-    }();
-    return sizes;
-}
-
-template<typename Measure>
-QSizeF remembered(const Measured &measured, const Measure &measure) {
-    if (const QSizeF *size = sizes().object(measured))
-        return *size;
-    const QSizeF size = measure();
-    sizes().insert(measured, new QSizeF(size));
-    return size;
-}
+private:
+    std::vector<std::pair<Text, QSizeF>> m_sizes;
+};
 
 } // namespace
 
 QSizeF TextSizes::onOneLine(const QFont &font, const QString &text, const QPaintDevice &device) {
-    return remembered({.font = font, .text = text, .resolution = device.logicalDpiY()},
-                      [&] { return QFontMetricsF(font, &device).size(0, text); });
+    return ProcessRoot::get<MeasuredTexts>().sizeOf(
+        {.text = text, .resolution = device.logicalDpiY(), .font = font},
+        [&] { return QFontMetricsF(font, &device).size(0, text); });
 }
 
 QSizeF TextSizes::inWidth(double width, int flags, const QFont &font, const QString &text,
                           const QPaintDevice &device) {
-    return remembered({.font = font,
-                       .text = text,
-                       .resolution = device.logicalDpiY(),
-                       .flags = flags,
-                       .width = width},
-                      [&] {
-                          return QFontMetricsF(font, &device)
-                              .boundingRect(QRectF(0, 0, width, 0), flags, text)
-                              .size();
-                      });
+    return ProcessRoot::get<MeasuredTexts>().sizeOf(
+        {.text = text,
+         .resolution = device.logicalDpiY(),
+         .flags = flags,
+         .width = width,
+         .font = font},
+        [&] {
+            const QFontMetricsF metrics(font, &device);
+            return metrics.boundingRect(QRectF(0, 0, width, 0), flags, text).size();
+        });
 }
 
 } // namespace velmora
