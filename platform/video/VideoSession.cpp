@@ -54,6 +54,8 @@ private:
             if (!ProcessRoot::isForkedChild())
                 instance().end();
         });
+        // The framework is to stop before, so that it begins no further session.
+        ProcessRoot::registerAtExit();
     }
 
     void end() {
