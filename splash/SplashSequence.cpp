@@ -192,7 +192,7 @@ void SplashSequence::countdownTicked() {
     if (!m_show)
         m_clock.stopTick();
     // Not earlier where there is time: until the fades are over, the windows need the processor.
-    else if (m_state == SplashScreenStateStart && m_clock.passedTime() == 1 && m_loadTime > 1)
+    else if (m_state == SplashScreenStateStart && m_clock.passedTime() == 1)
         m_video.warmUpPlayer();
     updateTimerText();
     updateVideoTimerText();

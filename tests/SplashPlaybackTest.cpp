@@ -54,7 +54,7 @@ TEST_F(SplashPlaybackTest, TheHelperStartsOnceTheWindowsAreCoveredAndBeforeTheVi
         Velmora::forceShow();
         time.advance(0.9);
         if (loadTime > 1) {
-            handleEvents();
+            quietly(100);
             EXPECT_TRUE(videoHelpers().isEmpty());
             time.advance(0.2);
         }

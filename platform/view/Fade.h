@@ -63,7 +63,7 @@ private:
     double m_opacity;
     bool m_hidden;
     bool m_removes = false;
-    bool m_hasMoved = false; // since its first step
+    bool m_hasMoved = false; // a frame has followed the first step
     bool m_isCovered = false;
     bool m_wasDrawn = false;
 };

@@ -14,7 +14,7 @@ public:
     static void add(Fade *fade);
     static void remove(Fade *fade);
 
-    /// Tells each fade of a window whether its view is covered by one that fades in.
+    /// Tells each fade of a window whether its view may rest behind one that fades in.
     static void updateCovered(const QWidget *window);
 
 private:
