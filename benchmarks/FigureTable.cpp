@@ -56,7 +56,8 @@ QStringList FigureTable::cellsOf(const MeasuredFigure &measured) {
             medianAndSpread(measured.reference),
             comparisonNumber(figure, measured.result()),
             goal,
-            measured.isMet() ? QStringLiteral("met") : QStringLiteral("MISSED")};
+            (measured.isCloseToGoal() ? QStringLiteral("just ") : QString()) +
+                (measured.isMet() ? QStringLiteral("met") : QStringLiteral("MISSED"))};
 }
 
 QString FigureTable::toText() const {

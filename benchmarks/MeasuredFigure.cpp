@@ -6,6 +6,7 @@
 #include <QtCore/QStringList>
 
 #include <algorithm>
+#include <cmath>
 
 namespace velmora::bench {
 
@@ -68,6 +69,11 @@ double MeasuredFigure::result() const {
                                                  : median(values) - median(reference);
 }
 
+bool MeasuredFigure::isCloseToGoal() const {
+    return missing.isEmpty() && figure.goal > 0 &&
+           std::abs(result() - figure.goal) <= figure.goal / 10;
+}
+
 QJsonObject MeasuredFigure::toJson() const {
     QJsonObject object{
         {QStringLiteral("row"), figure.row},         {QStringLiteral("figure"), figure.figure},
@@ -82,6 +88,7 @@ QJsonObject MeasuredFigure::toJson() const {
         object.insert(QStringLiteral("reference"), array(reference));
     object.insert(QStringLiteral("result"), result());
     object.insert(QStringLiteral("met"), isMet());
+    object.insert(QStringLiteral("close"), isCloseToGoal());
     return object;
 }
 

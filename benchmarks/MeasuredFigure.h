@@ -29,6 +29,9 @@ struct MeasuredFigure {
     /// their difference.
     double result() const;
     bool isMet() const { return missing.isEmpty() && result() <= figure.goal; }
+    /// Whether the result is within a tenth of the goal, so that another run may come to the other
+    /// verdict. Never for a goal of 0.
+    bool isCloseToGoal() const;
 
     QJsonObject toJson() const;
 };

@@ -22,7 +22,7 @@ using Kind = VideoSubject::Kind;
 const QString FilmRow = QStringLiteral("film");
 const QString FirstPictureRow = QStringLiteral("first-picture");
 constexpr QSize LargeWindow(2560, 1600);
-constexpr int UsualRounds = 2;
+constexpr int UsualRounds = 3;
 
 QList<VideoClip> clips() {
     return {{QStringLiteral(VELMORA_SAMPLE_VIDEO), {960, 540}},

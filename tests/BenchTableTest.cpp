@@ -39,6 +39,25 @@ TEST(BenchTableTest, OnlyWholeFiguresAreTaken) {
         EXPECT_FALSE(MeasuredFigure::fromLine(refused)) << refused.constData();
 }
 
+TEST(BenchTableTest, SaysWhenAnotherRunMayComeToTheOtherVerdict) {
+    const struct {
+        const char *values;
+        double goal;
+        const char *verdict;
+    } cases[] = {{"89", 100, " met"},
+                 {"90", 100, "just met"},
+                 {"110", 100, "just MISSED"},
+                 {"111", 100, " MISSED"},
+                 {"0", 0, " met"}};
+    for (const auto &[values, goal, verdict] : cases) {
+        FigureTable table;
+        const QByteArray rest = QByteArray(R"(,"values":[)") + values + ']';
+        table.add(*MeasuredFigure::fromLine(line("absolute", goal, rest.constData())));
+        const QString text = table.toText().trimmed();
+        EXPECT_TRUE(text.endsWith(QLatin1String(verdict))) << text.toStdString();
+    }
+}
+
 TEST(BenchTableTest, ShowsWhatIsMissedAndWhatIsMissing) {
     FigureTable table;
     table.add(*MeasuredFigure::fromLine(line("absolute", 2, R"(,"values":[3])")));
