@@ -123,6 +123,6 @@ int main(int argc, char **argv) {
     print(Left, size + QStringLiteral(", memory afterwards"), QStringLiteral("MB"), absolute, 0.5,
           ours, plain);
     print(LeftBySmall, QStringLiteral("first download, memory afterwards"), QStringLiteral("MB"),
-          ratio, 1, ours, plain);
+          absolute, 1, ours, plain);
     return 0;
 }
