@@ -17,8 +17,6 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr QSize WindowSize(820, 300);
-constexpr int Columns = 3;
 constexpr int SettleMs = 1000;
 
 bool hasPicture(const std::unique_ptr<PlainWindow> &window) {
@@ -31,7 +29,8 @@ bool hasPicture(const std::unique_ptr<PlainWindow> &window) {
 int BannerHost::runMany(int count, Then then) {
     std::vector<std::unique_ptr<PlainWindow>> windows;
     for (int i = 0; i < count; ++i) {
-        windows.push_back(std::make_unique<PlainWindow>(placeInGrid(i, WindowSize, Columns)));
+        windows.push_back(
+            std::make_unique<PlainWindow>(placeInGrid(i, BannerWindowSize, BannerWindowColumns)));
         windows.back()->show();
         Velmora::addBannerForWindow(windows.back().get());
     }

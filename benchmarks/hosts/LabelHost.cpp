@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a host developer would write without the library: labels with a movie. The first argument
-// says which host: "window", "labels" N or "first-pixel".
+// says which host: "window", "labels" N FIRST or "first-pixel". FIRST is the place of the
+// first of N windows, behind those of another host.
 #include "benchmarks/hosts/HostReport.h"
 #include "benchmarks/hosts/PlainWindow.h"
 
@@ -21,6 +22,8 @@
 #include <memory>
 #include <vector>
 
+using velmora::bench::BannerWindowColumns;
+using velmora::bench::BannerWindowSize;
 using velmora::bench::HostReport;
 using velmora::bench::placeInGrid;
 using velmora::bench::PlainWindow;
@@ -29,8 +32,6 @@ namespace {
 
 // Where the framework puts a banner of 728x90 in its large size.
 constexpr QSize BannerSize(809, 100);
-constexpr QSize WindowSize(820, 300);
-constexpr int Columns = 3;
 constexpr int SettleMs = 1000;
 
 QString serverUrl() {
@@ -115,8 +116,10 @@ int main(int argc, char **argv) {
     QNetworkAccessManager network;
     std::vector<std::unique_ptr<PlainWindow>> windows;
     if (arguments.value(1) == QLatin1String("labels")) {
+        const int first = arguments.value(3).toInt();
         for (int i = 0; i < arguments.value(2).toInt(); ++i) {
-            windows.push_back(std::make_unique<PlainWindow>(placeInGrid(i, WindowSize, Columns)));
+            windows.push_back(std::make_unique<PlainWindow>(
+                placeInGrid(first + i, BannerWindowSize, BannerWindowColumns)));
             windows.back()->show();
             fetchAndShow(*windows.back(), network, QStringLiteral("/banner.gif"),
                          QStringLiteral("%1/label-%2.gif").arg(folder).arg(i));
@@ -124,7 +127,7 @@ int main(int argc, char **argv) {
         return QApplication::exec();
     }
     if (arguments.value(1) == QLatin1String("window")) {
-        PlainWindow window({{0, 0}, WindowSize});
+        PlainWindow window({{0, 0}, BannerWindowSize});
         window.show();
         HostReport::print("shown");
         return QApplication::exec();

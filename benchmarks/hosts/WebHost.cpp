@@ -13,9 +13,9 @@ int main(int argc, char **argv) {
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     const QApplication application(argc, argv);
-    velmora::bench::PlainWindow window({0, 0, 820, 300});
+    velmora::bench::PlainWindow window({{0, 0}, velmora::bench::BannerWindowSize});
     QWebEngineView view(&window);
-    view.setGeometry(5, 196, 809, 100);
+    view.setGeometry(5, window.height() - 104, 809, 100);
     QObject::connect(&view, &QWebEngineView::loadFinished,
                      [] { velmora::bench::HostReport::print("shown"); });
     const QUrl picture = QUrl::fromLocalFile(QStringLiteral(VELMORA_SAMPLE_BANNER));

@@ -26,9 +26,15 @@ struct BannerCost {
         }
     };
 
-    /// @param arguments of the host; a number in it is that of the pictures
-    static BannerCost of(const QString &program, const QStringList &arguments,
-                         const BenchServer &bench, const BenchOptions &options);
+    struct Host {
+        QString program;
+        QStringList arguments; ///< a number in the second is that of the pictures
+    };
+
+    static BannerCost of(const Host &host, const BenchServer &bench, const BenchOptions &options);
+    /// What several hosts use in the same time, so that the machine's speed is the same for all.
+    static std::vector<BannerCost> ofAll(const std::vector<Host> &hosts, const BenchServer &bench,
+                                         const BenchOptions &options);
 };
 
 } // namespace velmora::bench

@@ -14,7 +14,7 @@ namespace velmora::bench {
 
 namespace {
 
-constexpr int UsualRounds = 3;
+constexpr int UsualRounds = 5;
 
 } // namespace
 
@@ -29,12 +29,14 @@ void BannersRow::measure(const BenchOptions &options) {
     std::map<int, BannerCost::Series> labels;
     for (int round = 0; round < options.roundsOr(UsualRounds); ++round) {
         for (const int count : counts) {
-            ours[count].add(BannerCost::of(QStringLiteral("velmora-bench-host"),
-                                           {QStringLiteral("banners"), QString::number(count)},
-                                           bench, options));
-            labels[count].add(BannerCost::of(QStringLiteral("velmora-bench-label-host"),
-                                             {QStringLiteral("labels"), QString::number(count)},
-                                             bench, options));
+            const QString number = QString::number(count);
+            const std::vector<BannerCost> costs = BannerCost::ofAll(
+                {{QStringLiteral("velmora-bench-host"), {QStringLiteral("banners"), number}},
+                 {QStringLiteral("velmora-bench-label-host"),
+                  {QStringLiteral("labels"), number, number}}},
+                bench, options);
+            ours[count].add(costs[0]);
+            labels[count].add(costs[1]);
         }
     }
     for (const int count : counts) {

@@ -42,15 +42,16 @@ void WebViewRow::measure(const BenchOptions &options) {
     BannerCost::Series ours;
     BannerCost::Series web;
     for (int round = 0; round < options.roundsOr(UsualRounds); ++round) {
-        const double window = BannerCost::of(QStringLiteral("velmora-bench-label-host"),
-                                             {QStringLiteral("window")}, bench, options)
-                                  .megabytes;
+        const double window =
+            BannerCost::of({QStringLiteral("velmora-bench-label-host"), {QStringLiteral("window")}},
+                           bench, options)
+                .megabytes;
         for (BannerCost::Series *series : {&ours, &web}) {
-            BannerCost cost = series == &web
-                                  ? BannerCost::of(webHost, {}, bench, options)
-                                  : BannerCost::of(QStringLiteral("velmora-bench-host"),
-                                                   {QStringLiteral("banners"), QStringLiteral("1")},
-                                                   bench, options);
+            const BannerCost::Host host =
+                series == &web ? BannerCost::Host{webHost, {}}
+                               : BannerCost::Host{QStringLiteral("velmora-bench-host"),
+                                                  {QStringLiteral("banners"), QStringLiteral("1")}};
+            BannerCost cost = BannerCost::of(host, bench, options);
             cost.megabytes = std::max(0.0, cost.megabytes - window);
             series->add(cost);
         }
