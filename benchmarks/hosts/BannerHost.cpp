@@ -29,8 +29,7 @@ bool hasPicture(const std::unique_ptr<PlainWindow> &window) {
 int BannerHost::runMany(int count, Then then) {
     std::vector<std::unique_ptr<PlainWindow>> windows;
     for (int i = 0; i < count; ++i) {
-        windows.push_back(
-            std::make_unique<PlainWindow>(placeInGrid(i, BannerWindowSize, BannerWindowColumns)));
+        windows.push_back(std::make_unique<PlainWindow>(bannerWindowPlace(i)));
         windows.back()->show();
         Velmora::addBannerForWindow(windows.back().get());
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a host developer would write without the library: labels with a movie. The first argument
-// says which host: "window", "labels" N FIRST or "first-pixel". FIRST is the place of the
-// first of N windows, behind those of another host.
+// says which host: "window", "labels" N FIRST or "first-pixel". FIRST is the index of
+// the first window's place, so that another host's windows can be at the places before it.
 #include "benchmarks/hosts/HostReport.h"
 #include "benchmarks/hosts/PlainWindow.h"
 
@@ -22,10 +22,8 @@
 #include <memory>
 #include <vector>
 
-using velmora::bench::BannerWindowColumns;
-using velmora::bench::BannerWindowSize;
+using velmora::bench::bannerWindowPlace;
 using velmora::bench::HostReport;
-using velmora::bench::placeInGrid;
 using velmora::bench::PlainWindow;
 
 namespace {
@@ -118,8 +116,7 @@ int main(int argc, char **argv) {
     if (arguments.value(1) == QLatin1String("labels")) {
         const int first = arguments.value(3).toInt();
         for (int i = 0; i < arguments.value(2).toInt(); ++i) {
-            windows.push_back(std::make_unique<PlainWindow>(
-                placeInGrid(first + i, BannerWindowSize, BannerWindowColumns)));
+            windows.push_back(std::make_unique<PlainWindow>(bannerWindowPlace(first + i)));
             windows.back()->show();
             fetchAndShow(*windows.back(), network, QStringLiteral("/banner.gif"),
                          QStringLiteral("%1/label-%2.gif").arg(folder).arg(i));
@@ -127,7 +124,7 @@ int main(int argc, char **argv) {
         return QApplication::exec();
     }
     if (arguments.value(1) == QLatin1String("window")) {
-        PlainWindow window({{0, 0}, BannerWindowSize});
+        PlainWindow window(bannerWindowPlace(0));
         window.show();
         HostReport::print("shown");
         return QApplication::exec();

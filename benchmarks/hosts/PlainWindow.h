@@ -26,13 +26,15 @@ public:
     static constexpr QColor Color{20, 110, 60};
 };
 
-/// The size of a window with a banner. The display has room for 21 of them.
-inline constexpr QSize BannerWindowSize(820, 228);
-inline constexpr int BannerWindowColumns = 3;
-
 /// The place of one of several windows of the same size that do not overlap on the display.
 inline QRect placeInGrid(int index, QSize size, int columns) {
     return {QPoint(index % columns * size.width(), index / columns * size.height()), size};
+}
+
+/// The place of a window with a banner, or with what a banner is compared with. The display has
+/// room for 21 of them.
+inline QRect bannerWindowPlace(int index) {
+    return placeInGrid(index, {820, 228}, 3);
 }
 
 } // namespace velmora::bench

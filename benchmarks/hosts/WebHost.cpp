@@ -13,7 +13,7 @@ int main(int argc, char **argv) {
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     const QApplication application(argc, argv);
-    velmora::bench::PlainWindow window({{0, 0}, velmora::bench::BannerWindowSize});
+    velmora::bench::PlainWindow window(velmora::bench::bannerWindowPlace(0));
     QWebEngineView view(&window);
     view.setGeometry(5, window.height() - 104, 809, 100);
     QObject::connect(&view, &QWebEngineView::loadFinished,
